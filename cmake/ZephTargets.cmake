@@ -1,0 +1,43 @@
+# zeph_library(<name> <sources>...): a static library of one folder. What it may link stands in
+# the table at the top of src/CMakeLists.txt (ZEPH_LINKS_<name>), nowhere else.
+function(zeph_library name)
+    set(sources ${ARGN})
+    if(NOT sources)
+        file(WRITE ${CMAKE_CURRENT_BINARY_DIR}/${name}_empty.cpp "")
+        set(sources ${CMAKE_CURRENT_BINARY_DIR}/${name}_empty.cpp)
+    endif()
+    add_library(${name} STATIC ${sources})
+    target_link_libraries(${name} PUBLIC zeph_flags ${ZEPH_LINKS_${name}})
+endfunction()
+
+# zeph_headers(<name>): a folder that holds declarations only.
+function(zeph_headers name)
+    add_library(${name} INTERFACE)
+    target_link_libraries(${name} INTERFACE zeph_flags ${ZEPH_LINKS_${name}})
+endfunction()
+
+# zeph_test(<name> LINKS <targets>... SOURCES <files>... [LABELS <labels>...] [ENVIRONMENT ...]):
+# one GoogleTest executable for one folder, each TEST a ctest of its own.
+function(zeph_test name)
+    cmake_parse_arguments(T "NO_MAIN;SERIAL" "TIMEOUT" "LINKS;SOURCES;LABELS;ENVIRONMENT" ${ARGN})
+    add_executable(${name} ${T_SOURCES})
+    target_link_libraries(${name} PRIVATE zeph_flags zeph_test_support ${T_LINKS} GTest::gmock)
+    if(T_NO_MAIN)
+        target_link_libraries(${name} PRIVATE GTest::gtest)
+    else()
+        target_link_libraries(${name} PRIVATE zeph_test_main)
+    endif()
+    if(NOT T_TIMEOUT)
+        set(T_TIMEOUT 30)
+    endif()
+    if(NOT T_LABELS)
+        set(T_LABELS unit)
+    endif()
+    gtest_discover_tests(${name}
+        DISCOVERY_TIMEOUT 60
+        PROPERTIES
+            TIMEOUT ${T_TIMEOUT}
+            LABELS "${T_LABELS}"
+            RUN_SERIAL "${T_SERIAL}"
+            ENVIRONMENT "LC_ALL=C.UTF-8;TZ=Europe/Berlin;QT_QPA_PLATFORM=offscreen;HOME=/nonexistent;XDG_RUNTIME_DIR=;DISPLAY=;WAYLAND_DISPLAY=;DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent;${T_ENVIRONMENT}")
+endfunction()

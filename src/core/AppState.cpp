@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "core/AppState.h"
+
+#include "platform/Calendar.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace zeph {
+
+AppState::AppState(Date now) : now(objectWillChange, now) {}
+
+std::optional<AppUsage> AppState::topApp() const {
+    if (rankedApps->empty()) {
+        return std::nullopt;
+    }
+    return rankedApps->front();
+}
+
+double AppState::moodFraction(const Calendar &calendar) const {
+    if (solar->sunrise) {
+        return solar->daylightFraction;
+    }
+    const int hour = calendar.components(*now).hour;
+    return std::max(0.0, std::sin((hour - 6) / 12.0 * std::numbers::pi));
+}
+
+} // namespace zeph

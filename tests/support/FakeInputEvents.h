@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/InputEvents.h"
+
+namespace zeph {
+
+/// Input that the test makes up.
+class FakeInputEvents : public InputEvents {
+public:
+    double secondsSinceLastEvent() const override { return idleSeconds; }
+    bool isTrusted() const override { return trusted; }
+
+    std::unique_ptr<InputEventTap>
+    makeTap(std::function<void(const InputEvent &)> handler) override {
+        if (!trusted || refuses) {
+            return nullptr;
+        }
+        ++tapsMade;
+        m_handler = std::move(handler);
+        return std::make_unique<Tap>(*this);
+    }
+
+    void emitEvent(InputEventKind kind, QPointF location = {}) const {
+        if (m_handler) {
+            m_handler({kind, location});
+        }
+    }
+
+    double idleSeconds = 0;
+    bool trusted = true;
+    bool refuses = false;
+    int tapsMade = 0;
+    int enables = 0;
+
+private:
+    class Tap : public InputEventTap {
+    public:
+        explicit Tap(FakeInputEvents &owner) : m_owner(owner) {}
+        ~Tap() override { m_owner.m_handler = nullptr; }
+        void enable() override { ++m_owner.enables; }
+
+    private:
+        FakeInputEvents &m_owner;
+    };
+
+    std::function<void(const InputEvent &)> m_handler;
+};
+
+} // namespace zeph
