@@ -9,7 +9,7 @@
 
 namespace zeph {
 
-AppState::AppState(Date now) : now(objectWillChange, now) {}
+AppState::AppState(Date constructedAt) : now(objectWillChange, constructedAt) {}
 
 std::optional<AppUsage> AppState::topApp() const {
     if (rankedApps->empty()) {
@@ -18,11 +18,11 @@ std::optional<AppUsage> AppState::topApp() const {
     return rankedApps->front();
 }
 
-double AppState::moodFraction(const Calendar &calendar) const {
+double AppState::moodFraction(const Calendar &localCalendar) const {
     if (solar->sunrise) {
         return solar->daylightFraction;
     }
-    const int hour = calendar.components(*now).hour;
+    const int hour = localCalendar.components(*now).hour;
     return std::max(0.0, std::sin((hour - 6) / 12.0 * std::numbers::pi));
 }
 

@@ -40,8 +40,8 @@ class Calendar;
 /// assigned on the main thread only. Records are replaced whole, never changed in place.
 class AppState {
 public:
-    /// `now` is the moment of construction, the first value of `AppState::now`.
-    explicit AppState(Date now);
+    /// `constructedAt` is the first value of `now`.
+    explicit AppState(Date constructedAt);
 
     /// Fires before every assignment to any property below, equal values included.
     ChangePublisher objectWillChange;
@@ -83,7 +83,7 @@ public:
 
     /// The brightness of the day, 0 to 1: the sun's arch where sunrise is known, else the sine of
     /// the hour of `now`, which is 0 from 18:00 to 06:59 and steps once an hour.
-    double moodFraction(const Calendar &calendar) const;
+    double moodFraction(const Calendar &localCalendar) const;
 };
 
 } // namespace zeph
