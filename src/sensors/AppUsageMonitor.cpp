@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "sensors/AppUsageMonitor.h"
+
+#include "history/UsageStore.h"
+#include "platform/Clock.h"
+#include "platform/Workspace.h"
+#include "sensors/TickGap.h"
+
+#include <algorithm>
+
+namespace zeph {
+
+AppUsageMonitor::AppUsageMonitor(const Clock &clock, Workspace &workspace, UsageStore &store)
+    : m_clock(clock),
+      m_workspace(workspace),
+      m_store(store),
+      m_lastSampleDate(clock.now()),
+      m_loadedDay(store.dayKey(m_lastSampleDate)) {
+    for (AppUsage &usage : m_store.loadAppUsage(m_loadedDay)) {
+        const QString identifier = usage.bundleID;
+        m_usageByBundle.insert_or_assign(identifier, std::move(usage));
+    }
+    m_workspace.setActivationHandler(
+        [this](const RunningApplication &application) { appActivated(application); });
+}
+
+AppUsageMonitor::~AppUsageMonitor() {
+    m_workspace.setActivationHandler({});
+}
+
+void AppUsageMonitor::tick(bool idle) {
+    rolloverIfNeeded();
+    const Date now = m_clock.now();
+    const double gap = now - m_lastSampleDate;
+    m_lastSampleDate = now;
+
+    const std::optional<RunningApplication> front = m_workspace.frontmostApplication();
+    if (!front || !front->bundleIdentifier) {
+        return;
+    }
+    const QString &identifier = *front->bundleIdentifier;
+    m_currentBundleID = identifier;
+    m_currentAppName = front->localizedName.value_or(identifier);
+    m_lastBundleID = identifier;
+    if (!idle && isTickGap(gap)) {
+        charge(*front, identifier, gap);
+    }
+}
+
+void AppUsageMonitor::charge(const RunningApplication &application, const QString &identifier,
+                             double seconds) {
+    const auto known = m_usageByBundle.find(identifier);
+    if (known == m_usageByBundle.end()) {
+        m_usageByBundle.emplace(identifier,
+                                AppUsage{identifier, application.localizedName.value_or(identifier),
+                                         seconds, application.bundlePath});
+        return;
+    }
+    known->second.seconds += seconds;
+    if (application.localizedName) {
+        known->second.name = *application.localizedName;
+    }
+}
+
+std::vector<AppUsage> AppUsageMonitor::ranked() const {
+    std::vector<AppUsage> result;
+    result.reserve(m_usageByBundle.size());
+    for (const auto &entry : m_usageByBundle) {
+        result.push_back(entry.second);
+    }
+    std::stable_sort(result.begin(), result.end(),
+                     [](const AppUsage &a, const AppUsage &b) { return b.seconds < a.seconds; });
+    return result;
+}
+
+void AppUsageMonitor::appActivated(const RunningApplication &application) {
+    if (!application.bundleIdentifier || m_lastBundleID == application.bundleIdentifier) {
+        return;
+    }
+    ++m_appSwitches;
+}
+
+void AppUsageMonitor::rolloverIfNeeded() {
+    const QString today = m_store.dayKey(m_clock.now());
+    if (today == m_loadedDay) {
+        return;
+    }
+    // The last flush of a day lands in the rows of the new one, on purpose: the old day keeps what
+    // its last periodic save wrote.
+    std::vector<AppUsage> rest;
+    rest.reserve(m_usageByBundle.size());
+    for (const auto &entry : m_usageByBundle) {
+        rest.push_back(entry.second);
+    }
+    m_store.saveAppUsage(rest, m_store.dayKey(m_clock.now()));
+    m_usageByBundle.clear();
+    m_appSwitches = 0;
+    m_loadedDay = today;
+}
+
+} // namespace zeph
