@@ -33,6 +33,13 @@ function(zeph_test name)
     if(NOT T_LABELS)
         set(T_LABELS unit)
     endif()
+    # The sanitizer presets build and run the unit level alone.
+    if(NOT TARGET zeph_unit_tests)
+        add_custom_target(zeph_unit_tests)
+    endif()
+    if("unit" IN_LIST T_LABELS)
+        add_dependencies(zeph_unit_tests ${name})
+    endif()
     gtest_discover_tests(${name}
         DISCOVERY_TIMEOUT 60
         PROPERTIES
