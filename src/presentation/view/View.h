@@ -47,16 +47,18 @@ public:
     View();
     explicit View(std::shared_ptr<const ViewNode> node) : m_node(std::move(node)) {}
 
-    QSizeF measure(const ProposedSize &proposal, const LayoutContext &context) const {
-        return m_node->measure(proposal, context);
-    }
+    /// True for the empty view only: stacks and layouts leave it out, its spacing too.
+    bool isEmpty() const { return m_node == nullptr; }
+
+    QSizeF measure(const ProposedSize &proposal, const LayoutContext &context) const;
     void place(const QRectF &rect, const LayoutContext &context,
-               std::vector<DrawItem> &items) const {
-        m_node->place(rect, context, items);
-    }
+               std::vector<DrawItem> &items) const;
 
 private:
     std::shared_ptr<const ViewNode> m_node; // shared: copies of an immutable tree cost nothing
 };
+
+/// Takes the empty views out of `views`.
+void dropEmptyViews(std::vector<View> &views);
 
 } // namespace zeph

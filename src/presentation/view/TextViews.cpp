@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/view/TextMetrics.h"
+#include "presentation/view/Views.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace zeph {
+
+namespace {
+
+class LineOfText final : public ViewNode {
+public:
+    LineOfText(QString string, const TextStyle &style)
+        : m_string(std::move(string)), m_style(style) {}
+
+    QSizeF measure(const ProposedSize &proposal, const LayoutContext &context) const override {
+        const QSizeF ideal = context.metrics.size(m_string, m_style.font);
+        if (!proposal.width || *proposal.width >= ideal.width()) {
+            return ideal;
+        }
+        const QString cut = context.metrics.elided(m_string, m_style.font, *proposal.width);
+        return {context.metrics.size(cut, m_style.font).width(), ideal.height()};
+    }
+
+    void place(const QRectF &rect, const LayoutContext &context,
+               std::vector<DrawItem> &items) const override {
+        const QString cut = context.metrics.elided(m_string, m_style.font, rect.width());
+        if (!cut.isEmpty()) {
+            items.emplace_back(TextItem{cut, m_style, rect.topLeft()});
+        }
+    }
+
+private:
+    QString m_string;
+    TextStyle m_style;
+};
+
+class WrappingText final : public ViewNode {
+public:
+    WrappingText(QString string, const TextStyle &style)
+        : m_string(std::move(string)), m_style(style) {}
+
+    QSizeF measure(const ProposedSize &proposal, const LayoutContext &context) const override {
+        const double offered = proposal.width.value_or(std::numeric_limits<double>::infinity());
+        QSizeF size(0, 0);
+        for (const QString &line : context.metrics.wrapped(m_string, m_style.font, offered)) {
+            const QSizeF box = context.metrics.size(line, m_style.font);
+            size = {std::max(size.width(), box.width()), size.height() + box.height()};
+        }
+        return size;
+    }
+
+    void place(const QRectF &rect, const LayoutContext &context,
+               std::vector<DrawItem> &items) const override {
+        QPointF origin = rect.topLeft();
+        for (const QString &line : context.metrics.wrapped(m_string, m_style.font, rect.width())) {
+            if (!line.isEmpty()) {
+                items.emplace_back(TextItem{line, m_style, origin});
+            }
+            origin.ry() += context.metrics.size(line, m_style.font).height();
+        }
+    }
+
+private:
+    QString m_string;
+    TextStyle m_style;
+};
+
+bool isLineBreak(QChar character) {
+    return character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
+           character == QChar::ParagraphSeparator || character == u'\t' || character == u'\v' ||
+           character == u'\f';
+}
+
+/// Names from elsewhere may carry line breaks, and a line of text has no room for them.
+QString onOneLine(QString string) {
+    std::replace_if(string.begin(), string.end(), isLineBreak, QChar(u' '));
+    return string;
+}
+
+} // namespace
+
+View text(const QString &string, const TextStyle &style) {
+    return View(std::make_shared<LineOfText>(onOneLine(string), style));
+}
+
+View wrappingText(const QString &string, const TextStyle &style) {
+    return View(std::make_shared<WrappingText>(string, style));
+}
+
+} // namespace zeph
