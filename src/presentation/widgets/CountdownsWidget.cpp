@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/widgets/BuiltInWidgets.h"
+
+#include "core/AppState.h"
+#include "platform/Calendar.h"
+#include "presentation/framing/StatFraming.h"
+#include "presentation/preferences/PreferencesStore.h"
+#include "presentation/widgets/WidgetContext.h"
+#include "presentation/widgets/WidgetRows.h"
+
+#include <algorithm>
+
+namespace zeph {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double keptAfterwards = 86400; // an event stays for a day after it has passed
+constexpr std::size_t shownEvents = 6;
+
+struct Occurrence {
+    const CountdownEvent *event;
+    Date date;
+};
+
+std::vector<Occurrence> nextOccurrences(const WidgetContext &context) {
+    const Date now = *context.state.now;
+    std::vector<Occurrence> occurrences;
+    for (const CountdownEvent &event : context.preferences.countdowns()) {
+        const Date date = event.effectiveDate(now, context.framing.calendar);
+        if (date > now - keptAfterwards) {
+            occurrences.push_back({&event, date});
+        }
+    }
+    std::stable_sort(occurrences.begin(), occurrences.end(),
+                     [](const Occurrence &a, const Occurrence &b) { return a.date < b.date; });
+    occurrences.resize(std::min(occurrences.size(), shownEvents));
+    return occurrences;
+}
+
+/// What is left until an occurrence today, `seconds` from now.
+QString timeLeftToday(double seconds, CountdownRecurrence recurrence) {
+    if (seconds < -60) {
+        return recurrence == CountdownRecurrence::none ? u"done"_s : u"today!"_s;
+    }
+    if (seconds < 60) {
+        return u"now"_s;
+    }
+    if (seconds < 3600) {
+        return u"in %1m"_s.arg(static_cast<int>((seconds + 30) / 60));
+    }
+    return u"in %1h"_s.arg(static_cast<int>(seconds / 3600));
+}
+
+QString timeLeft(const Occurrence &occurrence, Date now, const Calendar &calendar) {
+    const int days = calendar.daysBetween(now, occurrence.date).value_or(0);
+    if (days < 0) {
+        return u"done"_s;
+    }
+    if (days == 0) {
+        return timeLeftToday(occurrence.date - now, occurrence.event->recurrence);
+    }
+    return days == 1 ? u"tomorrow"_s : u"%1 days"_s.arg(days);
+}
+
+} // namespace
+
+View countdownsWidget(const WidgetContext &context) {
+    std::vector<MetricChip> chips;
+    for (const Occurrence &occurrence : nextOccurrences(context)) {
+        const QString left = timeLeft(occurrence, *context.state.now, context.framing.calendar);
+        chips.push_back({u"calendar.badge.clock"_s, occurrence.event->title + u" · "_s + left});
+    }
+    if (chips.empty()) {
+        return View();
+    }
+    return widgetRows(
+        {sectionLabel(u"Counting down"_s, context.palette), chipGrid(chips, context.palette)});
+}
+
+} // namespace zeph

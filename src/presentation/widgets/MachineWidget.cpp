@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/widgets/BuiltInWidgets.h"
+
+#include "core/AppState.h"
+#include "presentation/framing/ByteCount.h"
+#include "presentation/framing/StatFraming.h"
+#include "presentation/widgets/WidgetContext.h"
+#include "presentation/widgets/WidgetRows.h"
+
+namespace zeph {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString wifiText(const NetworkThroughput &network) {
+    const auto bytes = static_cast<qint64>(network.downloadBytesPerSec);
+    return u"%1 · ↓%2/s"_s.arg(network.ssid.value_or(u"Network"_s), byteCountRate(bytes));
+}
+
+} // namespace
+
+View machineWidget(const WidgetContext &context) {
+    const AppState &state = context.state;
+    const Palette &palette = context.palette;
+    return widgetRows({sectionLabel(u"Your machine"_s, palette),
+                       chipGrid({{u"battery.100"_s, StatFraming::battery(*state.battery)},
+                                 {u"cpu"_s, StatFraming::cpu(*state.load)},
+                                 {u"memorychip"_s, StatFraming::memory(*state.load)},
+                                 {u"internaldrive"_s, StatFraming::disk(*state.disk)},
+                                 {u"wifi"_s, wifiText(*state.network)},
+                                 {u"powercord"_s, StatFraming::uptime(*state.uptimeSeconds)}},
+                                palette)});
+}
+
+} // namespace zeph

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/widgets/WidgetRows.h"
+
+#include "presentation/widgets/WidgetFixture.h"
+
+namespace zeph {
+
+using namespace Qt::StringLiterals;
+
+using WidgetRows = WidgetFixture;
+
+TEST_F(WidgetRows, sectionLabelIsSmallSpacedUpperCase) {
+    const TextItem label = textItem(sectionLabel(u"Your rhythm"_s, palette), u"YOUR RHYTHM"_s);
+    EXPECT_EQ(label.style.font.size, 11);
+    EXPECT_EQ(label.style.font.weight, FontWeight::semibold);
+    EXPECT_EQ(label.style.font.letterSpacing, 1.5);
+    expectColor(label.style.color, textColor(0.45));
+}
+
+TEST_F(WidgetRows, calmLineIsASymbolAndALightSentence) {
+    const View line = calmLine(u"calendar"_s, u"Nothing"_s, palette);
+    const SymbolItem icon = symbolItem(line, u"calendar"_s);
+    EXPECT_EQ(icon.box.size(), QSizeF(15, 15));
+    expectColor(icon.color, textColor(0.9));
+    const TextItem sentence = textItem(line, u"Nothing"_s);
+    EXPECT_EQ(sentence.style.font.size, 17);
+    EXPECT_EQ(sentence.style.font.weight, FontWeight::light);
+    EXPECT_TRUE(sentence.style.font.evenDigits);
+    expectColor(sentence.style.color, textColor(0.85));
+}
+
+TEST_F(WidgetRows, textOpacityMultipliesThePalettesOwn) {
+    const TextItem sentence =
+        textItem(calmLine(u"calendar"_s, u"Nothing"_s, palette), u"Nothing"_s);
+    EXPECT_DOUBLE_EQ(sentence.style.color.alpha, 0.95 * 0.85);
+}
+
+TEST_F(WidgetRows, calmLineCentresItsSymbolInAFixedFrame) {
+    const View line = calmLine(u"calendar"_s, u"Nothing"_s, palette);
+    EXPECT_EQ(symbolItem(line, u"calendar"_s).box.center().x(), 11);
+    EXPECT_EQ(textItem(line, u"Nothing"_s).origin.x(), 22 + 10);
+}
+
+TEST_F(WidgetRows, calmLineCutsItsSentenceAtTheTail) {
+    const View line = calmLine(u"calendar"_s, u"A sentence that is far too long"_s, palette);
+    std::vector<DrawItem> items;
+    line.place({0, 0, 100, 24}, {metrics}, items);
+    const auto &sentence = std::get<TextItem>(items.back());
+    EXPECT_TRUE(sentence.text.startsWith(u"A sen"_s) && sentence.text.endsWith(u'…'));
+}
+
+TEST_F(WidgetRows, aListLineIsTwentyFourPointsHigh) {
+    const View line = calmListLine(u"circle"_s, u"Water the plants"_s, palette);
+    EXPECT_EQ(naturalSize(line).height(), 24);
+    EXPECT_EQ(symbolItem(line, u"circle"_s).box.center().y(), 12);
+}
+
+TEST_F(WidgetRows, metricChipIsSmallAndLight) {
+    const View chip = metricChip({u"cpu"_s, u"9% CPU"_s}, palette);
+    const SymbolItem icon = symbolItem(chip, u"cpu"_s);
+    EXPECT_EQ(icon.box.size(), QSizeF(13, 13));
+    expectColor(icon.color, textColor(0.55));
+    const TextItem fact = textItem(chip, u"9% CPU"_s);
+    EXPECT_EQ(fact.style.font.size, 13);
+    EXPECT_EQ(fact.style.font.weight, FontWeight::light);
+    EXPECT_TRUE(fact.style.font.evenDigits);
+    expectColor(fact.style.color, textColor(0.82));
+}
+
+TEST_F(WidgetRows, chipGridHasTwoColumnsOf240Points) {
+    const View grid =
+        chipGrid({{u"a"_s, u"one"_s}, {u"b"_s, u"two"_s}, {u"c"_s, u"three"_s}}, palette);
+    EXPECT_EQ(naturalSize(grid).width(), 240 + 10 + 240);
+    EXPECT_EQ(textItem(grid, u"two"_s).origin.x() - textItem(grid, u"one"_s).origin.x(), 250);
+    EXPECT_EQ(textItem(grid, u"two"_s).origin.y(), textItem(grid, u"one"_s).origin.y());
+    EXPECT_EQ(textItem(grid, u"three"_s).origin.x(), textItem(grid, u"one"_s).origin.x());
+    const double chipHeight = naturalSize(metricChip({u"a"_s, u"one"_s}, palette)).height();
+    EXPECT_EQ(textItem(grid, u"three"_s).origin.y() - textItem(grid, u"one"_s).origin.y(),
+              chipHeight + 10);
+}
+
+TEST_F(WidgetRows, chipGridCutsWhatDoesNotFitItsColumn) {
+    const QString name(80, u'x');
+    const QString drawn = texts(chipGrid({{u"a"_s, name}}, palette)).front();
+    EXPECT_LT(drawn.size(), 40);
+    EXPECT_TRUE(drawn.endsWith(u'…'));
+}
+
+TEST_F(WidgetRows, rowsStandTenPointsApart) {
+    const View rows = widgetRows({calmListLine(u"circle"_s, u"one"_s, palette),
+                                  calmListLine(u"circle"_s, u"two"_s, palette)});
+    EXPECT_EQ(textItem(rows, u"two"_s).origin.y() - textItem(rows, u"one"_s).origin.y(), 34);
+}
+
+} // namespace zeph
