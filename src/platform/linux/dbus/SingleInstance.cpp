@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/dbus/SingleInstance.h"
+
+#include "platform/linux/dbus/DBusCalls.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusReply>
+
+namespace zeph {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString serviceName = u"com.tavi.Tavi"_s;
+const QString objectPath = u"/com/tavi/Tavi"_s;
+
+constexpr int ownerLimitMilliseconds = 2000;
+
+} // namespace
+
+SingleInstance::SingleInstance(const QDBusConnection &sessionBus,
+                               std::function<void(const ApplicationRequest &)> handler)
+    : m_bus(sessionBus), m_object(std::move(handler)) {}
+
+SingleInstance::~SingleInstance() {
+    if (m_isOwner) {
+        m_bus.unregisterObject(objectPath);
+        if (m_bus.isConnected()) {
+            m_bus.interface()->unregisterService(serviceName);
+        }
+    }
+}
+
+InstanceRole SingleInstance::claim() {
+    if (m_isOwner) {
+        return InstanceRole::primary;
+    }
+    if (!m_bus.isConnected() || !m_bus.interface()) {
+        return InstanceRole::noBus;
+    }
+    // The object stands before the name is taken, so that no request finds the name empty.
+    if (!m_bus.registerVirtualObject(objectPath, &m_object)) {
+        return InstanceRole::noBus;
+    }
+    const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
+        m_bus.interface()->registerService(serviceName, QDBusConnectionInterface::DontQueueService,
+                                           QDBusConnectionInterface::DontAllowReplacement);
+    m_isOwner = reply.isValid() && reply.value() == QDBusConnectionInterface::ServiceRegistered;
+    if (m_isOwner) {
+        return InstanceRole::primary;
+    }
+    m_bus.unregisterObject(objectPath);
+    return reply.isValid() ? InstanceRole::secondary : InstanceRole::noBus;
+}
+
+void SingleInstance::activateOwner(std::function<void(bool)> done) {
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        serviceName, objectPath, u"org.freedesktop.Application"_s, u"Activate"_s);
+    call << QVariantMap();
+    callAsync(m_bus, call, ownerLimitMilliseconds, &m_context,
+              [done = std::move(done)](const QDBusMessage &answer) {
+                  done(answer.type() == QDBusMessage::ReplyMessage);
+              });
+}
+
+} // namespace zeph

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/linux/dbus/ApplicationObject.h"
+
+#include <QDBusConnection>
+#include <QObject>
+
+#include <functional>
+
+namespace zeph {
+
+/// What a start of the program is beside the other ones of the session.
+enum class InstanceRole {
+    primary,   ///< it owns the program's name, and requests come in
+    secondary, ///< another one owns it
+    noBus,     ///< there is no session bus to tell; the program runs on, without requests
+};
+
+/// Owns the name com.tavi.Tavi on the session bus for as long as it lives.
+class SingleInstance {
+public:
+    SingleInstance(const QDBusConnection &sessionBus,
+                   std::function<void(const ApplicationRequest &)> handler);
+    ~SingleInstance();
+    SingleInstance(const SingleInstance &) = delete;
+    SingleInstance &operator=(const SingleInstance &) = delete;
+
+    /// Takes the name unless it is owned; two short questions to the bus itself.
+    InstanceRole claim();
+
+    /// Asks the owner to come forward. `done` runs within 2 s, true when the owner answered.
+    void activateOwner(std::function<void(bool)> done);
+
+private:
+    QDBusConnection m_bus;
+    ApplicationObject m_object;
+    QObject m_context; // its end drops a call under way
+    bool m_isOwner = false;
+};
+
+} // namespace zeph

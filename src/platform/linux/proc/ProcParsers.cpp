@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/proc/ProcParsers.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace zeph {
+
+namespace {
+
+/// Takes the next complete line off `rest`; absent when none is left. A line without its end is
+/// one that was cut off, and the number it ends in can't be trusted.
+std::optional<QByteArrayView> takeLine(QByteArrayView &rest) {
+    const qsizetype end = rest.indexOf('\n');
+    if (end < 0) {
+        return std::nullopt;
+    }
+    const QByteArrayView line = rest.first(end);
+    rest = rest.sliced(end + 1);
+    return line;
+}
+
+/// The text behind `key` in the first line that begins with it.
+std::optional<QByteArrayView> lineAfter(QByteArrayView text, QByteArrayView key) {
+    while (const auto line = takeLine(text)) {
+        if (line->startsWith(key)) {
+            return line->sliced(key.size());
+        }
+    }
+    return std::nullopt;
+}
+
+/// Takes the next word off `rest` and reads it as decimal digits; absent at anything else.
+std::optional<quint64> takeNumber(QByteArrayView &rest) {
+    while (!rest.isEmpty() && rest.front() == ' ') {
+        rest = rest.sliced(1);
+    }
+    const qsizetype space = rest.indexOf(' ');
+    const QByteArrayView word = space < 0 ? rest : rest.first(space);
+    rest = rest.sliced(word.size());
+    if (word.isEmpty() || word.front() < '0' || word.front() > '9') {
+        return std::nullopt; // a sign would pass the conversion
+    }
+    bool whole = false;
+    const quint64 value = word.toULongLong(&whole);
+    return whole ? std::optional(value) : std::nullopt;
+}
+
+/// A "Key:   12345 kB" line in bytes.
+std::optional<quint64> memoryField(QByteArrayView meminfo, QByteArrayView key) {
+    std::optional<QByteArrayView> rest = lineAfter(meminfo, key);
+    if (!rest) {
+        return std::nullopt;
+    }
+    const std::optional<quint64> kibibytes = takeNumber(*rest);
+    if (!kibibytes || *kibibytes > std::numeric_limits<quint64>::max() / 1024) {
+        return std::nullopt;
+    }
+    return *kibibytes * 1024;
+}
+
+/// What can be had without swapping. The kernel's own estimate is the best there is; kernels
+/// before 3.14 don't give it, and there the free pages and the two caches come near.
+std::optional<quint64> availableMemory(QByteArrayView meminfo) {
+    if (const auto available = memoryField(meminfo, "MemAvailable:")) {
+        return available;
+    }
+    const std::optional<quint64> free = memoryField(meminfo, "MemFree:");
+    if (!free) {
+        return std::nullopt;
+    }
+    return *free + memoryField(meminfo, "Buffers:").value_or(0) +
+           memoryField(meminfo, "Cached:").value_or(0);
+}
+
+} // namespace
+
+std::optional<StatTicks> parseStatTicks(QByteArrayView stat) {
+    std::optional<QByteArrayView> rest = lineAfter(stat, "cpu ");
+    if (!rest) {
+        return std::nullopt;
+    }
+    // user nice system idle [iowait irq softirq steal]; guest time is within user and nice.
+    constexpr std::size_t needed = 4;
+    std::array<quint64, 8> fields{};
+    for (std::size_t index = 0; index < fields.size(); ++index) {
+        const QByteArrayView before = rest->trimmed();
+        const std::optional<quint64> number = takeNumber(*rest);
+        if (!number && (index < needed || !before.isEmpty())) {
+            return std::nullopt;
+        }
+        fields.at(index) = number.value_or(0);
+    }
+    const auto [user, nice, system, idle, iowait, irq, softirq, steal] = fields;
+    return StatTicks{user, system + irq + softirq + steal, idle + iowait, nice};
+}
+
+std::optional<Date> parseBootTime(QByteArrayView stat) {
+    std::optional<QByteArrayView> rest = lineAfter(stat, "btime ");
+    if (!rest) {
+        return std::nullopt;
+    }
+    const std::optional<quint64> seconds = takeNumber(*rest);
+    return seconds ? std::optional(Date{static_cast<double>(*seconds)}) : std::nullopt;
+}
+
+std::optional<MemoryInfo> parseMemoryInfo(QByteArrayView meminfo) {
+    const std::optional<quint64> total = memoryField(meminfo, "MemTotal:");
+    const std::optional<quint64> available = availableMemory(meminfo);
+    if (!total || !available) {
+        return std::nullopt;
+    }
+    return MemoryInfo{*total, *total - std::min(*total, *available)};
+}
+
+} // namespace zeph
