@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <type_traits>
+#include <utility>
+#include <variant>
+#include <vector>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace zeph {
+
+/// What a statement's parameter may hold; `std::monostate` is SQL NULL.
+using DatabaseValue = std::variant<std::monostate, double, qint64, QString>;
+
+/// The row that a running query stands on; valid only inside the mapping function. Columns count
+/// from 0; NULL reads as 0 or as the empty text.
+class DatabaseRow {
+public:
+    explicit DatabaseRow(sqlite3_stmt *statement) : m_statement(statement) {}
+
+    qint64 integer(int column) const;
+    double real(int column) const;
+    QString text(int column) const;
+
+private:
+    sqlite3_stmt *m_statement;
+};
+
+/// One connection to one SQLite file. Every operation blocks until its statement is finished and
+/// may come from any thread: a mutex runs them one after the other. Failures are printed and
+/// swallowed, nothing is retried.
+class Database {
+public:
+    /// Opens or creates the file at `path` in WAL mode. Null, after one printed line, when SQLite
+    /// can't open it; a file that is no database opens and fails at each statement.
+    static std::unique_ptr<Database> open(const QString &path);
+
+    ~Database();
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+
+    /// Runs one or more statements without parameters or rows. False, and printed, on an error.
+    bool exec(const QString &sql);
+
+    /// Runs one statement with its parameters in order. A failure is printed and its data lost.
+    void write(const QString &sql, const std::vector<DatabaseValue> &parameters);
+
+    /// What `map` makes of each row, in row order. An error looks like the end of the rows. `map`
+    /// takes a `const DatabaseRow &` and must not call back into this database.
+    template <typename Map>
+    auto query(const QString &sql, const std::vector<DatabaseValue> &parameters, Map map) {
+        std::vector<std::decay_t<std::invoke_result_t<Map &, const DatabaseRow &>>> rows;
+        forEachRow(sql, parameters,
+                   [&rows, &map](const DatabaseRow &row) { rows.push_back(map(row)); });
+        return rows;
+    }
+
+private:
+    explicit Database(sqlite3 *handle) : m_handle(handle) {}
+
+    void forEachRow(const QString &sql, const std::vector<DatabaseValue> &parameters,
+                    const std::function<void(const DatabaseRow &)> &visit);
+
+    sqlite3 *m_handle;
+    std::mutex m_queue; // stands in for a serial queue: one statement at a time
+};
+
+} // namespace zeph
