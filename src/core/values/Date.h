@@ -9,6 +9,7 @@ namespace zeph {
 struct Date {
     double secondsSince1970 = 0;
 
+    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 takes its literal 0 for a pointer
     auto operator<=>(const Date &) const = default;
 
     constexpr Date operator+(double seconds) const { return {secondsSince1970 + seconds}; }
