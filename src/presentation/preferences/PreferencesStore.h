@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/ChangePublisher.h"
+#include "core/NotificationCenter.h"
 #include "presentation/preferences/CountdownEvent.h"
 #include "presentation/preferences/PreferenceChoices.h"
 #include "presentation/preferences/WidgetKind.h"
@@ -13,7 +14,6 @@
 namespace zeph {
 
 class Formatters;
-class NotificationCenter;
 class UserDefaults;
 
 /// Every user choice that shapes the wallpaper, written through to the defaults on each change.
@@ -66,6 +66,12 @@ public:
     const QString &petKind() const { return m_petKind; }
 
 private:
+    /// Assigns `property`, writes `stored` under `key` (removes the key when it is absent) and
+    /// posts `notification`.
+    template <typename Value, typename Stored>
+    void change(Value &property, Value value, const QString &key, const Stored &stored,
+                const QString &notification = notifications::zephPreferencesChanged);
+
     UserDefaults &m_defaults;
     NotificationCenter &m_notifications;
     std::map<QString, WidgetPlacement> m_placements;
