@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "presentation/painting/TextTiles.h"
+
+#include "presentation/painting/Blur.h"
+#include "presentation/painting/QtTextMetrics.h"
+#include "presentation/painting/TextShaper.h"
+#include "presentation/scene/ItemBounds.h"
+
+#include <QPainter>
+
+#include <cmath>
+
+namespace zeph {
+
+namespace {
+
+constexpr qsizetype keptShadowBytes = 1024 * 1024;
+
+/// Draws the glyphs into `tile`; `baseline` is the device pixel where they start.
+void drawGlyphs(const ShapedText &shaped, quint32 argb, const QPointF &baseline, double total,
+                Tile &tile) {
+    QPainter painter(&tile.pixels);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QColor::fromRgba(argb));
+    painter.translate(baseline - QPointF(tile.corner));
+    painter.scale(total * shaped.factor, total * shaped.factor);
+    for (const QGlyphRun &run : shaped.runs) {
+        painter.drawGlyphRun(QPointF(0, 0), run);
+    }
+}
+
+} // namespace
+
+size_t qHash(const TextTiles::ShadowKey &key, size_t seed) {
+    return qHashMulti(seed, key.text, key.font.size, key.radius, key.total, key.phase);
+}
+
+TextTiles::TextTiles(const QtTextMetrics &metrics)
+    : m_metrics(metrics), m_shadows(keptShadowBytes) {}
+
+Tile TextTiles::tile(const TextItem &item, double scale, const QRect &within) {
+    const QRect bounds = deviceBounds(item, scale, m_metrics) & within;
+    if (bounds.isEmpty() || item.text.isEmpty()) {
+        return {};
+    }
+    const double total = scale * item.scale;
+    const double down = m_metrics.box(item.style.font).baseline * total;
+    // A baseline on a whole pixel keeps the feet of letters crisp.
+    const QPointF baseline(item.origin.x() * scale, std::round(item.origin.y() * scale + down));
+    Tile result = clearTile(bounds);
+    if (item.style.shadow) {
+        const Tile behind = shadow(item, total, baseline);
+        blend(Tile{tinted(behind.pixels, item.style.shadow->color.argb()),
+                   behind.corner - result.corner},
+              result.pixels.rect(), result.pixels);
+    }
+    drawGlyphs(shapeText(item.text, item.style.font), item.style.color.argb(), baseline, total,
+               result);
+    return result;
+}
+
+Tile TextTiles::shadow(const TextItem &item, double total, const QPointF &baseline) {
+    const QPoint start(static_cast<int>(std::floor(baseline.x())), static_cast<int>(baseline.y()));
+    const TextShadow &wanted = *item.style.shadow;
+    const ShadowKey key{item.text, item.style.font, wanted.radius * total, total,
+                        baseline.x() - start.x()};
+    const QPoint offset(0, static_cast<int>(std::lround(wanted.offsetY * total)));
+    if (const Tile *known = m_shadows.object(key)) {
+        return {known->pixels, known->corner + start + offset};
+    }
+    const TextStyle plain{item.style.font, Color::black(), {}};
+    const QPointF box(0, -m_metrics.box(plain.font).baseline);
+    const int reach = blurReach(key.radius);
+    const QRect room = deviceBounds(TextItem{item.text, plain, box}, total, m_metrics)
+                           .adjusted(-reach, -reach, reach, reach);
+    Tile letters = clearTile(room);
+    if (letters.pixels.isNull()) {
+        return {};
+    }
+    drawGlyphs(shapeText(item.text, plain.font), plain.color.argb(), QPointF(key.phase, 0), total,
+               letters);
+    const QImage mask = letters.pixels.convertToFormat(QImage::Format_Alpha8);
+    auto *made = new Tile{blurred(mask, key.radius), room.topLeft()};
+    const Tile placed{made->pixels, made->corner + start + offset};
+    m_shadows.insert(key, made, made->pixels.sizeInBytes());
+    return placed;
+}
+
+} // namespace zeph
