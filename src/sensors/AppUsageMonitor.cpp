@@ -63,13 +63,18 @@ void AppUsageMonitor::charge(const RunningApplication &application, const QStrin
 }
 
 std::vector<AppUsage> AppUsageMonitor::ranked() const {
-    std::vector<AppUsage> result;
-    result.reserve(m_usageByBundle.size());
+    std::vector<const AppUsage *> order;
+    order.reserve(m_usageByBundle.size());
     for (const auto &entry : m_usageByBundle) {
-        result.push_back(entry.second);
+        order.push_back(&entry.second);
     }
-    std::stable_sort(result.begin(), result.end(),
-                     [](const AppUsage &a, const AppUsage &b) { return b.seconds < a.seconds; });
+    std::stable_sort(order.begin(), order.end(),
+                     [](const AppUsage *a, const AppUsage *b) { return b->seconds < a->seconds; });
+    std::vector<AppUsage> result;
+    result.reserve(order.size());
+    for (const AppUsage *usage : order) {
+        result.push_back(*usage);
+    }
     return result;
 }
 
@@ -87,12 +92,7 @@ void AppUsageMonitor::rolloverIfNeeded() {
     }
     // The last flush of a day lands in the rows of the new one, on purpose: the old day keeps what
     // its last periodic save wrote.
-    std::vector<AppUsage> rest;
-    rest.reserve(m_usageByBundle.size());
-    for (const auto &entry : m_usageByBundle) {
-        rest.push_back(entry.second);
-    }
-    m_store.saveAppUsage(rest, m_store.dayKey(m_clock.now()));
+    m_store.saveAppUsage(ranked(), m_store.dayKey(m_clock.now()));
     m_usageByBundle.clear();
     m_appSwitches = 0;
     m_loadedDay = today;
