@@ -67,6 +67,7 @@ ShapedText shapeText(const QString &text, const FontSpec &spec) {
     QTextOption option(Qt::AlignLeft);
     option.setWrapMode(QTextOption::NoWrap);
     option.setUseDesignMetrics(true);
+    option.setTextDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     QTextLayout layout(text, scaled.font);
     layout.setTextOption(option);
     layout.beginLayout();

@@ -37,7 +37,9 @@ public:
 
     void place(const QRectF &rect, const LayoutContext & /*context*/,
                std::vector<DrawItem> &items) const override {
-        QRectF box(0, 0, m_size, m_size);
+        // The strokes of a symbol span 20 of the 24 units of the grid that fills the box.
+        const double side = m_size * 24 / 20;
+        QRectF box(0, 0, side, side);
         box.moveCenter(rect.center());
         items.emplace_back(SymbolItem{m_identifier, m_color, box});
     }
