@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/SystemSettings.h"
+
+#include <QStringList>
+#include <QUrl>
+
+namespace zeph {
+
+/// A settings program that writes down what it was asked to open.
+class FakeSystemSettings : public SystemSettings {
+public:
+    void open(const QUrl &link) override { opened.append(link.toString()); }
+
+    QStringList opened;
+};
+
+} // namespace zeph
