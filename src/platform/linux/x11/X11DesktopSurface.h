@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/DesktopSurface.h"
+#include "platform/linux/x11/X11EventListener.h"
+#include "platform/linux/x11/X11FrameBuffer.h"
+#include "platform/linux/x11/X11Visual.h"
+
+#include <optional>
+
+namespace zeph {
+
+class X11DesktopStacking;
+
+/// A desktop-type window of our own.
+class X11DesktopSurface : public DesktopSurface, private X11EventListener {
+public:
+    /// Transparent when `visual` has alpha. `stacking` outlives the surface.
+    X11DesktopSurface(X11Connection &connection, X11DesktopStacking &stacking,
+                      const X11Visual &visual, const Screen &screen);
+    ~X11DesktopSurface() override;
+
+    void setScreen(const Screen &screen) override;
+    QImage &frameBuffer() override;
+    bool isTransparent() const override { return m_visual.depth == 32; }
+    void present(const QRegion &damage) override;
+    void orderFront() override;
+    void orderOut() override;
+
+    xcb_window_t window() const { return m_canvas.window; }
+    bool isShared() const { return m_frame->isShared(); }
+
+private:
+    void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
+    void createWindow();
+    void noteExposure(const xcb_expose_event_t &expose);
+    QImage::Format format() const;
+
+    X11DesktopStacking &m_stacking;
+    X11Visual m_visual;
+    QRect m_geometry; // in device pixels of the root
+    xcb_colormap_t m_colormap;
+    X11Canvas m_canvas;
+    std::optional<X11FrameBuffer> m_frame; // always there but while its size changes
+    QRegion m_exposed;
+    bool m_isVisible = false;
+};
+
+} // namespace zeph

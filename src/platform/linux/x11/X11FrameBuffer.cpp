@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/x11/X11FrameBuffer.h"
+
+#include "platform/linux/x11/X11Connection.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+#include <vector>
+
+namespace zeph {
+
+namespace {
+
+constexpr std::size_t kBytesPerPixel = 4;
+
+// Room that the request itself takes in the longest request, with some to spare.
+constexpr std::size_t kRequestHeader = 64;
+
+std::uint16_t length(int pixels) {
+    return static_cast<std::uint16_t>(pixels);
+}
+std::int16_t position(int pixels) {
+    return static_cast<std::int16_t>(pixels);
+}
+
+} // namespace
+
+X11FrameBuffer::X11FrameBuffer(X11Connection &connection, QSize size, QImage::Format format)
+    : m_connection(connection),
+      m_segment(X11SharedSegment::create(connection, kBytesPerPixel *
+                                                         static_cast<std::size_t>(size.width()) *
+                                                         static_cast<std::size_t>(size.height()))) {
+    if (m_segment) {
+        m_image = QImage(m_segment->data(), size.width(), size.height(),
+                         size.width() * static_cast<int>(kBytesPerPixel), format);
+    } else {
+        m_image = QImage(size, format);
+    }
+    m_image.fill(Qt::black);
+}
+
+QImage &X11FrameBuffer::image() {
+    if (std::exchange(m_serverMayRead, false)) {
+        const X11Reply<xcb_get_input_focus_reply_t> fence(xcb_get_input_focus_reply(
+            m_connection.xcb(), xcb_get_input_focus(m_connection.xcb()), nullptr));
+    }
+    return m_image;
+}
+
+void X11FrameBuffer::put(const X11Canvas &canvas, const QRegion &region) {
+    takeBackPixels();
+    for (const QRect &rect : region &m_image.rect()) {
+        if (m_segment) {
+            putShared(canvas, rect);
+        } else {
+            sendPixels(canvas, rect);
+        }
+    }
+    xcb_flush(m_connection.xcb());
+}
+
+void X11FrameBuffer::putShared(const X11Canvas &canvas, const QRect &rect) {
+    xcb_shm_put_image(m_connection.xcb(), canvas.window, canvas.context, length(m_image.width()),
+                      length(m_image.height()), length(rect.x()), length(rect.y()),
+                      length(rect.width()), length(rect.height()), position(rect.x()),
+                      position(rect.y()), canvas.depth, XCB_IMAGE_FORMAT_Z_PIXMAP, 0,
+                      m_segment->number(), 0);
+    m_serverMayRead = true;
+}
+
+void X11FrameBuffer::sendPixels(const X11Canvas &canvas, const QRect &rect) {
+    // Requests are cut well below the maximum: a megabyte at once would hold up the server.
+    constexpr std::size_t kChunk = std::size_t{256} * 1024;
+    const std::size_t longest = xcb_get_maximum_request_length(m_connection.xcb()) * 4ULL;
+    const std::size_t row = kBytesPerPixel * static_cast<std::size_t>(rect.width());
+    const std::size_t room = std::min(kChunk, longest - kRequestHeader);
+    const int rowsAtOnce = std::max(1, static_cast<int>(room / row));
+    std::vector<unsigned char> packed(row * static_cast<std::size_t>(rowsAtOnce));
+    for (int top = rect.top(); top <= rect.bottom(); top += rowsAtOnce) {
+        const int rows = std::min(rowsAtOnce, rect.bottom() - top + 1);
+        for (int y = 0; y < rows; ++y) {
+            std::memcpy(packed.data() + row * static_cast<std::size_t>(y),
+                        m_image.constScanLine(top + y) +
+                            kBytesPerPixel * static_cast<std::size_t>(rect.x()),
+                        row);
+        }
+        xcb_put_image(
+            m_connection.xcb(), XCB_IMAGE_FORMAT_Z_PIXMAP, canvas.window, canvas.context,
+            length(rect.width()), length(rows), position(rect.x()), position(top), 0, canvas.depth,
+            static_cast<std::uint32_t>(row * static_cast<std::size_t>(rows)), packed.data());
+    }
+}
+
+void X11FrameBuffer::takeBackPixels() {
+    if (!m_segment || m_image.constBits() == m_segment->data()) {
+        return;
+    }
+    // Someone kept a copy of the image while it was painted into, so it moved to the heap.
+    const QImage moved = std::exchange(
+        m_image, QImage(m_segment->data(), m_image.width(), m_image.height(),
+                        m_image.width() * static_cast<int>(kBytesPerPixel), m_image.format()));
+    for (int y = 0; y < moved.height(); ++y) {
+        std::memcpy(m_image.scanLine(y), moved.constScanLine(y),
+                    kBytesPerPixel * static_cast<std::size_t>(moved.width()));
+    }
+}
+
+} // namespace zeph

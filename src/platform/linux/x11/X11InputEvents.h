@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/InputEvents.h"
+
+#include <QElapsedTimer>
+
+namespace zeph {
+
+class Screens;
+class X11Connection;
+
+/// The input of an X session.
+class X11InputEvents : public InputEvents {
+public:
+    /// `isTrusted` tells, at any moment, whether the user consents to input timing.
+    X11InputEvents(X11Connection &connection, const Screens &screens,
+                   std::function<bool()> isTrusted);
+
+    /// One round trip, at most twice a second.
+    double secondsSinceLastEvent() const override;
+    bool isTrusted() const override { return m_isTrusted(); }
+    std::unique_ptr<InputEventTap>
+    makeTap(std::function<void(const InputEvent &)> handler) override;
+
+private:
+    double askForIdleTime() const;
+
+    X11Connection &m_connection;
+    const Screens &m_screens;
+    std::function<bool()> m_isTrusted;
+    mutable double m_idleSeconds = 0;
+    mutable QElapsedTimer m_sinceAsked;
+};
+
+} // namespace zeph

@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/x11/X11InputTap.h"
+
+#include "platform/Screens.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11KeyPresses.h"
+
+#include <xcb/xinput.h>
+
+#include <utility>
+
+namespace zeph {
+
+namespace {
+
+constexpr std::uint32_t kLeftButton = 1;
+constexpr std::uint32_t kRightButton = 3;
+
+// The toolkit leaves a display's origin in device pixels and scales what lies within.
+QPointF toPoints(const Screens &screens, QPoint position) {
+    const auto all = screens.all();
+    for (const Screen &screen : all) {
+        if (screen.deviceFrame.contains(position)) {
+            return screen.frame.topLeft() +
+                   QPointF(position - screen.deviceFrame.topLeft()) / screen.scale;
+        }
+    }
+    return position;
+}
+
+} // namespace
+
+X11InputTap::X11InputTap(X11Connection &connection, const Screens &screens,
+                         std::function<bool()> isTrusted, Handler handler)
+    : X11EventListener(connection),
+      m_screens(screens),
+      m_isTrusted(std::move(isTrusted)),
+      m_handler(std::move(handler)),
+      m_motion(
+          connection, [this](bool wanted) { selectEvents(wanted); },
+          [this](QPoint position, unsigned buttons) { tellMotion(position, buttons); }) {}
+
+X11InputTap::~X11InputTap() {
+    disable();
+}
+
+void X11InputTap::enable() {
+    if (!m_isTrusted() || std::exchange(m_isEnabled, true)) {
+        return;
+    }
+    m_keys = X11KeyPresses::start(connection(), [this] {
+        if (mayTell()) {
+            m_handler({InputEventKind::keyDown, {}});
+        }
+    });
+    selectEvents(true);
+}
+
+void X11InputTap::disable() {
+    if (!std::exchange(m_isEnabled, false)) {
+        return;
+    }
+    m_motion.stop();
+    if (m_keys) {
+        m_keys->stop();
+    }
+    selectEvents(false);
+}
+
+bool X11InputTap::mayTell() {
+    if (m_isEnabled && !m_isTrusted()) {
+        disable(); // consent was withdrawn: listen no longer
+    }
+    return m_isEnabled;
+}
+
+void X11InputTap::selectEvents(bool motion) {
+    struct {
+        xcb_input_event_mask_t header;
+        std::uint32_t events;
+    } request{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, 0};
+    if (m_isEnabled) {
+        // A server that does not record counts keys without their autorepeat.
+        request.events =
+            XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS |
+            (motion ? static_cast<unsigned>(XCB_INPUT_XI_EVENT_MASK_RAW_MOTION) : 0U) |
+            (m_keys ? 0U : static_cast<unsigned>(XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS));
+    }
+    xcb_input_xi_select_events(connection().xcb(), connection().root(), 1, &request.header);
+    xcb_flush(connection().xcb());
+}
+
+void X11InputTap::handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) {
+    if (kind != XCB_GE_GENERIC || !m_isEnabled) {
+        return;
+    }
+    const auto *input = connection().extension(X11Extension::input);
+    const auto &generic = eventAs<xcb_ge_generic_event_t>(event);
+    if (!input || generic.extension != input->major_opcode || !mayTell()) {
+        return;
+    }
+    switch (generic.event_type) {
+    case XCB_INPUT_RAW_KEY_PRESS:
+        m_handler({InputEventKind::keyDown, {}}); // which key it was is never looked at
+        break;
+    case XCB_INPUT_RAW_BUTTON_PRESS:
+        tellButton(eventAs<xcb_input_raw_button_press_event_t>(event).detail);
+        break;
+    case XCB_INPUT_RAW_MOTION:
+        m_motion.noteMotion();
+        break;
+    default:
+        break;
+    }
+}
+
+void X11InputTap::tellButton(std::uint32_t button) {
+    // Wheels are buttons 4 to 7 here; neither they nor the middle button count as clicks.
+    if (button == kLeftButton) {
+        m_handler({InputEventKind::leftMouseDown, {}});
+    } else if (button == kRightButton) {
+        m_handler({InputEventKind::rightMouseDown, {}});
+    }
+}
+
+void X11InputTap::tellMotion(QPoint position, unsigned buttons) {
+    if (!mayTell()) {
+        return;
+    }
+    InputEventKind kind = InputEventKind::mouseMoved;
+    if ((buttons & XCB_KEY_BUT_MASK_BUTTON_1) != 0) {
+        kind = InputEventKind::leftMouseDragged;
+    } else if ((buttons & XCB_KEY_BUT_MASK_BUTTON_3) != 0) {
+        kind = InputEventKind::rightMouseDragged;
+    }
+    m_handler({kind, toPoints(m_screens, position)});
+}
+
+} // namespace zeph

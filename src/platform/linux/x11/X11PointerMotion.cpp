@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/x11/X11PointerMotion.h"
+
+#include "platform/linux/x11/X11Connection.h"
+
+#include <utility>
+
+namespace zeph {
+
+namespace {
+
+constexpr qint64 kPeriod = 50; // milliseconds
+
+} // namespace
+
+X11PointerMotion::X11PointerMotion(X11Connection &connection, std::function<void(bool)> wantEvents,
+                                   Handler handler)
+    : X11EventListener(connection),
+      m_wantEvents(std::move(wantEvents)),
+      m_handler(std::move(handler)) {
+    m_timer.setSingleShot(true);
+    m_timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { askForPosition(); });
+}
+
+void X11PointerMotion::noteMotion() {
+    if (std::exchange(m_state, State::moving) == State::moving) {
+        return; // sent before the server heard that no more are wanted
+    }
+    m_wantEvents(false);
+    const qint64 rest = m_sinceAsked.isValid() ? kPeriod - m_sinceAsked.elapsed() : 0;
+    if (rest > 0) {
+        m_timer.start(static_cast<int>(rest));
+    } else {
+        askForPosition();
+    }
+}
+
+void X11PointerMotion::stop() {
+    m_timer.stop();
+    m_state = State::resting;
+}
+
+void X11PointerMotion::askForPosition() {
+    if (std::exchange(m_isAsking, true)) {
+        return;
+    }
+    m_sinceAsked.start();
+    const auto cookie = xcb_query_pointer(connection().xcb(), connection().root());
+    connection().whenReplied(
+        *this, {cookie.sequence}, [this](const X11Connection::Replies &replies) {
+            m_isAsking = false;
+            takePosition(static_cast<const xcb_query_pointer_reply_t *>(replies[0].get()));
+        });
+}
+
+void X11PointerMotion::takePosition(const xcb_query_pointer_reply_t *reply) {
+    const bool hasMoved = reply && tell(*reply);
+    switch (m_state) {
+    case State::resting:
+        break;
+    case State::moving:
+        if (hasMoved) {
+            m_timer.start(static_cast<int>(kPeriod));
+        } else if (!m_timer.isActive()) {
+            // Asked once more after the events are on, so that no step falls in between.
+            m_state = State::settling;
+            m_wantEvents(true);
+            askForPosition();
+        }
+        break;
+    case State::settling:
+        m_state = State::resting;
+        break;
+    }
+}
+
+bool X11PointerMotion::tell(const xcb_query_pointer_reply_t &reply) {
+    const QPoint position(reply.root_x, reply.root_y);
+    if (m_last == position) {
+        return false;
+    }
+    m_last = position;
+    m_handler(position, reply.mask);
+    return true;
+}
+
+} // namespace zeph

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/x11/X11Workspace.h"
+
+#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11Properties.h"
+#include "platform/linux/x11/X11WindowReader.h"
+
+#include <utility>
+
+namespace zeph {
+
+namespace {
+
+std::optional<QString> present(const QString &text) {
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
+} // namespace
+
+X11Workspace::X11Workspace(X11Connection &connection, DesktopEntries &entries)
+    : X11EventListener(connection), m_entries(entries) {
+    connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+    readActiveWindow();
+    connection.waitForReplies();
+}
+
+void X11Workspace::setActivationHandler(std::function<void(const RunningApplication &)> handler) {
+    m_handler = std::move(handler);
+}
+
+void X11Workspace::handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) {
+    if (kind != XCB_PROPERTY_NOTIFY) {
+        return;
+    }
+    const auto &notify = eventAs<xcb_property_notify_event_t>(event);
+    if (notify.window == connection().root() &&
+        notify.atom == connection().atom(X11Atom::netActiveWindow)) {
+        readActiveWindow();
+    }
+}
+
+void X11Workspace::readActiveWindow() {
+    const unsigned request =
+        requestProperty(connection(), connection().root(),
+                        connection().atom(X11Atom::netActiveWindow), XCB_ATOM_WINDOW, 1);
+    connection().whenReplied(*this, {request}, [this](const X11Connection::Replies &replies) {
+        const auto windows = windowsIn(propertyIn(replies[0]));
+        const xcb_window_t window =
+            windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : windows.front();
+        if (std::exchange(m_activeWindow, window) == window) {
+            return; // some window managers write the same value again and again
+        }
+        if (window == XCB_WINDOW_NONE) {
+            setFront(std::nullopt);
+        } else {
+            readWindow(window);
+        }
+    });
+}
+
+void X11Workspace::readWindow(xcb_window_t window) {
+    const auto take = [this, window](const X11Connection::Replies &replies) {
+        if (window != m_activeWindow) {
+            return; // the next one is on its way
+        }
+        const WindowFacts facts = windowFacts(connection(), replies);
+        if (facts.isDesktop || facts.isOurs) {
+            setFront(std::nullopt);
+        } else {
+            setFront(applicationOf(facts));
+        }
+    };
+    connection().whenReplied(*this, requestWindowFacts(connection(), window), take);
+}
+
+void X11Workspace::setFront(std::optional<RunningApplication> front) {
+    if (m_front == front) {
+        return;
+    }
+    m_front = std::move(front);
+    if (m_front && m_handler) {
+        m_handler(*m_front);
+    }
+}
+
+RunningApplication X11Workspace::applicationOf(const WindowFacts &facts) {
+    if (const auto *installed = m_entries.find(facts.hints)) {
+        return {installed->identifier, installed->entry.name, installed->path};
+    }
+    const auto windowClass = present(facts.hints.windowClass);
+    return {windowClass, windowClass, std::nullopt};
+}
+
+} // namespace zeph

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Workspace.h"
+#include "platform/linux/x11/X11EventListener.h"
+
+namespace zeph {
+
+class DesktopEntries;
+struct WindowFacts;
+
+/// The application of the active window, as window managers tell it. Kept up to date by notices,
+/// so that asking costs nothing.
+class X11Workspace : public Workspace, private X11EventListener {
+public:
+    /// Reads the present state, a few round trips.
+    X11Workspace(X11Connection &connection, DesktopEntries &entries);
+
+    std::optional<RunningApplication> frontmostApplication() const override { return m_front; }
+    void setActivationHandler(std::function<void(const RunningApplication &)> handler) override;
+
+private:
+    void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
+    void readActiveWindow();
+    void readWindow(xcb_window_t window);
+    void setFront(std::optional<RunningApplication> front);
+    RunningApplication applicationOf(const WindowFacts &facts);
+
+    DesktopEntries &m_entries;
+    xcb_window_t m_activeWindow = XCB_WINDOW_NONE;
+    std::optional<RunningApplication> m_front;
+    std::function<void(const RunningApplication &)> m_handler;
+};
+
+} // namespace zeph
