@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/widgets/BuiltInWidgets.h"
 
-#include "ambient/WeatherService.h"
+#include "ambient/WeatherDescription.h"
 #include "core/AppState.h"
 #include "presentation/framing/StatFraming.h"
 #include "presentation/widgets/WidgetContext.h"
@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString weatherSymbol(const std::optional<WeatherInfo> &weather) {
-    return weather ? WeatherService::describe(weather->code, weather->isDay).symbol
+    return weather ? describeWeather(weather->code, weather->isDay).symbol
                    : u"location.slash"_s;
 }
 
