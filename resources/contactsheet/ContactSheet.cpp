@@ -20,12 +20,23 @@ constexpr int largeSize = 48;
 constexpr int rowSize = 15;
 constexpr int gap = 12;
 
+/// Drawn larger and reduced, since a pen of up to one pixel is drawn as a hairline with rough ends.
+QImage atRowSize(QSvgRenderer &renderer) {
+    QImage large(4 * rowSize, 4 * rowSize, QImage::Format_ARGB32_Premultiplied);
+    large.fill(Qt::transparent);
+    QPainter painter(&large);
+    painter.setRenderHint(QPainter::Antialiasing);
+    renderer.render(&painter);
+    painter.end();
+    return large.scaled(rowSize, rowSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 void drawCell(QPainter &painter, const QPoint &corner, const QString &identifier) {
     QSvgRenderer renderer(u":/symbols/"_s + identifier + u".svg"_s);
     const QPoint large = corner + QPoint(gap, gap);
     const QPoint row = large + QPoint(largeSize + gap, (largeSize - rowSize) / 2);
     renderer.render(&painter, QRectF(large, QSizeF(largeSize, largeSize)));
-    renderer.render(&painter, QRectF(row, QSizeF(rowSize, rowSize)));
+    painter.drawImage(row, atRowSize(renderer));
     const QRect name(corner.x() + gap, corner.y() + gap + largeSize + 4, cellWidth - gap, 16);
     painter.drawText(name, Qt::AlignLeft | Qt::AlignVCenter, identifier);
 }
