@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/painting/QtFonts.h"
 
-#include <QFontMetricsF>
+#include <QRawFont>
 #include <QStringList>
+#include <QtEndian>
 
 #include <algorithm>
 #include <cmath>
@@ -54,6 +55,25 @@ QFont fontOfPixels(const FontSpec &spec, int pixels) {
     return font;
 }
 
+/// How far letters reach above and below the baseline, in parts of the font size.
+struct Extent {
+    double ascent = 0;
+    double descent = 0;
+};
+
+/// From the font's own table: what Qt tells is rounded to whole pixels.
+Extent unroundedExtent(const QRawFont &font) {
+    const QByteArray header = font.fontTable("hhea");
+    constexpr qsizetype ascenderAt = 4;
+    constexpr qsizetype descenderAt = 6;
+    if (header.size() < descenderAt + 2 || font.unitsPerEm() <= 0) {
+        return {font.ascent() / font.pixelSize(), font.descent() / font.pixelSize()};
+    }
+    const double ascender = qFromBigEndian<qint16>(header.constData() + ascenderAt);
+    const double descender = qFromBigEndian<qint16>(header.constData() + descenderAt);
+    return {ascender / font.unitsPerEm(), -descender / font.unitsPerEm()};
+}
+
 } // namespace
 
 ScaledFont qtFont(const FontSpec &spec) {
@@ -69,11 +89,10 @@ ScaledFont qtFont(const FontSpec &spec) {
 }
 
 LineBox lineBox(const FontSpec &spec) {
-    // Measured large, because metrics are rounded to whole pixels.
-    constexpr int reference = 1000;
-    const QFontMetricsF metrics(fontOfPixels(spec, reference));
-    const double ascent = metrics.ascent() * spec.size / reference;
-    const double descent = metrics.descent() * spec.size / reference;
+    const ScaledFont scaled = qtFont(spec);
+    const Extent extent = unroundedExtent(QRawFont::fromFont(scaled.font));
+    const double ascent = extent.ascent * spec.size;
+    const double descent = extent.descent * spec.size;
     const double height = std::ceil(ascent + descent);
     return {height, (height - ascent - descent) / 2 + ascent};
 }
