@@ -49,6 +49,7 @@ QImage contactSheet(const QStringList &identifiers) {
     painter.setRenderHint(QPainter::Antialiasing);
     QFont font(u"Inter"_s);
     font.setPixelSize(11);
+    font.setStyleStrategy(QFont::PreferNoShaping); // "3x3" is to be read as it is written
     painter.setFont(font);
     for (int i = 0; i < identifiers.size(); ++i) {
         drawCell(painter, {i % columns * cellWidth, i / columns * cellHeight}, identifiers[i]);
