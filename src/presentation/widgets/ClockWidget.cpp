@@ -3,6 +3,7 @@
 
 #include "core/AppState.h"
 #include "platform/Formatters.h"
+#include "presentation/framing/FramingContext.h"
 #include "presentation/framing/StatFraming.h"
 #include "presentation/palette/Palette.h"
 #include "presentation/preferences/PreferencesStore.h"

@@ -3,7 +3,7 @@
 
 #include "core/AppState.h"
 #include "platform/Calendar.h"
-#include "presentation/framing/StatFraming.h"
+#include "presentation/framing/FramingContext.h"
 #include "presentation/preferences/PreferencesStore.h"
 #include "presentation/widgets/WidgetContext.h"
 #include "presentation/widgets/WidgetRows.h"

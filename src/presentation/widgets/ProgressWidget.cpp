@@ -4,7 +4,7 @@
 #include "core/AppState.h"
 #include "platform/Calendar.h"
 #include "platform/Formatters.h"
-#include "presentation/framing/StatFraming.h"
+#include "presentation/framing/FramingContext.h"
 #include "presentation/palette/Palette.h"
 #include "presentation/view/Views.h"
 #include "presentation/widgets/WidgetContext.h"

@@ -66,6 +66,14 @@ View WallpaperContentView::body(const std::vector<WidgetKind> &kinds) const {
     return wallpaperStack(layout, std::move(children));
 }
 
+View WallpaperContentView::flowRow(const FlowRow &row,
+                                   const std::set<QString> & /*excludedKeys*/) const {
+    if (const auto *widgetRow = std::get_if<WidgetRow>(&row)) {
+        return sizedWidget(widgetRow->kind);
+    }
+    return View(); // cards have nothing to draw without the records of the integrations
+}
+
 View WallpaperContentView::sizedWidget(WidgetKind kind) const {
     switch (m_context.preferences.size(kind)) {
     case WidgetSizeOption::small:

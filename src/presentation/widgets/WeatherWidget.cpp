@@ -14,8 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString weatherSymbol(const std::optional<WeatherInfo> &weather) {
-    return weather ? describeWeather(weather->code, weather->isDay).symbol
-                   : u"location.slash"_s;
+    return weather ? describe(weather->code, weather->isDay).symbol : u"location.slash"_s;
 }
 
 } // namespace

@@ -48,8 +48,9 @@ TEST_F(ClockWidget, drawsGreetingAndDateQuietly) {
 
 TEST_F(ClockWidget, leavesEightPointsBetweenItsRows) {
     const View clockView = clockWidget(context);
-    EXPECT_EQ(textItem(clockView, u"9:41"_s).origin.y(), 17 + 8);
-    EXPECT_EQ(textItem(clockView, u"Thursday, March 12"_s).origin.y(), 17 + 8 + 84 + 8);
+    EXPECT_DOUBLE_EQ(textItem(clockView, u"9:41"_s).origin.y(), lineHeight(17) + 8);
+    EXPECT_DOUBLE_EQ(textItem(clockView, u"Thursday, March 12"_s).origin.y(),
+                     lineHeight(17) + 8 + lineHeight(84) + 8);
 }
 
 TEST_F(SunWidget, waitsForALocation) {

@@ -111,8 +111,9 @@ TEST_F(AppWidgets, rankingRowsStandTenPointsApart) {
     state.rankedApps =
         std::vector<AppUsage>{{u"a"_s, u"One"_s, 3600, {}}, {u"b"_s, u"Two"_s, 1860, {}}};
     const View ranking = appRankingWidget(context);
-    EXPECT_EQ(textItem(ranking, u"Two"_s).origin.y() - textItem(ranking, u"One"_s).origin.y(),
-              14 + 10);
+    EXPECT_DOUBLE_EQ(textItem(ranking, u"Two"_s).origin.y() -
+                         textItem(ranking, u"One"_s).origin.y(),
+                     lineHeight(14) + 10);
 }
 
 TEST_F(RhythmWidget, tellsTypingSwitchesCursorAndActivityInThisOrder) {
@@ -154,8 +155,9 @@ TEST_F(RhythmWidget, comparesTheDayWithTheHistory) {
 TEST_F(RhythmWidget, setsItsLinesOnAnEvenPitch) {
     const View rhythm = rhythmWidget(context);
     const double first = symbolItem(rhythm, u"keyboard"_s).box.center().y();
-    EXPECT_EQ(symbolItem(rhythm, u"arrow.left.arrow.right"_s).box.center().y() - first, 34);
-    EXPECT_EQ(symbolItem(rhythm, u"clock.arrow.circlepath"_s).box.center().y() - first, 3 * 34);
+    EXPECT_DOUBLE_EQ(symbolItem(rhythm, u"arrow.left.arrow.right"_s).box.center().y() - first, 34);
+    EXPECT_DOUBLE_EQ(symbolItem(rhythm, u"clock.arrow.circlepath"_s).box.center().y() - first,
+                     3 * 34);
 }
 
 TEST_F(RemindersWidget, saysWhenNothingIsDue) {

@@ -93,8 +93,9 @@ TEST_F(ProgressWidget, isZeroAtTheStartOfTheYear) {
 
 TEST_F(ProgressWidget, cutsThePercentage) {
     state.now = at(23, 59, 59, 12, 31);
-    EXPECT_EQ(texts(progressWidget(context)),
-              (QStringList{u"TIME PASSING"_s, u"2026"_s, u"99%"_s, u"December"_s, u"99%"_s}));
+    const QStringList drawn = texts(progressWidget(context));
+    EXPECT_EQ(drawn.value(2), u"99%"_s);
+    EXPECT_EQ(drawn.value(4), u"99%"_s);
 }
 
 TEST_F(ProgressWidget, drawsTwoBarsOnTheirTracks) {
@@ -109,7 +110,7 @@ TEST_F(ProgressWidget, drawsTwoBarsOnTheirTracks) {
     EXPECT_EQ(bars[3].rect.left(), bars[2].rect.left());
     expectColor(bars[3].fill->start, palette.accent);
     expectColor(*bars[3].fill->end, palette.accent.opacity(0.55));
-    EXPECT_EQ(bars[2].rect.top() - bars[0].rect.top(), 13 + 12);
+    EXPECT_DOUBLE_EQ(bars[2].rect.top() - bars[0].rect.top(), lineHeight(13) + 12);
 }
 
 TEST_F(ProgressWidget, alignsLabelsAndPercentages) {

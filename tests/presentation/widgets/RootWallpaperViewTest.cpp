@@ -116,7 +116,7 @@ TEST_F(RootWallpaper, pinsTheClockToTheCornerOfTheContentArea) {
     const auto &last = std::get<TextItem>(scene.items.back());
     EXPECT_EQ(last.text, u"Thursday, March 12"_s);
     EXPECT_EQ(last.origin.x(), 48);
-    EXPECT_EQ(last.origin.y() + metrics.size(last.text, last.style.font).height(), 800 - 28);
+    EXPECT_DOUBLE_EQ(last.origin.y() + metrics.size(last.text, last.style.font).height(), 800 - 28);
 }
 
 TEST_F(RootWallpaper, showsWidgetsInTheWallpapersOrder) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/widgets/WidgetFixture.h"
 
+#include "presentation/view/Views.h"
+
 namespace zeph {
 
 Date WidgetFixture::at(int hour, int minute, int second, int month, int day) const {
@@ -61,6 +63,11 @@ SymbolItem WidgetFixture::symbolItem(const View &view, const QString &identifier
     }
     ADD_FAILURE() << "no symbol " << identifier.toStdString();
     return {};
+}
+
+QSizeF WidgetFixture::symbolBox(double points) const {
+    const QString any = QStringLiteral("circle");
+    return symbolItem(symbol(any, points, palette.text, points), any).box.size();
 }
 
 std::vector<ShapeItem> WidgetFixture::shapes(const View &view) const {

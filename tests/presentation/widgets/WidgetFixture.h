@@ -6,14 +6,15 @@
 #include "history/UsageStore.h"
 #include "platform/icu/IcuCalendar.h"
 #include "platform/icu/IcuFormatters.h"
-#include "presentation/framing/StatFraming.h"
+#include "presentation/framing/FramingContext.h"
 #include "presentation/palette/Palette.h"
 #include "presentation/preferences/PreferencesStore.h"
 #include "presentation/view/View.h"
-#include "presentation/widgets/CellTextMetrics.h"
 #include "presentation/widgets/WidgetContext.h"
 #include "support/FakeUserDefaults.h"
+#include "support/FixedTextMetrics.h"
 #include "support/ManualClock.h"
+#include "support/QtPrinters.h"
 
 #include <QTemporaryDir>
 
@@ -40,6 +41,15 @@ protected:
     SymbolItem symbolItem(const View &view, const QString &identifier) const;
     std::vector<ShapeItem> shapes(const View &view) const;
 
+    double lineHeight(double fontSize) const {
+        FontSpec font;
+        font.size = fontSize;
+        return metrics.size({}, font).height();
+    }
+
+    /// The box that a symbol of this many points is drawn in.
+    QSizeF symbolBox(double points) const;
+
     /// The palette's text colour at `opacity`, as it comes to the screen.
     Color textColor(double opacity) const { return palette.text.opacity(opacity); }
 
@@ -54,7 +64,7 @@ protected:
     AppState state{at(9, 41)};
     FramingContext framing{preferences, calendar, formatters};
     Palette palette = Palette::forMood(0.5, FocusState::off);
-    CellTextMetrics metrics;
+    FixedTextMetrics metrics;
     WidgetContext context{state, preferences, usage, framing, palette};
 };
 

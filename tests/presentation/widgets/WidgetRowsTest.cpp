@@ -20,7 +20,7 @@ TEST_F(WidgetRows, sectionLabelIsSmallSpacedUpperCase) {
 TEST_F(WidgetRows, calmLineIsASymbolAndALightSentence) {
     const View line = calmLine(u"calendar"_s, u"Nothing"_s, palette);
     const SymbolItem icon = symbolItem(line, u"calendar"_s);
-    EXPECT_EQ(icon.box.size(), QSizeF(15, 15));
+    EXPECT_EQ(icon.box.size(), symbolBox(15));
     expectColor(icon.color, textColor(0.9));
     const TextItem sentence = textItem(line, u"Nothing"_s);
     EXPECT_EQ(sentence.style.font.size, 17);
@@ -58,7 +58,7 @@ TEST_F(WidgetRows, aListLineIsTwentyFourPointsHigh) {
 TEST_F(WidgetRows, metricChipIsSmallAndLight) {
     const View chip = metricChip({u"cpu"_s, u"9% CPU"_s}, palette);
     const SymbolItem icon = symbolItem(chip, u"cpu"_s);
-    EXPECT_EQ(icon.box.size(), QSizeF(13, 13));
+    EXPECT_EQ(icon.box.size(), symbolBox(13));
     expectColor(icon.color, textColor(0.55));
     const TextItem fact = textItem(chip, u"9% CPU"_s);
     EXPECT_EQ(fact.style.font.size, 13);
