@@ -6,6 +6,7 @@
 #include <QSvgRenderer>
 
 #include <algorithm>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -14,6 +15,8 @@ namespace zeph {
 namespace {
 
 constexpr qsizetype keptBytes = 512 * 1024;
+constexpr int enlargement = 4;
+constexpr int smallSide = 96; // device pixels; beyond, each stroke is wide enough
 
 bool isPlainName(const QString &identifier) {
     return !identifier.isEmpty() &&
@@ -23,25 +26,44 @@ bool isPlainName(const QString &identifier) {
            });
 }
 
+/// Each `factor` by `factor` pixels of `mask` averaged to one.
+QImage reduced(const QImage &mask, int factor) {
+    QImage result(mask.size() / factor, QImage::Format_Alpha8);
+    for (int y = 0; y < result.height(); ++y) {
+        uchar *line = result.scanLine(y);
+        for (int x = 0; x < result.width(); ++x) {
+            int sum = factor * factor / 2;
+            for (int row = 0; row < factor; ++row) {
+                const uchar *cover = mask.constScanLine(y * factor + row) + qsizetype{x} * factor;
+                sum = std::accumulate(cover, cover + factor, sum);
+            }
+            line[x] = static_cast<uchar>(sum / (factor * factor));
+        }
+    }
+    return result;
+}
+
 void drawRing(QPainter &painter, int pixels) {
     const double unit = pixels / 24.0; // of the grid on which the symbols are drawn
-    painter.setPen(QPen(Qt::black, std::max(1.0, 1.5 * unit)));
+    painter.setPen(QPen(Qt::black, 1.5 * unit));
     painter.drawEllipse(QRectF(6 * unit, 6 * unit, 12 * unit, 12 * unit));
 }
 
+/// Drawn larger and reduced, since Qt draws a pen of up to one pixel as a hairline.
 QImage drawnMask(const QString &file, int pixels) {
-    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    const int side = pixels <= smallSide ? pixels * enlargement : pixels;
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
     image.fill(0);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     QSvgRenderer drawing;
     if (!file.isEmpty() && drawing.load(file)) {
-        drawing.render(&painter, QRectF(0, 0, pixels, pixels));
+        drawing.render(&painter, QRectF(0, 0, side, side));
     } else {
-        drawRing(painter, pixels);
+        drawRing(painter, side);
     }
     painter.end();
-    return image.convertToFormat(QImage::Format_Alpha8);
+    return reduced(image.convertToFormat(QImage::Format_Alpha8), side / pixels);
 }
 
 } // namespace

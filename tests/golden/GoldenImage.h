@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+#include <gtest/gtest.h>
+
+namespace zeph {
+
+/// How far a picture may be from the expected one.
+struct GoldenOptions {
+    int channelTolerance = 2; ///< a pixel differs when one of its channels is further off
+    int allowedPixels = 0;    ///< how many pixels may differ
+};
+
+/// The folders of golden images. A mismatch writes `<name>.got.png`, `<name>.expected.png` and
+/// `<name>.diff.png` side by side into `output`.
+struct GoldenFolder {
+    QString expected;
+    QString output;
+    bool updates = false; ///< rewrites the expected pictures instead of comparing
+};
+
+/// Compares `image` with `<name>.png` of `folder`.
+testing::AssertionResult matchesGolden(const QImage &image, const QString &name,
+                                       const GoldenOptions &options, const GoldenFolder &folder);
+
+/// Compares `image` with tests/golden/expected/`name`.png; differences go to golden/ of the build
+/// tree. With UPDATE_GOLDEN=1 in the environment the expected picture is rewritten.
+testing::AssertionResult matchesGolden(const QImage &image, const QString &name,
+                                       const GoldenOptions &options = {});
+
+} // namespace zeph
