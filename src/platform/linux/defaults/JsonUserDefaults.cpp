@@ -138,9 +138,10 @@ bool JsonUserDefaults::writeFile() const {
         return false;
     }
     QSaveFile file(m_path);
-    // A new file has no content yet when its mode is set, so nothing stands open to others.
+    // A new file has no content yet when its mode is set, so nothing stands open to others. Its
+    // bytes are flushed before the commit, which would take half of them for the whole.
     return file.open(QFile::WriteOnly) && file.setPermissions(ownerFile) &&
-           file.write(QJsonDocument(m_values).toJson()) >= 0 && file.commit();
+           file.write(QJsonDocument(m_values).toJson()) >= 0 && file.flush() && file.commit();
 }
 
 void JsonUserDefaults::keepInMemory() {
