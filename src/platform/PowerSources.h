@@ -6,12 +6,14 @@
 #include <QString>
 #include <QVariantMap>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
 namespace zeph {
 
-/// The machine's own batteries. Served from the last answer of the system; never blocks.
+/// The machine's own batteries. Served from the last answer of the system; never blocks. Main
+/// thread only.
 class PowerSources : public Port {
 public:
     /// One description a source, by the keys "Current Capacity", "Max Capacity" (whole numbers),
@@ -25,6 +27,11 @@ public:
     /// a gauge at all tells `hasGauge`.
     virtual std::optional<qint64> gauge(const QString &key) const = 0;
     virtual bool hasGauge() const = 0;
+
+    /// Called on the main thread when the system's first word arrives, and whenever what
+    /// `descriptions` answered last turns out to be out of date by more than the course of the
+    /// charge. A handler may ask at once.
+    virtual void setSourcesHandler(std::function<void()> handler) = 0;
 };
 
 } // namespace zeph
