@@ -7,7 +7,9 @@
 #include <xcb/shape.h>
 #include <xcb/xcb_icccm.h>
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <string_view>
 
 namespace zeph {
@@ -15,6 +17,7 @@ namespace zeph {
 namespace {
 
 constexpr std::uint32_t kOnAllDesktops = 0xFFFFFFFF;
+constexpr std::uint32_t kFromApplication = 1;
 
 // "tavi" as the instance, the application id as the class, each with its terminating zero.
 constexpr std::string_view kWindowClass{"tavi\0com.tavi.Tavi", 19};
@@ -33,8 +36,22 @@ void setText(X11Connection &connection, xcb_window_t window, xcb_atom_t property
                         static_cast<std::uint32_t>(text.size()), text.data());
 }
 
-void sendToRoot(X11Connection &connection, std::uint32_t mask, const void *event) {
-    xcb_send_event(connection.xcb(), 0, connection.root(), mask, static_cast<const char *>(event));
+// Sends the root window what only a window manager gets to see.
+void sendToManager(X11Connection &connection, const void *event) {
+    xcb_send_event(connection.xcb(), 0, connection.root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   static_cast<const char *>(event));
+}
+
+void askManager(X11Connection &connection, xcb_window_t window, xcb_atom_t type,
+                const std::array<std::uint32_t, 5> &words) {
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = window;
+    message.type = type;
+    std::copy(words.begin(), words.end(), std::begin(message.data.data32));
+    sendToManager(connection, &message);
 }
 
 void writeProcess(X11Connection &connection, xcb_window_t window) {
@@ -96,18 +113,23 @@ void refuseInput(X11Connection &connection, xcb_window_t window) {
     }
 }
 
+void askForDesktopState(X11Connection &connection, xcb_window_t window) {
+    constexpr std::uint32_t kAdd = 1;
+    const xcb_atom_t state = connection.atom(X11Atom::netWmState);
+    askManager(connection, window, state,
+               {kAdd, connection.atom(X11Atom::netWmStateBelow),
+                connection.atom(X11Atom::netWmStateSticky), kFromApplication, 0});
+    askManager(connection, window, state,
+               {kAdd, connection.atom(X11Atom::netWmStateSkipTaskbar),
+                connection.atom(X11Atom::netWmStateSkipPager), kFromApplication, 0});
+    askManager(connection, window, connection.atom(X11Atom::netWmDesktop),
+               {kOnAllDesktops, kFromApplication, 0, 0, 0});
+}
+
 void askToRaise(X11Connection &connection, xcb_window_t window) {
     constexpr std::uint32_t kFromPager = 2; // ordinary applications are refused by some managers
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = window;
-    message.type = connection.atom(X11Atom::netRestackWindow);
-    message.data.data32[0] = kFromPager;
-    message.data.data32[1] = XCB_WINDOW_NONE;
-    message.data.data32[2] = XCB_STACK_MODE_ABOVE;
-    sendToRoot(connection,
-               XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY, &message);
+    askManager(connection, window, connection.atom(X11Atom::netRestackWindow),
+               {kFromPager, XCB_WINDOW_NONE, XCB_STACK_MODE_ABOVE, 0, 0});
 }
 
 void withdraw(X11Connection &connection, xcb_window_t window) {
@@ -119,8 +141,7 @@ void withdraw(X11Connection &connection, xcb_window_t window) {
     event.notify.response_type = XCB_UNMAP_NOTIFY;
     event.notify.event = connection.root();
     event.notify.window = window;
-    sendToRoot(connection,
-               XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY, &event);
+    sendToManager(connection, &event);
 }
 
 } // namespace zeph

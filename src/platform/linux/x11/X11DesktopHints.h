@@ -19,6 +19,10 @@ void writeGeometryHints(X11Connection &connection, xcb_window_t window, const QR
 /// off the screen, so they are written before every time it is put on.
 void writeDesktopState(X11Connection &connection, xcb_window_t window);
 
+/// Asks for the same of a window that is on the screen already. A window manager that is still
+/// busy taking the window off erases what was written for the next time.
+void askForDesktopState(X11Connection &connection, xcb_window_t window);
+
 /// Lets every click through to what lies beneath.
 void refuseInput(X11Connection &connection, xcb_window_t window);
 

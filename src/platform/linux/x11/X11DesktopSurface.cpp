@@ -141,6 +141,7 @@ void X11DesktopSurface::handleEvent(std::uint8_t kind, const xcb_generic_event_t
         // own, and some look at ours only when it changes afterwards.
         if (eventAs<xcb_map_notify_event_t>(event).window == m_canvas.window) {
             refuseInput(connection(), m_canvas.window);
+            askForDesktopState(connection(), m_canvas.window);
         }
         break;
     case XCB_REPARENT_NOTIFY:

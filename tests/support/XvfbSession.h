@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QMap>
+#include <QStringList>
+
+#include <sys/types.h>
+
+namespace zeph {
+
+/// A private X server without a screen, on a display number of its own, for one test. Everything
+/// that was started in it ends with it, by process id, also when the test process is killed.
+/// Works with and without an application object.
+class XvfbSession {
+public:
+    struct Options {
+        QByteArray screen = "1280x800x24";
+        QStringList serverArguments = {};
+        bool listensToTcp = false;
+    };
+
+    XvfbSession(); ///< with the default options
+    explicit XvfbSession(const Options &options);
+    ~XvfbSession();
+    XvfbSession(const XvfbSession &) = delete;
+    XvfbSession &operator=(const XvfbSession &) = delete;
+
+    /// False when the server did not come up within ten seconds.
+    bool isRunning() const { return m_server > 0; }
+
+    /// Such as ":93", for DISPLAY.
+    QByteArray display() const { return m_display; }
+
+    /// Starts the window manager and waits until it manages windows.
+    bool startOpenbox();
+
+    /// Starts a program of this display; answers its process id, or -1.
+    pid_t start(const QStringList &command);
+
+    /// Ends a process of this session and waits for its end.
+    void stop(pid_t process);
+
+    /// Runs a program of this display to its end; answers its output, or null when it fails.
+    QByteArray run(const QStringList &command) const;
+
+    /// Set in the environment of what is started from now on, an empty value for "not set".
+    void setVariable(const QByteArray &name, const QByteArray &value);
+
+    /// Ends the server as a crash would.
+    void killServer();
+
+private:
+    void startServer(const Options &options);
+    QByteArray firstLine(int descriptor) const;
+
+    QByteArray m_display;
+    pid_t m_server = -1;
+    QList<pid_t> m_children;
+    QMap<QByteArray, QByteArray> m_environment;
+};
+
+} // namespace zeph
