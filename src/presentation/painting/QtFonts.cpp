@@ -41,7 +41,9 @@ QStringList families(const FontSpec &spec) {
         }
         names << u"Quicksand"_s << u"Nunito"_s << u"Comfortaa"_s;
     }
-    return names << u"Inter"_s << u"Cantarell"_s << u"Noto Sans"_s << u"DejaVu Sans"_s;
+    // Without a name of their own these scripts would come from a monospaced companion.
+    return names << u"Inter"_s << u"Cantarell"_s << u"Noto Sans"_s << u"Noto Sans Arabic"_s
+                 << u"Noto Sans Hebrew"_s << u"DejaVu Sans"_s;
 }
 
 QFont fontOfPixels(const FontSpec &spec, int pixels) {

@@ -2,11 +2,13 @@
 #include "presentation/painting/TextTiles.h"
 
 #include "presentation/painting/Blur.h"
+#include "presentation/painting/GlyphOutlines.h"
 #include "presentation/painting/QtTextMetrics.h"
 #include "presentation/painting/TextShaper.h"
 #include "presentation/scene/ItemBounds.h"
 
 #include <QPainter>
+#include <QRawFont>
 
 #include <cmath>
 
@@ -15,17 +17,26 @@ namespace zeph {
 namespace {
 
 constexpr qsizetype keptShadowBytes = 1024 * 1024;
+constexpr double smallestOutlined = 48; // device pixels; Qt keeps pictures of letters up to 64
 
 /// Draws the glyphs into `tile`; `baseline` is the device pixel where they start.
 void drawGlyphs(const ShapedText &shaped, quint32 argb, const QPointF &baseline, double total,
                 Tile &tile) {
+    const QColor color = QColor::fromRgba(argb);
+    const double scale = total * shaped.factor;
     QPainter painter(&tile.pixels);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QColor::fromRgba(argb));
+    painter.setPen(color);
     painter.translate(baseline - QPointF(tile.corner));
-    painter.scale(total * shaped.factor, total * shaped.factor);
+    painter.scale(scale, scale);
     for (const QGlyphRun &run : shaped.runs) {
-        painter.drawGlyphRun(QPointF(0, 0), run);
+        const bool isLarge = run.rawFont().pixelSize() * scale >= smallestOutlined;
+        const QPainterPath outlines = isLarge ? glyphOutlines(run) : QPainterPath();
+        if (outlines.isEmpty()) {
+            painter.drawGlyphRun(QPointF(0, 0), run);
+        } else {
+            painter.fillPath(outlines, color);
+        }
     }
 }
 
