@@ -192,7 +192,7 @@ TEST_F(DatabaseTest, aFullDiskLosesTheWriteAndNothingElse) {
     database->exec(u"CREATE TABLE t (a TEXT); INSERT INTO t VALUES ('kept')"_s);
     const QString insert = u"INSERT INTO t VALUES (?)"_s;
     const QStringList lines = printedLines([&] {
-        const FullDisk full(64 * 1024);
+        const FullDisk full(65536);
         database->write(insert, {QString(200'000, u'x')});
     });
     ASSERT_EQ(lines.size(), 1);

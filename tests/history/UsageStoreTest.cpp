@@ -107,7 +107,7 @@ TEST_F(UsageStoreTest, onlyTheNewestFourteenRowsAreRead) {
     for (int day = 1; day <= 13; ++day) {
         saveDay(u"2023-11-%1"_s.arg(day, 2, 10, QChar(u'0')), 600, 100);
     }
-    saveDay(u"2023-10-31"_s, 1200, 2 * 240); // the fourteenth
+    saveDay(u"2023-10-31"_s, 1200, 480); // the fourteenth
     saveDay(u"2023-10-30"_s, 60'000, 90'000);
     saveDay(u"2022-12-31"_s, 60'000, 90'000);
     EXPECT_DOUBLE_EQ(store->averageKPM(true, 14), (13 * 10.0 + 24.0) / 14);
