@@ -19,6 +19,7 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(X11Atom::count)>
     "_GTK_APPLICATION_ID",
     "_KDE_NET_WM_DESKTOP_FILE",
     "_NET_ACTIVE_WINDOW",
+    "_NET_CLIENT_LIST",
     "_NET_CLIENT_LIST_STACKING",
     "_NET_RESTACK_WINDOW",
     "_NET_SUPPORTING_WM_CHECK",

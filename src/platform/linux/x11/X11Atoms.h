@@ -17,6 +17,7 @@ enum class X11Atom : std::size_t {
     gtkApplicationId,
     kdeDesktopFile,
     netActiveWindow,
+    netClientList,
     netClientListStacking,
     netRestackWindow,
     netSupportingWmCheck,

@@ -6,6 +6,7 @@
 #include "platform/linux/x11/X11Properties.h"
 #include "platform/linux/x11/X11WindowReader.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zeph {
@@ -34,9 +35,14 @@ void X11Workspace::handleEvent(std::uint8_t kind, const xcb_generic_event_t &eve
         return;
     }
     const auto &notify = eventAs<xcb_property_notify_event_t>(event);
-    if (notify.window == connection().root() &&
-        notify.atom == connection().atom(X11Atom::netActiveWindow)) {
+    if (notify.window != connection().root()) {
+        return;
+    }
+    if (notify.atom == connection().atom(X11Atom::netActiveWindow)) {
         readActiveWindow();
+    } else if (notify.atom == connection().atom(X11Atom::netClientList) &&
+               m_activeWindow != XCB_WINDOW_NONE) {
+        checkThatWindowLives();
     }
 }
 
@@ -72,6 +78,21 @@ void X11Workspace::readWindow(xcb_window_t window) {
         }
     };
     connection().whenReplied(*this, requestWindowFacts(connection(), window), take);
+}
+
+void X11Workspace::checkThatWindowLives() {
+    // Some window managers go on naming the last window after it was closed.
+    constexpr std::uint32_t kMostWindows = 4096;
+    const unsigned request =
+        requestProperty(connection(), connection().root(),
+                        connection().atom(X11Atom::netClientList), XCB_ATOM_WINDOW, kMostWindows);
+    connection().whenReplied(*this, {request}, [this](const X11Connection::Replies &replies) {
+        const auto windows = windowsIn(propertyIn(replies[0]));
+        if (std::find(windows.begin(), windows.end(), m_activeWindow) == windows.end()) {
+            m_activeWindow = XCB_WINDOW_NONE;
+            setFront(std::nullopt);
+        }
+    });
 }
 
 void X11Workspace::setFront(std::optional<RunningApplication> front) {

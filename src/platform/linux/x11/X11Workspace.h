@@ -23,6 +23,7 @@ private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
     void readActiveWindow();
     void readWindow(xcb_window_t window);
+    void checkThatWindowLives();
     void setFront(std::optional<RunningApplication> front);
     RunningApplication applicationOf(const WindowFacts &facts);
 

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/DesktopEntries.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+class DesktopEntriesTest : public testing::Test {
+protected:
+    void install(const QTemporaryDir &where, const QString &file, const QByteArray &keys) {
+        const QString path = where.path() + u"/applications/"_s + file;
+        QDir().mkpath(QFileInfo(path).path());
+        QFile out(path);
+        ASSERT_TRUE(out.open(QIODevice::WriteOnly));
+        out.write("[Desktop Entry]\nType=Application\n" + keys);
+    }
+
+    /// As if something had been installed a moment later than the last look.
+    void touchLater(const QString &directory) {
+        const timespec times[2] = {{4102444800, 0}, {4102444800, 0}};
+        ASSERT_EQ(utimensat(AT_FDCWD, QFile::encodeName(directory).constData(), times, 0), 0);
+    }
+
+    QString find(const ApplicationHints &hints) {
+        const auto *found = entries.find(hints);
+        return found ? found->identifier : QString();
+    }
+
+    QTemporaryDir user;
+    QTemporaryDir system;
+    DesktopEntries entries{{user.path(), system.path()}, u"de_DE.UTF-8"_s};
+};
+
+namespace {
+
+ApplicationHints windowClass(const QString &name, const QString &instance = {}) {
+    ApplicationHints hints;
+    hints.windowClass = name;
+    hints.windowInstance = instance;
+    return hints;
+}
+
+ApplicationHints gtk(const QString &identifier) {
+    ApplicationHints hints;
+    hints.gtkApplicationId = identifier;
+    return hints;
+}
+
+ApplicationHints program(const QString &name) {
+    ApplicationHints hints;
+    hints.program = name;
+    return hints;
+}
+
+} // namespace
+
+TEST_F(DesktopEntriesTest, matchesByWhatTheWindowNamesFirst) {
+    install(system, u"org.kde.thing.desktop"_s, "Name=Thing\n");
+    install(system, u"other.desktop"_s, "Name=Other\nStartupWMClass=Thing\n");
+    ApplicationHints hints = windowClass(u"Thing"_s);
+    hints.desktopFile = u"org.kde.thing"_s;
+    EXPECT_EQ(find(hints), u"org.kde.thing"_s);
+    hints.desktopFile = u"/usr/share/applications/org.kde.thing.desktop"_s;
+    EXPECT_EQ(find(hints), u"org.kde.thing"_s);
+    hints.desktopFile = u"absent"_s;
+    EXPECT_EQ(find(hints), u"other"_s);
+}
+
+TEST_F(DesktopEntriesTest, matchesByGtkIdentifierThenByItsLastPart) {
+    install(system, u"org.example.Editor.desktop"_s, "Name=Editor\n");
+    install(system, u"nemo.desktop"_s, "Name=Files\n");
+    EXPECT_EQ(find(gtk(u"org.example.Editor"_s)), u"org.example.Editor"_s);
+    EXPECT_EQ(find(gtk(u"org.Nemo"_s)), u"nemo"_s);
+}
+
+TEST_F(DesktopEntriesTest, matchesByStartupClassBeforeFileName) {
+    install(system, u"xterm.desktop"_s, "Name=File\n");
+    install(system, u"terminal.desktop"_s, "Name=Class\nStartupWMClass=XTerm\n");
+    EXPECT_EQ(find(windowClass(u"XTerm"_s, u"xterm"_s)), u"terminal"_s);
+    EXPECT_EQ(find(windowClass(u"Any"_s, u"XTerm"_s)), u"terminal"_s);
+    EXPECT_EQ(find(windowClass(u"Any"_s, u"xterm"_s)), u"xterm"_s);
+}
+
+TEST_F(DesktopEntriesTest, matchesFileNamesWhateverTheirCase) {
+    install(system, u"org.gnome.Nautilus.desktop"_s, "Name=Files\n");
+    EXPECT_EQ(find(windowClass(u"Org.gnome.Nautilus"_s)), u"org.gnome.Nautilus"_s);
+}
+
+TEST_F(DesktopEntriesTest, matchesByProgramLastAndPrefersWhatMenusShow) {
+    install(system, u"a-helper.desktop"_s, "Name=Helper\nExec=files --helper\nNoDisplay=true\n");
+    install(system, u"files.app.desktop"_s, "Name=Files\nExec=/usr/bin/files %U\n");
+    EXPECT_EQ(find(program(u"files"_s)), u"files.app"_s);
+    EXPECT_EQ(find(program(u"nothing"_s)), QString());
+    EXPECT_EQ(find({}), QString());
+}
+
+TEST_F(DesktopEntriesTest, prefersTheUsersOwnEntries) {
+    install(system, u"edit.desktop"_s, "Name=System\n");
+    install(user, u"edit.desktop"_s, "Name=Mine\nName[de]=Meins\n");
+    EXPECT_EQ(entries.find(windowClass(u"edit"_s))->entry.name, u"Meins"_s);
+    EXPECT_EQ(entries.find(windowClass(u"edit"_s))->path,
+              user.path() + u"/applications/edit.desktop"_s);
+}
+
+TEST_F(DesktopEntriesTest, respectsAnEntryThatTheUserDeleted) {
+    install(system, u"edit.desktop"_s, "Name=System\n");
+    install(user, u"edit.desktop"_s, "Hidden=true\n");
+    EXPECT_EQ(find(windowClass(u"edit"_s)), QString());
+}
+
+TEST_F(DesktopEntriesTest, joinsFoldersIntoTheIdentifier) {
+    install(system, u"kde/konsole.desktop"_s, "Name=Konsole\n");
+    EXPECT_EQ(find(windowClass(u"kde-konsole"_s)), u"kde-konsole"_s);
+}
+
+TEST_F(DesktopEntriesTest, looksAgainAfterAnInstallation) {
+    install(system, u"first.desktop"_s, "Name=First\n");
+    EXPECT_EQ(find(windowClass(u"second"_s)), QString());
+    install(system, u"second.desktop"_s, "Name=Second\n");
+    touchLater(system.path() + u"/applications"_s);
+    EXPECT_EQ(find(windowClass(u"second"_s)), u"second"_s);
+}
+
+TEST_F(DesktopEntriesTest, readsNothingTwiceWhileNothingIsInstalled) {
+    install(system, u"first.desktop"_s, "Name=First\n");
+    const auto *first = entries.find(windowClass(u"first"_s));
+    ASSERT_TRUE(first);
+    EXPECT_EQ(entries.find(windowClass(u"absent"_s)), nullptr);
+    EXPECT_EQ(entries.find(windowClass(u"first"_s)), first);
+}
+
+TEST_F(DesktopEntriesTest, survivesLinksInACircle) {
+    install(system, u"deep/app.desktop"_s, "Name=App\n");
+    QFile::link(system.path() + u"/applications"_s, system.path() + u"/applications/deep/loop"_s);
+    QFile::link(u"self.desktop"_s, system.path() + u"/applications/self.desktop"_s);
+    EXPECT_EQ(find(windowClass(u"deep-app"_s)), u"deep-app"_s);
+}
+
+TEST_F(DesktopEntriesTest, leavesOutHugeFilesPipesAndFolders) {
+    install(system, u"huge.desktop"_s, "Name=Huge\n#" + QByteArray(600 * 1024, 'x'));
+    QDir().mkpath(system.path() + u"/applications/folder.desktop"_s);
+    const QString pipe = system.path() + u"/applications/pipe.desktop"_s;
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    install(system, u"good.desktop"_s, "Name=Good\n");
+    EXPECT_EQ(find(windowClass(u"huge"_s)), QString());
+    EXPECT_EQ(find(windowClass(u"good"_s)), u"good"_s);
+}
+
+TEST_F(DesktopEntriesTest, livesWithoutAnyDirectory) {
+    DesktopEntries none({u"/nonexistent"_s}, u"C"_s);
+    EXPECT_EQ(none.find(windowClass(u"a"_s)), nullptr);
+}
+
+} // namespace zeph
