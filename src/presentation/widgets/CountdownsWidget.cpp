@@ -70,7 +70,8 @@ View countdownsWidget(const WidgetContext &context) {
     std::vector<MetricChip> chips;
     for (const Occurrence &occurrence : nextOccurrences(context)) {
         const QString left = timeLeft(occurrence, *context.state.now, context.framing.calendar);
-        chips.push_back({u"calendar.badge.clock"_s, occurrence.event->title + u" · "_s + left});
+        chips.push_back(
+            {u"calendar.badge.clock"_s, setApart(occurrence.event->title) + u" · "_s + left});
     }
     if (chips.empty()) {
         return View();

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 View currentAppWidget(const WidgetContext &context) {
     const std::optional<QString> &name = *context.state.currentAppName;
-    return calmLine(u"app.dashed"_s, name ? u"Right now: "_s + *name : u"Settling in"_s,
+    return calmLine(u"app.dashed"_s, name ? u"Right now: "_s + setApart(*name) : u"Settling in"_s,
                     context.palette);
 }
 

@@ -15,7 +15,7 @@ namespace {
 
 QString wifiText(const NetworkThroughput &network) {
     const auto bytes = static_cast<qint64>(network.downloadBytesPerSec);
-    return u"%1 · ↓%2/s"_s.arg(network.ssid.value_or(u"Network"_s), byteCountRate(bytes));
+    return u"%1 · ↓%2/s"_s.arg(setApart(network.ssid.value_or(u"Network"_s)), byteCountRate(bytes));
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "presentation/view/FixedColumnFlow.h"
 #include "presentation/view/Views.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace zeph {
@@ -23,6 +24,15 @@ TextStyle textStyle(const Palette &palette, double size, FontWeight weight, doub
     font.size = size;
     font.weight = weight;
     return {font, palette.text.opacity(opacity), {}};
+}
+
+QString setApart(const QString &name) {
+    constexpr char16_t isolate = 0x2068;
+    constexpr char16_t endOfIsolate = 0x2069;
+    const bool turns = std::any_of(name.begin(), name.end(), [](QChar letter) {
+        return letter.direction() == QChar::DirR || letter.direction() == QChar::DirAL;
+    });
+    return turns ? QChar(isolate) + name + QChar(endOfIsolate) : name;
 }
 
 View sectionLabel(const QString &title, const Palette &palette) {

@@ -18,6 +18,10 @@ inline constexpr double widgetRowSpacing = 10;
 /// The palette's text colour at `opacity`, in the interface typeface.
 TextStyle textStyle(const Palette &palette, double size, FontWeight weight, double opacity);
 
+/// `name` for use inside a sentence: a name that is written from right to left is set apart, so
+/// that it doesn't turn the numbers and words around it. Any other name is left alone.
+QString setApart(const QString &name);
+
 /// A small heading over a widget, in upper case.
 View sectionLabel(const QString &title, const Palette &palette);
 

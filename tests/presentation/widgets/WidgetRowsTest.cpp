@@ -67,6 +67,13 @@ TEST_F(WidgetRows, metricChipIsSmallAndLight) {
     expectColor(fact.style.color, textColor(0.82));
 }
 
+TEST_F(WidgetRows, setsANameFromRightToLeftApart) {
+    EXPECT_EQ(setApart(u"Anna"_s), u"Anna"_s);
+    EXPECT_EQ(setApart(u"中秋节 7"_s), u"中秋节 7"_s);
+    EXPECT_EQ(setApart(u"عيد"_s), u"\u2068عيد\u2069"_s);
+    EXPECT_EQ(setApart(u"יום"_s), u"\u2068יום\u2069"_s);
+}
+
 TEST_F(WidgetRows, chipGridHasTwoColumnsOf240Points) {
     const View grid =
         chipGrid({{u"a"_s, u"one"_s}, {u"b"_s, u"two"_s}, {u"c"_s, u"three"_s}}, palette);

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "presentation/widgets/WidgetFixture.h"
+
+namespace zeph {
+
+/// Days of an invented user, full enough to fill every local widget.
+class SampleDay : public WidgetFixture {
+protected:
+    SampleDay();
+
+    /// A Thursday morning in May, all widgets on.
+    void fillMorning();
+
+    /// The same Thursday shortly before midnight, after a long day.
+    void fillNight();
+
+    /// The morning with long names, emoji, and texts written from right to left or in Han.
+    void fillWorldly();
+
+private:
+    void fillApplications();
+    void fillMachine();
+    void fillCalendar();
+    void fillHistory();
+};
+
+} // namespace zeph
