@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#include "core/AppDelegate.h"
+
+#include "core/NotificationCenter.h"
+#include "core/SamplingCoordinator.h"
+#include "host/DesktopWindow.h"
+#include "host/ScreenSelection.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "platform/UserDefaults.h"
+#include "platform/WindowServer.h"
+#include "presentation/preferences/PreferencesStore.h"
+#include "presentation/widgets/RootWallpaperView.h"
+
+#include <algorithm>
+
+namespace zeph {
+
+namespace {
+
+const QString quoteEnabledKey = QStringLiteral("zeph.integrations.quote.enabled");
+
+} // namespace
+
+AppDelegate::AppDelegate(AppServices services)
+    : m_services(services),
+      m_state(services.platform.clock.now()),
+      m_framing{services.preferences, services.platform.calendar, services.platform.formatters},
+      m_rootView(std::make_unique<RootWallpaperView>(
+          m_state, services.preferences, services.usageStore, m_framing, services.textMetrics,
+          [&defaults = services.platform.userDefaults] {
+              return defaults.get<bool>(quoteEnabledKey).value_or(true);
+          })) {}
+
+AppDelegate::~AppDelegate() {
+    m_services.platform.screens.setChangeHandler(nullptr);
+    m_services.platform.windowServer.setCompositingHandler(nullptr);
+}
+
+void AppDelegate::applicationDidFinishLaunching() {
+    const Platform &platform = m_services.platform;
+    m_coordinator = std::make_unique<SamplingCoordinator>(
+        CoordinatorContext{m_state, platform, m_services.usageStore, m_services.location});
+    rebuildDesktopWindows();
+    m_coordinator->start();
+    observeScreenChanges();
+    observeChanges();
+    updateInsets();
+    redrawWindows();
+}
+
+void AppDelegate::applicationWillTerminate() {
+    if (m_coordinator) {
+        m_coordinator->persist();
+    }
+}
+
+void AppDelegate::rebuildDesktopWindows() {
+    const std::vector<Screen> screens =
+        selectedScreens(m_services.preferences.displaySelection(), m_services.platform.screens);
+    QStringList identities;
+    for (const Screen &screen : screens) {
+        identities.append(builtIdentity(screen));
+    }
+    if (identities == m_builtScreenIDs && m_desktopWindows.size() == screens.size()) {
+        for (std::size_t index = 0; index < screens.size(); ++index) {
+            m_desktopWindows[index]->setTargetScreen(screens[index]);
+        }
+    } else {
+        m_desktopWindows.clear();
+        buildWindows(screens);
+        m_builtScreenIDs = identities;
+    }
+    updateInsets();
+}
+
+void AppDelegate::buildWindows(const std::vector<Screen> &screens) {
+    const Platform &platform = m_services.platform;
+    for (const Screen &screen : screens) {
+        auto window = std::make_unique<DesktopWindow>(platform.windowServer, platform.runLoop,
+                                                      m_services.preferences, *m_rootView,
+                                                      m_services.painter, screen);
+        window->orderFrontRegardless();
+        m_desktopWindows.push_back(std::move(window));
+    }
+}
+
+void AppDelegate::observeScreenChanges() {
+    const auto rebuild = [this] { rebuildDesktopWindows(); };
+    m_services.platform.screens.setChangeHandler(rebuild);
+    m_subscriptions.push_back(
+        m_services.notifications.observe(notifications::zephDisplaySelectionChanged, rebuild));
+    m_services.platform.windowServer.setCompositingHandler([this] {
+        for (const auto &window : m_desktopWindows) {
+            window->rebuildSurface();
+        }
+    });
+}
+
+void AppDelegate::observeChanges() {
+    const auto redraw = [this] { redrawWindows(); };
+    m_subscriptions.push_back(m_state.objectWillChange.subscribe(redraw));
+    m_subscriptions.push_back(m_services.preferences.objectWillChange.subscribe(redraw));
+}
+
+void AppDelegate::redrawWindows() {
+    for (const auto &window : m_desktopWindows) {
+        window->setNeedsDisplay();
+    }
+}
+
+std::optional<Screen> AppDelegate::primaryDesktopScreen() const {
+    if (!m_desktopWindows.empty()) {
+        return m_desktopWindows.front()->targetScreen();
+    }
+    return m_services.platform.screens.main();
+}
+
+void AppDelegate::updateInsets() {
+    const auto screen = primaryDesktopScreen();
+    if (!screen) {
+        return;
+    }
+    const QRectF &frame = screen->frame;
+    const QRectF &visible = screen->visibleFrame;
+    EdgeInsets insets;
+    insets.top = std::max(0.0, visible.top() - frame.top());
+    insets.leading = std::max(0.0, visible.left() - frame.left());
+    insets.bottom = std::max(0.0, frame.bottom() - visible.bottom());
+    insets.trailing = std::max(0.0, frame.right() - visible.right());
+    m_state.dockInsets = insets;
+}
+
+} // namespace zeph

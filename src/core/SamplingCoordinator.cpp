@@ -1,0 +1,171 @@
+// SPDX-License-Identifier: MIT
+#include "core/SamplingCoordinator.h"
+
+#include "ambient/LocationManager.h"
+#include "ambient/SolarCalculator.h"
+#include "core/AppState.h"
+#include "history/UsageStore.h"
+#include "platform/Clock.h"
+#include "platform/InputEvents.h"
+#include "platform/Platform.h"
+#include "platform/RunLoop.h"
+
+using namespace std::chrono_literals;
+
+namespace zeph {
+
+namespace {
+
+constexpr auto fastPeriod = 1s;
+constexpr auto mediumPeriod = 3s;
+constexpr auto slowPeriod = 45s;
+constexpr auto persistPeriod = 60s;
+constexpr auto refreshPeriod = 600s;
+constexpr qint64 publishStride = 5; // fast ticks
+constexpr double rateWindow = 60.0; // seconds
+constexpr int averageDays = 14;
+
+} // namespace
+
+SamplingCoordinator::SamplingCoordinator(CoordinatorContext context)
+    : m_context(std::move(context)),
+      m_appUsage(m_context.platform.clock, m_context.platform.workspace, m_context.usageStore),
+      m_input(m_context.platform.clock, m_context.platform.inputEvents),
+      m_activity(m_context.platform.clock, m_context.platform.inputEvents, m_context.usageStore),
+      m_systemLoad(m_context.platform.hostStatistics),
+      m_diskUptime(m_context.platform.clock, m_context.platform.volume,
+                   m_context.platform.hostStatistics),
+      m_network(m_context.platform.clock, m_context.platform.networkInterfaces,
+                m_context.platform.wifi) {
+    restoreToday();
+    m_context.location.setOnUpdate(
+        [this](const Coordinate &coordinate) { assignSolar(coordinate); });
+}
+
+SamplingCoordinator::~SamplingCoordinator() {
+    m_context.location.setOnUpdate(nullptr);
+}
+
+void SamplingCoordinator::restoreToday() {
+    m_context.state.rankedApps = m_appUsage.ranked();
+    const UsageStore &store = m_context.usageStore;
+    auto stored = store.loadDailyStats(store.dayKey(m_context.platform.clock.now()));
+    if (!stored) {
+        return;
+    }
+    m_activity.restore(stored->first);
+    m_input.restore(stored->second.totalKeystrokes, stored->second.mouseClicks,
+                    stored->second.mouseDistanceMeters);
+}
+
+void SamplingCoordinator::start() {
+    if (m_context.platform.inputEvents.isTrusted()) {
+        m_input.start();
+    }
+    scheduleTimers();
+    fastTick();
+    mediumTick();
+    slowTick();
+    if (m_context.location.authorizationStatus() == LocationAuthorization::authorized) {
+        m_context.location.requestLocation();
+    }
+    fetchIntegrations();
+}
+
+void SamplingCoordinator::scheduleTimers() {
+    RunLoop &loop = m_context.platform.runLoop;
+    m_fastTimer = loop.repeat(fastPeriod, [this] { fastTick(); });
+    m_mediumTimer = loop.repeat(mediumPeriod, [this] { mediumTick(); });
+    m_slowTimer = loop.repeat(slowPeriod, [this] { slowTick(); });
+    m_persistTimer = loop.repeat(persistPeriod, [this] { persist(); });
+    m_stripeTimer = loop.repeat(refreshPeriod, [this] { fetchIntegrations(); });
+}
+
+double SamplingCoordinator::secondsSinceLastEvent() const {
+    return m_context.platform.inputEvents.secondsSinceLastEvent();
+}
+
+void SamplingCoordinator::fastTick() {
+    const bool idle = ActivityMonitor::idleThreshold < secondsSinceLastEvent();
+    m_appUsage.tick(idle);
+    m_activity.tick(m_appUsage.currentBundleID(), m_appUsage.currentAppName());
+    // The usage monitor alone counts switches, from 0 in every process.
+    m_activity.setAppSwitches(m_appUsage.appSwitches());
+    ++m_publishCounter;
+    publishMinute();
+    if (*m_context.state.currentAppName != m_appUsage.currentAppName()) {
+        m_context.state.currentAppName = m_appUsage.currentAppName();
+    }
+    if (m_publishCounter == 1 || m_publishCounter % publishStride == 0) {
+        publishRhythm();
+        m_context.state.activity = m_activity.summary();
+        m_context.state.rankedApps = m_appUsage.ranked();
+    }
+}
+
+void SamplingCoordinator::publishMinute() {
+    const Date now = m_context.platform.clock.now();
+    const auto minute = static_cast<qint64>(now.secondsSince1970 / 60.0);
+    if (minute != m_lastPublishedMinute) {
+        m_lastPublishedMinute = minute;
+        m_context.state.now = now;
+    }
+}
+
+void SamplingCoordinator::publishRhythm() {
+    InputRhythm rhythm;
+    rhythm.keystrokesPerMinute = m_input.keystrokesPerMinute(rateWindow);
+    rhythm.totalKeystrokes = m_input.totalKeystrokes();
+    rhythm.mouseClicks = m_input.mouseClicks();
+    rhythm.mouseDistanceMeters = m_input.mouseDistanceMeters();
+    rhythm.dailyAverageKPM = m_context.usageStore.averageKPM(true, averageDays);
+    m_context.state.rhythm = rhythm;
+}
+
+void SamplingCoordinator::mediumTick() {
+    const BatteryInfo &battery = *m_context.state.battery;
+    if (battery.isPresent && !battery.isPluggedIn &&
+        secondsSinceLastEvent() > ActivityMonitor::idleThreshold) {
+        return;
+    }
+    m_systemLoad.sampleCPU();
+    m_systemLoad.sampleMemory();
+    m_network.sample();
+    m_context.state.load = m_systemLoad.load();
+    m_context.state.network = m_network.throughput();
+}
+
+void SamplingCoordinator::slowTick() {
+    // A permission granted while the program runs takes effect here.
+    if (!m_input.hasTap() && m_context.platform.inputEvents.isTrusted()) {
+        m_input.start();
+    }
+    m_diskUptime.sampleDisk();
+    m_diskUptime.sampleUptime();
+    m_context.state.disk = m_diskUptime.disk();
+    m_context.state.uptimeSeconds = m_diskUptime.uptimeSeconds();
+    if (const auto coordinate = m_context.location.coordinate()) {
+        assignSolar(*coordinate);
+    }
+}
+
+void SamplingCoordinator::assignSolar(const Coordinate &coordinate) {
+    m_context.state.solar = SolarCalculator::solar(coordinate, m_context.platform.clock.now(),
+                                                   m_context.platform.calendar);
+}
+
+void SamplingCoordinator::fetchIntegrations() {
+    for (const auto &refresh : m_context.integrationRefreshes) {
+        refresh();
+    }
+}
+
+void SamplingCoordinator::persist() {
+    UsageStore &store = m_context.usageStore;
+    const QString today = store.dayKey(m_context.platform.clock.now());
+    store.saveAppUsage(m_appUsage.ranked(), today);
+    // The rhythm as published, so that what was shown is what is kept.
+    store.saveDailyStats(m_activity.summary(), *m_context.state.rhythm, today);
+}
+
+} // namespace zeph

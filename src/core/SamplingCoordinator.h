@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/ChangePublisher.h"
+#include "core/values/Coordinate.h"
+#include "sensors/ActivityMonitor.h"
+#include "sensors/AppUsageMonitor.h"
+#include "sensors/DiskUptimeMonitor.h"
+#include "sensors/InputMonitor.h"
+#include "sensors/NetworkMonitor.h"
+#include "sensors/SystemLoadMonitor.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace zeph {
+
+class AppState;
+class LocationManager;
+class RunLoopTimer;
+class UsageStore;
+struct Platform;
+
+/// What a coordinator works with; everything outlives it.
+struct CoordinatorContext {
+    AppState &state;
+    const Platform &platform;
+    UsageStore &usageStore;
+    LocationManager &location;
+    /// One entry for each family of web accounts; each starts its family's refresh and returns.
+    std::vector<std::function<void()>> integrationRefreshes = {};
+};
+
+/// The clock of the system: owns every monitor, drives them from five repeating timers and copies
+/// their results into `AppState`. Main thread only; it has no stop, its end is the process's.
+class SamplingCoordinator {
+public:
+    /// Builds the monitors, restores today and listens for positions. Starts nothing.
+    explicit SamplingCoordinator(CoordinatorContext context);
+    ~SamplingCoordinator();
+    SamplingCoordinator(const SamplingCoordinator &) = delete;
+    SamplingCoordinator &operator=(const SamplingCoordinator &) = delete;
+
+    /// Starts the input stream where it is allowed, the timers, and one round of every tick.
+    /// Called once.
+    void start();
+
+    /// Writes today to the usage store.
+    void persist();
+
+    /// Refreshes every family of web accounts.
+    void fetchIntegrations();
+
+    InputMonitor &input() { return m_input; }
+
+private:
+    void restoreToday();
+    void scheduleTimers();
+    void fastTick();
+    void mediumTick();
+    void slowTick();
+
+    double secondsSinceLastEvent() const;
+    void publishMinute();
+    void publishRhythm();
+    void assignSolar(const Coordinate &coordinate);
+
+    CoordinatorContext m_context;
+    AppUsageMonitor m_appUsage;
+    InputMonitor m_input;
+    ActivityMonitor m_activity;
+    SystemLoadMonitor m_systemLoad;
+    DiskUptimeMonitor m_diskUptime;
+    NetworkMonitor m_network;
+    std::unique_ptr<RunLoopTimer> m_fastTimer;
+    std::unique_ptr<RunLoopTimer> m_mediumTimer;
+    std::unique_ptr<RunLoopTimer> m_slowTimer;
+    std::unique_ptr<RunLoopTimer> m_persistTimer;
+    std::unique_ptr<RunLoopTimer> m_stripeTimer; // all families, in spite of its name
+    qint64 m_publishCounter = 0;
+    qint64 m_lastPublishedMinute = 0;
+};
+
+} // namespace zeph

@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "host/DesktopWindow.h"
+
+#include "platform/RunLoop.h"
+#include "platform/WindowServer.h"
+#include "presentation/preferences/PreferencesStore.h"
+#include "presentation/widgets/RootWallpaperView.h"
+
+namespace zeph {
+
+DesktopWindow::DesktopWindow(WindowServer &server, RunLoop &runLoop,
+                             const PreferencesStore &preferences, const RootWallpaperView &rootView,
+                             ScenePainter &painter, const Screen &screen)
+    : m_server(server),
+      m_runLoop(runLoop),
+      m_preferences(preferences),
+      m_rootView(rootView),
+      m_renderer(painter),
+      m_screen(screen),
+      m_needsDisplay(std::make_shared<bool>(false)) {
+    makeSurface();
+    display();
+}
+
+DesktopWindow::~DesktopWindow() {
+    m_surface->orderOut();
+    m_surface.reset();
+}
+
+bool DesktopWindow::wantsTransparency() const {
+    return m_preferences.backgroundMode() == BackgroundMode::transparent;
+}
+
+void DesktopWindow::makeSurface() {
+    m_wantsTransparency = wantsTransparency();
+    m_surface = m_server.makeDesktopSurface(m_screen, m_wantsTransparency);
+    m_renderer.invalidate();
+}
+
+void DesktopWindow::rebuildSurface() {
+    makeSurface();
+    display();
+    if (m_onScreen) {
+        m_surface->orderFront();
+    }
+}
+
+void DesktopWindow::setTargetScreen(const Screen &screen) {
+    const bool resized =
+        screen.deviceFrame.size() != m_screen.deviceFrame.size() || screen.scale != m_screen.scale;
+    m_screen = screen;
+    m_surface->setScreen(screen);
+    if (resized) {
+        m_renderer.invalidate();
+    }
+    display();
+}
+
+void DesktopWindow::setNeedsDisplay() {
+    if (*m_needsDisplay) {
+        return;
+    }
+    *m_needsDisplay = true;
+    m_runLoop.post([this, weak = std::weak_ptr(m_needsDisplay)] {
+        if (!weak.expired()) {
+            display();
+        }
+    });
+}
+
+void DesktopWindow::display() {
+    *m_needsDisplay = false;
+    if (wantsTransparency() != m_wantsTransparency) {
+        rebuildSurface();
+        return;
+    }
+    const Scene scene = m_rootView.scene(m_screen.frame.size(), m_surface->isTransparent());
+    const QRegion damage = m_renderer.render(scene, m_surface->frameBuffer(), m_screen.scale);
+    if (!damage.isEmpty()) {
+        m_surface->present(damage);
+    }
+}
+
+void DesktopWindow::orderFrontRegardless() {
+    m_onScreen = true;
+    m_surface->orderFront();
+}
+
+} // namespace zeph

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Screens.h"
+#include "presentation/painting/SceneRenderer.h"
+
+#include <memory>
+
+namespace zeph {
+
+class DesktopSurface;
+class PreferencesStore;
+class RootWallpaperView;
+class RunLoop;
+class ScenePainter;
+class WindowServer;
+
+/// The wallpaper of one screen. Takes no input of any kind: clicks reach what lies beneath.
+class DesktopWindow {
+public:
+    /// A painted, hidden window for `screen`; everything else outlives it.
+    DesktopWindow(WindowServer &server, RunLoop &runLoop, const PreferencesStore &preferences,
+                  const RootWallpaperView &rootView, ScenePainter &painter, const Screen &screen);
+    ~DesktopWindow();
+    DesktopWindow(const DesktopWindow &) = delete;
+    DesktopWindow &operator=(const DesktopWindow &) = delete;
+
+    const Screen &targetScreen() const { return m_screen; }
+
+    /// Moves the window to `screen` and redraws it.
+    void setTargetScreen(const Screen &screen);
+
+    /// Asks for one redraw at the end of this turn of the loop, however often it is called.
+    void setNeedsDisplay();
+
+    /// Puts the painted window on its screen; no application loses focus.
+    void orderFrontRegardless();
+
+    /// Makes the surface anew, as when a compositor came or went.
+    void rebuildSurface();
+
+private:
+    bool wantsTransparency() const;
+    void makeSurface();
+    void display();
+
+    WindowServer &m_server;
+    RunLoop &m_runLoop;
+    const PreferencesStore &m_preferences;
+    const RootWallpaperView &m_rootView;
+    SceneRenderer m_renderer;
+    Screen m_screen;
+    std::unique_ptr<DesktopSurface> m_surface;
+    bool m_wantsTransparency = false;
+    bool m_onScreen = false;
+    std::shared_ptr<bool> m_needsDisplay; // the pending redraw holds it weakly
+};
+
+} // namespace zeph

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/Screens.h"
+#include "presentation/preferences/PreferenceChoices.h"
+
+#include <QStringList>
+
+namespace zeph {
+
+/// The screens that get a wallpaper: all of them; or the chosen one; or, while the chosen one is
+/// unplugged, the main screen, and all where there is no main screen either.
+std::vector<Screen> selectedScreens(const DisplaySelection &selection, const Screens &screens);
+
+/// The identity that tells one built set of windows from another: the persistent identity, else
+/// the display number in decimal, else "main".
+QString builtIdentity(const Screen &screen);
+
+} // namespace zeph

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "ambient/LocationManager.h"
+#include "core/NotificationCenter.h"
+#include "core/ZephApp.h"
+#include "history/UsageStore.h"
+#include "platform/WindowServer.h"
+#include "platform/icu/IcuCalendar.h"
+#include "platform/icu/IcuFormatters.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/dbus/SingleInstance.h"
+#include "platform/linux/proc/UnixSignals.h"
+#include "platform/linux/x11/X11Display.h"
+#include "presentation/painting/QtTextMetrics.h"
+#include "presentation/painting/ScenePainter.h"
+#include "presentation/painting/SymbolLibrary.h"
+#include "presentation/preferences/PreferencesStore.h"
+
+#include <QDBusConnection>
+#include <QGuiApplication>
+#include <QStandardPaths>
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using namespace zeph;
+
+QString folder(QStandardPaths::StandardLocation base) {
+    return QStandardPaths::writableLocation(base) + u"/Zeph"_s;
+}
+
+// The toolkit's own connection ends the process by exit() when it is the first to notice that the
+// X server is gone. What was counted is saved on that way too.
+ZephApp *runningApp = nullptr;
+
+void saveAtExit() {
+    if (runningApp != nullptr) {
+        runningApp->terminate();
+        std::fflush(stdout);
+        _exit(EXIT_SUCCESS);
+    }
+}
+
+int runPrimary() {
+    const IcuCalendar calendar;
+    const IcuFormatters formatters;
+    const auto platform = LinuxPlatform::create(
+        folder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s, calendar, formatters);
+    if (!platform) {
+        std::fputs("tavi: the X server keeps pixels in no form that can be painted\n", stderr);
+        return EXIT_FAILURE;
+    }
+    const Platform &ports = platform->ports();
+    NotificationCenter notifications;
+    PreferencesStore preferences(ports.userDefaults, notifications, formatters);
+    UsageStore usageStore(folder(QStandardPaths::GenericDataLocation), ports.clock, calendar);
+    LocationManager location(nullptr, nullptr);
+    const QtTextMetrics textMetrics;
+    SymbolLibrary symbols;
+    ScenePainter painter(textMetrics, symbols);
+    ZephApp app(
+        AppServices{ports, notifications, preferences, usageStore, location, textMetrics, painter});
+
+    const UnixSignals signals([](int) { QCoreApplication::quit(); });
+    ports.windowServer.setLostHandler([] { QCoreApplication::quit(); });
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, [&app] { app.terminate(); });
+    runningApp = &app;
+    std::atexit(saveAtExit);
+
+    app.launch();
+    QCoreApplication::exec();
+    app.terminate();
+    runningApp = nullptr;
+    return EXIT_SUCCESS;
+}
+
+/// Tells the running program that it was started again.
+int runSecondary(SingleInstance &instance) {
+    instance.activateOwner([](bool) { QCoreApplication::quit(); });
+    QCoreApplication::exec();
+    return EXIT_SUCCESS;
+}
+
+} // namespace
+
+int main(int argumentCount, char **arguments) {
+    if (!X11Display::isReachable()) {
+        std::fputs("tavi: there is no X display to draw on\n", stderr);
+        return EXIT_FAILURE;
+    }
+    // The program takes no options; the toolkit would take its own from the command line.
+    argumentCount = 1;
+    // On a Wayland desktop too: the wallpaper's windows are X11 ones.
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    QGuiApplication::setDesktopFileName(u"com.tavi.Tavi"_s);
+    QGuiApplication::setApplicationDisplayName(u"Tavi"_s);
+    const QGuiApplication toolkit(argumentCount, arguments);
+
+    SingleInstance instance(QDBusConnection::sessionBus(), [](const ApplicationRequest &) {
+        // Being started again asks for nothing that is here yet.
+    });
+    if (instance.claim() == InstanceRole::secondary) {
+        return runSecondary(instance);
+    }
+    return runPrimary();
+}

@@ -1,0 +1,272 @@
+// SPDX-License-Identifier: MIT
+#include "core/SamplingCoordinator.h"
+
+#include "support/CoordinatorFixture.h"
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+namespace {
+
+using testing::DoubleEq;
+using testing::ElementsAre;
+
+/// Counts the assignments to one property by comparing the publisher's calls around a tick.
+class SamplingCoordinatorTest : public CoordinatorFixture {};
+
+TEST_F(SamplingCoordinatorTest, constructionStartsNothing) {
+    makeCoordinator();
+    EXPECT_EQ(loop.timerCount(), 0U);
+    EXPECT_EQ(input.tapsMade, 0);
+    EXPECT_EQ(host.cpuReads, 0);
+}
+
+TEST_F(SamplingCoordinatorTest, startMakesFiveTimersAndTicksEachOnce) {
+    makeCoordinator().start();
+    EXPECT_EQ(loop.timerCount(), 5U);
+    EXPECT_EQ(host.cpuReads, 1);
+    EXPECT_EQ(state.now->secondsSince1970, clock.now().secondsSince1970);
+}
+
+TEST_F(SamplingCoordinatorTest, firstFastTickPublishesAndTheNextPublicationIsAtCounterFive) {
+    SamplingCoordinator &coordinator = makeCoordinator();
+    coordinator.start();
+    input.emitEvent(InputEventKind::keyDown);
+    EXPECT_EQ(state.rhythm->totalKeystrokes, 0);
+    loop.advance(3);
+    EXPECT_EQ(state.rhythm->totalKeystrokes, 0) << "counter 4 does not publish";
+    loop.advance(1);
+    EXPECT_EQ(state.rhythm->totalKeystrokes, 1) << "counter 5 publishes";
+    input.emitEvent(InputEventKind::keyDown);
+    loop.advance(4);
+    EXPECT_EQ(state.rhythm->totalKeystrokes, 1);
+    loop.advance(1);
+    EXPECT_EQ(state.rhythm->totalKeystrokes, 2) << "counter 10 publishes";
+}
+
+TEST_F(SamplingCoordinatorTest, publishesNowOncePerWallClockMinute) {
+    makeCoordinator().start();
+    const Date first = *state.now;
+    loop.advance(19); // the manual clock starts 20 seconds before a full minute
+    EXPECT_EQ(*state.now, first);
+    loop.advance(1);
+    EXPECT_NE(*state.now, first);
+    const Date second = *state.now;
+    loop.advance(59);
+    EXPECT_EQ(*state.now, second);
+    loop.advance(1);
+    EXPECT_NE(*state.now, second);
+}
+
+TEST_F(SamplingCoordinatorTest, assignsTheAppNameOnlyOnADifference) {
+    makeCoordinator().start();
+    workspace.front = application(u"org.a"_s, u"A"_s);
+    const int quiet =
+        changesDuring([&] { loop.advance(1); }) - changesDuring([&] { loop.advance(1); });
+    EXPECT_EQ(quiet, 1);
+    EXPECT_EQ(state.currentAppName.get(), u"A"_s);
+}
+
+TEST_F(SamplingCoordinatorTest, mediumTickRunsEveryThreeSecondsAndAssignsLoadThenNetwork) {
+    makeCoordinator().start();
+    const int reads = host.cpuReads;
+    loop.advance(9);
+    EXPECT_EQ(host.cpuReads, reads + 3);
+}
+
+TEST_F(SamplingCoordinatorTest, anHourOfTicksAssignsByTheScheduleAndNoMore) {
+    makeCoordinator().start();
+    const int changes = changesDuring([&] { loop.advance(3600); });
+    // now 60, rhythm+activity+ranking 720 strides, load+network 1200, disk+uptime 80 slow ticks
+    EXPECT_EQ(changes, 60 + 3 * 720 + 2 * 1200 + 2 * 80);
+}
+
+TEST_F(SamplingCoordinatorTest, beforeTheFirstBatterySampleAnIdleMachineSkipsTheMediumTick) {
+    input.idleSeconds = 90.5;
+    makeCoordinator().start();
+    EXPECT_EQ(host.cpuReads, 0) << "the battery counts as present and unplugged";
+    input.idleSeconds = 90.0;
+    loop.advance(3);
+    EXPECT_EQ(host.cpuReads, 1) << "90 seconds are not idle yet";
+}
+
+TEST_F(SamplingCoordinatorTest, pluggedInOrWithoutBatteryTheMediumTickNeverSkips) {
+    input.idleSeconds = 1000;
+    makeCoordinator().start();
+    BatteryInfo plugged;
+    plugged.isPluggedIn = true;
+    state.battery = plugged;
+    loop.advance(3);
+    EXPECT_EQ(host.cpuReads, 1);
+    BatteryInfo none;
+    none.isPresent = false;
+    state.battery = none;
+    loop.advance(3);
+    EXPECT_EQ(host.cpuReads, 2);
+}
+
+TEST_F(SamplingCoordinatorTest, withoutTrustThereIsNoTapUntilASlowTickFindsIt) {
+    input.trusted = false;
+    makeCoordinator().start();
+    EXPECT_EQ(input.tapsMade, 0);
+    input.trusted = true;
+    loop.advance(44);
+    EXPECT_EQ(input.tapsMade, 0);
+    loop.advance(1);
+    EXPECT_EQ(input.tapsMade, 1);
+    loop.advance(90);
+    EXPECT_EQ(input.tapsMade, 1);
+}
+
+TEST_F(SamplingCoordinatorTest, slowTickPublishesDiskAndUptime) {
+    volume.value = VolumeCapacity{1000, 400};
+    host.boot = clock.now() - 5000;
+    makeCoordinator().start();
+    EXPECT_EQ(state.disk->totalBytes, 1000);
+    EXPECT_EQ(state.disk->freeBytes, 400);
+    EXPECT_DOUBLE_EQ(*state.uptimeSeconds, 5000);
+}
+
+TEST_F(SamplingCoordinatorTest, noCoordinateMeansNoSolar) {
+    makeCoordinator().start();
+    loop.advance(90);
+    EXPECT_FALSE(state.solar->sunrise);
+}
+
+TEST_F(SamplingCoordinatorTest, aFixSetsTheSunAtOnceAndSlowTicksKeepItUpToDate) {
+    makeCoordinator().start();
+    locationClient.delegate->locationsUpdated({Coordinate{52.5, 13.4}});
+    ASSERT_TRUE(state.solar->sunrise);
+    const double before = state.solar->daylightFraction;
+    const int changes = changesDuring([&] { loop.advance(45); });
+    EXPECT_GT(changes, 0);
+    clock.advance(4 * 3600);
+    loop.advance(45);
+    EXPECT_NE(state.solar->daylightFraction, before);
+}
+
+TEST_F(SamplingCoordinatorTest, startAsksForAFixOnlyWhenAuthorized) {
+    makeCoordinator().start();
+    EXPECT_EQ(locationClient.requests, 0);
+    locationClient.status = LocationAuthorization::authorized;
+    makeCoordinator().start();
+    EXPECT_EQ(locationClient.requests, 1);
+}
+
+TEST_F(SamplingCoordinatorTest, aRefreshRunsAtStartAndEverySixHundredSeconds) {
+    int refreshes = 0;
+    makeCoordinator({[&] { ++refreshes; }}).start();
+    EXPECT_EQ(refreshes, 1);
+    loop.advance(599);
+    EXPECT_EQ(refreshes, 1);
+    loop.advance(1);
+    EXPECT_EQ(refreshes, 2);
+}
+
+TEST_F(SamplingCoordinatorTest, persistsEverySixtySecondsTheRhythmAsPublished) {
+    makeCoordinator().start();
+    loop.advance(57); // counter 58; the last publication was at 55
+    input.emitEvent(InputEventKind::keyDown);
+    loop.advance(3);
+    ASSERT_TRUE(stored());
+    EXPECT_EQ(stored()->second.totalKeystrokes, 1) << "counter 60 publishes before the save";
+    input.emitEvent(InputEventKind::keyDown);
+    coordinator->persist();
+    EXPECT_EQ(stored()->second.totalKeystrokes, 1) << "not published yet, so not saved";
+}
+
+TEST_F(SamplingCoordinatorTest, anEmptyUsageTableSavesTheDailyRowOnly) {
+    makeCoordinator().start();
+    EXPECT_TRUE(state.rankedApps->empty());
+    coordinator->persist();
+    EXPECT_TRUE(usageStore->loadAppUsage(today()).empty());
+    EXPECT_TRUE(stored());
+}
+
+TEST_F(SamplingCoordinatorTest, aRestartOnTheSameDayRestoresAllButTheSwitches) {
+    makeCoordinator().start();
+    workspace.activate(application(u"org.a"_s, u"A"_s));
+    loop.advance(10);
+    workspace.activate(application(u"org.b"_s, u"B"_s));
+    input.emitEvent(InputEventKind::keyDown);
+    loop.advance(10);
+    coordinator->persist();
+    ASSERT_EQ(stored()->first.appSwitches, 2);
+
+    restart();
+    ASSERT_EQ(state.rankedApps->size(), 2U) << "assigned before the first tick";
+    coordinator->start();
+    EXPECT_EQ(state.rhythm->totalKeystrokes, 1);
+    EXPECT_DOUBLE_EQ(state.activity->activeSeconds, 20);
+    EXPECT_EQ(state.activity->appSwitches, 0);
+    loop.advance(60);
+    EXPECT_EQ(stored()->first.appSwitches, 0) << "the stored count is overwritten";
+}
+
+TEST_F(SamplingCoordinatorTest, aRestartOnALaterDayStartsAtZero) {
+    makeCoordinator().start();
+    workspace.activate(application(u"org.a"_s, u"A"_s));
+    input.emitEvent(InputEventKind::keyDown);
+    loop.advance(10);
+    coordinator->persist();
+    clock.advance(86400);
+    restart();
+    coordinator->start();
+    EXPECT_TRUE(state.rankedApps->empty());
+    EXPECT_EQ(state.rhythm->totalKeystrokes, 0);
+    EXPECT_DOUBLE_EQ(state.activity->activeSeconds, 0);
+}
+
+TEST_F(SamplingCoordinatorTest, afterMidnightTheNewDaysRowHoldsTheOldInputTotals) {
+    makeCoordinator().start();
+    workspace.activate(application(u"org.a"_s, u"A"_s));
+    input.emitEvent(InputEventKind::keyDown);
+    loop.advance(30);
+    const QString oldDay = today();
+    clock.advance(86400);
+    loop.advance(60);
+    ASSERT_NE(today(), oldDay);
+    ASSERT_TRUE(stored());
+    EXPECT_EQ(stored()->second.totalKeystrokes, 1);
+    EXPECT_LT(stored()->first.activeSeconds, 61);
+    const auto usage = usageStore->loadAppUsage(today());
+    ASSERT_EQ(usage.size(), 1U);
+    EXPECT_LT(usage.front().seconds, 61) << "used again after midnight, so overwritten";
+}
+
+TEST_F(SamplingCoordinatorTest, anUnreadableMachineLeavesTheLastValues) {
+    host.ticks = CpuTicks{10, 10, 10, 10};
+    host.pages = MemoryPages{100, 0, 0};
+    makeCoordinator().start();
+    host.ticks = CpuTicks{20, 10, 20, 10};
+    loop.advance(3);
+    EXPECT_DOUBLE_EQ(state.load->cpuUsage, 0.5);
+    const SystemLoad before = *state.load;
+    host.ticks.reset();
+    host.pages.reset();
+    loop.advance(3);
+    EXPECT_EQ(*state.load, before);
+}
+
+TEST_F(SamplingCoordinatorTest, propertiesWithoutAWriterKeepTheirInitialValues) {
+    makeCoordinator().start();
+    loop.advance(3600);
+    EXPECT_FALSE(*state.apod);
+    EXPECT_TRUE(state.aiUsage->empty());
+    EXPECT_FALSE(*state.detailRevealed);
+}
+
+TEST_F(SamplingCoordinatorTest, averageRateComesFromTheFourteenEarlierDays) {
+    ActivitySummary summary;
+    summary.activeSeconds = 600;
+    InputRhythm rhythm;
+    rhythm.totalKeystrokes = 400;
+    usageStore->saveDailyStats(summary, rhythm, u"2023-11-01"_s);
+    makeCoordinator().start();
+    EXPECT_THAT(state.rhythm->dailyAverageKPM, DoubleEq(40));
+}
+
+} // namespace
+} // namespace zeph

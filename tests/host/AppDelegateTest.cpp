@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "core/AppDelegate.h"
+
+#include "core/NotificationCenter.h"
+#include "host/DesktopWindow.h"
+#include "presentation/preferences/PreferencesStore.h"
+#include "support/FakePlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+namespace {
+
+class AppDelegateTest : public testing::Test, public FakePlatform {
+protected:
+    AppDelegateTest() {
+        screens.screens = {screen(u"A"_s, 1, 640, 400), screen(u"B"_s, 2, 640, 400, 640)};
+    }
+
+    void launch() {
+        delegate.applicationDidFinishLaunching();
+        loop.drain();
+    }
+
+    std::vector<std::shared_ptr<SurfaceLog>> living() const {
+        std::vector<std::shared_ptr<SurfaceLog>> result;
+        std::copy_if(windowServer.logs.begin(), windowServer.logs.end(), std::back_inserter(result),
+                     [](const auto &log) { return log->alive; });
+        return result;
+    }
+
+    NotificationCenter notifications;
+    PreferencesStore preferences{defaults, notifications, formatters};
+    AppDelegate delegate{AppServices{platform, notifications, preferences, *usageStore, location}};
+};
+
+TEST_F(AppDelegateTest, launchMakesOneVisibleWindowAScreen) {
+    launch();
+    ASSERT_EQ(living().size(), 2U);
+    for (const auto &log : living()) {
+        EXPECT_TRUE(log->visible);
+        EXPECT_GT(log->presentedPixels, 0);
+    }
+    EXPECT_EQ(delegate.builtScreenIDs(), QStringList({u"A"_s, u"B"_s}));
+}
+
+TEST_F(AppDelegateTest, aResolutionChangeKeepsTheWindows) {
+    launch();
+    const auto before = living();
+    screens.change({screen(u"A"_s, 1, 800, 600), screen(u"B"_s, 2, 640, 400, 800)});
+    loop.drain();
+    ASSERT_EQ(living(), before);
+    EXPECT_EQ(before[0]->screen.frame.size(), QSizeF(800, 600));
+    EXPECT_EQ(before[0]->lastFrame.size(), QSize(800, 600));
+}
+
+TEST_F(AppDelegateTest, aSwappedOrderRebuildsAllWindows) {
+    launch();
+    const auto before = living();
+    screens.change({screen(u"B"_s, 2, 640, 400), screen(u"A"_s, 1, 640, 400, 640)});
+    for (const auto &log : before) {
+        EXPECT_FALSE(log->alive);
+    }
+    EXPECT_EQ(living().size(), 2U);
+    EXPECT_EQ(delegate.builtScreenIDs(), QStringList({u"B"_s, u"A"_s}));
+}
+
+TEST_F(AppDelegateTest, unpluggingTheSelectedDisplayFallsBackAndPluggingItInReturns) {
+    preferences.setDisplaySelection(OneScreen{u"B"_s});
+    launch();
+    EXPECT_EQ(delegate.builtScreenIDs(), QStringList({u"B"_s}));
+    const auto both = screens.screens;
+    screens.change({both[0]});
+    EXPECT_EQ(delegate.builtScreenIDs(), QStringList({u"A"_s}));
+    screens.change(both);
+    EXPECT_EQ(delegate.builtScreenIDs(), QStringList({u"B"_s}));
+    EXPECT_EQ(living().size(), 1U);
+}
+
+TEST_F(AppDelegateTest, aChangedSelectionRebuilds) {
+    launch();
+    preferences.setDisplaySelection(OneScreen{u"B"_s});
+    EXPECT_EQ(delegate.builtScreenIDs(), QStringList({u"B"_s}));
+    EXPECT_EQ(living().size(), 1U);
+}
+
+TEST_F(AppDelegateTest, noScreensAtAllClosesTheWindowsAndLeavesTheInsets) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400, 0, 1, 30)};
+    launch();
+    const EdgeInsets insets = *delegate.state().dockInsets;
+    EXPECT_DOUBLE_EQ(insets.top, 30);
+    screens.change({});
+    EXPECT_TRUE(living().empty());
+    EXPECT_TRUE(delegate.builtScreenIDs().isEmpty());
+    EXPECT_EQ(*delegate.state().dockInsets, insets);
+    screens.change({screen(u"A"_s, 1, 640, 400)});
+    EXPECT_EQ(living().size(), 1U);
+}
+
+TEST_F(AppDelegateTest, launchingWithoutAScreenWaitsForOne) {
+    screens.screens.clear();
+    launch();
+    EXPECT_TRUE(living().empty());
+    screens.change({screen(u"A"_s, 1, 640, 400)});
+    ASSERT_EQ(living().size(), 1U);
+    EXPECT_TRUE(living().front()->visible);
+}
+
+TEST_F(AppDelegateTest, insetsAreThePrimaryScreensAndNeverNegative) {
+    Screen first = screen(u"A"_s, 1, 640, 400);
+    first.visibleFrame = QRectF(20, 30, 640, 360); // reaches past the right edge
+    screens.screens = {first, screen(u"B"_s, 2, 640, 400, 640, 1, 99)};
+    launch();
+    EXPECT_EQ(*delegate.state().dockInsets, (EdgeInsets{30, 20, 10, 0}));
+}
+
+TEST_F(AppDelegateTest, insetsAreAssignedOnEveryRebuildChangedOrNot) {
+    launch();
+    int changes = 0;
+    const Subscription counting = delegate.state().objectWillChange.subscribe([&] { ++changes; });
+    screens.change(screens.screens);
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(AppDelegateTest, manyAssignmentsInOneTurnMakeOneRedraw) {
+    launch();
+    const int before = living().front()->presents;
+    delegate.state().currentAppName = u"One"_s;
+    delegate.state().currentAppName = u"Two"_s;
+    delegate.state().load = SystemLoad{0.5, 1, 2, 0.5};
+    EXPECT_EQ(living().front()->presents, before) << "nothing is drawn inside the assignment";
+    loop.drain();
+    EXPECT_EQ(living().front()->presents, before + 1);
+}
+
+TEST_F(AppDelegateTest, anEqualStatePresentsNothing) {
+    launch();
+    const int before = living().front()->presents;
+    delegate.state().load = *delegate.state().load;
+    loop.drain();
+    EXPECT_EQ(living().front()->presents, before);
+}
+
+TEST_F(AppDelegateTest, anHourWithoutNewsPresentsOnlyTheClockAndItsLine) {
+    input.idleSeconds = 10;
+    launch();
+    loop.advance(60);
+    const auto log = living().front();
+    const qint64 before = log->presentedPixels;
+    const int presents = log->presents;
+    loop.advance(3600);
+    EXPECT_GE(log->presents - presents, 60) << "the clock shows every minute";
+    const qint64 whole = 640LL * 400;
+    EXPECT_LT(log->presentedPixels - before, 3600 * whole / 100)
+        << "less than a hundredth of what repainting everything each second would present";
+}
+
+TEST_F(AppDelegateTest, aPreferenceRedraws) {
+    launch();
+    const int before = living().front()->presents;
+    preferences.set(WidgetPlacement::off, WidgetKind::machine);
+    loop.drain();
+    EXPECT_GT(living().front()->presents, before);
+}
+
+TEST_F(AppDelegateTest, transparentModeMakesTheSurfacesAnewAndFollowsTheCompositor) {
+    launch();
+    EXPECT_FALSE(living().front()->wantsTransparency);
+    windowServer.compositing = true;
+    preferences.setBackgroundMode(BackgroundMode::transparent);
+    loop.drain();
+    ASSERT_EQ(living().size(), 2U);
+    EXPECT_TRUE(living().front()->wantsTransparency);
+    EXPECT_TRUE(living().front()->visible);
+    EXPECT_EQ(qAlpha(living().front()->lastFrame.pixel(2, 2)), 0);
+    windowServer.compositing = false;
+    windowServer.compositingHandler();
+    loop.drain();
+    ASSERT_EQ(living().size(), 2U);
+    EXPECT_EQ(qAlpha(living().front()->lastFrame.pixel(2, 2)), 255)
+        << "without a compositor the solid backdrop stands in";
+}
+
+TEST_F(AppDelegateTest, terminationPersistsAndTwiceIsHarmless) {
+    delegate.applicationWillTerminate();
+    EXPECT_FALSE(usageStore->loadDailyStats(usageStore->dayKey(clock.now())))
+        << "before the launch there is nothing to save";
+    launch();
+    workspace.activate(application(u"org.a"_s, u"A"_s));
+    loop.advance(5);
+    delegate.applicationWillTerminate();
+    delegate.applicationWillTerminate();
+    EXPECT_EQ(usageStore->loadAppUsage(usageStore->dayKey(clock.now())).size(), 1U);
+}
+
+} // namespace
+} // namespace zeph

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "host/ScreenSelection.h"
+
+#include "support/FakeScreens.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+namespace {
+
+TEST(ScreenSelection, allIsEveryScreenInSystemOrder) {
+    FakeScreens screens;
+    screens.screens = {screen(u"B"_s, 2, 100, 100), screen(u"A"_s, 1, 100, 100, 100)};
+    EXPECT_EQ(selectedScreens(AllDisplays{}, screens), screens.screens);
+}
+
+TEST(ScreenSelection, aChosenScreenStandsAlone) {
+    FakeScreens screens;
+    screens.screens = {screen(u"A"_s, 1, 100, 100), screen(u"B"_s, 2, 100, 100, 100)};
+    const auto selected = selectedScreens(OneScreen{u"B"_s}, screens);
+    ASSERT_EQ(selected.size(), 1U);
+    EXPECT_EQ(selected.front().persistentID, u"B"_s);
+}
+
+TEST(ScreenSelection, anUnpluggedChoiceFallsBackToTheMainScreen) {
+    FakeScreens screens;
+    screens.screens = {screen(u"A"_s, 1, 100, 100), screen(u"B"_s, 2, 100, 100, 100)};
+    const auto selected = selectedScreens(OneScreen{u"gone"_s}, screens);
+    ASSERT_EQ(selected.size(), 1U);
+    EXPECT_EQ(selected.front().persistentID, u"A"_s);
+}
+
+TEST(ScreenSelection, withoutAMainScreenTheFallbackIsAllScreens) {
+    class NoMain : public FakeScreens {
+        std::optional<Screen> main() const override { return std::nullopt; }
+    } screens;
+    screens.screens = {screen(u"A"_s, 1, 100, 100), screen(u"B"_s, 2, 100, 100, 100)};
+    EXPECT_EQ(selectedScreens(OneScreen{u"gone"_s}, screens).size(), 2U);
+}
+
+TEST(ScreenSelection, noScreensSelectNone) {
+    const FakeScreens screens;
+    EXPECT_TRUE(selectedScreens(AllDisplays{}, screens).empty());
+    EXPECT_TRUE(selectedScreens(OneScreen{u"A"_s}, screens).empty());
+}
+
+TEST(ScreenSelection, aDisplayWithoutPersistentIdentityIsBuiltByItsNumberButNeverChosen) {
+    FakeScreens screens;
+    screens.screens = {screen(u"A"_s, 1, 100, 100), screen({}, 77, 100, 100, 100)};
+    EXPECT_EQ(builtIdentity(screens.screens[1]), u"77"_s);
+    const auto selected = selectedScreens(OneScreen{u"77"_s}, screens);
+    ASSERT_EQ(selected.size(), 1U);
+    EXPECT_EQ(selected.front().persistentID, u"A"_s) << "the choice compares identities alone";
+}
+
+TEST(ScreenSelection, aDisplayWithoutAnyIdentityIsBuiltAsMain) {
+    Screen bare = screen({}, 1, 100, 100);
+    bare.displayID.reset();
+    EXPECT_EQ(builtIdentity(bare), u"main"_s);
+}
+
+} // namespace
+} // namespace zeph
