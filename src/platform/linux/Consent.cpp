@@ -9,12 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace zeph {
 
-namespace {
-
-constexpr double kGranted = 3;
-
-} // namespace
-
 Consent::Consent(const UserDefaults &defaults, QString key)
     : m_defaults(defaults), m_key(std::move(key)) {}
 
@@ -22,8 +16,22 @@ Consent Consent::forInput(const UserDefaults &defaults) {
     return {defaults, u"zeph.consent.input"_s};
 }
 
-bool Consent::isGranted() const {
-    return m_defaults.get<double>(m_key) == kGranted;
+Consent Consent::forCalendar(const UserDefaults &defaults) {
+    return {defaults, u"zeph.consent.calendar"_s};
+}
+
+Consent Consent::forReminders(const UserDefaults &defaults) {
+    return {defaults, u"zeph.consent.reminders"_s};
+}
+
+int Consent::state() const {
+    const double stored = m_defaults.get<double>(m_key).value_or(0);
+    for (const int state : {1, 2, 3}) {
+        if (stored == state) {
+            return state;
+        }
+    }
+    return 0;
 }
 
 } // namespace zeph
