@@ -12,7 +12,7 @@ namespace zeph {
 
 namespace {
 
-constexpr qsizetype keptBytes = 2 * 1024 * 1024;
+constexpr qsizetype keptBytes = qsizetype{2} << 20;
 
 QRect snapped(const QRectF &rect, double scale) {
     const auto whole = [scale](double points) {

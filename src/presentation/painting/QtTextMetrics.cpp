@@ -25,7 +25,7 @@ Value remembered(QCache<Key, Value> &cache, const Key &key, const Make &make) {
         return *known;
     }
     auto *made = new Value(make());
-    const Value value = *made;
+    Value value = *made;
     cache.insert(key, made, cost(key.text)); // may delete it at once
     return value;
 }
@@ -55,21 +55,20 @@ QSizeF QtTextMetrics::size(const QString &text, const FontSpec &font) const {
     return {text.isEmpty() ? 0 : width(text, font), box(font).height};
 }
 
-QString QtTextMetrics::elided(const QString &text, const FontSpec &font, double offered) const {
-    if (size(text, font).width() <= offered) {
+QString QtTextMetrics::elided(const QString &text, const FontSpec &font, double width) const {
+    if (size(text, font).width() <= width) {
         return text;
     }
     // The many texts tried on the way are not worth keeping.
     const auto measure = [&font](const QString &part) { return shapeText(part, font).width; };
-    return remembered(m_elided, {text, font, offered},
-                      [&] { return elideTail(text, offered, measure); });
+    return remembered(m_elided, {text, font, width},
+                      [&] { return elideTail(text, width, measure); });
 }
 
-QStringList QtTextMetrics::wrapped(const QString &text, const FontSpec &font,
-                                   double offered) const {
+QStringList QtTextMetrics::wrapped(const QString &text, const FontSpec &font, double width) const {
     const auto measure = [&font](const QString &part) { return shapeText(part, font).width; };
-    return remembered(m_wrapped, {text, font, offered},
-                      [&] { return breakIntoLines(text, offered, measure); });
+    return remembered(m_wrapped, {text, font, width},
+                      [&] { return breakIntoLines(text, width, measure); });
 }
 
 } // namespace zeph

@@ -14,7 +14,7 @@ namespace zeph {
 
 namespace {
 
-constexpr qsizetype keptBytes = 512 * 1024;
+constexpr qsizetype keptBytes = qsizetype{512} << 10;
 constexpr int enlargement = 4;
 constexpr int smallSide = 96; // device pixels; beyond, each stroke is wide enough
 
@@ -68,7 +68,7 @@ QImage drawnMask(const QString &file, int pixels) {
 
 } // namespace
 
-SymbolLibrary::SymbolLibrary(const QString &folder) : m_folder(folder), m_masks(keptBytes) {}
+SymbolLibrary::SymbolLibrary(QString folder) : m_folder(std::move(folder)), m_masks(keptBytes) {}
 
 QString SymbolLibrary::path(const QString &identifier) const {
     return m_folder + u'/' + identifier + u".svg"_s;

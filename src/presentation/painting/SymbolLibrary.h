@@ -11,7 +11,7 @@ namespace zeph {
 /// only its opacity counts. An unknown identifier becomes a small neutral ring.
 class SymbolLibrary {
 public:
-    explicit SymbolLibrary(const QString &folder = QStringLiteral(":/symbols"));
+    explicit SymbolLibrary(QString folder = QStringLiteral(":/symbols"));
 
     /// An Alpha8 picture of `pixels` by `pixels`, drawn for just that size.
     QImage mask(const QString &identifier, int pixels);

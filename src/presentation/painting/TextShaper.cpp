@@ -62,8 +62,8 @@ double leftEnd(const QGlyphRun &run) {
 
 } // namespace
 
-ShapedText shapeText(const QString &text, const FontSpec &spec) {
-    const ScaledFont scaled = qtFont(spec);
+ShapedText shapeText(const QString &text, const FontSpec &font) {
+    const ScaledFont scaled = qtFont(font);
     QTextOption option(Qt::AlignLeft);
     option.setWrapMode(QTextOption::NoWrap);
     option.setUseDesignMetrics(true);
@@ -90,7 +90,7 @@ ShapedText shapeText(const QString &text, const FontSpec &spec) {
         run.setPositions(positions);
         shaped.runs.push_back(std::move(run));
     }
-    if (spec.evenDigits) {
+    if (font.evenDigits) {
         std::stable_sort(shaped.runs.begin(), shaped.runs.end(),
                          [](const QGlyphRun &one, const QGlyphRun &other) {
                              return leftEnd(one) < leftEnd(other);

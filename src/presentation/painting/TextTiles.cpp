@@ -16,7 +16,7 @@ namespace zeph {
 
 namespace {
 
-constexpr qsizetype keptShadowBytes = 1024 * 1024;
+constexpr qsizetype keptShadowBytes = qsizetype{1} << 20;
 constexpr double smallestOutlined = 48; // device pixels; Qt keeps pictures of letters up to 64
 
 /// Draws the glyphs into `tile`; `baseline` is the device pixel where they start.
@@ -92,7 +92,7 @@ Tile TextTiles::shadow(const TextItem &item, double total, const QPointF &baseli
                letters);
     const QImage mask = letters.pixels.convertToFormat(QImage::Format_Alpha8);
     auto *made = new Tile{blurred(mask, key.radius), room.topLeft()};
-    const Tile placed{made->pixels, made->corner + start + offset};
+    Tile placed{made->pixels, made->corner + start + offset};
     m_shadows.insert(key, made, made->pixels.sizeInBytes());
     return placed;
 }
