@@ -12,7 +12,7 @@ namespace zeph {
 namespace {
 
 // The largest part that the kernel makes of an answer.
-constexpr std::size_t bufferSize = 32 * 1024;
+constexpr std::size_t bufferSize = 32'768;
 
 // A machine whose links change faster than they can be listed gets the last try.
 constexpr int tries = 3;

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Far above what thousands of processors and interrupts need.
-constexpr qint64 fileLimit = 4 * 1024 * 1024;
+constexpr qint64 fileLimit = 4'194'304;
 
 QByteArray contents(const QString &path) {
     QFile file(path);
