@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/ChangePublisher.h"
+#include "core/Published.h"
+
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+namespace zeph {
+
+class CalendarPermission;
+class InputEvents;
+class LocationClient;
+class RunLoop;
+class SystemSettings;
+enum class EntityType;
+
+/// What the permissions are asked of; everything outlives the manager and the run loop's tasks.
+struct PermissionsContext {
+    const InputEvents &inputEvents;
+    /// The one that `LocationManager` listens to; null on a machine without a location source.
+    LocationClient *locationClient;
+    /// Makes a client for a fresh look at the state; may answer null like the above.
+    std::function<std::unique_ptr<LocationClient>()> makeLocationClient;
+    CalendarPermission &calendarPermission;
+    SystemSettings &systemSettings;
+    RunLoop &runLoop;
+    std::function<void()> activateApplication; ///< brings it in front of all others
+};
+
+/// The granted states for whoever shows them, and the one place that asks for permissions or
+/// opens the settings where asking can't help. Keeps no state: the properties tell what the
+/// system said at the last `refresh`. Main thread only.
+class PermissionsManager : public std::enable_shared_from_this<PermissionsManager> {
+public:
+    /// Shared, because the steps that a request leaves for later keep the manager alive.
+    static std::shared_ptr<PermissionsManager> make(PermissionsContext context);
+
+    PermissionsManager(const PermissionsManager &) = delete;
+    PermissionsManager &operator=(const PermissionsManager &) = delete;
+
+    /// Fires before every assignment below, equal values included.
+    ChangePublisher objectWillChange;
+
+    Published<bool> accessibilityGranted{objectWillChange, false};
+    Published<bool> locationGranted{objectWillChange, false};
+    Published<bool> calendarGranted{objectWillChange, false};
+    Published<bool> remindersGranted{objectWillChange, false};
+
+    static QString accessibilityLink();
+    static QString locationLink();
+    static QString calendarLink();
+    static QString remindersLink();
+
+    /// Reads the four states anew.
+    void refresh();
+
+    /// On the user's action only: each asks, or opens the settings when the answer is settled.
+    void requestLocation();
+    void requestCalendar();
+    void requestReminders();
+
+private:
+    explicit PermissionsManager(PermissionsContext context);
+
+    void requestEntity(EntityType type, const QString &link);
+    void open(const QString &link);
+
+    PermissionsContext m_context;
+};
+
+} // namespace zeph
