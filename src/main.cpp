@@ -89,7 +89,8 @@ int runSecondary(SingleInstance &instance) {
 } // namespace
 
 int main(int argumentCount, char **arguments) {
-    if (!X11Display::isReachable()) {
+    auto display = std::make_unique<X11Display>();
+    if (!display->isReachable()) {
         std::fputs("tavi: there is no X display to draw on\n", stderr);
         return EXIT_FAILURE;
     }
@@ -101,6 +102,7 @@ int main(int argumentCount, char **arguments) {
     QGuiApplication::setDesktopFileName(u"com.tavi.Tavi"_s);
     QGuiApplication::setApplicationDisplayName(u"Tavi"_s);
     const QGuiApplication toolkit(argumentCount, arguments);
+    display.reset();
 
     SingleInstance instance(QDBusConnection::sessionBus(), [](const ApplicationRequest &) {
         // Being started again asks for nothing that is here yet.

@@ -3,13 +3,16 @@
 
 #include <xcb/xcb.h>
 
-namespace zeph::X11Display {
+namespace zeph {
 
-bool isReachable() {
-    xcb_connection_t *connection = xcb_connect(nullptr, nullptr);
-    const bool reached = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return reached;
+X11Display::X11Display() : m_connection(xcb_connect(nullptr, nullptr)) {}
+
+X11Display::~X11Display() {
+    xcb_disconnect(m_connection);
 }
 
-} // namespace zeph::X11Display
+bool X11Display::isReachable() const {
+    return xcb_connection_has_error(m_connection) == 0;
+}
+
+} // namespace zeph

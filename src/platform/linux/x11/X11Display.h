@@ -1,10 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace zeph::X11Display {
+struct xcb_connection_t;
 
-/// True when the display of the environment can be reached now. The toolkit aborts the process
-/// without one, so this is asked first.
-bool isReachable();
+namespace zeph {
 
-} // namespace zeph::X11Display
+/// Tells whether the display of the environment can be reached: the toolkit aborts the process
+/// without one, so this is asked first. Stays connected for as long as it lives, since a server
+/// without any other client resets itself when the last one leaves, and refuses the next.
+class X11Display {
+public:
+    X11Display();
+    ~X11Display();
+    X11Display(const X11Display &) = delete;
+    X11Display &operator=(const X11Display &) = delete;
+
+    bool isReachable() const;
+
+private:
+    xcb_connection_t *m_connection;
+};
+
+} // namespace zeph
