@@ -6,6 +6,7 @@
 #include <QMetaType>
 
 #include <cmath>
+#include <limits>
 
 namespace zeph {
 
@@ -19,10 +20,11 @@ std::optional<qint64> integer(const QVariant &value) {
     case QMetaType::Int:
     case QMetaType::UInt:
     case QMetaType::LongLong:
+        return value.toLongLong();
     case QMetaType::ULongLong: {
-        bool fits = false;
-        const qint64 number = value.toLongLong(&fits);
-        return fits ? std::optional(number) : std::nullopt;
+        const quint64 number = value.toULongLong();
+        const bool fits = number <= static_cast<quint64>(std::numeric_limits<qint64>::max());
+        return fits ? std::optional(static_cast<qint64>(number)) : std::nullopt;
     }
     default:
         return std::nullopt;
