@@ -15,6 +15,11 @@ namespace {
 // Black, or nothing at all where there is alpha: what shows before the first pixels arrive.
 constexpr std::uint32_t kBackground = 0;
 
+// A window manager that is just starting can swallow the request to map: it is repeated until the
+// window is on the screen. At login both start at the same time.
+constexpr int kMapPatienceMilliseconds = 1000;
+constexpr int kMapTries = 20;
+
 // The server refuses windows without area.
 QRect usable(const QRect &frame) {
     return {frame.topLeft(), frame.size().expandedTo(QSize(1, 1))};
@@ -38,6 +43,8 @@ X11DesktopSurface::X11DesktopSurface(X11Connection &connection, X11DesktopStacki
       m_frame(std::in_place, connection, m_geometry.size(), format()) {
     createWindow();
     m_stacking.add(m_canvas.window);
+    m_mapWatch.setInterval(kMapPatienceMilliseconds);
+    QObject::connect(&m_mapWatch, &QTimer::timeout, &m_mapWatch, [this] { map(); });
 }
 
 X11DesktopSurface::~X11DesktopSurface() {
@@ -69,7 +76,7 @@ void X11DesktopSurface::createWindow() {
     xcb_create_gc(xcb, m_canvas.context, m_canvas.window, XCB_GC_GRAPHICS_EXPOSURES, &exposures);
     writeDesktopHints(connection(), m_canvas.window);
     writeGeometryHints(connection(), m_canvas.window, m_geometry);
-    if (isTransparent()) {
+    if (hasAlpha()) {
         // One compositor draws desktop windows opaque unless their opacity is just below full.
         const std::uint32_t nearlyFull = 0xFFFFFFFE;
         xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, m_canvas.window,
@@ -114,6 +121,15 @@ void X11DesktopSurface::orderFront() {
     if (std::exchange(m_isVisible, true)) {
         return;
     }
+    m_mapTries = 0;
+    m_mapWatch.start();
+    map();
+}
+
+void X11DesktopSurface::map() {
+    if (++m_mapTries == kMapTries) {
+        m_mapWatch.stop();
+    }
     writeDesktopState(connection(), m_canvas.window);
     refuseInput(connection(), m_canvas.window);
     if (!m_stacking.hasWindowManager()) {
@@ -128,6 +144,7 @@ void X11DesktopSurface::orderFront() {
 
 void X11DesktopSurface::orderOut() {
     if (std::exchange(m_isVisible, false)) {
+        m_mapWatch.stop();
         withdraw(connection(), m_canvas.window);
         m_exposed = {};
         xcb_flush(connection().xcb());
@@ -140,6 +157,7 @@ void X11DesktopSurface::handleEvent(std::uint8_t kind, const xcb_generic_event_t
         // Window managers wrap the window in a frame of their own, with an input shape of its
         // own, and some look at ours only when it changes afterwards.
         if (eventAs<xcb_map_notify_event_t>(event).window == m_canvas.window) {
+            m_mapWatch.stop();
             refuseInput(connection(), m_canvas.window);
             askForDesktopState(connection(), m_canvas.window);
         }
@@ -168,7 +186,7 @@ void X11DesktopSurface::noteExposure(const xcb_expose_event_t &expose) {
 }
 
 QImage::Format X11DesktopSurface::format() const {
-    return isTransparent() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+    return hasAlpha() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
 }
 
 } // namespace zeph

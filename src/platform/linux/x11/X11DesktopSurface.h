@@ -6,6 +6,8 @@
 #include "platform/linux/x11/X11FrameBuffer.h"
 #include "platform/linux/x11/X11Visual.h"
 
+#include <QTimer>
+
 #include <optional>
 
 namespace zeph {
@@ -22,7 +24,7 @@ public:
 
     void setScreen(const Screen &screen) override;
     QImage &frameBuffer() override;
-    bool isTransparent() const override { return m_visual.depth == 32; }
+    bool isTransparent() const override { return hasAlpha(); }
     void present(const QRegion &damage) override;
     void orderFront() override;
     void orderOut() override;
@@ -32,7 +34,9 @@ public:
 
 private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
+    bool hasAlpha() const { return m_visual.depth == 32; }
     void createWindow();
+    void map();
     void noteExposure(const xcb_expose_event_t &expose);
     QImage::Format format() const;
 
@@ -44,6 +48,8 @@ private:
     std::optional<X11FrameBuffer> m_frame; // always there but while its size changes
     QRegion m_exposed;
     bool m_isVisible = false;
+    QTimer m_mapWatch; // runs from the first request to map until the window is on the screen
+    int m_mapTries = 0;
 };
 
 } // namespace zeph
