@@ -74,7 +74,7 @@ View countdownsWidget(const WidgetContext &context) {
             {u"calendar.badge.clock"_s, setApart(occurrence.event->title) + u" · "_s + left});
     }
     if (chips.empty()) {
-        return View();
+        return {};
     }
     return widgetRows(
         {sectionLabel(u"Counting down"_s, context.palette), chipGrid(chips, context.palette)});

@@ -30,7 +30,7 @@ QString issText(const ISSInfo &station, const FramingContext &framing) {
 View issWidget(const WidgetContext &context) {
     const std::optional<ISSInfo> &station = *context.state.iss;
     if (!station) {
-        return View();
+        return {};
     }
     return calmLine(u"globe.americas"_s, issText(*station, context.framing), context.palette);
 }

@@ -20,7 +20,7 @@ constexpr QSizeF pictureSize(260, 150);
 View nasaWidget(const WidgetContext &context) {
     const std::optional<APODInfo> &picture = *context.state.apod;
     if (!picture) {
-        return View();
+        return {};
     }
     const Palette &palette = context.palette;
     std::vector<View> rows{sectionLabel(u"Picture of the day"_s, palette)};

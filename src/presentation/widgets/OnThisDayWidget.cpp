@@ -20,7 +20,7 @@ constexpr double textWidth = 520;
 View onThisDayWidget(const WidgetContext &context) {
     const std::optional<OnThisDayInfo> &event = *context.state.onThisDay;
     if (!event) {
-        return View();
+        return {};
     }
     FrameSpec frame;
     frame.maxWidth = textWidth;

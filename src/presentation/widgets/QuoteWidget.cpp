@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 View quoteWidget(const WidgetContext &context) {
     const std::optional<QuoteInfo> &quote = *context.state.quote;
     if (!quote) {
-        return View();
+        return {};
     }
     TextStyle words = textStyle(context.palette, 17, FontWeight::light, 0.85);
     words.font.italic = true;

@@ -71,7 +71,7 @@ View WallpaperContentView::flowRow(const FlowRow &row,
     if (const auto *widgetRow = std::get_if<WidgetRow>(&row)) {
         return sizedWidget(widgetRow->kind);
     }
-    return View(); // cards have nothing to draw without the records of the integrations
+    return {}; // cards have nothing to draw without the records of the integrations
 }
 
 View WallpaperContentView::sizedWidget(WidgetKind kind) const {
@@ -127,7 +127,7 @@ View WallpaperContentView::widget(WidgetKind kind) const {
     case WidgetKind::iss:
         return issWidget(m_context);
     default: // the integrations: without their records they have nothing to draw
-        return View();
+        return {};
     }
 }
 
