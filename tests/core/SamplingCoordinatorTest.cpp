@@ -13,7 +13,6 @@ namespace {
 using testing::DoubleEq;
 using testing::ElementsAre;
 
-/// Counts the assignments to one property by comparing the publisher's calls around a tick.
 class SamplingCoordinatorTest : public CoordinatorFixture {};
 
 TEST_F(SamplingCoordinatorTest, constructionStartsNothing) {
@@ -31,8 +30,7 @@ TEST_F(SamplingCoordinatorTest, startMakesFiveTimersAndTicksEachOnce) {
 }
 
 TEST_F(SamplingCoordinatorTest, firstFastTickPublishesAndTheNextPublicationIsAtCounterFive) {
-    SamplingCoordinator &coordinator = makeCoordinator();
-    coordinator.start();
+    makeCoordinator().start();
     input.emitEvent(InputEventKind::keyDown);
     EXPECT_EQ(state.rhythm->totalKeystrokes, 0);
     loop.advance(3);
@@ -142,7 +140,7 @@ TEST_F(SamplingCoordinatorTest, aFixSetsTheSunAtOnceAndSlowTicksKeepItUpToDate) 
     const double before = state.solar->daylightFraction;
     const int changes = changesDuring([&] { loop.advance(45); });
     EXPECT_GT(changes, 0);
-    clock.advance(4 * 3600);
+    clock.advance(13 * 3600); // from the evening into the daylight of the next day
     loop.advance(45);
     EXPECT_NE(state.solar->daylightFraction, before);
 }

@@ -3,6 +3,9 @@
 
 #include "core/NotificationCenter.h"
 #include "host/DesktopWindow.h"
+#include "presentation/painting/QtTextMetrics.h"
+#include "presentation/painting/ScenePainter.h"
+#include "presentation/painting/SymbolLibrary.h"
 #include "presentation/preferences/PreferencesStore.h"
 #include "support/FakePlatform.h"
 
@@ -35,7 +38,11 @@ protected:
 
     NotificationCenter notifications;
     PreferencesStore preferences{defaults, notifications, formatters};
-    AppDelegate delegate{AppServices{platform, notifications, preferences, *usageStore, location}};
+    QtTextMetrics textMetrics;
+    SymbolLibrary symbols;
+    ScenePainter painter{textMetrics, symbols};
+    AppDelegate delegate{AppServices{platform, notifications, preferences, *usageStore, location,
+                                     textMetrics, painter}};
 };
 
 TEST_F(AppDelegateTest, launchMakesOneVisibleWindowAScreen) {
