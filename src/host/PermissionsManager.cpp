@@ -66,8 +66,8 @@ void PermissionsManager::refresh() {
     EventStore &store = m_context.calendarPermission.store();
     accessibilityGranted = m_context.inputEvents.isTrusted();
     // A client in use may lag behind the system; a fresh one has just read the state.
-    locationGranted =
-        m_context.makeLocationClient()->authorizationStatus() == LocationAuthorization::authorized;
+    const auto freshClient = m_context.makeLocationClient();
+    locationGranted = statusOf(freshClient.get()) == LocationAuthorization::authorized;
     calendarGranted = store.authorizationStatus(EntityType::event) == EventAccess::fullAccess;
     remindersGranted = store.authorizationStatus(EntityType::reminder) == EventAccess::fullAccess;
 }
