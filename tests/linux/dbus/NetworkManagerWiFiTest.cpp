@@ -260,7 +260,7 @@ TEST_F(NetworkManagerWiFiOnABus, usesNoMoreMemoryAfterAHundredRestartsOfTheDaemo
         daemon.vanish();
         ASSERT_TRUE(becomes(std::nullopt));
     };
-    for (int warmUp = 0; warmUp < 20; ++warmUp) {
+    for (int warmUp = 0; warmUp < 60; ++warmUp) {
         restart();
     }
     const auto before = mallinfo2().uordblks;
