@@ -29,7 +29,10 @@ public:
 
 class PermissionsManagerTest : public testing::Test {
 protected:
-    PermissionsManagerTest() { input.trusted = false; }
+    PermissionsManagerTest() {
+        input.trusted = false;
+        manager = make(&location);
+    }
 
     std::shared_ptr<PermissionsManager> make(LocationClient *client) {
         return PermissionsManager::make({input, client,
@@ -58,7 +61,7 @@ protected:
     CalendarPermission permission{store};
     FakeSystemSettings settings;
     int activations = 0;
-    std::shared_ptr<PermissionsManager> manager = make(&location);
+    std::shared_ptr<PermissionsManager> manager;
 };
 
 } // namespace
