@@ -20,7 +20,7 @@ constexpr std::uint32_t kOnAllDesktops = 0xFFFFFFFF;
 constexpr std::uint32_t kFromApplication = 1;
 
 // "tavi" as the instance, the application id as the class, each with its terminating zero.
-constexpr std::string_view kWindowClass{"tavi\0com.tavi.Tavi", 19};
+constexpr std::string_view kWindowClass{"tavi\0com.tavi.Tavi\0", 19};
 constexpr std::string_view kTitle = "Tavi";
 
 template <typename Values>

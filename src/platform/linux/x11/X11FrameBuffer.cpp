@@ -17,6 +17,10 @@ constexpr std::size_t kBytesPerPixel = 4;
 // Room that the request itself takes in the longest request, with some to spare.
 constexpr std::size_t kRequestHeader = 64;
 
+qsizetype bytesPerLine(QSize size) {
+    return size.width() * static_cast<qsizetype>(kBytesPerPixel);
+}
+
 std::uint16_t length(int pixels) {
     return static_cast<std::uint16_t>(pixels);
 }
@@ -32,8 +36,8 @@ X11FrameBuffer::X11FrameBuffer(X11Connection &connection, QSize size, QImage::Fo
                                                          static_cast<std::size_t>(size.width()) *
                                                          static_cast<std::size_t>(size.height()))) {
     if (m_segment) {
-        m_image = QImage(m_segment->data(), size.width(), size.height(),
-                         size.width() * static_cast<int>(kBytesPerPixel), format);
+        m_image =
+            QImage(m_segment->data(), size.width(), size.height(), bytesPerLine(size), format);
     } else {
         m_image = QImage(size, format);
     }
@@ -97,9 +101,9 @@ void X11FrameBuffer::takeBackPixels() {
         return;
     }
     // Someone kept a copy of the image while it was painted into, so it moved to the heap.
-    const QImage moved = std::exchange(
-        m_image, QImage(m_segment->data(), m_image.width(), m_image.height(),
-                        m_image.width() * static_cast<int>(kBytesPerPixel), m_image.format()));
+    const QImage moved =
+        std::exchange(m_image, QImage(m_segment->data(), m_image.width(), m_image.height(),
+                                      bytesPerLine(m_image.size()), m_image.format()));
     for (int y = 0; y < moved.height(); ++y) {
         std::memcpy(m_image.scanLine(y), moved.constScanLine(y),
                     kBytesPerPixel * static_cast<std::size_t>(moved.width()));
