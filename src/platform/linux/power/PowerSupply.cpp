@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/power/PowerSupply.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace zeph {
@@ -95,15 +96,16 @@ BatteryAmounts readAmounts(const AttributeReader &read) {
 } // namespace
 
 std::optional<qint64> parseAttributeNumber(QByteArrayView bytes) {
-    QByteArrayView word = bytes.trimmed();
-    if (!word.isEmpty() && word.front() == '-') {
-        word = word.sliced(1);
-    }
-    if (word.isEmpty() || word.front() < '0' || word.front() > '9') {
+    const QByteArrayView word = bytes.trimmed();
+    const QByteArrayView digits = word.startsWith('-') ? word.sliced(1) : word;
+    // The conversion alone would let a plus sign pass, and end at a zero byte.
+    const bool areDigits = std::all_of(digits.begin(), digits.end(),
+                                       [](char byte) { return byte >= '0' && byte <= '9'; });
+    if (digits.isEmpty() || !areDigits) {
         return std::nullopt;
     }
     bool isWhole = false;
-    const qint64 value = bytes.trimmed().toLongLong(&isWhole);
+    const qint64 value = word.toLongLong(&isWhole);
     return isWhole ? std::optional(value) : std::nullopt;
 }
 
