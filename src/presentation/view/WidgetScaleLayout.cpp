@@ -38,6 +38,9 @@ private:
 } // namespace
 
 View scaledWidget(const WidgetScaleLayout &layout, View content) {
+    if (content.isEmpty()) {
+        return content; // nothing takes no room in any size
+    }
     return View(std::make_shared<ScaledWidget>(layout, std::move(content)));
 }
 

@@ -39,6 +39,8 @@ std::vector<Occurrence> nextOccurrences(const WidgetContext &context) {
     return occurrences;
 }
 
+constexpr double farthest = 1e15; // seconds, some thirty million years
+
 /// What is left until an occurrence today, `seconds` from now.
 QString timeLeftToday(double seconds, CountdownRecurrence recurrence) {
     if (seconds < -60) {
@@ -50,7 +52,8 @@ QString timeLeftToday(double seconds, CountdownRecurrence recurrence) {
     if (seconds < 3600) {
         return u"in %1m"_s.arg(static_cast<int>((seconds + 30) / 60));
     }
-    return u"in %1h"_s.arg(static_cast<int>(seconds / 3600));
+    // A date from an edited file can lie beyond every calendar, and beyond every integer too.
+    return u"in %1h"_s.arg(static_cast<qint64>(std::min(seconds, farthest) / 3600));
 }
 
 QString timeLeft(const Occurrence &occurrence, Date now, const Calendar &calendar) {

@@ -7,15 +7,23 @@
 #include "presentation/widgets/WidgetContext.h"
 #include "presentation/widgets/WidgetRows.h"
 
+#include <limits>
+
 namespace zeph {
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+// A counter that fell makes one rate beyond every integer: that reading is shown as the largest.
+qint64 wholeBytes(double bytes) {
+    constexpr double beyond = 9223372036854775808.0; // 2^63
+    return bytes < beyond ? static_cast<qint64>(bytes) : std::numeric_limits<qint64>::max();
+}
+
 QString wifiText(const NetworkThroughput &network) {
-    const auto bytes = static_cast<qint64>(network.downloadBytesPerSec);
-    return u"%1 · ↓%2/s"_s.arg(setApart(network.ssid.value_or(u"Network"_s)), byteCountRate(bytes));
+    return u"%1 · ↓%2/s"_s.arg(setApart(network.ssid.value_or(u"Network"_s)),
+                               byteCountRate(wholeBytes(network.downloadBytesPerSec)));
 }
 
 } // namespace
