@@ -81,13 +81,12 @@ void SamplingCoordinator::scheduleTimers() {
     m_stripeTimer = loop.repeat(refreshPeriod, [this] { fetchIntegrations(); });
 }
 
-double SamplingCoordinator::secondsSinceLastEvent() const {
-    return m_context.platform.inputEvents.secondsSinceLastEvent();
+bool SamplingCoordinator::isIdle() const {
+    return m_context.platform.inputEvents.isQuietForMoreThan(ActivityMonitor::idleThreshold);
 }
 
 void SamplingCoordinator::fastTick() {
-    const bool idle = ActivityMonitor::idleThreshold < secondsSinceLastEvent();
-    m_appUsage.tick(idle);
+    m_appUsage.tick(isIdle());
     m_activity.tick(m_appUsage.currentBundleID(), m_appUsage.currentAppName());
     // The usage monitor alone counts switches, from 0 in every process.
     m_activity.setAppSwitches(m_appUsage.appSwitches());
@@ -124,8 +123,7 @@ void SamplingCoordinator::publishRhythm() {
 
 void SamplingCoordinator::mediumTick() {
     const BatteryInfo &battery = *m_context.state.battery;
-    if (battery.isPresent && !battery.isPluggedIn &&
-        secondsSinceLastEvent() > ActivityMonitor::idleThreshold) {
+    if (battery.isPresent && !battery.isPluggedIn && isIdle()) {
         return;
     }
     m_systemLoad.sampleCPU();

@@ -61,7 +61,7 @@ private:
     void mediumTick();
     void slowTick();
 
-    double secondsSinceLastEvent() const;
+    bool isIdle() const;
     void publishMinute();
     void publishRhythm();
     void assignSolar(const Coordinate &coordinate);

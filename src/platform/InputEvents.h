@@ -41,6 +41,12 @@ public:
     /// Seconds since the last input event of any kind; 0 when the system can't tell.
     virtual double secondsSinceLastEvent() const = 0;
 
+    /// Whether the last input event of any kind is more than `seconds` ago. Cheaper than the
+    /// number itself where the system has to be asked for that.
+    virtual bool isQuietForMoreThan(double seconds) const {
+        return seconds < secondsSinceLastEvent();
+    }
+
     /// True when the user consented to input timing. Without it no tap is made.
     virtual bool isTrusted() const = 0;
 

@@ -27,7 +27,7 @@ void ActivityMonitor::tick(const std::optional<QString> &currentApp,
     const Date now = m_clock.now();
     const double gap = now - m_lastTickDate;
     m_lastTickDate = now;
-    m_summary.isIdle = idleThreshold < m_events.secondsSinceLastEvent();
+    m_summary.isIdle = m_events.isQuietForMoreThan(idleThreshold);
     if (!isTickGap(gap)) {
         return; // the streak stands: a sleep does not break it
     }

@@ -41,6 +41,19 @@ double X11InputEvents::secondsSinceLastEvent() const {
     return m_idleSeconds;
 }
 
+bool X11InputEvents::isQuietForMoreThan(double seconds) const {
+    // Without any input since the last answer the quiet would have grown by the time since then,
+    // and it can't have grown by more: until that is enough, each question would wake us up twice
+    // for a reply that is known.
+    if (m_sinceAsked.isValid()) {
+        const double passed = static_cast<double>(m_sinceAsked.elapsed()) / kMillisecondsPerSecond;
+        if (m_idleSeconds + passed <= seconds) {
+            return false;
+        }
+    }
+    return seconds < secondsSinceLastEvent();
+}
+
 double X11InputEvents::askForIdleTime() const {
     if (!m_connection.extension(X11Extension::screensaver)) {
         return 0;

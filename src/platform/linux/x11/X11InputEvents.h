@@ -19,6 +19,7 @@ public:
 
     /// One round trip, at most twice a second.
     double secondsSinceLastEvent() const override;
+    bool isQuietForMoreThan(double seconds) const override;
     bool isTrusted() const override { return m_isTrusted(); }
     std::unique_ptr<InputEventTap>
     makeTap(std::function<void(const InputEvent &)> handler) override;
