@@ -69,6 +69,15 @@ TEST_F(InputEventsTest, idleTimeGrowsAndStartsAnewWithAKey) {
     EXPECT_TRUE(waitUntil([&] { return input.secondsSinceLastEvent() < 1.0; }));
 }
 
+TEST_F(InputEventsTest, quietLastsUntilTheNextKey) {
+    constexpr double seconds = 2;
+    xdotool({u"key"_s, u"a"_s});
+    ASSERT_TRUE(waitUntil([&] { return input.isQuietForMoreThan(seconds); }));
+    EXPECT_GT(input.secondsSinceLastEvent(), seconds);
+    xdotool({u"key"_s, u"a"_s});
+    EXPECT_TRUE(waitUntil([&] { return !input.isQuietForMoreThan(seconds); }));
+}
+
 TEST_F(InputEventsTest, countsEveryTypedKey) {
     openTypewriter();
     const auto tap = startTap();
