@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "TaviFixture.h"
+
+#include <QElapsedTimer>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+const char *const kSavedDays = "SELECT count(*) FROM daily_stats";
+
+} // namespace
+
+class EndTest : public TaviTest {
+protected:
+    EndTest() { startWindowManager(); }
+
+    /// Takes away what was saved so far, so that a later save shows.
+    void forgetSaved() const {
+        stored("DELETE FROM daily_stats");
+        ASSERT_EQ(stored(kSavedDays), u"0"_s);
+    }
+};
+
+class SignalTest : public EndTest, public testing::WithParamInterface<int> {};
+
+TEST_P(SignalTest, savesAndEndsWithStatusZero) {
+    Program tavi(environment());
+    ASSERT_TRUE(waitForWallpaper());
+    forgetSaved();
+    tavi.send(GetParam());
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+    EXPECT_EQ(stored(kSavedDays), u"1"_s);
+}
+
+INSTANTIATE_TEST_SUITE_P(EverySignalThatAsksForTheEnd, SignalTest,
+                         testing::Values(SIGTERM, SIGINT, SIGHUP));
+
+TEST_F(EndTest, comesWithinHalfASecond) {
+    // On a busy machine one start in three may have to wait for the processor.
+    qint64 best = std::numeric_limits<qint64>::max();
+    for (int run = 0; run < 3 && best > 500; ++run) {
+        Program tavi(environment());
+        ASSERT_TRUE(waitForWallpaper());
+        QElapsedTimer elapsed;
+        elapsed.start();
+        tavi.send(SIGTERM);
+        ASSERT_TRUE(tavi.endsWith(0));
+        best = std::min(best, elapsed.elapsed());
+        ASSERT_TRUE(waitUntil([&] { return client->find("Tavi") == 0; }));
+    }
+    EXPECT_LE(best, 500) << "milliseconds";
+}
+
+TEST_F(EndTest, byAKillLeavesASoundDatabaseForTheNextStart) {
+    for (int run = 0; run < 2; ++run) {
+        Program killed(environment());
+        if (run == 0) {
+            ASSERT_TRUE(waitUntil([&] { return QFile::exists(databasePath()); }, kPatience));
+        } else {
+            ASSERT_TRUE(waitForWallpaper());
+        }
+        killed.send(SIGKILL);
+        ASSERT_TRUE(waitUntil([&] { return !killed.isRunning(); }));
+        ASSERT_TRUE(waitUntil([&] { return client->find("Tavi") == 0; }));
+        EXPECT_EQ(stored("PRAGMA integrity_check"), u"ok"_s);
+    }
+    Program next(environment());
+    ASSERT_TRUE(waitForWallpaper());
+    forgetSaved();
+    next.send(SIGTERM);
+    EXPECT_TRUE(next.endsWith(0)) << next.errors().toStdString();
+    EXPECT_EQ(stored(kSavedDays), u"1"_s);
+    EXPECT_EQ(stored("PRAGMA integrity_check"), u"ok"_s);
+}
+
+TEST_F(EndTest, ofTheDisplaySavesAndEndsTheProgram) {
+    Program tavi(environment());
+    ASSERT_TRUE(waitForWallpaper());
+    forgetSaved();
+    session.killServer();
+    EXPECT_TRUE(tavi.endsWith(0, std::chrono::seconds(10))) << tavi.errors().toStdString();
+    EXPECT_EQ(stored(kSavedDays), u"1"_s);
+}
+
+} // namespace zeph

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "TaviFixture.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusReply>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+using StartTest = TaviTest;
+
+namespace {
+
+const QString kNoDisplay = u"tavi: there is no X display to draw on\n"_s;
+
+} // namespace
+
+TEST_F(StartTest, endsAtOnceWhereTheProgramRunsAlready) {
+    startWindowManager();
+    const Program first(environment());
+    ASSERT_TRUE(waitForWallpaper());
+    BusConnection watcher(bus.address());
+    const auto owner = [&] {
+        return QDBusReply<uint>(watcher.bus().interface()->servicePid(u"com.tavi.Tavi"_s)).value();
+    };
+    ASSERT_EQ(owner(), first.process());
+    Program second(environment());
+    EXPECT_TRUE(second.endsWith(0, std::chrono::seconds(10))) << second.errors().toStdString();
+    EXPECT_TRUE(first.isRunning());
+    EXPECT_EQ(owner(), first.process());
+    EXPECT_EQ(client->findAll("Tavi").size(), 1);
+}
+
+TEST_F(StartTest, needsNoBus) {
+    startWindowManager();
+    bus.stop();
+    Program tavi(environment());
+    ASSERT_TRUE(waitForWallpaper());
+    tavi.send(SIGTERM);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+}
+
+TEST_F(StartTest, failsWithoutADisplay) {
+    auto without = environment();
+    without.remove(u"DISPLAY"_s);
+    Program unset(without);
+    EXPECT_TRUE(unset.endsWith(1));
+    EXPECT_EQ(unset.errors(), kNoDisplay);
+
+    session.killServer();
+    Program gone(environment());
+    EXPECT_TRUE(gone.endsWith(1));
+    EXPECT_EQ(gone.errors(), kNoDisplay);
+}
+
+TEST_F(StartTest, goesOnWhereNothingCanBeSaved) {
+    startWindowManager();
+    QFile inTheWay(path("data/Zeph"));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    Program tavi(environment());
+    ASSERT_TRUE(waitForWallpaper());
+    const QString line = u"[Zeph] failed to open db at "_s + databasePath() + u'\n';
+    EXPECT_TRUE(tavi.output().contains(line)) << tavi.output().toStdString();
+    tavi.send(SIGTERM);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+}
+
+TEST_F(StartTest, ignoresOptions) {
+    startWindowManager();
+    Program tavi(environment(), {u"--unheard-of"_s, u"-platform"_s, u"offscreen"_s});
+    ASSERT_TRUE(waitForWallpaper());
+    tavi.send(SIGTERM);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+}
+
+} // namespace zeph
