@@ -32,6 +32,7 @@ SamplingCoordinator::SamplingCoordinator(CoordinatorContext context)
       m_appUsage(m_context.platform.clock, m_context.platform.workspace, m_context.usageStore),
       m_input(m_context.platform.clock, m_context.platform.inputEvents),
       m_activity(m_context.platform.clock, m_context.platform.inputEvents, m_context.usageStore),
+      m_battery(m_context.platform.powerSources),
       m_systemLoad(m_context.platform.hostStatistics),
       m_diskUptime(m_context.platform.clock, m_context.platform.volume,
                    m_context.platform.hostStatistics),
@@ -138,8 +139,10 @@ void SamplingCoordinator::slowTick() {
     if (!m_input.hasTap() && m_context.platform.inputEvents.isTrusted()) {
         m_input.start();
     }
+    m_battery.sample();
     m_diskUptime.sampleDisk();
     m_diskUptime.sampleUptime();
+    m_context.state.battery = m_battery.info();
     m_context.state.disk = m_diskUptime.disk();
     m_context.state.uptimeSeconds = m_diskUptime.uptimeSeconds();
     if (const auto coordinate = m_context.location.coordinate()) {

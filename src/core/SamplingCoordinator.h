@@ -5,6 +5,7 @@
 #include "core/values/Coordinate.h"
 #include "sensors/ActivityMonitor.h"
 #include "sensors/AppUsageMonitor.h"
+#include "sensors/BatteryMonitor.h"
 #include "sensors/DiskUptimeMonitor.h"
 #include "sensors/InputMonitor.h"
 #include "sensors/NetworkMonitor.h"
@@ -70,6 +71,7 @@ private:
     AppUsageMonitor m_appUsage;
     InputMonitor m_input;
     ActivityMonitor m_activity;
+    BatteryMonitor m_battery;
     SystemLoadMonitor m_systemLoad;
     DiskUptimeMonitor m_diskUptime;
     NetworkMonitor m_network;

@@ -6,17 +6,19 @@
 #include "presentation/preferences/PreferencesStore.h"
 #include "presentation/widgets/RootWallpaperView.h"
 
+#include <utility>
+
 namespace zeph {
 
 DesktopWindow::DesktopWindow(WindowServer &server, RunLoop &runLoop,
                              const PreferencesStore &preferences, const RootWallpaperView &rootView,
-                             ScenePainter &painter, const Screen &screen)
+                             ScenePainter &painter, Screen screen)
     : m_server(server),
       m_runLoop(runLoop),
       m_preferences(preferences),
       m_rootView(rootView),
       m_renderer(painter),
-      m_screen(screen),
+      m_screen(std::move(screen)),
       m_needsDisplay(std::make_shared<bool>(false)) {
     makeSurface();
     display();

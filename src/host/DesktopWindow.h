@@ -20,7 +20,7 @@ class DesktopWindow {
 public:
     /// A painted, hidden window for `screen`; everything else outlives it.
     DesktopWindow(WindowServer &server, RunLoop &runLoop, const PreferencesStore &preferences,
-                  const RootWallpaperView &rootView, ScenePainter &painter, const Screen &screen);
+                  const RootWallpaperView &rootView, ScenePainter &painter, Screen screen);
     ~DesktopWindow();
     DesktopWindow(const DesktopWindow &) = delete;
     DesktopWindow &operator=(const DesktopWindow &) = delete;

@@ -9,6 +9,7 @@ class Formatters;
 class HostStatistics;
 class InputEvents;
 class NetworkInterfaces;
+class PowerSources;
 class RunLoop;
 class Screens;
 class UserDefaults;
@@ -31,6 +32,7 @@ struct Platform {
     const NetworkInterfaces &networkInterfaces;
     const WiFi &wifi;
     const Volume &volume;
+    PowerSources &powerSources;
     Screens &screens;
     WindowServer &windowServer;
 };

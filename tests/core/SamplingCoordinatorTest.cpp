@@ -77,32 +77,36 @@ TEST_F(SamplingCoordinatorTest, mediumTickRunsEveryThreeSecondsAndAssignsLoadThe
 TEST_F(SamplingCoordinatorTest, anHourOfTicksAssignsByTheScheduleAndNoMore) {
     makeCoordinator().start();
     const int changes = changesDuring([&] { loop.advance(3600); });
-    // now 60, rhythm+activity+ranking 720 strides, load+network 1200, disk+uptime 80 slow ticks
-    EXPECT_EQ(changes, 60 + 3 * 720 + 2 * 1200 + 2 * 80);
+    // now 60, rhythm+activity+ranking 720 strides, load+network 1200, battery+disk+uptime 80
+    EXPECT_EQ(changes, 60 + 3 * 720 + 2 * 1200 + 3 * 80);
 }
 
 TEST_F(SamplingCoordinatorTest, beforeTheFirstBatterySampleAnIdleMachineSkipsTheMediumTick) {
     input.idleSeconds = 90.5;
     makeCoordinator().start();
     EXPECT_EQ(host.cpuReads, 0) << "the battery counts as present and unplugged";
-    input.idleSeconds = 90.0;
-    loop.advance(3);
-    EXPECT_EQ(host.cpuReads, 1) << "90 seconds are not idle yet";
 }
 
-TEST_F(SamplingCoordinatorTest, pluggedInOrWithoutBatteryTheMediumTickNeverSkips) {
-    input.idleSeconds = 1000;
+TEST_F(SamplingCoordinatorTest, onBatteryTheMediumTickRestsOnlyAboveNinetyIdleSeconds) {
+    powerSources.sources = {QVariantMap{{u"Power Source State"_s, u"Battery Power"_s}}};
     makeCoordinator().start();
-    BatteryInfo plugged;
-    plugged.isPluggedIn = true;
-    state.battery = plugged;
+    const int reads = host.cpuReads;
+    input.idleSeconds = 90.5;
     loop.advance(3);
-    EXPECT_EQ(host.cpuReads, 1);
-    BatteryInfo none;
-    none.isPresent = false;
-    state.battery = none;
+    EXPECT_EQ(host.cpuReads, reads);
+    input.idleSeconds = 90.0;
     loop.advance(3);
-    EXPECT_EQ(host.cpuReads, 2);
+    EXPECT_EQ(host.cpuReads, reads + 1) << "90 seconds are not idle yet";
+}
+
+TEST_F(SamplingCoordinatorTest, pluggedInTheMediumTickNeverSkips) {
+    powerSources.sources = {QVariantMap{{u"Power Source State"_s, u"AC Power"_s}}};
+    makeCoordinator().start();
+    ASSERT_TRUE(state.battery->isPluggedIn);
+    const int reads = host.cpuReads;
+    input.idleSeconds = 1000;
+    loop.advance(3);
+    EXPECT_EQ(host.cpuReads, reads + 1);
 }
 
 TEST_F(SamplingCoordinatorTest, withoutTrustThereIsNoTapUntilASlowTickFindsIt) {
@@ -125,6 +129,17 @@ TEST_F(SamplingCoordinatorTest, slowTickPublishesDiskAndUptime) {
     EXPECT_EQ(state.disk->totalBytes, 1000);
     EXPECT_EQ(state.disk->freeBytes, 400);
     EXPECT_DOUBLE_EQ(*state.uptimeSeconds, 5000);
+}
+
+TEST_F(SamplingCoordinatorTest, aMachineWithoutABatteryIsKnownAfterTheFirstSlowTick) {
+    makeCoordinator();
+    EXPECT_TRUE(state.battery->isPresent);
+    coordinator->start();
+    EXPECT_FALSE(state.battery->isPresent);
+    input.idleSeconds = 1000;
+    const int reads = host.cpuReads;
+    loop.advance(3);
+    EXPECT_EQ(host.cpuReads, reads + 1) << "a desktop machine never skips the medium tick";
 }
 
 TEST_F(SamplingCoordinatorTest, noCoordinateMeansNoSolar) {

@@ -9,6 +9,7 @@
 #include "support/FakeInputEvents.h"
 #include "support/FakeLocation.h"
 #include "support/FakeMachine.h"
+#include "support/FakePowerSources.h"
 #include "support/FakeScreens.h"
 #include "support/FakeUserDefaults.h"
 #include "support/FakeWindowServer.h"
@@ -36,13 +37,14 @@ public:
     FakeNetworkInterfaces interfaces;
     FakeWiFi wifi;
     FakeVolume volume;
+    FakePowerSources powerSources;
     FakeScreens screens;
     FakeWindowServer windowServer;
     FakeLocationClient locationClient;
     FakeGeocoder geocoder;
     LocationManager location{&locationClient, &geocoder};
-    Platform platform{clock, calendar,   formatters, loop,   defaults, workspace,   input,
-                      host,  interfaces, wifi,       volume, screens,  windowServer};
+    Platform platform{clock, calendar,   formatters, loop,   defaults,     workspace, input,
+                      host,  interfaces, wifi,       volume, powerSources, screens,   windowServer};
     std::unique_ptr<UsageStore> usageStore =
         std::make_unique<UsageStore>(folder.path(), clock, calendar);
 };

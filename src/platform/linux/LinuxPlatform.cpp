@@ -5,12 +5,15 @@
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/dbus/NetworkManagerWiFi.h"
 #include "platform/linux/defaults/JsonUserDefaults.h"
+#include "platform/linux/power/LinuxPowerSources.h"
+#include "platform/linux/power/UPowerSources.h"
 #include "platform/linux/proc/NetlinkInterfaces.h"
 #include "platform/linux/proc/ProcHostStatistics.h"
 #include "platform/linux/proc/StatvfsVolume.h"
 #include "platform/linux/proc/SystemClock.h"
 #include "platform/linux/qt/QtRunLoop.h"
 #include "platform/linux/qt/QtScreens.h"
+#include "platform/linux/qt/QtTaskExecutor.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11InputEvents.h"
 #include "platform/linux/x11/X11Monitors.h"
@@ -22,6 +25,13 @@
 #include <QStandardPaths>
 
 namespace zeph {
+
+namespace {
+
+// The kernel's battery files are all that is read away from the main thread.
+constexpr int backgroundThreads = 2;
+
+} // namespace
 
 struct LinuxPlatform::Adapters {
     Adapters(std::unique_ptr<X11Connection> connection, std::unique_ptr<X11WindowServer> server,
@@ -39,9 +49,11 @@ struct LinuxPlatform::Adapters {
           inputConsent(Consent::forInput(defaults)),
           inputEvents(*x11, screens, [this] { return inputConsent.isGranted(); }),
           wifi(QDBusConnection::systemBus()),
-          ports{clock,     userCalendar, userFormatters, runLoop,    defaults,
-                workspace, inputEvents,  hostStatistics, interfaces, wifi,
-                volume,    screens,      *windowServer} {}
+          upower(QDBusConnection::systemBus()),
+          powerSources(upower, QStringLiteral("/sys/class/power_supply"), executor, runLoop),
+          ports{clock,     userCalendar, userFormatters, runLoop,      defaults,
+                workspace, inputEvents,  hostStatistics, interfaces,   wifi,
+                volume,    powerSources, screens,        *windowServer} {}
 
     std::unique_ptr<X11Connection> x11;
     std::unique_ptr<X11WindowServer> windowServer;
@@ -57,6 +69,9 @@ struct LinuxPlatform::Adapters {
     NetlinkInterfaces interfaces;
     NetworkManagerWiFi wifi;
     StatvfsVolume volume;
+    QtTaskExecutor executor{backgroundThreads};
+    UPowerSources upower;
+    LinuxPowerSources powerSources;
     Platform ports;
 };
 

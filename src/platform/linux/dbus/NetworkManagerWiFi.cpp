@@ -81,7 +81,7 @@ std::optional<QString> nameIn(const QByteArray &bytes) {
 
 } // namespace
 
-NetworkManagerWiFi::NetworkManagerWiFi(const QDBusConnection &bus) : m_bus(bus) {
+NetworkManagerWiFi::NetworkManagerWiFi(QDBusConnection bus) : m_bus(std::move(bus)) {
     if (!m_bus.isConnected()) {
         return;
     }

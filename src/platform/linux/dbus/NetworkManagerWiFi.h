@@ -22,7 +22,7 @@ class PropertyWatch;
 class NetworkManagerWiFi : public WiFi {
 public:
     /// `bus` is the system bus. One that isn't connected is a machine without the daemon.
-    explicit NetworkManagerWiFi(const QDBusConnection &bus);
+    explicit NetworkManagerWiFi(QDBusConnection bus);
     ~NetworkManagerWiFi() override;
 
     std::optional<QString> ssid() const override { return m_ssid; }

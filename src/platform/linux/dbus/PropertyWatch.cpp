@@ -12,12 +12,12 @@ const char *const slot = SLOT(propertiesChanged(QString, QVariantMap, QStringLis
 } // namespace
 
 // The interface stands in the match rule, so that the bus does not wake this process for others.
-PropertyWatch::PropertyWatch(const QDBusConnection &bus, const QString &service,
-                             const QString &path, const QString &interface, Handler handler)
-    : m_bus(bus),
-      m_service(service),
-      m_path(path),
-      m_interface(interface),
+PropertyWatch::PropertyWatch(QDBusConnection bus, QString service, QString path, QString interface,
+                             Handler handler)
+    : m_bus(std::move(bus)),
+      m_service(std::move(service)),
+      m_path(std::move(path)),
+      m_interface(std::move(interface)),
       m_handler(std::move(handler)) {
     m_bus.connect(m_service, m_path, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s,
                   {m_interface}, u"sa{sv}as"_s, this, slot);

@@ -19,15 +19,14 @@ public:
     using Handler = std::function<void(const QVariantMap &changed, const QStringList &invalidated)>;
 
     /// An empty `path` follows every object of `service`. `handler` runs on this thread.
-    PropertyWatch(const QDBusConnection &bus, const QString &service, const QString &path,
-                  const QString &interface, Handler handler);
+    PropertyWatch(QDBusConnection bus, QString service, QString path, QString interface,
+                  Handler handler);
     ~PropertyWatch() override;
 
-private Q_SLOTS:
-    void propertiesChanged(const QString &interface, const QVariantMap &changed,
-                           const QStringList &invalidated);
-
 private:
+    Q_SLOT void propertiesChanged(const QString &interface, const QVariantMap &changed,
+                                  const QStringList &invalidated);
+
     QDBusConnection m_bus;
     QString m_service;
     QString m_path;

@@ -19,9 +19,9 @@ constexpr int ownerLimitMilliseconds = 2000;
 
 } // namespace
 
-SingleInstance::SingleInstance(const QDBusConnection &sessionBus,
+SingleInstance::SingleInstance(QDBusConnection sessionBus,
                                std::function<void(const ApplicationRequest &)> handler)
-    : m_bus(sessionBus), m_object(std::move(handler)) {}
+    : m_bus(std::move(sessionBus)), m_object(std::move(handler)) {}
 
 SingleInstance::~SingleInstance() {
     if (m_isOwner) {

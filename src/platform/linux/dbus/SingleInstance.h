@@ -20,7 +20,7 @@ enum class InstanceRole {
 /// Owns the name com.tavi.Tavi on the session bus for as long as it lives.
 class SingleInstance {
 public:
-    SingleInstance(const QDBusConnection &sessionBus,
+    SingleInstance(QDBusConnection sessionBus,
                    std::function<void(const ApplicationRequest &)> handler);
     ~SingleInstance();
     SingleInstance(const SingleInstance &) = delete;
