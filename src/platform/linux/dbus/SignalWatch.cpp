@@ -9,8 +9,8 @@ const char *const slot = SLOT(received(QDBusMessage));
 
 } // namespace
 
-SignalWatch::SignalWatch(const QDBusConnection &bus, BusSignal signal, Handler handler)
-    : m_bus(bus), m_signal(std::move(signal)), m_handler(std::move(handler)) {
+SignalWatch::SignalWatch(QDBusConnection bus, BusSignal signal, Handler handler)
+    : m_bus(std::move(bus)), m_signal(std::move(signal)), m_handler(std::move(handler)) {
     m_bus.connect(m_signal.service, m_signal.path, m_signal.interface, m_signal.name,
                   m_signal.firstArguments, m_signal.signature, this, slot);
 }

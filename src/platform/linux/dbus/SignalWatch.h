@@ -29,13 +29,12 @@ public:
     using Handler = std::function<void(const QDBusMessage &signal)>;
 
     /// `handler` runs on this thread.
-    SignalWatch(const QDBusConnection &bus, BusSignal signal, Handler handler);
+    SignalWatch(QDBusConnection bus, BusSignal signal, Handler handler);
     ~SignalWatch() override;
 
-private Q_SLOTS:
-    void received(const QDBusMessage &signal);
-
 private:
+    Q_SLOT void received(const QDBusMessage &signal);
+
     QDBusConnection m_bus;
     BusSignal m_signal;
     Handler m_handler;

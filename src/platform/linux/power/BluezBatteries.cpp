@@ -49,7 +49,7 @@ QString pathIn(const QDBusMessage &signal) {
 
 } // namespace
 
-BluezBatteries::BluezBatteries(const QDBusConnection &bus) : m_bus(bus) {}
+BluezBatteries::BluezBatteries(QDBusConnection bus) : m_bus(std::move(bus)) {}
 
 BluezBatteries::~BluezBatteries() = default;
 

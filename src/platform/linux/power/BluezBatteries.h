@@ -22,7 +22,7 @@ class SignalWatch;
 class BluezBatteries {
 public:
     /// `bus` is the system bus. Nothing is asked before `start`.
-    explicit BluezBatteries(const QDBusConnection &bus);
+    explicit BluezBatteries(QDBusConnection bus);
     ~BluezBatteries();
     BluezBatteries(const BluezBatteries &) = delete;
     BluezBatteries &operator=(const BluezBatteries &) = delete;

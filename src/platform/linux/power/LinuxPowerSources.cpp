@@ -53,8 +53,8 @@ void LinuxPowerSources::tellNews() {
 
 /// The word of a daemon that went away stands until the kernel's has arrived.
 const std::optional<BatteryReading> &LinuxPowerSources::latest() const {
-    if (auto reading = m_upower.battery()) {
-        m_latest = std::move(reading);
+    if (const auto reading = m_upower.battery()) {
+        m_latest = reading;
     } else if (m_sysfs.hasArrived()) {
         m_latest = m_sysfs.reading();
     }
