@@ -48,7 +48,7 @@ QString pathIn(const QDBusMessage &signal) {
 
 } // namespace
 
-UPowerSources::UPowerSources(const QDBusConnection &bus) : m_bus(bus) {
+UPowerSources::UPowerSources(QDBusConnection bus) : m_bus(std::move(bus)) {
     if (m_bus.isConnected()) {
         watch();
         askEverything();

@@ -24,7 +24,7 @@ class SignalWatch;
 class UPowerSources {
 public:
     /// `bus` is the system bus. One that isn't connected is a machine without the daemon.
-    explicit UPowerSources(const QDBusConnection &bus);
+    explicit UPowerSources(QDBusConnection bus);
     ~UPowerSources();
     UPowerSources(const UPowerSources &) = delete;
     UPowerSources &operator=(const UPowerSources &) = delete;
