@@ -36,14 +36,29 @@ public:
     }
     void vanish() { m_connection.reset(); }
 
-    /// Vanishes and appears for everybody else, on the same connection.
-    void loseName() { ASSERT_TRUE(m_connection->bus().unregisterService(m_name)); }
-    void takeName() { ASSERT_TRUE(m_connection->bus().registerService(m_name)); }
+    /// Ends and starts anew for everybody else, on the same connection and without waiting.
+    void restart() {
+        for (const QString &method :
+             {QStringLiteral("ReleaseName"), QStringLiteral("RequestName")}) {
+            QDBusMessage call = QDBusMessage::createMethodCall(
+                QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+                QStringLiteral("org.freedesktop.DBus"), method);
+            call << m_name;
+            if (method == QStringLiteral("RequestName")) {
+                call << 0U;
+            }
+            m_connection->bus().send(call);
+        }
+    }
 
     void set(const QString &path, const QString &interface, const QVariantMap &values) {
         m_objects[path][interface].insert(values);
         signal(path, QStringLiteral("org.freedesktop.DBus.Properties"),
                QStringLiteral("PropertiesChanged"), {interface, values, QStringList()});
+    }
+    /// Changes a property and tells nobody.
+    void store(const QString &path, const QString &interface, const QVariantMap &values) {
+        m_objects[path][interface].insert(values);
     }
     /// Changes a property and tells its name alone.
     void setSilently(const QString &path, const QString &interface, const QString &name,
