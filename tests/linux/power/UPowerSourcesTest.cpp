@@ -3,9 +3,8 @@
 
 #include "linux/power/QuietestHold.h"
 #include "linux/power/UPowerFixture.h"
+#include "support/LeastGrowth.h"
 #include "support/QtPrinters.h"
-
-#include <malloc.h>
 
 namespace zeph {
 
@@ -276,16 +275,17 @@ TEST_F(UPowerOnABus, followsAThousandRestartsWithoutGrowth) {
                    sources->battery()->current == percent && sources->accessories().size() == 1;
         }));
     };
-    for (int warmUp = 0; warmUp < 10; ++warmUp) {
+    for (int warmUp = 0; warmUp < 80; ++warmUp) {
         restartTenTimes();
     }
-    const auto before = mallinfo2().uordblks;
-    for (int cycle = 0; cycle < 100; ++cycle) {
-        restartTenTimes();
-    }
-    const auto after = mallinfo2().uordblks;
-    RecordProperty("growth", static_cast<int>(after) - static_cast<int>(before));
-    EXPECT_LT(after, before + 64 * 1024) << "less than 66 bytes a restart";
+    const int enough = 200 * 66;
+    const auto growth = leastGrowth(enough, [&] {
+        for (int cycle = 0; cycle < 20; ++cycle) {
+            restartTenTimes();
+        }
+    });
+    RecordProperty("growth", static_cast<int>(growth));
+    EXPECT_LT(growth, enough) << "less than 66 bytes a restart";
 }
 
 TEST_F(UPowerOnABus, followsAThousandChangesWithoutGrowth) {
@@ -312,16 +312,17 @@ TEST_F(UPowerOnABus, followsAThousandChangesWithoutGrowth) {
                        std::vector<AccessoryCharge>{{u"Mouse"_s, 1 + round % 100}};
         }));
     };
-    for (int warmUp = 0; warmUp < 10; ++warmUp) {
+    for (int warmUp = 0; warmUp < 80; ++warmUp) {
         changeTenTimes();
     }
-    const auto before = mallinfo2().uordblks;
-    for (int cycle = 0; cycle < 100; ++cycle) {
-        changeTenTimes();
-    }
-    const auto after = mallinfo2().uordblks;
-    RecordProperty("growth", static_cast<int>(after) - static_cast<int>(before));
-    EXPECT_LT(after, before + 32 * 1024) << "less than 33 bytes a change";
+    const int enough = 200 * 33;
+    const auto growth = leastGrowth(enough, [&] {
+        for (int cycle = 0; cycle < 20; ++cycle) {
+            changeTenTimes();
+        }
+    });
+    RecordProperty("growth", static_cast<int>(growth));
+    EXPECT_LT(growth, enough) << "less than 33 bytes a change";
 }
 
 } // namespace
