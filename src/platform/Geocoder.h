@@ -18,6 +18,7 @@ struct Placemark {
     std::optional<QString> administrativeArea;
     std::optional<QString> country;
     std::optional<QString> ocean;
+    std::optional<QString> inlandWater = {}; ///< a lake, or a sea that no ocean reaches
 
     bool operator==(const Placemark &) const = default;
 };
@@ -26,6 +27,7 @@ struct Placemark {
 class Geocoder : public Port {
 public:
     /// Answers on the main thread, never inside the call; an empty list when nothing is known.
+    /// May be called on any thread. At the end of the process the answer may never come.
     virtual void reverseGeocode(const Coordinate &position,
                                 std::function<void(const std::vector<Placemark> &)> answer) = 0;
 };
