@@ -3,36 +3,73 @@
 
 #include "platform/DesktopFolder.h"
 
-#include <QHash>
+#include <QStringView>
 
+#include <algorithm>
+#include <array>
 #include <limits>
+#include <string_view>
 
 namespace zeph {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-const QHash<QString, DesktopCategory> &categoriesByExtension() {
-    static const QHash<QString, DesktopCategory> table = [] {
-        QHash<QString, DesktopCategory> extensions;
-        const auto add = [&](DesktopCategory category, std::initializer_list<QString> names) {
-            for (const QString &name : names) {
-                extensions.insert(name, category);
-            }
-        };
-        add(DesktopCategory::images, {u"png"_s, u"jpg"_s, u"jpeg"_s, u"gif"_s, u"heic"_s, u"heif"_s,
-                                      u"webp"_s, u"tiff"_s, u"tif"_s, u"bmp"_s, u"svg"_s});
-        add(DesktopCategory::documents,
-            {u"pdf"_s, u"doc"_s, u"docx"_s, u"txt"_s, u"md"_s, u"rtf"_s, u"pages"_s, u"key"_s,
-             u"numbers"_s, u"xls"_s, u"xlsx"_s, u"ppt"_s, u"pptx"_s, u"csv"_s});
-        add(DesktopCategory::archives,
-            {u"zip"_s, u"dmg"_s, u"rar"_s, u"7z"_s, u"tar"_s, u"gz"_s, u"pkg"_s});
-        add(DesktopCategory::media, {u"mp4"_s, u"mov"_s, u"m4v"_s, u"avi"_s, u"mkv"_s, u"mp3"_s,
-                                     u"wav"_s, u"m4a"_s, u"aiff"_s, u"flac"_s});
-        return extensions;
-    }();
-    return table;
+using Word = std::u16string_view;
+
+constexpr std::array<Word, 11> imageExtensions{u"png",  u"jpg",  u"jpeg", u"gif", u"heic", u"heif",
+                                               u"webp", u"tiff", u"tif",  u"bmp", u"svg"};
+constexpr std::array<Word, 14> documentExtensions{u"pdf",  u"doc",   u"docx", u"txt",     u"md",
+                                                  u"rtf",  u"pages", u"key",  u"numbers", u"xls",
+                                                  u"xlsx", u"ppt",   u"pptx", u"csv"};
+constexpr std::array<Word, 7> archiveExtensions{u"zip", u"dmg", u"rar", u"7z",
+                                                u"tar", u"gz",  u"pkg"};
+constexpr std::array<Word, 10> mediaExtensions{u"mp4", u"mov", u"m4v", u"avi",  u"mkv",
+                                               u"mp3", u"wav", u"m4a", u"aiff", u"flac"};
+
+template <std::size_t size>
+bool contains(const std::array<Word, size> &words, Word word) {
+    return std::find(words.begin(), words.end(), word) != words.end();
+}
+
+/// The name in lower case. The library's conversion looks every letter up, which ten thousand names
+/// would feel; it is asked only for what is not ASCII.
+QString lowered(const QString &name) {
+    QString result(name.size(), Qt::Uninitialized);
+    QChar *out = result.data();
+    for (const QChar letter : name) {
+        const char16_t code = letter.unicode();
+        if (code >= 0x80) {
+            return name.toLower();
+        }
+        *out++ = code >= u'A' && code <= u'Z' ? QChar(code + (u'a' - u'A')) : letter;
+    }
+    return result;
+}
+
+/// One search for what the three words begin with: a Desktop can hold many thousand names.
+bool namesAScreenshot(Word name) {
+    constexpr Word screen = u"screen";
+    for (auto at = name.find(screen); at != Word::npos; at = name.find(screen, at + 1)) {
+        const Word rest = name.substr(at + screen.size());
+        if (rest.starts_with(u"shot") || rest.starts_with(u" shot") ||
+            rest.starts_with(u" recording")) {
+            return true;
+        }
+    }
+    return name.starts_with(u"cleanshot");
+}
+
+DesktopCategory categoryOfExtension(Word extension) {
+    if (contains(imageExtensions, extension)) {
+        return DesktopCategory::images;
+    }
+    if (contains(documentExtensions, extension)) {
+        return DesktopCategory::documents;
+    }
+    if (contains(archiveExtensions, extension)) {
+        return DesktopCategory::archives;
+    }
+    return contains(mediaExtensions, extension) ? DesktopCategory::media : DesktopCategory::other;
 }
 
 /// Sparse files can claim any size; the sum stops where it can't be told any more.
@@ -73,16 +110,15 @@ void DesktopMonitor::sample() {
 
 /// The name's own words come first: a PDF called after a screenshot is one.
 DesktopCategory DesktopMonitor::classify(const QString &fileName) {
-    const QString name = fileName.toLower();
-    if (name.contains(u"screenshot"_s) || name.contains(u"screen shot"_s) ||
-        name.contains(u"screen recording"_s) || name.startsWith(u"cleanshot"_s)) {
+    const QString text = lowered(fileName);
+    const QStringView view(text);
+    const Word name(view.utf16(), static_cast<std::size_t>(view.size()));
+    if (namesAScreenshot(name)) {
         return DesktopCategory::screenshots;
     }
-    const qsizetype dot = name.lastIndexOf(u'.');
-    if (dot <= 0) {
-        return DesktopCategory::other;
-    }
-    return categoriesByExtension().value(name.sliced(dot + 1), DesktopCategory::other);
+    const auto dot = name.rfind(u'.');
+    const bool hasExtension = dot != Word::npos && dot > 0;
+    return hasExtension ? categoryOfExtension(name.substr(dot + 1)) : DesktopCategory::other;
 }
 
 } // namespace zeph

@@ -95,6 +95,17 @@ TEST_F(DesktopCensus, lowersTheCaseOfTheExtension) {
     EXPECT_EQ(countsOf(u"IMG_1.JPG"_s), (Counts{{images, 1}}));
 }
 
+TEST_F(DesktopCensus, lowersTheCaseOfNamesThatAreNotAscii) {
+    EXPECT_EQ(countsOf(u"\u00DCBER.JPG"_s), (Counts{{images, 1}}));
+    EXPECT_EQ(countsOf(u"SCREEN SHOT \u00C9t\u00E9.PNG"_s), (Counts{{screenshots, 1}}));
+    EXPECT_EQ(countsOf(u"talk.\u212AEY"_s), (Counts{{documents, 1}})) << "the Kelvin sign is a k";
+}
+
+TEST_F(DesktopCensus, findsTheWordAfterAnUnfinishedOne) {
+    EXPECT_EQ(countsOf(u"screen of a screen recording"_s), (Counts{{screenshots, 1}}));
+    EXPECT_EQ(countsOf(u"screen screen"_s), (Counts{{other, 1}}));
+}
+
 TEST_F(DesktopCensus, takesAPngNamedCleanShotForAScreenshotOnlyAtTheBeginning) {
     EXPECT_EQ(countsOf(u"CleanShot 2024.png"_s), (Counts{{screenshots, 1}}));
     EXPECT_EQ(countsOf(u"my cleanshot.png"_s), (Counts{{images, 1}}));
