@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/location/GeoClueLocationClient.h"
+
+#include "platform/linux/location/GeoClueSession.h"
+#include "platform/linux/location/LocationPermission.h"
+
+#include <utility>
+
+namespace zeph {
+
+GeoClueLocationClient::GeoClueLocationClient(QDBusConnection bus, LocationPermission &permission,
+                                             ZoneCity zoneCity, LocationPatience patience)
+    : m_bus(std::move(bus)),
+      m_permission(permission),
+      m_zoneCity(std::move(zoneCity)),
+      m_patience(patience) {
+    m_deadline.setSingleShot(true);
+    QObject::connect(&m_deadline, &QTimer::timeout, &m_context, [this] { patienceEnded(); });
+}
+
+GeoClueLocationClient::~GeoClueLocationClient() = default;
+
+LocationAuthorization GeoClueLocationClient::authorizationStatus() const {
+    return m_permission.status();
+}
+
+void GeoClueLocationClient::requestLocation() {
+    if (m_wantsFix) {
+        return;
+    }
+    if (authorizationStatus() != LocationAuthorization::authorized) {
+        QMetaObject::invokeMethod(
+            &m_context, [this] { tellFailure(); }, Qt::QueuedConnection);
+        return;
+    }
+    m_wantsFix = true;
+    m_mayTryAgain = true;
+    m_deadline.start(m_patience.fix);
+    if (!m_session) {
+        open();
+    }
+}
+
+void GeoClueLocationClient::requestWhenInUseAuthorization() {
+    const bool isBusy = m_wantsPermission || m_wantsFix;
+    if (isBusy || authorizationStatus() != LocationAuthorization::notDetermined) {
+        return;
+    }
+    m_wantsPermission = true;
+    m_deadline.start(m_patience.authorization);
+    open();
+}
+
+void GeoClueLocationClient::open() {
+    close();
+    m_session = std::make_unique<GeoClueSession>(
+        m_bus, GeoClueHandlers{[this] { started(); }, [this](Coordinate fix) { located(fix); },
+                               [this](GeoClueFailure failure) { failed(failure); }});
+}
+
+/// Leaves the service; the session itself, which may be the caller, ends a little later.
+void GeoClueLocationClient::close() {
+    if (m_session) {
+        m_session->close();
+        QMetaObject::invokeMethod(
+            &m_context,
+            [ended = std::shared_ptr<GeoClueSession>(std::move(m_session))]() mutable {
+                ended.reset();
+            },
+            Qt::QueuedConnection);
+    }
+    m_isStarted = false;
+    m_fix.reset();
+}
+
+void GeoClueLocationClient::started() {
+    m_isStarted = true;
+    if (m_wantsPermission) {
+        granted(); // whoever hears it may want a fix
+    }
+    if (!m_wantsFix) {
+        close();
+    } else if (m_fix) {
+        answer(m_fix);
+    }
+}
+
+void GeoClueLocationClient::located(Coordinate fix) {
+    if (m_isStarted && m_wantsFix) {
+        answer(fix);
+    } else {
+        m_fix = fix;
+    }
+}
+
+void GeoClueLocationClient::failed(GeoClueFailure failure) {
+    close();
+    switch (failure) {
+    case GeoClueFailure::refused:
+        refused();
+        break;
+    case GeoClueFailure::absent:
+        if (m_wantsPermission) {
+            granted();
+        } else {
+            answer(m_zoneCity());
+        }
+        break;
+    case GeoClueFailure::lost:
+        lost();
+        break;
+    }
+}
+
+void GeoClueLocationClient::refused() {
+    m_wantsPermission = false;
+    m_deadline.stop();
+    m_permission.refuse();
+    tellAuthorization();
+    if (m_wantsFix) {
+        answer(std::nullopt);
+    }
+}
+
+void GeoClueLocationClient::lost() {
+    if (m_wantsPermission) {
+        m_wantsPermission = false; // still undetermined, and may be asked again
+        m_deadline.stop();
+    } else if (std::exchange(m_mayTryAgain, false)) {
+        open();
+    } else {
+        answer(m_zoneCity());
+    }
+}
+
+void GeoClueLocationClient::granted() {
+    m_wantsPermission = false;
+    m_deadline.stop();
+    m_permission.grant();
+    tellAuthorization();
+}
+
+/// Ends the request; absent is a failure.
+void GeoClueLocationClient::answer(std::optional<Coordinate> fix) {
+    m_wantsFix = false;
+    m_deadline.stop();
+    close();
+    if (!fix) {
+        tellFailure();
+    } else if (m_delegate != nullptr) {
+        m_delegate->locationsUpdated({*fix});
+    }
+}
+
+void GeoClueLocationClient::patienceEnded() {
+    close();
+    m_wantsPermission = false;
+    if (m_wantsFix) {
+        answer(m_zoneCity());
+    }
+}
+
+void GeoClueLocationClient::tellAuthorization() {
+    if (m_delegate != nullptr) {
+        m_delegate->authorizationChanged(authorizationStatus());
+    }
+}
+
+void GeoClueLocationClient::tellFailure() {
+    if (m_delegate != nullptr) {
+        m_delegate->locationFailed();
+    }
+}
+
+} // namespace zeph

@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/LocationClient.h"
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QTimer>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace zeph {
+
+class GeoClueSession;
+class LocationPermission;
+enum class GeoClueFailure;
+
+/// How long to wait for the location service.
+struct LocationPatience {
+    std::chrono::milliseconds fix{30'000};
+    /// For the user's answer to the desktop's question.
+    std::chrono::milliseconds authorization{180'000};
+};
+
+/// The position after GeoClue, at the accuracy of a city. Where the service is allowed and yet
+/// tells nothing in time, or there is none on this machine, the zone's principal city stands in.
+/// The service is not touched before the user allowed it. Main thread only.
+class GeoClueLocationClient : public LocationClient {
+public:
+    using ZoneCity = std::function<std::optional<Coordinate>()>;
+
+    /// `bus` is the system bus. `permission` is the one of all clients and outlives them.
+    GeoClueLocationClient(QDBusConnection bus, LocationPermission &permission, ZoneCity zoneCity,
+                          LocationPatience patience = {});
+    ~GeoClueLocationClient() override;
+
+    void setDelegate(LocationClientDelegate *delegate) override { m_delegate = delegate; }
+    LocationAuthorization authorizationStatus() const override;
+
+    /// One answer to all requests that are made before it: a fix, or a failure without permission
+    /// and where not even the time zone has a city.
+    void requestLocation() override;
+
+    /// Asks the service, and with it the user, unless that is settled. Without a service there is
+    /// nobody to refuse, and the user's wish counts.
+    void requestWhenInUseAuthorization() override;
+
+private:
+    void open();
+    void close();
+    void started();
+    void located(Coordinate fix);
+    void failed(GeoClueFailure failure);
+    void refused();
+    void lost();
+    void granted();
+    void answer(std::optional<Coordinate> fix);
+    void patienceEnded();
+    void tellAuthorization();
+    void tellFailure();
+
+    QDBusConnection m_bus;
+    LocationPermission &m_permission;
+    ZoneCity m_zoneCity;
+    LocationPatience m_patience;
+    LocationClientDelegate *m_delegate = nullptr;
+    std::unique_ptr<GeoClueSession> m_session;
+    bool m_isStarted = false;        // the session
+    bool m_wantsPermission = false;  // a question to the user is open
+    bool m_wantsFix = false;         // a request is open
+    bool m_mayTryAgain = false;      // after the service was lost
+    std::optional<Coordinate> m_fix; // came before anybody asked for it
+    QTimer m_deadline;
+    QObject m_context; // takes what is still waiting with it
+};
+
+} // namespace zeph
