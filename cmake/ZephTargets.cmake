@@ -40,11 +40,18 @@ function(zeph_test name)
     if("unit" IN_LIST T_LABELS)
         add_dependencies(zeph_unit_tests ${name})
     endif()
+    set(environment LC_ALL=C.UTF-8 TZ=Europe/Berlin QT_QPA_PLATFORM=offscreen HOME=/nonexistent
+        XDG_RUNTIME_DIR= DISPLAY= WAYLAND_DISPLAY=
+        DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent ${T_ENVIRONMENT})
+    # gtest_discover_tests takes lists apart several times; a plain semicolon would leave the
+    # first variable only.
+    string(REPEAT "\\" 7 escapes)
+    list(JOIN environment "${escapes}\;" environment)
     gtest_discover_tests(${name}
         DISCOVERY_TIMEOUT 60
         PROPERTIES
             TIMEOUT ${T_TIMEOUT}
             LABELS "${T_LABELS}"
             RUN_SERIAL "${T_SERIAL}"
-            ENVIRONMENT "LC_ALL=C.UTF-8;TZ=Europe/Berlin;QT_QPA_PLATFORM=offscreen;HOME=/nonexistent;XDG_RUNTIME_DIR=;DISPLAY=;WAYLAND_DISPLAY=;DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent;${T_ENVIRONMENT}")
+            ENVIRONMENT "${environment}")
 endfunction()
