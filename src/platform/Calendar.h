@@ -37,6 +37,10 @@ public:
     virtual DateComponents components(Date date) const = 0;
     virtual Date startOfDay(Date date) const = 0;
 
+    /// The start of the day that `date` falls on in the zone of that name, such as
+    /// "America/New_York"; absent for a zone that is not known.
+    virtual std::optional<Date> startOfDay(Date date, const QString &zone) const = 0;
+
     /// Adds `count` units, keeping the local time of day; a day past the end of a month becomes
     /// its last day.
     virtual std::optional<Date> adding(CalendarUnit unit, int count, Date date) const = 0;

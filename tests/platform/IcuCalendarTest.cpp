@@ -104,6 +104,22 @@ TEST(IcuCalendar, startsTheDayAtTheEarlierOfTwoMidnights) {
               isoOf(dateOf("2010-11-07T00:00:00-02:30")));
 }
 
+TEST(IcuCalendar, startsTheDayOfAnotherZone) {
+    const Date evening = dateOf("2024-03-10T23:30:00Z"); // clocks went forward in New York
+    const auto inTokyo = berlin().startOfDay(evening, u"Asia/Tokyo"_s);
+    const auto inNewYork = berlin().startOfDay(evening, u"America/New_York"_s);
+    EXPECT_EQ(isoOf(inTokyo.value()), "2024-03-10T15:00:00.000Z");
+    EXPECT_EQ(isoOf(inNewYork.value()), "2024-03-10T05:00:00.000Z");
+    EXPECT_EQ(isoOf(berlin().startOfDay(evening)), "2024-03-10T23:00:00.000Z");
+}
+
+TEST(IcuCalendar, startsNoDayOfAZoneThatIsNotKnown) {
+    const Date noon = dateOf("2024-03-10T12:00:00Z");
+    for (const auto &zone : {u""_s, u"Mars/Olympus"_s, u"../etc/passwd"_s, QString(4096, u'x')}) {
+        EXPECT_EQ(berlin().startOfDay(noon, zone), std::nullopt) << qPrintable(zone);
+    }
+}
+
 TEST(IcuCalendar, spansTheDaysOfAClockChangeWholly) {
     EXPECT_EQ(spanned(berlin(), CalendarUnit::day, "2024-03-31T12:00:00Z"),
               "2024-03-30T23:00:00.000Z 2024-03-31T22:00:00.000Z");

@@ -5,6 +5,7 @@
 
 #include <QDate>
 #include <QDateTime>
+#include <QTimeZone>
 
 #include <cmath>
 
@@ -21,6 +22,16 @@ public:
     }
 
     Date startOfDay(Date date) const override { return startOf(dayOf(date)); }
+
+    std::optional<Date> startOfDay(Date date, const QString &zone) const override {
+        const QTimeZone known(zone.toUtf8());
+        if (!known.isValid()) {
+            return std::nullopt;
+        }
+        const auto seconds = static_cast<qint64>(std::floor(date.secondsSince1970));
+        const QDate day = QDateTime::fromSecsSinceEpoch(seconds, known).date();
+        return Date{static_cast<double>(day.startOfDay(known).toSecsSinceEpoch())};
+    }
 
     std::optional<Date> adding(CalendarUnit unit, int count, Date date) const override {
         const QDate day = dayOf(date);

@@ -4,6 +4,7 @@
 #include "platform/icu/CalendarHandle.h"
 #include "platform/icu/SystemZone.h"
 #include "platform/icu/UserLocale.h"
+#include "platform/icu/ZoneName.h"
 
 #include <QMutex>
 
@@ -14,8 +15,9 @@ using namespace Qt::StringLiterals;
 namespace zeph {
 
 struct IcuCalendar::Cached {
-    Cached(const QByteArray &locale, const QString &zone)
-        : systemZone(zone.isEmpty() ? std::make_unique<SystemZone>() : nullptr),
+    Cached(const QByteArray &localeName, const QString &zone)
+        : locale(localeName),
+          systemZone(zone.isEmpty() ? std::make_unique<SystemZone>() : nullptr),
           local(locale, systemZone ? systemZone->id() : zone),
           utc(locale, u"Etc/UTC"_s) {}
 
@@ -28,6 +30,7 @@ struct IcuCalendar::Cached {
     }
 
     QMutex mutex;
+    const QByteArray locale;
     std::unique_ptr<SystemZone> systemZone; // null for a zone given by name
     CalendarHandle local;
     CalendarHandle utc;
@@ -52,6 +55,18 @@ Date IcuCalendar::startOfDay(Date date) const {
         return date;
     }
     return calendar.date().value_or(date);
+}
+
+std::optional<Date> IcuCalendar::startOfDay(Date date, const QString &zone) const {
+    if (!isKnownZone(zone)) {
+        return std::nullopt;
+    }
+    // Not kept: a foreign zone is asked for a few times an hour at most.
+    CalendarHandle calendar(m_cached->locale, zone);
+    if (!calendar.setDate(date) || !calendar.moveToStartOfDay()) {
+        return date;
+    }
+    return calendar.date();
 }
 
 std::optional<Date> IcuCalendar::adding(CalendarUnit unit, int count, Date date) const {

@@ -19,6 +19,7 @@ public:
 
     DateComponents components(Date date) const override;
     Date startOfDay(Date date) const override;
+    std::optional<Date> startOfDay(Date date, const QString &zone) const override;
     std::optional<Date> adding(CalendarUnit unit, int count, Date date) const override;
     std::optional<DateInterval> interval(CalendarUnit unit, Date date) const override;
     std::optional<int> dayOfYear(Date date) const override;

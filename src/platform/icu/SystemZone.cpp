@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/icu/SystemZone.h"
 
+#include "platform/icu/ZoneName.h"
+
 #include <QDateTime>
 
 #include <unicode/strenum.h>
 #include <unicode/timezone.h>
 #include <unicode/ucal.h>
 
-#include <array>
 #include <cstdlib>
 #include <memory>
 #include <system_error>
@@ -17,14 +18,6 @@ using namespace Qt::StringLiterals;
 namespace zeph {
 
 namespace {
-
-bool isKnown(QStringView id) {
-    std::array<char16_t, 128> canonical{};
-    UErrorCode status = U_ZERO_ERROR;
-    ucal_getCanonicalTimeZoneID(id.utf16(), static_cast<int32_t>(id.size()), canonical.data(),
-                                static_cast<int32_t>(canonical.size()), nullptr, &status);
-    return !id.isEmpty() && U_SUCCESS(status) != 0;
-}
 
 /// The part of a zone file's path that names the zone, or nothing when it is no such path.
 QString zoneOfPath(const QString &path) {
@@ -88,7 +81,7 @@ QString zoneByFile() {
     const std::unique_ptr<icu::TimeZone> host(icu::TimeZone::detectHostTimeZone());
     icu::UnicodeString name;
     const QString id = toQString(host->getID(name));
-    return isKnown(id) ? id : zoneByOffsets();
+    return isKnownZone(id) ? id : zoneByOffsets();
 }
 
 } // namespace
@@ -137,14 +130,14 @@ QString SystemZone::resolve(const Source &source) const {
             return u"Etc/UTC"_s;
         }
         const QString id = value.startsWith(u'/') ? zoneOfPath(value) : value;
-        return isKnown(id) ? id : zoneByOffsets();
+        return isKnownZone(id) ? id : zoneByOffsets();
     }
     std::error_code ignored;
     const auto file = std::filesystem::canonical(m_localtime, ignored);
     // The link's own target first: a zone that is an alias keeps the name the user chose.
     for (const std::filesystem::path &path : {source.target, file}) {
         QString id = zoneOfPath(QString::fromStdString(path.string()));
-        if (isKnown(id)) {
+        if (isKnownZone(id)) {
             return id;
         }
     }
