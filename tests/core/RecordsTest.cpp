@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "core/records/ContributionLayout.h"
 #include "core/records/DesktopCategory.h"
 #include "core/records/DeviceBattery.h"
 #include "core/records/FocusState.h"
@@ -13,6 +14,32 @@
 using namespace Qt::StringLiterals;
 
 namespace zeph {
+
+TEST(ContributionLayout, tellsWhatEachShows) {
+    QStringList rows;
+    for (const ContributionLayout layout : allContributionLayouts) {
+        rows << u"%1 \"%2\" %3 years %4 weeks%5"_s.arg(rawValue(layout), pickerLabel(layout))
+                    .arg(yearsAsked(layout))
+                    .arg(weeksKept(layout).value_or(-1))
+                    .arg(isStacked(layout) ? u" stacked"_s : QString());
+    }
+    const QStringList expected = {u"m3 \"Last 3 months\" 1 years 13 weeks"_s,
+                                  u"m6 \"Last 6 months\" 1 years 26 weeks"_s,
+                                  u"y1 \"Last year\" 1 years -1 weeks"_s,
+                                  u"y2 \"Last 2 years (stacked)\" 2 years -1 weeks stacked"_s,
+                                  u"y3 \"Last 3 years (stacked)\" 3 years -1 weeks stacked"_s,
+                                  u"y4 \"Last 4 years (stacked)\" 4 years -1 weeks stacked"_s};
+    EXPECT_EQ(rows, expected);
+}
+
+TEST(ContributionLayout, isReadFromItsTextAlone) {
+    for (const ContributionLayout layout : allContributionLayouts) {
+        EXPECT_EQ(contributionLayoutFromRaw(rawValue(layout)), layout);
+    }
+    for (const auto &text : {u"x9"_s, u""_s, u"Y1"_s, u"y1 "_s}) {
+        EXPECT_EQ(contributionLayoutFromRaw(text), std::nullopt) << qPrintable(text);
+    }
+}
 
 TEST(DeviceBattery, choosesItsSymbolByTheFirstWordFound) {
     const std::pair<QString, QString> rows[] = {

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "core/records/ContributionLayout.h"
+
 #include <QString>
 #include <QUuid>
 
 #include <vector>
 
 namespace zeph {
-
-/// The span that a contribution graph shows: 3 or 6 months, or 1 to 4 years.
-enum class ContributionLayout { m3, m6, y1, y2, y3, y4 };
 
 /// One day: the number of contributions and its shade, 0 to 4.
 struct ContributionDay {
