@@ -26,7 +26,7 @@ public:
     QtTextMetrics metrics;
     SymbolLibrary symbols;
     ScenePainter painter{metrics, symbols};
-    RootWallpaperView view{state, preferences, *usageStore, framing, metrics, [] { return true; }};
+    RootWallpaperView view{state, preferences, *usageStore, framing, metrics, {}};
 
 private:
     void fillApplications();

@@ -28,9 +28,9 @@ AppDelegate::AppDelegate(AppServices services)
       m_framing{services.preferences, services.platform.calendar, services.platform.formatters},
       m_rootView(std::make_unique<RootWallpaperView>(
           m_state, services.preferences, services.usageStore, m_framing, services.textMetrics,
-          [&defaults = services.platform.userDefaults] {
+          AccountChoices{.quoteEnabled = [&defaults = services.platform.userDefaults] {
               return defaults.get<bool>(quoteEnabledKey).value_or(true);
-          })) {}
+          }})) {}
 
 AppDelegate::~AppDelegate() {
     m_services.platform.screens.setChangeHandler(nullptr);

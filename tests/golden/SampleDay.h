@@ -13,6 +13,15 @@ protected:
     /// A Thursday morning in May, all widgets on.
     void fillMorning();
 
+    /// Accounts at web services, two at some, beside others that failed.
+    void fillAccounts();
+
+    /// One account at each service, with little to tell.
+    void fillFewAccounts();
+
+    /// Accounts with long names and numbers from zero to the largest.
+    void fillOddAccounts();
+
     /// The same Thursday shortly before midnight, after a long day.
     void fillNight();
 

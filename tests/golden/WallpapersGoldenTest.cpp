@@ -36,8 +36,7 @@ protected:
     QImage onOpaqueSurface() { return painted.opaque(root.scene(size(), false), size(), scale()); }
 
     Painted painted;
-    RootWallpaperView root{state,   preferences,       usage,
-                           framing, painted.metrics(), [] { return true; }};
+    RootWallpaperView root{state, preferences, usage, framing, painted.metrics(), {}};
 };
 
 /// The same on the screens whose pictures stay small.

@@ -1,13 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "golden/GoldenImage.h"
-#include "golden/Painted.h"
-#include "golden/SampleDay.h"
+#include "golden/WidgetSheet.h"
 
-#include "presentation/palette/BackgroundPresets.h"
-#include "presentation/view/Views.h"
 #include "presentation/widgets/WallpaperContentView.h"
-
-#include <cmath>
 
 namespace zeph {
 
@@ -15,20 +10,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSizeF available(1184, 744);
-constexpr double border = 24;
-
 std::string kindName(const testing::TestParamInfo<WidgetKind> &info) {
     return rawValue(info.param).toStdString();
 }
 
 } // namespace
 
-class GoldenWidgets : public SampleDay, public testing::WithParamInterface<WidgetKind> {
+class GoldenWidgets : public WidgetSheet, public testing::WithParamInterface<WidgetKind> {
 protected:
-    GoldenWidgets() { palette = Palette::custom(BackgroundPresets::colorFor({}), FocusState::off); }
-
-    /// The widget small, medium and large under each other, two device pixels a point.
+    /// The widget small, medium and large.
     QImage allSizes(WidgetKind kind) {
         std::vector<View> sizes;
         for (const auto size :
@@ -36,19 +26,8 @@ protected:
             preferences.setSize(size, kind);
             sizes.push_back(WallpaperContentView(context, available).sizedWidget(kind));
         }
-        const View sheet = padded(verticalStack(border, sizes), {border, border});
-        const LayoutContext layout{painted.metrics()};
-        const QSizeF natural = sheet.measure({}, layout);
-        const QSize size(static_cast<int>(std::ceil(natural.width())),
-                         static_cast<int>(std::ceil(natural.height())));
-        Scene scene;
-        scene.items.emplace_back(
-            ShapeItem{QRectF(QPointF(), size), 0, Fill{BackgroundPresets::colorFor({}), {}}, {}});
-        sheet.place(QRectF(QPointF(), natural), layout, scene.items);
-        return painted.opaque(scene, size, 2);
+        return sheet(sizes);
     }
-
-    Painted painted;
 };
 
 class WidgetsOfAMorning : public GoldenWidgets {};

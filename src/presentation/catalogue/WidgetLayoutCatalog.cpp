@@ -2,6 +2,7 @@
 #include "presentation/catalogue/WidgetLayoutCatalog.h"
 
 #include "core/AppState.h"
+#include "presentation/catalogue/RecordContent.h"
 #include "presentation/preferences/PreferencesStore.h"
 
 #include <algorithm>
@@ -17,40 +18,15 @@ using enum WidgetKind;
 constexpr double daySeconds = 86400;
 
 template <typename Record>
-bool succeeded(const Record &record) {
-    return !record.error && record.updated;
-}
-
-template <typename Record>
 bool anySucceeded(const std::vector<Record> &records) {
-    return std::any_of(records.begin(), records.end(), succeeded<Record>);
+    return std::any_of(records.begin(), records.end(),
+                       [](const Record &record) { return hasSucceeded(record); });
 }
 
 template <typename Record>
 bool anySucceeded(const std::vector<Record> &records, WidgetKind provider) {
     return std::any_of(records.begin(), records.end(),
-                       [raw = rawValue(provider)](const Record &record) {
-                           return record.provider == raw && succeeded(record);
-                       });
-}
-
-bool hasCustomValues(const std::vector<CustomAPIResult> &results) {
-    return std::any_of(results.begin(), results.end(), [](const CustomAPIResult &result) {
-        return !result.error && !result.values.empty();
-    });
-}
-
-bool hasGitHubStats(const std::vector<GitHubStats> &accounts) {
-    return std::any_of(accounts.begin(), accounts.end(), [](const GitHubStats &account) {
-        return succeeded(account) && account.showStats;
-    });
-}
-
-/// A graph is drawn even when the rest of that fetch failed.
-bool hasContributions(const std::vector<GitHubStats> &accounts) {
-    return std::any_of(accounts.begin(), accounts.end(), [](const GitHubStats &account) {
-        return account.contributions.has_value();
-    });
+                       [provider](const Record &record) { return hasSucceeded(record, provider); });
 }
 
 bool hasCountdown(const PreferencesStore &prefs, Date now, const Calendar &calendar) {
@@ -75,11 +51,11 @@ bool hasAccountContent(WidgetKind kind, const AppState &state) {
     case analytics:
         return anySucceeded(*state.analyticsStats);
     case customAPIs:
-        return hasCustomValues(*state.customResults);
+        return std::any_of(state.customResults->begin(), state.customResults->end(), hasValues);
     case github:
-        return hasGitHubStats(*state.githubStats);
+        return std::any_of(state.githubStats->begin(), state.githubStats->end(), hasNumbers);
     case githubGraph:
-        return hasContributions(*state.githubStats);
+        return std::any_of(state.githubStats->begin(), state.githubStats->end(), hasGraph);
     default: // the small services, whose accounts share one list
         return anySucceeded(*state.simpleStats, kind);
     }

@@ -35,13 +35,13 @@ double energyOf(const AppState &state) {
 
 RootWallpaperView::RootWallpaperView(const AppState &state, const PreferencesStore &preferences,
                                      const UsageStore &usage, const FramingContext &framing,
-                                     const TextMetrics &metrics, std::function<bool()> quoteEnabled)
+                                     const TextMetrics &metrics, AccountChoices accounts)
     : m_state(state),
       m_preferences(preferences),
       m_usage(usage),
       m_framing(framing),
       m_metrics(metrics),
-      m_quoteEnabled(std::move(quoteEnabled)) {}
+      m_accounts(std::move(accounts)) {}
 
 Palette RootWallpaperView::palette() const {
     const FocusState focus = *m_state.focus;
@@ -76,11 +76,12 @@ Scene RootWallpaperView::scene(const QSizeF &size, bool surfaceIsTransparent) co
     if (m_preferences.backgroundMode() != BackgroundMode::transparent || !surfaceIsTransparent) {
         scene.backdrop = backdrop.picture(*m_state.now);
     }
-    const WidgetContext context{m_state, m_preferences, m_usage, m_framing, backdrop.palette};
+    const WidgetContext context{m_state,   m_preferences,    m_usage,
+                                m_framing, backdrop.palette, m_accounts};
     const QRectF area = contentArea(size);
     const WallpaperContentView content(context, area.size());
     content
-        .body(WidgetLayoutCatalog::orderedKinds(m_state, m_preferences, m_quoteEnabled(),
+        .body(WidgetLayoutCatalog::orderedKinds(m_state, m_preferences, m_accounts.quoteEnabled(),
                                                 m_framing.calendar))
         .place(area, {m_metrics}, scene.items);
     return scene;

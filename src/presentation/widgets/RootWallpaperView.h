@@ -3,11 +3,10 @@
 
 #include "presentation/palette/Palette.h"
 #include "presentation/scene/Scene.h"
+#include "presentation/widgets/AccountChoices.h"
 #include "presentation/widgets/AmbientBackgroundView.h"
 
 #include <QRectF>
-
-#include <functional>
 
 namespace zeph {
 
@@ -21,10 +20,10 @@ struct FramingContext;
 /// state and the preferences at the moment of the call. Main thread only.
 class RootWallpaperView {
 public:
-    /// Everything outlives the view. `quoteEnabled` answers the user's switch for the daily quote.
+    /// Everything outlives the view.
     RootWallpaperView(const AppState &state, const PreferencesStore &preferences,
                       const UsageStore &usage, const FramingContext &framing,
-                      const TextMetrics &metrics, std::function<bool()> quoteEnabled);
+                      const TextMetrics &metrics, AccountChoices accounts);
 
     /// The colours of this moment: of the day's mood in automatic mode, else of the user's colour.
     Palette palette() const;
@@ -45,7 +44,7 @@ private:
     const UsageStore &m_usage;
     const FramingContext &m_framing;
     const TextMetrics &m_metrics;
-    std::function<bool()> m_quoteEnabled;
+    AccountChoices m_accounts;
 };
 
 } // namespace zeph

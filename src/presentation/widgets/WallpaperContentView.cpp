@@ -1,19 +1,53 @@
 // SPDX-License-Identifier: MIT
 #include "presentation/widgets/WallpaperContentView.h"
 
+#include "core/AppState.h"
+#include "presentation/catalogue/RecordContent.h"
 #include "presentation/preferences/PreferencesStore.h"
+#include "presentation/view/FixedColumnFlow.h"
+#include "presentation/view/Views.h"
 #include "presentation/view/WallpaperStackLayout.h"
 #include "presentation/view/WidgetScaleLayout.h"
+#include "presentation/widgets/AccountChoices.h"
 #include "presentation/widgets/BuiltInWidgets.h"
+#include "presentation/widgets/IntegrationCards.h"
+#include "presentation/widgets/IntegrationWidgets.h"
 
 #include <algorithm>
 
 namespace zeph {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double smallScale = 0.85;
 constexpr double largeScale = 1.3;
+
+QString summaryTitle(WidgetKind kind) {
+    switch (kind) {
+    case WidgetKind::hackernews:
+        return u"Hacker News"_s;
+    case WidgetKind::reddit:
+        return u"Reddit"_s;
+    case WidgetKind::producthunt:
+        return u"Product Hunt"_s;
+    case WidgetKind::bluesky:
+        return u"Bluesky"_s;
+    case WidgetKind::currency:
+        return u"Exchange rate"_s;
+    case WidgetKind::gumroad:
+        return u"Gumroad"_s;
+    case WidgetKind::polar:
+        return u"Polar"_s;
+    case WidgetKind::vercel:
+        return u"Vercel"_s;
+    case WidgetKind::netlify:
+        return u"Netlify"_s;
+    default: // the other cards are headed by what they are about
+        return {};
+    }
+}
 
 } // namespace
 
@@ -67,11 +101,57 @@ View WallpaperContentView::body(const std::vector<WidgetKind> &kinds) const {
 }
 
 View WallpaperContentView::flowRow(const FlowRow &row,
-                                   const std::set<QString> & /*excludedKeys*/) const {
+                                   const std::set<QString> &excludedKeys) const {
     if (const auto *widgetRow = std::get_if<WidgetRow>(&row)) {
         return sizedWidget(widgetRow->kind);
     }
-    return {}; // cards have nothing to draw without the records of the integrations
+    std::vector<View> cards;
+    for (const IntegrationCardItem &item :
+         integrationCardStats(std::get<IntegrationCardsRow>(row).kinds, excludedKeys)) {
+        cards.push_back(integrationCard(item));
+    }
+    FrameSpec frame;
+    frame.maxWidth = m_available.width();
+    frame.horizontal = HorizontalAlignment::leading;
+    return cards.empty() ? View() : framed(columnFlow({}, std::move(cards)), frame);
+}
+
+std::vector<WallpaperContentView::IntegrationCardItem>
+WallpaperContentView::integrationCardStats(const std::vector<WidgetKind> &kinds,
+                                           const std::set<QString> &excludedKeys) const {
+    std::vector<IntegrationCardItem> items;
+    for (const WidgetKind kind : kinds) {
+        if (excludedKeys.contains(rawValue(kind))) {
+            continue;
+        }
+        for (const SimpleIntegrationStats &stats : *m_context.state.simpleStats) {
+            if (hasSucceeded(stats, kind)) {
+                items.push_back({kind, stats});
+            }
+        }
+    }
+    return items;
+}
+
+View WallpaperContentView::integrationCard(const IntegrationCardItem &item) const {
+    const SimpleIntegrationStats &stats = item.stats;
+    const auto chipText = [&stats](std::size_t place) {
+        return place < stats.chips.size() ? std::optional(stats.chips[place].text) : std::nullopt;
+    };
+    if (item.kind == WidgetKind::ahrefs) {
+        return AhrefsRatingCard{stats.headline, chipText(0).value_or(QString()),
+                                m_context.accounts.showAhrefsAttribution(stats.id),
+                                m_context.palette}
+            .body();
+    }
+    if (item.kind == WidgetKind::coingecko) {
+        return CryptoPriceCard{stats.headline, chipText(0).value_or(QString()), chipText(1),
+                               m_context.palette}
+            .body();
+    }
+    return IntegrationSummaryCard{summaryTitle(item.kind), stats.headline, stats.chips,
+                                  m_context.palette}
+        .body();
 }
 
 View WallpaperContentView::sizedWidget(WidgetKind kind) const {
@@ -126,7 +206,28 @@ View WallpaperContentView::widget(WidgetKind kind) const {
         return nasaWidget(m_context);
     case WidgetKind::iss:
         return issWidget(m_context);
-    default: // the integrations: without their records they have nothing to draw
+    case WidgetKind::revenue:
+        return revenueWidget(m_context);
+    case WidgetKind::github:
+        return githubWidget(m_context);
+    case WidgetKind::githubGraph:
+        return githubGraphWidget(m_context);
+    case WidgetKind::chartmogul:
+    case WidgetKind::lemonsqueezy:
+    case WidgetKind::dodo:
+        return revenueProviderWidget(kind, m_context);
+    case WidgetKind::trustmrr:
+        return trustmrrWidget(m_context);
+    case WidgetKind::customAPIs:
+        return customAPIsWidget(m_context);
+    case WidgetKind::rss:
+        return rssWidget(m_context);
+    case WidgetKind::openai:
+    case WidgetKind::claude:
+        return aiProviderWidget(kind, m_context);
+    case WidgetKind::analytics:
+        return analyticsWidget(m_context);
+    default: // the cards, which stand in rows of their own
         return {};
     }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "core/records/SimpleIntegrationStats.h"
 #include "presentation/preferences/WidgetKind.h"
 #include "presentation/view/View.h"
 #include "presentation/widgets/WidgetContext.h"
@@ -26,6 +27,12 @@ public:
         std::vector<WidgetKind> kinds;
         bool operator==(const IntegrationCardsRow &) const = default;
     };
+    /// One card of such a block.
+    struct IntegrationCardItem {
+        WidgetKind kind;
+        SimpleIntegrationStats stats;
+        bool operator==(const IntegrationCardItem &) const = default;
+    };
     using FlowRow = std::variant<WidgetRow, IntegrationCardsRow>;
 
     /// `available` is the size of the content area, in points.
@@ -39,6 +46,14 @@ public:
 
     /// All of `kinds`, which stand in the order of the flow; the clock leaves it for its corner.
     View body(const std::vector<WidgetKind> &kinds) const;
+
+    /// The records that the cards of `kinds` show, kind by kind; those of a provider whose key is
+    /// excluded are left out.
+    std::vector<IntegrationCardItem>
+    integrationCardStats(const std::vector<WidgetKind> &kinds,
+                         const std::set<QString> &excludedKeys) const;
+
+    View integrationCard(const IntegrationCardItem &item) const;
 
     /// One row; the results of integrations whose key is excluded are left out.
     View flowRow(const FlowRow &row, const std::set<QString> &excludedKeys) const;

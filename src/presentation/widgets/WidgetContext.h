@@ -6,6 +6,7 @@ namespace zeph {
 class AppState;
 class PreferencesStore;
 class UsageStore;
+struct AccountChoices;
 struct FramingContext;
 struct Palette;
 
@@ -16,6 +17,7 @@ struct WidgetContext {
     const UsageStore &usage;
     const FramingContext &framing;
     const Palette &palette;
+    const AccountChoices &accounts;
 };
 
 } // namespace zeph

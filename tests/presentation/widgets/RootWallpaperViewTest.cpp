@@ -22,7 +22,7 @@ protected:
 
     bool quoteEnabled = true;
     RootWallpaperView root{state,   preferences, usage,
-                           framing, metrics,     [this] { return quoteEnabled; }};
+                           framing, metrics,     {.quoteEnabled = [this] { return quoteEnabled; }}};
 };
 
 TEST_F(RootWallpaper, automaticPaletteFollowsTheHourWithoutALocation) {

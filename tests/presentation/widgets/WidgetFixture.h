@@ -10,6 +10,7 @@
 #include "presentation/palette/Palette.h"
 #include "presentation/preferences/PreferencesStore.h"
 #include "presentation/view/View.h"
+#include "presentation/widgets/AccountChoices.h"
 #include "presentation/widgets/WidgetContext.h"
 #include "support/FakeUserDefaults.h"
 #include "support/FixedTextMetrics.h"
@@ -65,7 +66,8 @@ protected:
     FramingContext framing{preferences, calendar, formatters};
     Palette palette = Palette::forMood(0.5, FocusState::off);
     FixedTextMetrics metrics;
-    WidgetContext context{state, preferences, usage, framing, palette};
+    AccountChoices accounts;
+    WidgetContext context{state, preferences, usage, framing, palette, accounts};
 };
 
 /// Holds when two colours are the same one on screen.
