@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/values/UuidText.h"
+
+namespace zeph {
+
+/// The setting that tells whether an account was connected.
+inline QString configuredKey(const QUuid &id) {
+    return QStringLiteral("zeph.integrations.%1.configured").arg(uuidText(id));
+}
+
+/// The name under which the secret of an account is kept.
+inline QString secretAccount(const QUuid &id) {
+    return QStringLiteral("integration.") + uuidText(id);
+}
+
+} // namespace zeph

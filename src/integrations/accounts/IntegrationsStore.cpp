@@ -1,0 +1,318 @@
+// SPDX-License-Identifier: MIT
+#include "integrations/accounts/IntegrationsStore.h"
+
+#include "core/NotificationCenter.h"
+#include "core/values/Blanks.h"
+#include "integrations/accounts/AccountCoding.h"
+#include "integrations/accounts/AccountKeys.h"
+#include "integrations/accounts/Keychain.h"
+#include "integrations/accounts/LegacyAccounts.h"
+#include "integrations/accounts/Providers.h"
+#include "platform/RunLoop.h"
+#include "platform/UserDefaults.h"
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+const auto connectionsKey = u"zeph.integrations.connections"_s;
+const auto customExistsKey = u"zeph.integrations.custom.exists"_s;
+const auto quoteEnabledKey = u"zeph.integrations.quote.enabled"_s;
+const auto migratedKey = u"zeph.integrations.v2"_s;
+const auto removedCursorKey = u"zeph.integrations.removedCursor"_s;
+const auto customAccount = u"custom_apis"_s;
+const auto deprecatedProvider = u"cursor"_s;
+
+std::vector<IntegrationConnection> storedConnections(const UserDefaults &defaults) {
+    const auto json = defaults.get<QByteArray>(connectionsKey);
+    auto connections = json ? coding::connections(*json) : std::nullopt;
+    return std::move(connections).value_or(std::vector<IntegrationConnection>());
+}
+
+template <typename Record>
+auto hasId(const QUuid &id) {
+    return [id](const Record &record) { return record.id == id; };
+}
+
+} // namespace
+
+IntegrationsStore::IntegrationsStore(UserDefaults &defaults, Keychain &keychain,
+                                     NotificationCenter &notifications, RunLoop &runLoop,
+                                     TaskExecutor &executor)
+    : m_defaults(defaults),
+      m_keychain(keychain),
+      m_notifications(notifications),
+      m_runLoop(runLoop),
+      m_secrets(executor),
+      m_alive(std::make_shared<bool>(true)),
+      m_connections(storedConnections(defaults)),
+      m_quoteEnabled(defaults.get<bool>(quoteEnabledKey).value_or(true)) {
+    loadCustomAPIs();
+    migrateLegacyConnectionsIfNeeded();
+    removeDeprecatedCursorConnectionsIfNeeded();
+}
+
+// Accounts
+
+std::vector<IntegrationConnection> IntegrationsStore::connections(const QString &provider) const {
+    std::vector<IntegrationConnection> found;
+    std::copy_if(m_connections.begin(), m_connections.end(), std::back_inserter(found),
+                 [&provider](const auto &connection) { return connection.provider == provider; });
+    return found;
+}
+
+/// Names are not looked at, only counted: after a deletion a name may come twice.
+QString IntegrationsStore::nextDefaultName(const QString &provider) const {
+    const auto count = connections(provider).size();
+    const QString name = providers::defaultName(provider);
+    return count == 0 ? name : name + u' ' + QString::number(count + 1);
+}
+
+IntegrationConnection IntegrationsStore::addConnection(const QString &provider,
+                                                       const std::optional<QString> &name,
+                                                       const std::optional<QString> &extra) {
+    const QString given = name.value_or(QString()).trimmed();
+    IntegrationConnection added;
+    added.id = QUuid::createUuid();
+    added.provider = provider;
+    added.name = given.isEmpty() ? nextDefaultName(provider) : given;
+    added.extra = extra ? std::optional(extra->trimmed()) : std::nullopt;
+    objectWillChange.send();
+    m_connections.push_back(added);
+    saveConnections();
+    notifyChanged();
+    return added;
+}
+
+void IntegrationsStore::updateConnection(const IntegrationConnection &connection) {
+    if (replace(connection)) {
+        notifyChanged();
+    }
+}
+
+bool IntegrationsStore::replace(const IntegrationConnection &connection) {
+    const auto place = std::find_if(m_connections.begin(), m_connections.end(),
+                                    hasId<IntegrationConnection>(connection.id));
+    if (place == m_connections.end()) {
+        return false;
+    }
+    objectWillChange.send();
+    *place = connection;
+    saveConnections();
+    return true;
+}
+
+void IntegrationsStore::deleteConnection(const QUuid &id) {
+    objectWillChange.send();
+    std::erase_if(m_connections, hasId<IntegrationConnection>(id));
+    saveConnections();
+    runSecretly([&keychain = m_keychain, id] { keychain.erase(secretAccount(id)); },
+                notification());
+}
+
+void IntegrationsStore::setSecret(const std::optional<QString> &value, const QUuid &id) {
+    objectWillChange.send();
+    const auto secret = value ? std::optional(value->trimmed()) : std::nullopt;
+    const bool isPresent = secret && !secret->isEmpty();
+    m_defaults.set(configuredKey(id), isPresent);
+    const auto place =
+        std::find_if(m_connections.begin(), m_connections.end(), hasId<IntegrationConnection>(id));
+    if (isPresent && place != m_connections.end()) {
+        IntegrationConnection enabled = *place;
+        enabled.enabled = true;
+        replace(enabled);
+    }
+    runSecretly([&keychain = m_keychain, secret, id] { keychain.set(secret, secretAccount(id)); },
+                notification());
+}
+
+void IntegrationsStore::markReady(const QUuid &id) {
+    m_defaults.set(configuredKey(id), true);
+    notifyChanged();
+}
+
+bool IntegrationsStore::hasSecret(const QUuid &id) const {
+    return m_defaults.boolean(configuredKey(id));
+}
+
+bool IntegrationsStore::isReady(const IntegrationConnection &connection) const {
+    const QString &provider = connection.provider;
+    const bool needsExtra = providers::isKeyless(provider) || provider == "github"_L1 ||
+                            provider == "plausible"_L1 || provider == "trustmrr"_L1;
+    const bool hasExtra = !withoutOuterBlanks(connection.extra.value_or(QString())).isEmpty();
+    return hasSecret(connection.id) && (hasExtra || !needsExtra);
+}
+
+void IntegrationsStore::saveConnections() {
+    m_defaults.set(connectionsKey, coding::json(m_connections));
+}
+
+// Custom endpoints
+
+void IntegrationsStore::loadCustomAPIs() {
+    if (!m_defaults.boolean(customExistsKey)) {
+        return;
+    }
+    m_areCustomAPIsLoaded = false;
+    auto loaded = std::make_shared<CustomAPIs>(); // tasks are copied, so it is shared by two
+    runSecretly(
+        [&keychain = m_keychain, loaded] {
+            const auto text = keychain.get(customAccount);
+            *loaded =
+                (text ? coding::customAPIs(text->toUtf8()) : std::nullopt).value_or(CustomAPIs());
+        },
+        [this, loaded] { takeCustomAPIs(std::move(*loaded)); });
+}
+
+void IntegrationsStore::takeCustomAPIs(CustomAPIs loaded) {
+    const auto edits = std::exchange(m_earlyEdits, {});
+    for (const auto &edit : edits) {
+        edit(loaded);
+    }
+    objectWillChange.send();
+    m_customAPIs = std::move(loaded);
+    m_areCustomAPIsLoaded = true;
+    edits.empty() ? notifyChanged() : saveCustomAPIs();
+}
+
+void IntegrationsStore::upsertCustomAPI(const CustomAPIConfig &config) {
+    editCustomAPIs([config](CustomAPIs &configs) {
+        const auto place =
+            std::find_if(configs.begin(), configs.end(), hasId<CustomAPIConfig>(config.id));
+        place == configs.end() ? configs.push_back(config) : void(*place = config);
+    });
+}
+
+void IntegrationsStore::deleteCustomAPI(const QUuid &id) {
+    editCustomAPIs(
+        [id](CustomAPIs &configs) { std::erase_if(configs, hasId<CustomAPIConfig>(id)); });
+}
+
+void IntegrationsStore::editCustomAPIs(const std::function<void(CustomAPIs &)> &edit) {
+    objectWillChange.send();
+    edit(m_customAPIs);
+    if (m_areCustomAPIsLoaded) {
+        saveCustomAPIs();
+    } else {
+        // What is kept must not be overwritten by the little that is known yet.
+        m_earlyEdits.push_back(edit);
+        notifyChanged();
+    }
+}
+
+void IntegrationsStore::saveCustomAPIs() {
+    const auto text = QString::fromUtf8(coding::json(m_customAPIs));
+    m_defaults.set(customExistsKey, !m_customAPIs.empty());
+    runSecretly([&keychain = m_keychain, text] { keychain.set(text, customAccount); },
+                notification());
+}
+
+// Quote
+
+void IntegrationsStore::setQuoteEnabled(bool enabled) {
+    objectWillChange.send();
+    m_quoteEnabled = enabled;
+    m_defaults.set(quoteEnabledKey, enabled);
+    notifyChanged();
+}
+
+// Telling
+
+void IntegrationsStore::notifyChanged() {
+    m_runLoop.post(notification());
+}
+
+std::function<void()> IntegrationsStore::notification() {
+    return [&center = m_notifications, alive = std::weak_ptr<bool>(m_alive)] {
+        if (!alive.expired()) {
+            center.post(notifications::zephIntegrationsChanged);
+        }
+    };
+}
+
+/// Runs `work` in its turn away from the main thread, then `onMain`.
+void IntegrationsStore::runSecretly(std::function<void()> work, std::function<void()> onMain) {
+    m_secrets.run([work = std::move(work), onMain = std::move(onMain), &runLoop = m_runLoop,
+                   alive = std::weak_ptr<bool>(m_alive)] {
+        work();
+        runLoop.post([onMain, alive] {
+            if (!alive.expired()) {
+                onMain();
+            }
+        });
+    });
+}
+
+// Earlier versions
+
+void IntegrationsStore::migrateLegacyConnectionsIfNeeded() {
+    if (m_defaults.boolean(migratedKey)) {
+        return;
+    }
+    if (!m_connections.empty()) {
+        m_defaults.set(migratedKey, true);
+        return;
+    }
+    auto accounts = legacyAccounts(m_defaults);
+    if (accounts.empty()) {
+        takeLegacyConnections(accounts);
+        return;
+    }
+    // The accounts appear, and the migration counts as done, when their secrets have moved.
+    runSecretly(
+        [&keychain = m_keychain, &defaults = m_defaults, accounts] {
+            for (const LegacyAccount &account : accounts) {
+                moveLegacySecret(account, keychain, defaults);
+            }
+        },
+        [this, accounts] { takeLegacyConnections(accounts); });
+}
+
+void IntegrationsStore::takeLegacyConnections(const std::vector<LegacyAccount> &accounts) {
+    std::vector<IntegrationConnection> all;
+    for (const LegacyAccount &account : accounts) {
+        all.push_back(account.connection);
+    }
+    all.insert(all.end(), m_connections.begin(), m_connections.end()); // added meanwhile
+    objectWillChange.send();
+    m_connections = std::move(all);
+    saveConnections();
+    m_defaults.set(migratedKey, true);
+    notifyChanged();
+}
+
+void IntegrationsStore::removeDeprecatedCursorConnectionsIfNeeded() {
+    if (m_defaults.boolean(removedCursorKey)) {
+        return;
+    }
+    const auto deprecated = connections(deprecatedProvider);
+    if (deprecated.empty()) {
+        m_defaults.set(removedCursorKey, true);
+        return;
+    }
+    // They stay in the list until their secrets are gone, so that an end before that changes
+    // nothing.
+    runSecretly(
+        [&keychain = m_keychain, &defaults = m_defaults, deprecated] {
+            for (const IntegrationConnection &connection : deprecated) {
+                keychain.erase(secretAccount(connection.id));
+                defaults.remove(configuredKey(connection.id));
+            }
+        },
+        [this] {
+            objectWillChange.send();
+            std::erase_if(m_connections, [](const auto &connection) {
+                return connection.provider == deprecatedProvider;
+            });
+            saveConnections();
+            m_defaults.set(removedCursorKey, true);
+            notifyChanged();
+        });
+}
+
+} // namespace zeph

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "integrations/accounts/IntegrationConnection.h"
+
+#include <vector>
+
+namespace zeph {
+
+class Keychain;
+class UserDefaults;
+
+/// The one account of a service that early versions knew, as the account that it becomes.
+struct LegacyAccount {
+    IntegrationConnection connection;
+    bool hasSecret = false;     ///< one may be kept under the bare name of the service
+    bool needsNoSecret = false; ///< it counts as connected without one
+};
+
+/// The accounts that the settings of an early version tell of, in their fixed order and with new
+/// identities.
+std::vector<LegacyAccount> legacyAccounts(const UserDefaults &defaults);
+
+/// Moves the secret to the account's own name and marks the account as connected. One whose
+/// secret is missing stays unconnected. Callable from any thread; blocks as the keychain does.
+void moveLegacySecret(const LegacyAccount &account, Keychain &keychain, UserDefaults &defaults);
+
+} // namespace zeph

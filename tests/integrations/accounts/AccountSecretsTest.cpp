@@ -1,0 +1,217 @@
+// SPDX-License-Identifier: MIT
+#include "integrations/accounts/StoreFixture.h"
+
+using namespace Qt::StringLiterals;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace zeph {
+
+namespace {
+
+class AccountSecretsTest : public StoreFixture {
+protected:
+    AccountSecretsTest() { launchAndSettle(); }
+
+    /// Lets everything so far happen and forgets that it did.
+    void forget() {
+        settle();
+        secrets.takeCalls();
+        posts = 0;
+        willChanges = 0;
+    }
+};
+
+TEST_F(AccountSecretsTest, aSecretIsTrimmedKeptAndMarksTheAccount) {
+    auto account = add(u"stripe"_s);
+    account.enabled = false;
+    store->updateConnection(account);
+    forget();
+    store->setSecret(u" sk_live_1\n"_s, account.id);
+    EXPECT_TRUE(store->hasSecret(account.id));
+    EXPECT_TRUE(store->isReady(account));
+    EXPECT_TRUE(store->connections().front().enabled);
+    EXPECT_TRUE(storedConnections().front().enabled);
+    EXPECT_EQ(posts, 0);
+    settle();
+    EXPECT_THAT(secrets.takeCalls(),
+                ElementsAre(call("remove", account.id), legacyCall("remove", account.id),
+                            call("add", account.id)));
+    EXPECT_EQ(keychain->get(secretAccount(account.id)), u"sk_live_1"_s);
+    EXPECT_EQ(posts, 1);
+}
+
+TEST_F(AccountSecretsTest, theChangeIsAnnouncedBeforeReadinessChanges) {
+    const auto account = add(u"stripe"_s);
+    std::vector<bool> readiness;
+    const auto subscription = store->objectWillChange.subscribe(
+        [&] { readiness.push_back(store->hasSecret(account.id)); });
+    store->setSecret(u"sk"_s, account.id);
+    ASSERT_FALSE(readiness.empty());
+    EXPECT_FALSE(readiness.front());
+}
+
+TEST_F(AccountSecretsTest, aChangeIsToldOnlyWhenTheSecretIsInPlace) {
+    const auto account = add(u"stripe"_s);
+    forget();
+    store->setSecret(u"sk"_s, account.id);
+    loop.drain();
+    EXPECT_EQ(posts, 0);
+    executor.runAll();
+    EXPECT_EQ(posts, 0);
+    loop.drain();
+    EXPECT_EQ(posts, 1);
+}
+
+TEST_F(AccountSecretsTest, whiteSpaceErasesTheSecretAndLeavesTheAccountEnabled) {
+    const auto account = add(u"stripe"_s);
+    store->setSecret(u"sk"_s, account.id);
+    forget();
+    for (const std::optional<QString> &nothing :
+         {std::optional(u"  "_s), std::optional(u"\n"_s), std::optional<QString>()}) {
+        store->setSecret(nothing, account.id);
+        EXPECT_FALSE(store->hasSecret(account.id));
+        settle();
+        EXPECT_THAT(secrets.takeCalls(),
+                    ElementsAre(call("remove", account.id), legacyCall("remove", account.id)));
+    }
+    EXPECT_THAT(secrets.entries(), IsEmpty());
+    EXPECT_EQ(defaults.get<bool>(configuredKey(account.id)), false);
+    EXPECT_TRUE(store->connections().front().enabled);
+    EXPECT_EQ(posts, 3);
+}
+
+TEST_F(AccountSecretsTest, aSecretOfNoAccountIsKeptAllTheSame) {
+    const auto stranger = QUuid::createUuid();
+    store->setSecret(u"sk"_s, stranger);
+    settle();
+    EXPECT_TRUE(store->hasSecret(stranger));
+    EXPECT_EQ(secrets.entries().size(), 1);
+    EXPECT_THAT(store->connections(), IsEmpty());
+    EXPECT_EQ(posts, 1);
+    EXPECT_EQ(willChanges, 1);
+}
+
+TEST_F(AccountSecretsTest, secretsArriveInTheOrderInWhichTheyWereGiven) {
+    const auto account = add(u"stripe"_s);
+    store->setSecret(u"one"_s, account.id);
+    store->setSecret(u"two"_s, account.id);
+    store->setSecret(std::nullopt, account.id);
+    store->setSecret(u"three"_s, account.id);
+    EXPECT_EQ(executor.waiting(), 1U) << "they would overtake each other in tasks of their own";
+    settle();
+    EXPECT_EQ(Keychain(secrets, defaults).get(secretAccount(account.id)), u"three"_s);
+    EXPECT_EQ(secrets.entries().size(), 1);
+}
+
+TEST_F(AccountSecretsTest, markingReadySetsTheFlagAndTells) {
+    const auto account = add(u"rss"_s, u"https://a.org/feed"_s);
+    forget();
+    store->markReady(account.id);
+    EXPECT_TRUE(store->hasSecret(account.id));
+    EXPECT_EQ(posts, 0);
+    settle();
+    EXPECT_EQ(posts, 1);
+    EXPECT_THAT(secrets.takeCalls(), IsEmpty());
+}
+
+TEST_F(AccountSecretsTest, gitHubWithoutATokenIsReadyWithAUserName) {
+    auto account = add(u"github"_s, u"octo"_s);
+    EXPECT_FALSE(store->isReady(account));
+    store->markReady(account.id);
+    EXPECT_TRUE(store->isReady(account));
+    for (const std::optional<QString> &blank : {std::optional(u"   "_s), std::optional(u"\t"_s),
+                                                std::optional(u""_s), std::optional<QString>()}) {
+        account.extra = blank;
+        EXPECT_FALSE(store->isReady(account));
+    }
+    account.extra = u"\n"_s;
+    EXPECT_TRUE(store->isReady(account)) << "a newline is no blank";
+}
+
+TEST_F(AccountSecretsTest, servicesWithoutAKeyNeedTheFlagAndTheirExtra) {
+    for (const auto &provider : {u"ahrefs"_s, u"coingecko"_s, u"hackernews"_s, u"reddit"_s,
+                                 u"producthunt"_s, u"bluesky"_s, u"currency"_s, u"rss"_s}) {
+        auto account = add(provider, u"x"_s);
+        EXPECT_FALSE(store->isReady(account)) << provider.toStdString();
+        store->markReady(account.id);
+        EXPECT_TRUE(store->isReady(account)) << provider.toStdString();
+        account.extra = u" "_s;
+        EXPECT_FALSE(store->isReady(account)) << provider.toStdString();
+    }
+}
+
+TEST_F(AccountSecretsTest, plausibleAndTrustMrrNeedAKeyAndTheirExtra) {
+    for (const auto &provider : {u"plausible"_s, u"trustmrr"_s}) {
+        auto account = add(provider, u"site"_s);
+        EXPECT_FALSE(store->isReady(account));
+        store->setSecret(u"key"_s, account.id);
+        EXPECT_TRUE(store->isReady(account));
+        account.extra = u""_s;
+        EXPECT_FALSE(store->isReady(account));
+        account.extra = u" \t"_s;
+        EXPECT_FALSE(store->isReady(account));
+    }
+}
+
+TEST_F(AccountSecretsTest, everyOtherServiceNeedsItsKeyAlone) {
+    for (const auto &provider : {u"stripe"_s, u"chartmogul"_s, u"lemonsqueezy"_s, u"dodo"_s,
+                                 u"vercel"_s, u"openai"_s, u"unheard-of"_s}) {
+        const auto account = add(provider);
+        EXPECT_FALSE(store->isReady(account)) << provider.toStdString();
+        store->setSecret(u"key"_s, account.id);
+        EXPECT_TRUE(store->isReady(account)) << provider.toStdString();
+    }
+}
+
+TEST_F(AccountSecretsTest, readinessDoesNotAskWhetherTheAccountIsEnabled) {
+    auto account = add(u"stripe"_s);
+    store->setSecret(u"key"_s, account.id);
+    account.enabled = false;
+    EXPECT_TRUE(store->isReady(account));
+}
+
+TEST_F(AccountSecretsTest, askingForReadinessNeverTouchesSecrets) {
+    std::vector<IntegrationConnection> accounts;
+    for (const auto &provider : {u"stripe"_s, u"github"_s, u"plausible"_s, u"rss"_s, u"dodo"_s}) {
+        accounts.push_back(add(provider, u"x"_s));
+        store->setSecret(u"key"_s, accounts.back().id);
+    }
+    forget();
+    launch(); // so that nothing is remembered
+    for (int time = 0; time < 100; ++time) {
+        for (const auto &account : accounts) {
+            EXPECT_TRUE(store->isReady(account));
+            EXPECT_TRUE(store->hasSecret(account.id));
+        }
+    }
+    settle();
+    EXPECT_THAT(secrets.takeCalls(), IsEmpty());
+    EXPECT_EQ(executor.waiting(), 0U);
+}
+
+TEST_F(AccountSecretsTest, aSecretThatCouldNotBeKeptAnswersUntilTheEnd) {
+    const auto account = add(u"stripe"_s);
+    secrets.refuse();
+    store->setSecret(u"sk"_s, account.id);
+    settle();
+    EXPECT_EQ(keychain->get(secretAccount(account.id)), u"sk"_s);
+    EXPECT_TRUE(store->isReady(account));
+    launch();
+    EXPECT_EQ(keychain->get(secretAccount(account.id)), std::nullopt);
+    EXPECT_TRUE(store->isReady(account)) << "only the flag counts";
+}
+
+TEST_F(AccountSecretsTest, theMigrationOfTheServiceNameComesBeforeTheFirstSecret) {
+    defaults.remove(u"tavi.keychain.serviceMigrated"_s);
+    const auto account = add(u"stripe"_s);
+    store->deleteConnection(account.id);
+    settle();
+    EXPECT_THAT(secrets.takeCalls(),
+                ElementsAre(u"copyAll com.zeph.integrations"_s, call("remove", account.id),
+                            legacyCall("remove", account.id)));
+}
+
+} // namespace
+
+} // namespace zeph

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "core/NotificationCenter.h"
+#include "integrations/accounts/AccountCoding.h"
+#include "integrations/accounts/AccountKeys.h"
+#include "integrations/accounts/IntegrationsStore.h"
+#include "integrations/accounts/Keychain.h"
+#include "support/FakeSecureStore.h"
+#include "support/FakeUserDefaults.h"
+#include "support/ManualRunLoop.h"
+#include "support/ManualTaskExecutor.h"
+#include "support/QtPrinters.h"
+
+#include <gmock/gmock.h>
+
+namespace zeph {
+
+/// A store of accounts on a machine whose keychain was migrated long ago.
+class StoreFixture : public testing::Test {
+protected:
+    StoreFixture() { defaults.set(QStringLiteral("tavi.keychain.serviceMigrated"), true); }
+
+    /// Starts the program anew: same settings, same secrets, nothing remembered.
+    void launch() {
+        store.reset();
+        keychain = std::make_unique<Keychain>(secrets, defaults);
+        store =
+            std::make_unique<IntegrationsStore>(defaults, *keychain, notifications, loop, executor);
+        changes = store->objectWillChange.subscribe([this] { ++willChanges; });
+    }
+
+    /// Starts it and lets everything that follows from it happen.
+    void launchAndSettle() {
+        launch();
+        settle();
+        secrets.takeCalls();
+        posts = 0;
+        willChanges = 0;
+    }
+
+    void settle() {
+        do {
+            executor.runAll();
+            loop.drain();
+        } while (executor.waiting() > 0);
+    }
+
+    void stored(const std::vector<IntegrationConnection> &connections) {
+        defaults.set(QStringLiteral("zeph.integrations.connections"), coding::json(connections));
+    }
+
+    /// The stored accounts; fails the test when there are none that can be read.
+    std::vector<IntegrationConnection> storedConnections() const {
+        const auto json = defaults.get<QByteArray>(QStringLiteral("zeph.integrations.connections"));
+        const auto read = json ? coding::connections(*json) : std::nullopt;
+        EXPECT_TRUE(read) << "no list of accounts is stored";
+        return read.value_or(std::vector<IntegrationConnection>());
+    }
+
+    IntegrationConnection add(const QString &provider,
+                              const std::optional<QString> &extra = std::nullopt) {
+        return store->addConnection(provider, std::nullopt, extra);
+    }
+
+    /// The call of the secure store for the account's secret under the present service.
+    static QString call(const char *operation, const QUuid &id) {
+        return QLatin1StringView(operation) + QStringLiteral(" com.tavi.integrations ") +
+               secretAccount(id);
+    }
+
+    /// The same under the earlier service.
+    static QString legacyCall(const char *operation, const QUuid &id) {
+        return QLatin1StringView(operation) + QStringLiteral(" com.zeph.integrations ") +
+               secretAccount(id);
+    }
+
+    FakeUserDefaults defaults;
+    FakeSecureStore secrets;
+    NotificationCenter notifications;
+    ManualClock clock;
+    ManualRunLoop loop{clock};
+    ManualTaskExecutor executor;
+    std::unique_ptr<Keychain> keychain;
+    std::unique_ptr<IntegrationsStore> store;
+    int posts = 0;
+    int willChanges = 0;
+
+private:
+    Subscription changes;
+    Subscription observation =
+        notifications.observe(notifications::zephIntegrationsChanged, [this] { ++posts; });
+};
+
+} // namespace zeph

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/SecureStore.h"
+
+#include <QStringList>
+
+#include <algorithm>
+#include <functional>
+#include <mutex>
+#include <utility>
+
+namespace zeph {
+
+/// A secure store in memory that writes down every call, as "add service account". It may hold
+/// several entries of one service and account, as the real one may.
+class FakeSecureStore : public SecureStore {
+public:
+    void add(const QString &service, const QString &account, const QByteArray &data) override {
+        begin(QStringLiteral("add"), service, account);
+        const std::lock_guard guard(m_mutex);
+        if (!m_refuses) {
+            m_entries.push_back({service, {account, data}});
+        }
+    }
+
+    std::optional<QByteArray> copy(const QString &service, const QString &account) override {
+        begin(QStringLiteral("copy"), service, account);
+        const std::lock_guard guard(m_mutex);
+        const auto found =
+            std::find_if(m_entries.begin(), m_entries.end(), matcher(service, account));
+        return m_refuses || found == m_entries.end() ? std::nullopt : found->item.data;
+    }
+
+    std::vector<SecureItem> copyAll(const QString &service) override {
+        begin(QStringLiteral("copyAll"), service, {});
+        const std::lock_guard guard(m_mutex);
+        std::vector<SecureItem> items;
+        for (const Entry &entry : m_entries) {
+            if (!m_refuses && entry.service == service) {
+                items.push_back(entry.item);
+            }
+        }
+        return items;
+    }
+
+    void remove(const QString &service, const QString &account) override {
+        begin(QStringLiteral("remove"), service, account);
+        const std::lock_guard guard(m_mutex);
+        if (!m_refuses) {
+            const auto rest =
+                std::remove_if(m_entries.begin(), m_entries.end(), matcher(service, account));
+            m_entries.erase(rest, m_entries.end());
+        }
+    }
+
+    /// Puts an entry there as another program would.
+    void put(const QString &service, SecureItem item) {
+        const std::lock_guard guard(m_mutex);
+        m_entries.push_back({service, std::move(item)});
+    }
+
+    /// From now on nothing is found, kept or removed.
+    void refuse(bool refuses = true) {
+        const std::lock_guard guard(m_mutex);
+        m_refuses = refuses;
+    }
+
+    /// Called at the begin of every operation, on its thread, outside of any lock.
+    void setHook(std::function<void(const QString &call)> hook) { m_hook = std::move(hook); }
+
+    /// The calls so far; they are forgotten by it.
+    QStringList takeCalls() {
+        const std::lock_guard guard(m_mutex);
+        return std::exchange(m_calls, {});
+    }
+
+    /// Every entry, as "service account=data".
+    QStringList entries() const {
+        const std::lock_guard guard(m_mutex);
+        QStringList texts;
+        for (const Entry &entry : m_entries) {
+            texts.append(entry.service + u' ' + entry.item.account.value_or(QString()) + u'=' +
+                         QString::fromUtf8(entry.item.data.value_or(QByteArray())));
+        }
+        return texts;
+    }
+
+private:
+    struct Entry {
+        QString service;
+        SecureItem item;
+    };
+
+    static std::function<bool(const Entry &)> matcher(const QString &service,
+                                                      const QString &account) {
+        return [service, account](const Entry &entry) {
+            return entry.service == service && entry.item.account == account;
+        };
+    }
+
+    void begin(const QString &operation, const QString &service, const QString &account) {
+        const QString call = (operation + u' ' + service + u' ' + account).trimmed();
+        if (m_hook) {
+            m_hook(call);
+        }
+        const std::lock_guard guard(m_mutex);
+        m_calls.append(call);
+    }
+
+    mutable std::mutex m_mutex;
+    std::vector<Entry> m_entries;
+    QStringList m_calls;
+    std::function<void(const QString &)> m_hook;
+    bool m_refuses = false;
+};
+
+} // namespace zeph
