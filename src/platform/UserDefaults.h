@@ -14,7 +14,7 @@ namespace zeph {
 /// A stored value keeps its type: a number is never read as a boolean, nor a text as bytes.
 using DefaultsValue = std::variant<bool, double, QString, QByteArray>;
 
-/// The user's settings by key, written through on every change.
+/// The user's settings by key, written through on every change. Callable from any thread.
 class UserDefaults : public Port {
 public:
     /// Absent when the key is not there or holds a form that this store does not know.

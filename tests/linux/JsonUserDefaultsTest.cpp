@@ -11,6 +11,9 @@
 
 #include <gmock/gmock.h>
 
+#include <thread>
+#include <vector>
+
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -274,6 +277,30 @@ TEST_F(JsonUserDefaultsTest, aFolderInTheFilesPlaceIsLeftAlone) {
               QStringList{keptInMemory()});
     EXPECT_TRUE(QFileInfo(path()).isDir());
     EXPECT_THAT(QDir(path()).entryList(QDir::Files), IsEmpty());
+}
+
+TEST_F(JsonUserDefaultsTest, threadsMayReadAndWriteSideBySide) {
+    JsonUserDefaults defaults(path());
+    std::vector<std::thread> threads;
+    for (int number = 0; number < 4; ++number) {
+        threads.emplace_back([&defaults, number] {
+            const auto own = u"own.%1"_s.arg(number);
+            for (int round = 0; round < 25; ++round) {
+                defaults.set(own, static_cast<double>(round));
+                defaults.set(u"shared"_s, QByteArray::number(number));
+                defaults.get<QByteArray>(u"shared"_s);
+                defaults.remove(u"removed"_s);
+            }
+        });
+    }
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+    const JsonUserDefaults restarted(path());
+    for (int number = 0; number < 4; ++number) {
+        EXPECT_EQ(restarted.get<double>(u"own.%1"_s.arg(number)), 24.0);
+    }
+    EXPECT_TRUE(restarted.get<QByteArray>(u"shared"_s));
 }
 
 } // namespace

@@ -91,7 +91,10 @@ void JsonUserDefaults::setAside() {
 }
 
 std::optional<DefaultsValue> JsonUserDefaults::value(const QString &key) const {
-    const QJsonValue stored = m_values.value(key);
+    const QJsonValue stored = [&] {
+        const std::lock_guard guard(m_mutex);
+        return m_values.value(key);
+    }();
     switch (stored.type()) {
     case QJsonValue::Bool:
         return stored.toBool();
@@ -111,6 +114,7 @@ std::optional<DefaultsValue> JsonUserDefaults::value(const QString &key) const {
 
 void JsonUserDefaults::set(const QString &key, const DefaultsValue &value) {
     const QJsonValue encoded = std::visit(Encoder{}, value);
+    const std::lock_guard guard(m_mutex);
     if (m_saved && m_values.value(key) == encoded) {
         return;
     }
@@ -119,6 +123,7 @@ void JsonUserDefaults::set(const QString &key, const DefaultsValue &value) {
 }
 
 void JsonUserDefaults::remove(const QString &key) {
+    const std::lock_guard guard(m_mutex);
     if (m_saved && !m_values.contains(key)) {
         return;
     }

@@ -5,11 +5,14 @@
 
 #include <QJsonObject>
 
+#include <mutex>
+
 namespace zeph {
 
 /// The settings as one JSON object in a file that a person can read: booleans, numbers and texts
-/// as such, bytes as {"data": base64}. Other forms read as absent and are kept as they are. Main
-/// thread only; what another process writes meanwhile is not seen.
+/// as such, bytes as {"data": base64}. Other forms read as absent and are kept as they are.
+/// Callable from any thread, a write holds the others up; what another process writes meanwhile is
+/// not seen.
 class JsonUserDefaults : public UserDefaults {
 public:
     /// Reads the file at `path`. One that is no JSON object is renamed to `path`.damaged, or a
@@ -33,6 +36,7 @@ private:
     void keepInMemory();
 
     QString m_path;
+    mutable std::mutex m_mutex; // for all below
     QJsonObject m_values;
     bool m_mayWrite = true; // false while a file that isn't ours to replace stands at `m_path`
     bool m_saved = true;    // false when memory is ahead of the file
