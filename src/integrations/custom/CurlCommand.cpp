@@ -15,22 +15,27 @@ namespace {
 /// The state of a shell between two characters.
 class Tokenizer {
 public:
-    /// Takes one character as the user sees it.
-    void take(QStringView character) {
+    void take(QChar character) {
         if (m_isEscaped) {
             m_isEscaped = false;
-            if (character != u"\n") {
+            if (character != u'\n') {
                 m_token += character;
             }
-        } else if (character == u"\\" && m_quote != u'\'') {
+        } else if (character == u'\\' && m_quote != u'\'') {
             m_isEscaped = true;
-        } else if (character == u"'" || character == u"\"") {
-            takeQuote(character.front());
+        } else if (character == u'\'' || character == u'"') {
+            takeQuote(character);
         } else if (m_quote.isNull() && isSeparator(character)) {
             endToken();
         } else {
             m_token += character;
         }
+    }
+
+    /// A carriage return with its newline is one character to the user, and no separator.
+    void takeLineEnd() {
+        m_isEscaped = false;
+        m_token += u"\r\n";
     }
 
     QStringList finish() {
@@ -39,8 +44,8 @@ public:
     }
 
 private:
-    static bool isSeparator(QStringView character) {
-        return character == u" " || character == u"\t" || character == u"\n";
+    static bool isSeparator(QChar character) {
+        return character == u' ' || character == u'\t' || character == u'\n';
     }
 
     void takeQuote(QChar quote) {
@@ -83,11 +88,15 @@ bool isAddress(const QString &token) {
 
 QStringList tokenizeCurl(const QString &text) {
     Tokenizer tokenizer;
-    const QStringView all(text);
-    for (qsizetype place = 0; place < all.size();) {
-        const qsizetype length = all.sliced(place).startsWith(u"\r\n") ? 2 : 1;
-        tokenizer.take(all.sliced(place, length));
-        place += length;
+    for (qsizetype place = 0; place < text.size(); ++place) {
+        const bool isLineEnd =
+            text[place] == u'\r' && place + 1 < text.size() && text[place + 1] == u'\n';
+        if (isLineEnd) {
+            tokenizer.takeLineEnd();
+            ++place;
+        } else {
+            tokenizer.take(text[place]);
+        }
     }
     return tokenizer.finish();
 }

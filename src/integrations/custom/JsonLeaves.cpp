@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -86,10 +87,16 @@ public:
 
 private:
     void visitObject(const QJsonObject &object, const QString &path) {
-        QStringList keys = object.keys();
-        keys.sort();
-        for (const QString &key : keys) {
-            visit(object.value(key), below(path, key));
+        // The values come with their keys: the library loses a mark at the start of a key, and
+        // would then not find it again.
+        std::vector<std::pair<QString, QJsonValue>> entries;
+        for (auto entry = object.begin(); entry != object.end(); ++entry) {
+            entries.emplace_back(entry.key(), entry.value());
+        }
+        std::stable_sort(entries.begin(), entries.end(),
+                         [](const auto &a, const auto &b) { return a.first < b.first; });
+        for (const auto &[key, value] : entries) {
+            visit(value, below(path, key));
         }
     }
 

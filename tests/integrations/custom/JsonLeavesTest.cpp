@@ -244,6 +244,11 @@ TEST(JsonLeavesFlatten, listsPathsThatLeadBackToTheirLeaf) {
     }
 }
 
+TEST(JsonLeavesFlatten, listsTheValueOfAKeyThatBeginsWithAMark) {
+    EXPECT_THAT(CustomAPI::flatten(json::parse("{\"\xEF\xBB\xBFname\":7}")),
+                ElementsAre(JsonLeaf{u"name"_s, u"7"_s}));
+}
+
 TEST(JsonLeavesFlatten, listsALeafAtTheDepthThatTheParserAllows) {
     const int depth = 500;
     const auto leaves =
