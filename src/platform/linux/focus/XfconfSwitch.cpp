@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/focus/XfconfSwitch.h"
+
+#include "platform/linux/focus/TruthIn.h"
+
+namespace zeph {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString service = u"org.xfce.Xfconf"_s; // its interface has the same name
+const QString path = u"/org/xfce/Xfconf"_s;
+const QString channel = u"xfce4-notifyd"_s;
+const QString property = u"/do-not-disturb"_s;
+
+QDBusMessage question() {
+    QDBusMessage call = QDBusMessage::createMethodCall(service, path, service, u"GetProperty"_s);
+    call << channel << property;
+    return call;
+}
+
+std::optional<bool> readAnswer(const QDBusMessage &answer) {
+    if (answer.type() == QDBusMessage::ErrorMessage) {
+        const QString error = answer.errorName();
+        const bool isUnset = error == u"org.xfce.Xfconf.Error.PropertyNotFound"_s ||
+                             error == u"org.xfce.Xfconf.Error.ChannelNotFound"_s;
+        return isUnset ? std::optional(false) : std::nullopt;
+    }
+    return answer.signature() == u"v"_s ? truthIn(answer.arguments().constFirst()) : std::nullopt;
+}
+
+BusSignal signalOf(const QString &name, const QString &signature) {
+    return {service, path, service, name, {channel, property}, signature};
+}
+
+} // namespace
+
+XfconfSwitch::XfconfSwitch(const QDBusConnection &bus, std::function<void()> news)
+    : m_changed(
+          bus, signalOf(u"PropertyChanged"_s, u"ssv"_s),
+          [this](const QDBusMessage &signal) { m_answer.set(truthIn(signal.arguments().at(2))); }),
+      m_removed(bus, signalOf(u"PropertyRemoved"_s, u"ss"_s),
+                [this](const QDBusMessage &) { m_answer.set(false); }),
+      m_answer(bus, question(), &readAnswer, std::move(news)) {}
+
+} // namespace zeph

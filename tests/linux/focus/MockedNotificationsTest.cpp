@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+// The adapter against python3-dbusmock's notification service, written by others, with the
+// property that Plasma's has.
+#include "platform/linux/focus/NotificationSwitch.h"
+
+#include "linux/dbus/PrivateBus.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusVariant>
+#include <QProcessEnvironment>
+
+namespace zeph {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString serviceName = u"org.freedesktop.Notifications"_s;
+const QString path = u"/org/freedesktop/Notifications"_s;
+
+class MockedNotifications : public testing::Test {
+protected:
+    ~MockedNotifications() override { stop(); }
+
+    void start() {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, bus.address());
+        m_mock = std::make_unique<QProcess>();
+        endWithThisProcess(*m_mock);
+        m_mock->setProcessEnvironment(environment);
+        m_mock->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_mock->setStandardOutputFile(QProcess::nullDevice());
+        m_mock->start(u"/usr/bin/python3"_s, {u"-m"_s, u"dbusmock"_s, u"--session"_s,
+                                              u"--template"_s, u"notification_daemon"_s});
+        ASSERT_TRUE(eventually(
+            [&] { return user.bus().interface()->isServiceRegistered(serviceName).value(); }));
+    }
+    void stop() {
+        if (m_mock) {
+            m_mock->kill();
+            m_mock->waitForFinished(10'000);
+        }
+    }
+    void call(const QString &interface, const QString &method, const QVariantList &arguments) {
+        QDBusMessage message = QDBusMessage::createMethodCall(serviceName, path, interface, method);
+        message.setArguments(arguments);
+        const QDBusMessage answer = user.bus().call(message, QDBus::Block, 10'000);
+        EXPECT_EQ(answer.type(), QDBusMessage::ReplyMessage) << answer.errorMessage().toStdString();
+    }
+    void addInhibited(bool value) {
+        call(u"org.freedesktop.DBus.Mock"_s, u"AddProperty"_s,
+             {serviceName, u"Inhibited"_s, QVariant::fromValue(QDBusVariant(value))});
+    }
+    /// Has the mock signal the change as well.
+    void setInhibited(bool value) {
+        call(u"org.freedesktop.DBus.Properties"_s, u"Set"_s,
+             {serviceName, u"Inhibited"_s, QVariant::fromValue(QDBusVariant(value))});
+    }
+
+    PrivateBus bus;
+    BusConnection client{bus.address()};
+    BusConnection user{bus.address()};
+
+private:
+    std::unique_ptr<QProcess> m_mock;
+};
+
+TEST_F(MockedNotifications, areFollowedFromStartToEnd) {
+    start();
+    addInhibited(false);
+    const NotificationSwitch quiet(client.bus(), [] {});
+    const auto becomes = [&](std::optional<bool> wanted) {
+        return eventually([&] { return quiet.isQuiet() == wanted; });
+    };
+    EXPECT_TRUE(becomes(false));
+    setInhibited(true);
+    EXPECT_TRUE(becomes(true));
+    setInhibited(false);
+    EXPECT_TRUE(becomes(false));
+    stop();
+    EXPECT_TRUE(becomes(std::nullopt));
+}
+
+TEST_F(MockedNotifications, withoutThePropertyAreUnknownUntilTheyHaveIt) {
+    start();
+    const NotificationSwitch quiet(client.bus(), [] {});
+    addInhibited(true); // answered after the switch's own question, which came first
+    EXPECT_EQ(quiet.isQuiet(), std::nullopt);
+    const NotificationSwitch later(client.bus(), [] {});
+    EXPECT_TRUE(eventually([&] { return later.isQuiet() == true; }));
+}
+
+} // namespace
+
+} // namespace zeph
