@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/places/GlobeOutline.h"
 
+#include "platform/linux/places/CountryOutlines.h"
 #include "platform/linux/places/LandOutlines.h"
 #include "platform/linux/places/SeaOutlines.h"
 #include "platform/linux/places/WaterOutlines.h"
@@ -27,7 +28,7 @@ std::string nameAt(double latitude, double longitude) {
 }
 
 std::vector<std::span<const GlobeOutline>> everyTable() {
-    return {landOutlines(), seaOutlines(), oceanOutlines(), lakeOutlines()};
+    return {landOutlines(), countryOutlines(), seaOutlines(), oceanOutlines(), lakeOutlines()};
 }
 
 /// Whether the ways a-b and c-d cross between their ends.

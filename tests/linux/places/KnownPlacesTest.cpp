@@ -36,6 +36,10 @@ const std::vector<KnownPlace> knownPlaces{
     // Deserts, forests and ice.
     {"the Sahara", {23.5, 10.5}, "Algeria"},
     {"the Libyan desert", {28, 16.5}, "Libya"},
+    {"the middle of the Sudan", {16, 29}, "Sudan"},
+    {"the Congo basin", {-3, 23}, "Democratic Republic of the Congo"},
+    {"Tibet", {32, 86}, "China"},
+    {"the north of Siberia", {73, 110}, "Russia"},
     {"the Empty Quarter", {20, 50}, "Saudi Arabia"},
     {"the Great Victoria Desert", {-28, 127}, "Australia"},
     {"central Siberia", {64, 95}, "Russia"},

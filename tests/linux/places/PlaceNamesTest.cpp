@@ -15,11 +15,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // A degree of latitude is 111 km.
-const CityTable cities{"40\t-100\tInland\tNebraska\tUS\tUnited States\n"
-                       "32.4\t-64.7\tHamilton\t\tBM\tBermuda\n"
-                       "45.8\t-87\tLakeside\tMichigan\tUS\tUnited States\n"
-                       "65\t-52\tNuuk\t\tGL\tGreenland\n"
-                       "23\t5\tOasis\t\tDZ\tAlgeria\n"};
+const CityTable cities{"40\t-100\tInland\tNebraska\tUnited States\n"
+                       "32.4\t-64.7\tHamilton\t\tBermuda\n"
+                       "45.8\t-87\tLakeside\tMichigan\tUnited States\n"
+                       "65\t-52\tNuuk\t\tGreenland\n"
+                       "23\t5\tOasis\t\tAlgeria\n"
+                       "40\t65\tCaravan\t\tUzbekistan\n"};
 
 Placemark at(double latitude, double longitude) {
     const auto places = placesAt({latitude, longitude}, cities);
@@ -63,6 +64,12 @@ TEST(PlaceNames, nameTheCountryAloneInTheWild) {
 TEST(PlaceNames, nameTheOnlyCountryOfAnIslandHoweverFarItsTownsAre) {
     EXPECT_EQ(at(80, -40), land(std::nullopt, std::nullopt, u"Greenland"_s));
     EXPECT_EQ(at(-80, 90), land(std::nullopt, std::nullopt, u"Antarctica"_s));
+}
+
+TEST(PlaceNames, nameALargeCountryWhateverTownOfAnotherIsNearest) {
+    EXPECT_EQ(at(46, 67), land(std::nullopt, std::nullopt, u"Kazakhstan"_s));
+    EXPECT_EQ(at(41, 62.5), land(std::nullopt, std::nullopt, u"Uzbekistan"_s));
+    EXPECT_EQ(placesAt({46, 67}, CityTable()).size(), 1U);
 }
 
 TEST(PlaceNames, nameNothingOnLandFarFromEverything) {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/places/CityTable.h"
 
-#include <QLocale>
-
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -17,7 +15,7 @@ namespace {
 
 constexpr double earthRadiusKilometers = 6'371.0088;
 
-enum Field { latitude, longitude, name, area, code, country, fieldCount };
+enum Field { latitude, longitude, name, area, country, fieldCount };
 using Fields = std::array<QByteArrayView, fieldCount>;
 
 std::optional<Fields> fieldsOf(QByteArrayView line) {
@@ -48,12 +46,22 @@ std::array<float, 3> directionOf(const Coordinate &position) {
             static_cast<float>(std::sin(north))};
 }
 
-/// The English name by the locale library, which keeps up with the world better than a table of
-/// cities; that one's own otherwise, put into the order of speech.
-QString countryName(QByteArrayView isoCode, QByteArrayView listed) {
-    const QLocale::Territory territory = QLocale::codeToTerritory(QString::fromLatin1(isoCode));
-    if (territory != QLocale::AnyTerritory) {
-        return QLocale::territoryToString(territory);
+/// A country as it is called now, in the order of speech: the library keeps some names that were
+/// given up, and lists a few by their chief word.
+QString countryName(QByteArrayView listed) {
+    struct Renaming {
+        const char *formerly;
+        const char *now;
+    };
+    static constexpr Renaming renamings[] = {{"Czech Republic", "Czechia"},
+                                             {"Falkland Islands (Malvinas)", "Falkland Islands"},
+                                             {"Macedonia", "North Macedonia"},
+                                             {"Swaziland", "Eswatini"},
+                                             {"Viet Nam", "Vietnam"}};
+    for (const Renaming &renaming : renamings) {
+        if (listed == renaming.formerly) {
+            return QString::fromLatin1(renaming.now);
+        }
     }
     const QString text = QString::fromUtf8(listed);
     const qsizetype comma = text.indexOf(u", "_s);
@@ -111,7 +119,7 @@ std::optional<NearbyCity> CityTable::nearest(const Coordinate &position) const {
     const double half = std::min(1.0, std::sqrt(static_cast<double>(least)) / 2);
     return NearbyCity{2 * earthRadiusKilometers * std::asin(half),
                       QString::fromUtf8(fields.at(name)), QString::fromUtf8(fields.at(area)),
-                      countryName(fields.at(code), fields.at(country))};
+                      countryName(fields.at(country))};
 }
 
 } // namespace zeph

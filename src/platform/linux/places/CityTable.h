@@ -24,7 +24,7 @@ class CityTable {
 public:
     CityTable() = default;
 
-    /// A line a city, and tabs between latitude, longitude, name, area, country code and country.
+    /// A line a city, and tabs between latitude, longitude, name, area and country.
     /// Damaged lines are passed over.
     explicit CityTable(QByteArray text);
 

@@ -2,6 +2,7 @@
 #include "platform/linux/places/PlaceNames.h"
 
 #include "platform/linux/places/CityTable.h"
+#include "platform/linux/places/CountryOutlines.h"
 #include "platform/linux/places/LandOutlines.h"
 #include "platform/linux/places/SeaOutlines.h"
 #include "platform/linux/places/WaterOutlines.h"
@@ -35,9 +36,11 @@ Placemark cityPlace(const NearbyCity &city) {
     return place;
 }
 
-std::vector<Placemark> landPlace(const GlobeOutline &land, const std::optional<NearbyCity> &city) {
+std::vector<Placemark> landPlace(const GlobeOutline &land, const Coordinate &position,
+                                 const std::optional<NearbyCity> &city) {
     Placemark place;
-    place.country = unlessEmpty(QString::fromUtf8(land.name));
+    const GlobeOutline *const country = outlineAt(countryOutlines(), position);
+    place.country = unlessEmpty(QString::fromUtf8(country != nullptr ? country->name : land.name));
     if (city && city->kilometers <= reachOfCountries && !place.country) {
         place.country = unlessEmpty(city->country);
     }
@@ -84,7 +87,7 @@ std::vector<Placemark> placesAt(const Coordinate &position, const CityTable &cit
         place.inlandWater = QString::fromUtf8(lake->name);
         return {place};
     }
-    return land != nullptr ? landPlace(*land, city) : std::vector{seaPlace(*spot)};
+    return land != nullptr ? landPlace(*land, *spot, city) : std::vector{seaPlace(*spot)};
 }
 
 } // namespace zeph
