@@ -4,8 +4,6 @@
 #include "linux/folder/FolderTree.h"
 #include "support/QtPrinters.h"
 
-#include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <sys/wait.h>
@@ -187,7 +185,7 @@ TEST(FolderListing, tellsTheNamesWhereTheirValuesAreRefused) {
     tree.addFolder("desk/b");
     ASSERT_EQ(::chmod(tree.path().constData(), 0755), 0);
     const QByteArray desk = tree.path("desk");
-    ASSERT_EQ(::chmod(desk.constData(), 0744), 0); // to be read, but not to be entered
+    ASSERT_EQ(::chmod(desk.constData(), 0644), 0); // to be read, but not to be entered
     EXPECT_EQ(exitCodeAsNobody([&] {
                   return sortedListing(desk) == Entries{{u"a.png"_s, std::nullopt, std::nullopt},
                                                         {u"b"_s, true, std::nullopt}}

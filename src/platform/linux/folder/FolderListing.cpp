@@ -78,7 +78,6 @@ std::optional<std::vector<FolderEntry>> listFolder(const QByteArray &path) {
     std::vector<FolderEntry> entries;
     for (;;) {
         errno = 0; // the only way to tell the end from a failure
-        // NOLINTNEXTLINE(concurrency-mt-unsafe): a stream of its own is read by no other thread
         const dirent *const found = ::readdir(directory.get());
         if (found == nullptr) {
             break;
