@@ -58,7 +58,7 @@ TEST_F(GeoClueEndurance, neverHoldsTheMainThreadForAServiceThatDoesNotAnswer) {
     const double hold = quietestHoldMs([&](const MainThreadWatch &watch) {
         delegate.clear();
         geoclue.calls.clear();
-        listenWithConsent({std::chrono::milliseconds(100), std::chrono::milliseconds(100)});
+        listenWithConsent({.fix = std::chrono::milliseconds(100)});
         client->requestLocation();
         EXPECT_TRUE(eventually([&] { return delegate.answers() == 1 && watch.beats() > 50; }));
     });

@@ -8,8 +8,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Long enough for a busy machine to answer before, short enough to wait for.
-constexpr LocationPatience shortPatience{std::chrono::milliseconds(100),
-                                         std::chrono::milliseconds(100)};
+constexpr LocationPatience shortPatience{.fix = std::chrono::milliseconds(100)};
 
 class GeoClueFix : public GeoClueFixture {};
 

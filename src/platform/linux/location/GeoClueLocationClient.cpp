@@ -47,7 +47,8 @@ void GeoClueLocationClient::requestWhenInUseAuthorization() {
         return;
     }
     m_wantsPermission = true;
-    m_deadline.start(m_patience.authorization);
+    m_isUserAsked = false;
+    m_deadline.start(m_patience.agent);
     open();
 }
 
@@ -153,10 +154,22 @@ void GeoClueLocationClient::answer(std::optional<Coordinate> fix) {
 }
 
 void GeoClueLocationClient::patienceEnded() {
-    close();
-    m_wantsPermission = false;
-    if (m_wantsFix) {
+    if (m_wantsPermission) {
+        permissionPatienceEnded();
+    } else {
         answer(m_zoneCity());
+    }
+}
+
+void GeoClueLocationClient::permissionPatienceEnded() {
+    if (!m_session->hasClient()) {
+        close();
+        granted();
+    } else if (!std::exchange(m_isUserAsked, true)) {
+        m_deadline.start(m_patience.authorization);
+    } else {
+        close();
+        m_wantsPermission = false; // still undetermined, and may be asked again
     }
 }
 

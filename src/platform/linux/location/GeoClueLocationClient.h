@@ -23,6 +23,9 @@ struct LocationPatience {
     std::chrono::milliseconds fix{30'000};
     /// For the user's answer to the desktop's question.
     std::chrono::milliseconds authorization{180'000};
+    /// For the service to find the desktop's agent, which does the asking. Without one the service
+    /// waits for ever; it and the agent may just be starting.
+    std::chrono::milliseconds agent{5'000};
 };
 
 /// The position after GeoClue, at the accuracy of a city. Where the service is allowed and yet
@@ -44,8 +47,8 @@ public:
     /// and where not even the time zone has a city.
     void requestLocation() override;
 
-    /// Asks the service, and with it the user, unless that is settled. Without a service there is
-    /// nobody to refuse, and the user's wish counts.
+    /// Asks the service, and with it the user, unless that is settled. Without a service, or on a
+    /// desktop without an agent, nobody is there to ask, and the user's wish counts.
     void requestWhenInUseAuthorization() override;
 
 private:
@@ -59,6 +62,7 @@ private:
     void granted();
     void answer(std::optional<Coordinate> fix);
     void patienceEnded();
+    void permissionPatienceEnded();
     void tellAuthorization();
     void tellFailure();
 
@@ -70,6 +74,7 @@ private:
     std::unique_ptr<GeoClueSession> m_session;
     bool m_isStarted = false;        // the session
     bool m_wantsPermission = false;  // a question to the user is open
+    bool m_isUserAsked = false;      // as far as is known: the service found the agent
     bool m_wantsFix = false;         // a request is open
     bool m_mayTryAgain = false;      // after the service was lost
     std::optional<Coordinate> m_fix; // came before anybody asked for it

@@ -41,6 +41,9 @@ public:
     GeoClueSession(const GeoClueSession &) = delete;
     GeoClueSession &operator=(const GeoClueSession &) = delete;
 
+    /// Whether the service took us in, which it does once it knows the desktop's agent.
+    bool hasClient() const { return !m_client.isEmpty(); }
+
     /// Leaves; no handler is called from now on.
     void close();
 
