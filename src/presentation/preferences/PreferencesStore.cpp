@@ -122,7 +122,10 @@ void PreferencesStore::setTransparentDim(double dim) {
 }
 
 void PreferencesStore::setUseSystemNumberFormat(bool use) {
-    change(m_useSystemNumberFormat, use, systemNumbersKey, use);
+    objectWillChange.send();
+    m_useSystemNumberFormat = use;
+    m_defaults.set(systemNumbersKey, use);
+    m_notifications.post(notifications::zephPreferencesChanged);
 }
 
 void PreferencesStore::setUnitSystem(UnitSystem system) {

@@ -9,6 +9,7 @@
 
 #include <QStringList>
 
+#include <atomic>
 #include <map>
 
 namespace zeph {
@@ -18,7 +19,8 @@ class UserDefaults;
 
 /// Every user choice that shapes the wallpaper, written through to the defaults on each change.
 /// A damaged stored value reads as its default and stays stored until the next write. Main thread
-/// only; a change made by another process is seen at the next launch.
+/// only, but for `useSystemNumberFormat`, which words the answers of services on their own threads;
+/// a change made by another process is seen at the next launch.
 class PreferencesStore {
 public:
     /// Reads all keys. `formatters` tells the default unit system.
@@ -80,7 +82,7 @@ private:
     QStringList m_customOrder;
     bool m_petEnabled = true;
     QString m_petKind;
-    bool m_useSystemNumberFormat = false;
+    std::atomic<bool> m_useSystemNumberFormat = false;
     UnitSystem m_unitSystem = UnitSystem::metric;
     bool m_use24HourClock = false;
     std::optional<QString> m_backgroundHex;
