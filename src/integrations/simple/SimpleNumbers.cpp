@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "integrations/simple/SimpleNumbers.h"
+
+#include "integrations/web/Json.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace zeph {
+
+namespace {
+
+/// `value` is whole. Absent rather than held at a limit: no figure is better than a wrong one.
+std::optional<qint64> fitting(double value) {
+    constexpr double limit = 0x1p63;
+    return value >= -limit && value < limit ? std::optional(static_cast<qint64>(value))
+                                            : std::nullopt;
+}
+
+} // namespace
+
+std::optional<qint64> usdToCents(const QJsonValue &value) {
+    const auto dollars = json::number(value);
+    return dollars ? fitting(std::round(*dollars * 100)) : std::nullopt;
+}
+
+std::optional<qint64> intFromJSON(const QJsonValue &value) {
+    if (const auto whole = json::integer(value)) {
+        return whole; // digits beyond those of a double are kept
+    }
+    const auto number = json::number(value);
+    return number ? fitting(std::trunc(*number)) : std::nullopt;
+}
+
+QString fixedDecimals(double value, int decimals) {
+    // Neither QString::number, which rounds ties up, nor printf, which writes the locale's comma.
+    std::array<char, 400> buffer{};
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                       std::chars_format::fixed, decimals);
+    return QString::fromLatin1(buffer.data(), written.ptr - buffer.data());
+}
+
+} // namespace zeph
