@@ -19,7 +19,8 @@ QString excessSentence(const TransferFailure &failure, const QString &host) {
 
 QString certificateSentence(long certificateError, const QString &host) {
     switch (certificateError) {
-    case X509_V_OK: // signed by whom we trust, but for somebody else
+    case X509_V_OK:
+    case X509_V_ERR_UNSPECIFIED: // the library compares the names before it asks for the chain
         return u"The certificate of %1 is for another host."_s.arg(host);
     case X509_V_ERR_CERT_HAS_EXPIRED:
         return u"The certificate of %1 has expired."_s.arg(host);
