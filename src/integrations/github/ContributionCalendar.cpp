@@ -14,7 +14,7 @@ namespace {
 
 ContributionWeek week(const QJsonArray &days) {
     ContributionWeek week;
-    for (const QJsonValue &element : days) {
+    for (const QJsonValue element : days) {
         const QJsonObject day = element.toObject();
         week.push_back({json::integer(day.value(u"contributionCount")).value_or(0),
                         level(day.value(u"contributionLevel").toString())});
@@ -64,7 +64,7 @@ std::vector<ContributionWeek> weeks(const QJsonObject &user, std::size_t index) 
     const QJsonObject calendar = collection.value(u"contributionCalendar").toObject();
     const QJsonArray told = calendar.value(u"weeks").toArray();
     std::vector<ContributionWeek> weeks;
-    for (const QJsonValue &element : told) {
+    for (const QJsonValue element : told) {
         if (const auto days = json::array(element.toObject().value(u"contributionDays"))) {
             weeks.push_back(week(*days));
         }

@@ -35,7 +35,7 @@ QJsonObject object(const HttpResponse &response) {
 std::vector<QJsonObject> list(const HttpResponse &response) {
     std::vector<QJsonObject> objects;
     const QJsonArray elements = valueOrNull(response.body).toArray();
-    for (const QJsonValue &element : elements) {
+    for (const QJsonValue element : elements) {
         if (!element.isObject()) {
             return {};
         }

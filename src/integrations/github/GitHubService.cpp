@@ -56,6 +56,7 @@ GitHubService::fetchContributions(const QString &username, const std::optional<Q
     }
     const auto spans = GitHubRequests::spans(layout, m_clock.now(), m_calendar);
     std::vector<int> years;
+    years.reserve(spans.size());
     for (const ContributionSpan &span : spans) {
         years.push_back(span.year);
     }

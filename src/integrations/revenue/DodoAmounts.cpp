@@ -61,7 +61,7 @@ qint64 inUsd(const QString &currency, qint64 amount, const ExchangeRates &rates)
 
 bool DodoAmounts::addSubscriptions(const QJsonValue &body) {
     const QJsonArray items = body.toObject().value(u"items").toArray();
-    for (const QJsonValue &element : items) {
+    for (const QJsonValue element : items) {
         const QJsonObject item = element.toObject();
         add(monthly, currencyOf(item), monthlyCents(item));
     }
@@ -70,7 +70,7 @@ bool DodoAmounts::addSubscriptions(const QJsonValue &body) {
 
 bool DodoAmounts::addPayments(const QJsonValue &body) {
     const QJsonArray items = body.toObject().value(u"items").toArray();
-    for (const QJsonValue &element : items) {
+    for (const QJsonValue element : items) {
         const QJsonObject item = element.toObject();
         add(total, currencyOf(item), json::integer(item.value(u"total_amount")).value_or(0));
         if (const auto customer = customerID(item)) {

@@ -53,7 +53,7 @@ Page subscriptions(const QJsonValue &body) {
     const QJsonArray data = body.toObject().value(u"data").toArray();
     Page page;
     page.isFull = data.size() >= pageSize;
-    for (const QJsonValue &element : data) {
+    for (const QJsonValue element : data) {
         const QJsonObject attributes = element.toObject().value(u"attributes").toObject();
         const QJsonObject item = attributes.value(u"first_subscription_item").toObject();
         if (const auto id = json::integer(item.value(u"price_id"))) {

@@ -75,7 +75,7 @@ ExchangeRates rates(const QByteArray &body) {
 
 void addTransactions(const QJsonObject &page, StripeStats &stats) {
     const QJsonArray transactions = page.value(u"data").toArray();
-    for (const QJsonValue &transaction : transactions) {
+    for (const QJsonValue transaction : transactions) {
         addTransaction(transaction.toObject(), stats);
     }
 }
@@ -87,7 +87,7 @@ void addCustomers(const QJsonObject &page, StripeStats &stats) {
 
 void addSubscriptions(const QJsonObject &page, const ExchangeRates &rates, StripeStats &stats) {
     const QJsonArray subscriptions = page.value(u"data").toArray();
-    for (const QJsonValue &subscription : subscriptions) {
+    for (const QJsonValue subscription : subscriptions) {
         stats.activeSubscriptions = saturating::add(stats.activeSubscriptions, 1);
         const qint64 cents =
             StripePricing::subscriptionCents(subscription.toObject(), stats.currency, rates);

@@ -112,7 +112,7 @@ qint64 subscriptionCents(const QJsonObject &subscription, const QString &currenc
                          const ExchangeRates &rates) {
     qint64 sum = 0;
     const QJsonArray items = subscription.value(u"items").toObject().value(u"data").toArray();
-    for (const QJsonValue &item : items) {
+    for (const QJsonValue item : items) {
         sum = saturating::add(sum, itemCents(item.toObject(), currency, rates));
     }
     return applyDiscount(sum, json::object(subscription.value(u"discount")));
