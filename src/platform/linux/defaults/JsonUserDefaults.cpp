@@ -91,10 +91,8 @@ void JsonUserDefaults::setAside() {
 }
 
 std::optional<DefaultsValue> JsonUserDefaults::value(const QString &key) const {
-    const QJsonValue stored = [&] {
-        const std::lock_guard guard(m_mutex);
-        return m_values.value(key);
-    }();
+    const std::lock_guard guard(m_mutex);
+    const QJsonValue stored = m_values.value(key);
     switch (stored.type()) {
     case QJsonValue::Bool:
         return stored.toBool();
@@ -113,8 +111,8 @@ std::optional<DefaultsValue> JsonUserDefaults::value(const QString &key) const {
 }
 
 void JsonUserDefaults::set(const QString &key, const DefaultsValue &value) {
-    const QJsonValue encoded = std::visit(Encoder{}, value);
     const std::lock_guard guard(m_mutex);
+    const QJsonValue encoded = std::visit(Encoder{}, value);
     if (m_saved && m_values.value(key) == encoded) {
         return;
     }
