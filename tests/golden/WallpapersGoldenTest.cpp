@@ -39,23 +39,20 @@ protected:
     RootWallpaperView root{state, preferences, usage, framing, painted.metrics(), {}};
 };
 
-/// The same on the screens whose pictures stay small.
-class GoldenVariations : public GoldenWallpapers {};
-
 TEST_P(GoldenWallpapers, automaticMorning) {
     fillMorning();
     preferences.setBackgroundMode(BackgroundMode::automatic);
     EXPECT_TRUE(matchesGolden(onOpaqueSurface(), name(u"morning"_s)));
 }
 
-TEST_P(GoldenVariations, automaticNight) {
+TEST_P(GoldenWallpapers, automaticNight) {
     fillNight();
     preferences.setBackgroundMode(BackgroundMode::automatic);
     preferences.setUse24HourClock(true);
     EXPECT_TRUE(matchesGolden(onOpaqueSurface(), name(u"night"_s)));
 }
 
-TEST_P(GoldenVariations, solidInManyScripts) {
+TEST_P(GoldenWallpapers, solidInManyScripts) {
     fillWorldly();
     preferences.setBackgroundMode(BackgroundMode::solid);
     preferences.setBackgroundHex(u"#0A1A14"_s);
@@ -74,11 +71,6 @@ INSTANTIATE_TEST_SUITE_P(Screens, GoldenWallpapers,
                          testing::Values(GoldenScreen{1280, 800, 1}, GoldenScreen{1280, 800, 2},
                                          GoldenScreen{1920, 1080, 1}, GoldenScreen{1920, 1080, 2},
                                          GoldenScreen{2560, 1440, 1}, GoldenScreen{2560, 1440, 2}),
-                         screenName);
-
-INSTANTIATE_TEST_SUITE_P(Screens, GoldenVariations,
-                         testing::Values(GoldenScreen{1280, 800, 1}, GoldenScreen{1280, 800, 2},
-                                         GoldenScreen{1920, 1080, 1}),
                          screenName);
 
 } // namespace zeph
