@@ -3,6 +3,7 @@
 #include "BenchSettings.h"
 #include "TickLoop.h"
 #include "core/SamplingCoordinator.h"
+#include "integrations/web/Endpoints.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -54,12 +55,32 @@ class Ticking {
 public:
     explicit Ticking(BenchDay &bench)
         : m_bench(bench),
-          m_platform{bench.clock,       bench.calendar,  bench.formatters, m_loop,
-                     bench.defaults,    bench.workspace, bench.input,      bench.host,
-                     bench.interfaces,  bench.wifi,      bench.volume,     bench.screens,
-                     bench.windowServer},
-          m_coordinator(
-              CoordinatorContext{bench.state, m_platform, *bench.usageStore, bench.location}) {
+          m_platform{.clock = bench.clock,
+                     .calendar = bench.calendar,
+                     .formatters = bench.formatters,
+                     .runLoop = m_loop,
+                     .taskExecutor = bench.executor,
+                     .userDefaults = bench.defaults,
+                     .workspace = bench.workspace,
+                     .inputEvents = bench.input,
+                     .hostStatistics = bench.host,
+                     .networkInterfaces = bench.interfaces,
+                     .wifi = bench.wifi,
+                     .volume = bench.volume,
+                     .powerSources = bench.powerSources,
+                     .accessories = bench.accessories,
+                     .desktopFolder = bench.desktopFolder,
+                     .focusFile = bench.focusFile,
+                     .eventStore = bench.eventStore,
+                     .locationClient = bench.locationClient,
+                     .geocoder = bench.geocoder,
+                     .httpClient = bench.http,
+                     .secureStore = bench.secrets,
+                     .screens = bench.screens,
+                     .windowServer = bench.windowServer},
+          m_coordinator(CoordinatorContext{bench.state, m_platform, bench.notifications,
+                                           bench.preferences, *bench.usageStore, bench.location,
+                                           m_endpoints, std::chrono::minutes(10), [] {}}) {
         bench.workspace.front = application(u"org.example.Application49"_s, u"Editor"_s);
         m_coordinator.start();
     }
@@ -73,6 +94,7 @@ private:
     BenchDay &m_bench;
     TickLoop m_loop;
     Platform m_platform;
+    Endpoints m_endpoints;
     SamplingCoordinator m_coordinator;
 };
 

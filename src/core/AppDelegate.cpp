@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "core/AppDelegate.h"
 
+#include "core/IntegrationRefresh.h"
 #include "core/NotificationCenter.h"
 #include "core/SamplingCoordinator.h"
+#include "core/WebServices.h"
 #include "host/DesktopWindow.h"
 #include "host/ScreenSelection.h"
+#include "integrations/accounts/IntegrationsStore.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
-#include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
 #include "presentation/preferences/PreferencesStore.h"
 #include "presentation/widgets/RootWallpaperView.h"
@@ -18,7 +20,18 @@ namespace zeph {
 
 namespace {
 
-const QString quoteEnabledKey = QStringLiteral("zeph.integrations.quote.enabled");
+AccountChoices choicesOf(const IntegrationsStore &integrations) {
+    return {.quoteEnabled = [&integrations] { return integrations.quoteEnabled(); },
+            .showAhrefsAttribution =
+                [&integrations](const QUuid &account) {
+                    const auto &all = integrations.connections();
+                    const auto found =
+                        std::find_if(all.begin(), all.end(), [&](const IntegrationConnection &one) {
+                            return one.id == account;
+                        });
+                    return found == all.end() || found->showAhrefsAttribution;
+                }};
+}
 
 } // namespace
 
@@ -28,9 +41,7 @@ AppDelegate::AppDelegate(AppServices services)
       m_framing{services.preferences, services.platform.calendar, services.platform.formatters},
       m_rootView(std::make_unique<RootWallpaperView>(
           m_state, services.preferences, services.usageStore, m_framing, services.textMetrics,
-          AccountChoices{.quoteEnabled = [&defaults = services.platform.userDefaults] {
-              return defaults.get<bool>(quoteEnabledKey).value_or(true);
-          }})) {}
+          choicesOf(services.integrations))) {}
 
 AppDelegate::~AppDelegate() {
     m_services.platform.screens.setChangeHandler(nullptr);
@@ -39,8 +50,14 @@ AppDelegate::~AppDelegate() {
 
 void AppDelegate::applicationDidFinishLaunching() {
     const Platform &platform = m_services.platform;
+    m_refresh = std::make_unique<IntegrationRefresh>(RefreshContext{
+        m_state, m_services.integrations, m_services.keychain, m_services.preferences,
+        platform.taskExecutor, platform.runLoop,
+        makeWebServices(platform, m_services.endpoints, m_framing, m_services.gregorian)});
     m_coordinator = std::make_unique<SamplingCoordinator>(
-        CoordinatorContext{m_state, platform, m_services.usageStore, m_services.location});
+        CoordinatorContext{m_state, platform, m_services.notifications, m_services.preferences,
+                           m_services.usageStore, m_services.location, m_services.endpoints,
+                           m_services.refreshPeriod, [this] { m_refresh->fetchIntegrations(); }});
     rebuildDesktopWindows();
     m_coordinator->start();
     observeScreenChanges();
@@ -101,6 +118,7 @@ void AppDelegate::observeChanges() {
     const auto redraw = [this] { redrawWindows(); };
     m_subscriptions.push_back(m_state.objectWillChange.subscribe(redraw));
     m_subscriptions.push_back(m_services.preferences.objectWillChange.subscribe(redraw));
+    m_subscriptions.push_back(m_services.integrations.objectWillChange.subscribe(redraw));
 }
 
 void AppDelegate::redrawWindows() {

@@ -8,12 +8,17 @@
 
 #include <QStringList>
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
 namespace zeph {
 
+class Calendar;
 class DesktopWindow;
+class IntegrationRefresh;
+class IntegrationsStore;
+class Keychain;
 class LocationManager;
 class NotificationCenter;
 class PreferencesStore;
@@ -22,6 +27,7 @@ class SamplingCoordinator;
 class ScenePainter;
 class TextMetrics;
 class UsageStore;
+struct Endpoints;
 struct Platform;
 
 /// What the delegate works with; everything outlives it.
@@ -30,7 +36,13 @@ struct AppServices {
     NotificationCenter &notifications;
     PreferencesStore &preferences;
     UsageStore &usageStore;
+    IntegrationsStore &integrations;
+    Keychain &keychain;
     LocationManager &location;
+    const Endpoints &endpoints;
+    std::chrono::milliseconds refreshPeriod; ///< of the web accounts
+    /// Counts the years of services that know no other calendar.
+    const Calendar &gregorian;
     const TextMetrics &textMetrics;
     ScenePainter &painter;
 };
@@ -68,6 +80,7 @@ private:
     AppState m_state;
     FramingContext m_framing;
     std::unique_ptr<RootWallpaperView> m_rootView;
+    std::unique_ptr<IntegrationRefresh> m_refresh;
     std::unique_ptr<SamplingCoordinator> m_coordinator;
     std::vector<std::unique_ptr<DesktopWindow>> m_desktopWindows;
     QStringList m_builtScreenIDs;

@@ -4,11 +4,13 @@
 #include "ambient/LocationManager.h"
 #include "ambient/SolarCalculator.h"
 #include "core/AppState.h"
+#include "core/NotificationCenter.h"
 #include "history/UsageStore.h"
 #include "platform/Clock.h"
 #include "platform/InputEvents.h"
 #include "platform/Platform.h"
 #include "platform/RunLoop.h"
+#include "presentation/preferences/PreferencesStore.h"
 
 using namespace std::chrono_literals;
 
@@ -20,7 +22,6 @@ constexpr auto fastPeriod = 1s;
 constexpr auto mediumPeriod = 3s;
 constexpr auto slowPeriod = 45s;
 constexpr auto persistPeriod = 60s;
-constexpr auto refreshPeriod = 600s;
 constexpr qint64 publishStride = 5; // fast ticks
 constexpr double rateWindow = 60.0; // seconds
 constexpr int averageDays = 14;
@@ -32,15 +33,19 @@ SamplingCoordinator::SamplingCoordinator(CoordinatorContext context)
       m_appUsage(m_context.platform.clock, m_context.platform.workspace, m_context.usageStore),
       m_input(m_context.platform.clock, m_context.platform.inputEvents),
       m_activity(m_context.platform.clock, m_context.platform.inputEvents, m_context.usageStore),
-      m_battery(m_context.platform.powerSources),
+      m_slowSensors(m_context.state, m_context.platform, m_context.preferences),
+      m_ambientFeeds(m_context.state, m_context.platform, m_context.preferences, m_context.location,
+                     m_context.endpoints),
       m_systemLoad(m_context.platform.hostStatistics),
-      m_diskUptime(m_context.platform.clock, m_context.platform.volume,
-                   m_context.platform.hostStatistics),
       m_network(m_context.platform.clock, m_context.platform.networkInterfaces,
                 m_context.platform.wifi) {
     restoreToday();
     m_context.location.setOnUpdate(
-        [this](const Coordinate &coordinate) { assignSolar(coordinate); });
+        [this](const Coordinate &coordinate) { positionFound(coordinate); });
+    m_subscriptions.push_back(m_context.notifications.observe(
+        notifications::zephIntegrationsChanged, [this] { fetchIntegrations(); }));
+    m_subscriptions.push_back(m_context.notifications.observe(notifications::zephPreferencesChanged,
+                                                              [this] { preferencesChanged(); }));
 }
 
 SamplingCoordinator::~SamplingCoordinator() {
@@ -79,7 +84,7 @@ void SamplingCoordinator::scheduleTimers() {
     m_mediumTimer = loop.repeat(mediumPeriod, [this] { mediumTick(); });
     m_slowTimer = loop.repeat(slowPeriod, [this] { slowTick(); });
     m_persistTimer = loop.repeat(persistPeriod, [this] { persist(); });
-    m_stripeTimer = loop.repeat(refreshPeriod, [this] { fetchIntegrations(); });
+    m_stripeTimer = loop.repeat(m_context.refreshPeriod, [this] { fetchIntegrations(); });
 }
 
 bool SamplingCoordinator::isIdle() const {
@@ -139,15 +144,25 @@ void SamplingCoordinator::slowTick() {
     if (!m_input.hasTap() && m_context.platform.inputEvents.isTrusted()) {
         m_input.start();
     }
-    m_battery.sample();
-    m_diskUptime.sampleDisk();
-    m_diskUptime.sampleUptime();
-    m_context.state.battery = m_battery.info();
-    m_context.state.disk = m_diskUptime.disk();
-    m_context.state.uptimeSeconds = m_diskUptime.uptimeSeconds();
+    m_slowSensors.sample();
+    m_ambientFeeds.fetchDaily();
+    m_ambientFeeds.maybeFetchWeather();
     if (const auto coordinate = m_context.location.coordinate()) {
         assignSolar(*coordinate);
+        m_ambientFeeds.fetchAirQuality(*coordinate);
     }
+}
+
+void SamplingCoordinator::preferencesChanged() {
+    m_slowSensors.preferencesChanged();
+    if (m_context.preferences.isOn(WidgetKind::quote) && !*m_context.state.quote) {
+        fetchIntegrations();
+    }
+}
+
+void SamplingCoordinator::positionFound(const Coordinate &coordinate) {
+    assignSolar(coordinate);
+    m_ambientFeeds.fetchWeatherNow(coordinate);
 }
 
 void SamplingCoordinator::assignSolar(const Coordinate &coordinate) {
@@ -156,9 +171,7 @@ void SamplingCoordinator::assignSolar(const Coordinate &coordinate) {
 }
 
 void SamplingCoordinator::fetchIntegrations() {
-    for (const auto &refresh : m_context.integrationRefreshes) {
-        refresh();
-    }
+    m_context.refreshIntegrations();
 }
 
 void SamplingCoordinator::persist() {

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "core/AmbientFeeds.h"
 #include "core/ChangePublisher.h"
+#include "core/SlowSensors.h"
 #include "core/values/Coordinate.h"
 #include "sensors/ActivityMonitor.h"
 #include "sensors/AppUsageMonitor.h"
-#include "sensors/BatteryMonitor.h"
-#include "sensors/DiskUptimeMonitor.h"
 #include "sensors/InputMonitor.h"
 #include "sensors/NetworkMonitor.h"
 #include "sensors/SystemLoadMonitor.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -19,6 +20,7 @@ namespace zeph {
 
 class AppState;
 class LocationManager;
+class NotificationCenter;
 class RunLoopTimer;
 class UsageStore;
 struct Platform;
@@ -27,10 +29,14 @@ struct Platform;
 struct CoordinatorContext {
     AppState &state;
     const Platform &platform;
+    NotificationCenter &notifications;
+    const PreferencesStore &preferences;
     UsageStore &usageStore;
     LocationManager &location;
-    /// One entry for each family of web accounts; each starts its family's refresh and returns.
-    std::vector<std::function<void()>> integrationRefreshes = {};
+    const Endpoints &endpoints;
+    std::chrono::milliseconds refreshPeriod;
+    /// Starts the refresh of all web accounts and returns.
+    std::function<void()> refreshIntegrations;
 };
 
 /// The clock of the system: owns every monitor, drives them from five repeating timers and copies
@@ -62,24 +68,28 @@ private:
     void mediumTick();
     void slowTick();
 
+    void preferencesChanged();
+
     bool isIdle() const;
     void publishMinute();
     void publishRhythm();
+    void positionFound(const Coordinate &coordinate);
     void assignSolar(const Coordinate &coordinate);
 
     CoordinatorContext m_context;
     AppUsageMonitor m_appUsage;
     InputMonitor m_input;
     ActivityMonitor m_activity;
-    BatteryMonitor m_battery;
+    SlowSensors m_slowSensors;
+    AmbientFeeds m_ambientFeeds;
     SystemLoadMonitor m_systemLoad;
-    DiskUptimeMonitor m_diskUptime;
     NetworkMonitor m_network;
     std::unique_ptr<RunLoopTimer> m_fastTimer;
     std::unique_ptr<RunLoopTimer> m_mediumTimer;
     std::unique_ptr<RunLoopTimer> m_slowTimer;
     std::unique_ptr<RunLoopTimer> m_persistTimer;
     std::unique_ptr<RunLoopTimer> m_stripeTimer; // all families, in spite of its name
+    std::vector<Subscription> m_subscriptions;
     qint64 m_publishCounter = 0;
     qint64 m_lastPublishedMinute = 0;
 };

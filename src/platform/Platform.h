@@ -3,15 +3,24 @@
 
 namespace zeph {
 
+class Accessories;
 class Calendar;
 class Clock;
+class DesktopFolder;
+class EventStore;
+class FocusFile;
 class Formatters;
+class Geocoder;
 class HostStatistics;
+class HttpClient;
 class InputEvents;
+class LocationClient;
 class NetworkInterfaces;
 class PowerSources;
 class RunLoop;
 class Screens;
+class SecureStore;
+class TaskExecutor;
 class UserDefaults;
 class Volume;
 class WiFi;
@@ -25,6 +34,7 @@ struct Platform {
     const Calendar &calendar;
     const Formatters &formatters;
     RunLoop &runLoop;
+    TaskExecutor &taskExecutor;
     UserDefaults &userDefaults;
     Workspace &workspace;
     InputEvents &inputEvents;
@@ -33,6 +43,14 @@ struct Platform {
     const WiFi &wifi;
     const Volume &volume;
     PowerSources &powerSources;
+    const Accessories &accessories;
+    DesktopFolder &desktopFolder;
+    FocusFile &focusFile;
+    EventStore &eventStore;
+    LocationClient &locationClient;
+    Geocoder &geocoder;
+    HttpClient &httpClient;
+    SecureStore &secureStore;
     Screens &screens;
     WindowServer &windowServer;
 };

@@ -77,8 +77,8 @@ TEST_F(SamplingCoordinatorTest, mediumTickRunsEveryThreeSecondsAndAssignsLoadThe
 TEST_F(SamplingCoordinatorTest, anHourOfTicksAssignsByTheScheduleAndNoMore) {
     makeCoordinator().start();
     const int changes = changesDuring([&] { loop.advance(3600); });
-    // now 60, rhythm+activity+ranking 720 strides, load+network 1200, battery+disk+uptime 80
-    EXPECT_EQ(changes, 60 + 3 * 720 + 2 * 1200 + 3 * 80);
+    // now 60, rhythm+activity+ranking 720 strides, load+network 1200, the six sensors 80
+    EXPECT_EQ(changes, 60 + 3 * 720 + 2 * 1200 + 6 * 80);
 }
 
 TEST_F(SamplingCoordinatorTest, beforeTheFirstBatterySampleAnIdleMachineSkipsTheMediumTick) {
@@ -170,12 +170,32 @@ TEST_F(SamplingCoordinatorTest, startAsksForAFixOnlyWhenAuthorized) {
 
 TEST_F(SamplingCoordinatorTest, aRefreshRunsAtStartAndEverySixHundredSeconds) {
     int refreshes = 0;
-    makeCoordinator({[&] { ++refreshes; }}).start();
+    makeCoordinator([&] { ++refreshes; }).start();
     EXPECT_EQ(refreshes, 1);
     loop.advance(599);
     EXPECT_EQ(refreshes, 1);
     loop.advance(1);
     EXPECT_EQ(refreshes, 2);
+}
+
+TEST_F(SamplingCoordinatorTest, aChangeOfTheAccountsRefreshesAtOnce) {
+    int refreshes = 0;
+    makeCoordinator([&] { ++refreshes; }).start();
+    notifications.post(zeph::notifications::zephIntegrationsChanged);
+    EXPECT_EQ(refreshes, 2);
+}
+
+TEST_F(SamplingCoordinatorTest, aPreferencesChangeRefreshesOnlyForAQuoteThatIsMissing) {
+    int refreshes = 0;
+    makeCoordinator([&] { ++refreshes; }).start();
+    preferences.set(WidgetPlacement::always, WidgetKind::quote);
+    EXPECT_EQ(refreshes, 2);
+    state.quote = QuoteInfo{u"Festina lente"_s, u"Augustus"_s};
+    preferences.setUse24HourClock(true);
+    EXPECT_EQ(refreshes, 2) << "a quote is present";
+    state.quote = std::nullopt;
+    preferences.set(WidgetPlacement::off, WidgetKind::quote);
+    EXPECT_EQ(refreshes, 2) << "the widget is off";
 }
 
 TEST_F(SamplingCoordinatorTest, persistsEverySixtySecondsTheRhythmAsPublished) {

@@ -3,6 +3,9 @@
 
 #include "core/NotificationCenter.h"
 #include "host/DesktopWindow.h"
+#include "integrations/accounts/IntegrationsStore.h"
+#include "integrations/accounts/Keychain.h"
+#include "integrations/web/Endpoints.h"
 #include "presentation/painting/QtTextMetrics.h"
 #include "presentation/painting/ScenePainter.h"
 #include "presentation/painting/SymbolLibrary.h"
@@ -36,13 +39,17 @@ protected:
         return result;
     }
 
+    Endpoints endpoints;
     NotificationCenter notifications;
     PreferencesStore preferences{defaults, notifications, formatters};
     QtTextMetrics textMetrics;
     SymbolLibrary symbols;
     ScenePainter painter{textMetrics, symbols};
-    AppDelegate delegate{AppServices{platform, notifications, preferences, *usageStore, location,
-                                     textMetrics, painter}};
+    Keychain keychain{secrets, defaults};
+    IntegrationsStore integrations{defaults, keychain, notifications, loop, executor};
+    AppDelegate delegate{AppServices{platform, notifications, preferences, *usageStore,
+                                     integrations, keychain, location, endpoints,
+                                     std::chrono::minutes(10), calendar, textMetrics, painter}};
 };
 
 TEST_F(AppDelegateTest, launchMakesOneVisibleWindowAScreen) {

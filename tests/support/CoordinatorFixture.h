@@ -2,7 +2,10 @@
 #pragma once
 
 #include "core/AppState.h"
+#include "core/NotificationCenter.h"
 #include "core/SamplingCoordinator.h"
+#include "integrations/web/Endpoints.h"
+#include "presentation/preferences/PreferencesStore.h"
 #include "support/FakePlatform.h"
 
 #include <gtest/gtest.h>
@@ -12,11 +15,11 @@ namespace zeph {
 /// A coordinator over a machine of fakes.
 class CoordinatorFixture : public testing::Test, public FakePlatform {
 protected:
-    SamplingCoordinator &
-    makeCoordinator(std::vector<std::function<void()>> integrationRefreshes = {}) {
+    SamplingCoordinator &makeCoordinator(std::function<void()> refreshIntegrations = [] {}) {
         coordinator.reset();
         coordinator = std::make_unique<SamplingCoordinator>(CoordinatorContext{
-            state, platform, *usageStore, location, std::move(integrationRefreshes)});
+            state, platform, notifications, preferences, *usageStore, location, endpoints,
+            std::chrono::minutes(10), std::move(refreshIntegrations)});
         return *coordinator;
     }
 
@@ -39,6 +42,9 @@ protected:
     QString today() const { return usageStore->dayKey(clock.now()); }
     auto stored() const { return usageStore->loadDailyStats(today()); }
 
+    Endpoints endpoints;
+    NotificationCenter notifications;
+    PreferencesStore preferences{defaults, notifications, formatters};
     AppState state{clock.now()};
     std::unique_ptr<SamplingCoordinator> coordinator;
 };

@@ -15,6 +15,12 @@ class FakeHttpClient : public HttpClient {
 public:
     using Handler = std::function<HttpResponse(const HttpRequest &request)>;
 
+    /// A machine without a network.
+    FakeHttpClient()
+        : FakeHttpClient([](const HttpRequest &) -> HttpResponse {
+              throw TransportError(QStringLiteral("There is no network."));
+          }) {}
+
     /// `handler` may throw `TransportError`; it is not called by two threads at once.
     explicit FakeHttpClient(Handler handler) : m_handler(std::move(handler)) {}
 
@@ -25,6 +31,11 @@ public:
         }
         m_requests.push_back(request);
         return m_handler(request);
+    }
+    /// From now on `handler` answers.
+    void setHandler(Handler handler) {
+        const std::scoped_lock lock(m_mutex);
+        m_handler = std::move(handler);
     }
     void cancelAll() override {
         const std::scoped_lock lock(m_mutex);

@@ -6,15 +6,22 @@
 #include "platform/Platform.h"
 #include "platform/icu/IcuCalendar.h"
 #include "platform/icu/IcuFormatters.h"
+#include "support/FakeAccessories.h"
+#include "support/FakeDesktopFolder.h"
+#include "support/FakeEventStore.h"
+#include "support/FakeFocusFile.h"
+#include "support/FakeHttpClient.h"
 #include "support/FakeInputEvents.h"
 #include "support/FakeLocation.h"
 #include "support/FakeMachine.h"
 #include "support/FakePowerSources.h"
 #include "support/FakeScreens.h"
+#include "support/FakeSecureStore.h"
 #include "support/FakeUserDefaults.h"
 #include "support/FakeWindowServer.h"
 #include "support/FakeWorkspace.h"
 #include "support/ManualRunLoop.h"
+#include "support/ManualTaskExecutor.h"
 
 #include <QTemporaryDir>
 
@@ -30,6 +37,7 @@ public:
     ManualRunLoop loop{clock};
     IcuCalendar calendar{QStringLiteral("en_US"), QStringLiteral("Europe/Berlin")};
     IcuFormatters formatters{QStringLiteral("en_US"), QStringLiteral("Europe/Berlin")};
+    ManualTaskExecutor executor;
     FakeUserDefaults defaults;
     FakeWorkspace workspace;
     FakeInputEvents input;
@@ -38,13 +46,40 @@ public:
     FakeWiFi wifi;
     FakeVolume volume;
     FakePowerSources powerSources;
+    FakeAccessories accessories;
+    FakeDesktopFolder desktopFolder;
+    FakeFocusFile focusFile;
+    FakeEventStore eventStore;
+    FakeHttpClient http; // without a network until the test says otherwise
+    FakeSecureStore secrets;
     FakeScreens screens;
     FakeWindowServer windowServer;
     FakeLocationClient locationClient;
     FakeGeocoder geocoder;
     LocationManager location{&locationClient, &geocoder};
-    Platform platform{clock, calendar,   formatters, loop,   defaults,     workspace, input,
-                      host,  interfaces, wifi,       volume, powerSources, screens,   windowServer};
+    Platform platform{.clock = clock,
+                      .calendar = calendar,
+                      .formatters = formatters,
+                      .runLoop = loop,
+                      .taskExecutor = executor,
+                      .userDefaults = defaults,
+                      .workspace = workspace,
+                      .inputEvents = input,
+                      .hostStatistics = host,
+                      .networkInterfaces = interfaces,
+                      .wifi = wifi,
+                      .volume = volume,
+                      .powerSources = powerSources,
+                      .accessories = accessories,
+                      .desktopFolder = desktopFolder,
+                      .focusFile = focusFile,
+                      .eventStore = eventStore,
+                      .locationClient = locationClient,
+                      .geocoder = geocoder,
+                      .httpClient = http,
+                      .secureStore = secrets,
+                      .screens = screens,
+                      .windowServer = windowServer};
     std::unique_ptr<UsageStore> usageStore =
         std::make_unique<UsageStore>(folder.path(), clock, calendar);
 };

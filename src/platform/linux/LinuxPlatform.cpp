@@ -1,10 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/LinuxPlatform.h"
 
+#include "platform/icu/SystemZone.h"
 #include "platform/linux/Consent.h"
 #include "platform/linux/DesktopEntries.h"
 #include "platform/linux/dbus/NetworkManagerWiFi.h"
 #include "platform/linux/defaults/JsonUserDefaults.h"
+#include "platform/linux/eds/EdsEventStore.h"
+#include "platform/linux/focus/FocusSource.h"
+#include "platform/linux/focus/LinuxFocusFile.h"
+#include "platform/linux/folder/FolderListing.h"
+#include "platform/linux/folder/LinuxDesktopFolder.h"
+#include "platform/linux/folder/UserDirs.h"
+#include "platform/linux/http/CurlHttpClient.h"
+#include "platform/linux/http/CurlLibrary.h"
+#include "platform/linux/location/GeoClueLocationClient.h"
+#include "platform/linux/location/LocationPermission.h"
+#include "platform/linux/location/ZoneCity.h"
+#include "platform/linux/places/CityLister.h"
+#include "platform/linux/places/OfflineGeocoder.h"
+#include "platform/linux/power/BluezBatteries.h"
+#include "platform/linux/power/LinuxAccessories.h"
 #include "platform/linux/power/LinuxPowerSources.h"
 #include "platform/linux/power/UPowerSources.h"
 #include "platform/linux/proc/NetlinkInterfaces.h"
@@ -14,6 +30,7 @@
 #include "platform/linux/qt/QtRunLoop.h"
 #include "platform/linux/qt/QtScreens.h"
 #include "platform/linux/qt/QtTaskExecutor.h"
+#include "platform/linux/secret/SecretServiceStore.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11InputEvents.h"
 #include "platform/linux/x11/X11Monitors.h"
@@ -21,6 +38,8 @@
 #include "platform/linux/x11/X11Workspace.h"
 
 #include <QDBusConnection>
+#include <QDir>
+#include <QFile>
 #include <QLocale>
 #include <QStandardPaths>
 
@@ -28,8 +47,11 @@ namespace zeph {
 
 namespace {
 
-// The kernel's battery files are all that is read away from the main thread.
-constexpr int backgroundThreads = 2;
+const QString supplies = QStringLiteral("/sys/class/power_supply");
+
+QByteArray fileName(const QString &path) {
+    return QFile::encodeName(path);
+}
 
 } // namespace
 
@@ -48,18 +70,38 @@ struct LinuxPlatform::Adapters {
           workspace(*x11, desktopEntries),
           inputConsent(Consent::forInput(defaults)),
           inputEvents(*x11, screens, [this] { return inputConsent.isGranted(); }),
-          wifi(QDBusConnection::systemBus()),
-          upower(QDBusConnection::systemBus()),
-          powerSources(upower, QStringLiteral("/sys/class/power_supply"), executor, runLoop),
-          ports{clock,     userCalendar, userFormatters, runLoop,      defaults,
-                workspace, inputEvents,  hostStatistics, interfaces,   wifi,
-                volume,    powerSources, screens,        *windowServer} {}
+          eventStore(clock, userCalendar, runLoop, defaults),
+          locationPermission(defaults),
+          ports{.clock = clock,
+                .calendar = userCalendar,
+                .formatters = userFormatters,
+                .runLoop = runLoop,
+                .taskExecutor = executor,
+                .userDefaults = defaults,
+                .workspace = workspace,
+                .inputEvents = inputEvents,
+                .hostStatistics = hostStatistics,
+                .networkInterfaces = interfaces,
+                .wifi = wifi,
+                .volume = volume,
+                .powerSources = powerSources,
+                .accessories = accessories,
+                .desktopFolder = desktopFolder,
+                .focusFile = focusFile,
+                .eventStore = eventStore,
+                .locationClient = locationClient,
+                .geocoder = geocoder,
+                .httpClient = httpClient,
+                .secureStore = secureStore,
+                .screens = screens,
+                .windowServer = *windowServer} {}
 
     std::unique_ptr<X11Connection> x11;
     std::unique_ptr<X11WindowServer> windowServer;
     SystemClock clock;
     QtRunLoop runLoop;
     JsonUserDefaults defaults;
+    QtTaskExecutor executor;
     QtScreens screens;
     DesktopEntries desktopEntries;
     X11Workspace workspace;
@@ -67,11 +109,27 @@ struct LinuxPlatform::Adapters {
     X11InputEvents inputEvents;
     ProcHostStatistics hostStatistics;
     NetlinkInterfaces interfaces;
-    NetworkManagerWiFi wifi;
+    NetworkManagerWiFi wifi{QDBusConnection::systemBus()};
     StatvfsVolume volume;
-    QtTaskExecutor executor{backgroundThreads};
-    UPowerSources upower;
-    LinuxPowerSources powerSources;
+    UPowerSources upower{QDBusConnection::systemBus()};
+    LinuxPowerSources powerSources{upower, supplies, executor, runLoop};
+    BluezBatteries bluez{QDBusConnection::systemBus()};
+    LinuxAccessories accessories{supplies, upower, bluez, runLoop};
+    LinuxDesktopFolder desktopFolder{
+        findDesktopFolder(fileName(QStandardPaths::writableLocation(
+                              QStandardPaths::GenericConfigLocation)),
+                          fileName(QDir::homePath())),
+        executor, runLoop, listFolder};
+    LinuxFocusFile focusFile{focusSourceFor(qEnvironmentVariable("XDG_CURRENT_DESKTOP")),
+                             QDBusConnection::sessionBus(), executor, runLoop};
+    EdsEventStore eventStore;
+    LocationPermission locationPermission;
+    GeoClueLocationClient locationClient{QDBusConnection::systemBus(), locationPermission,
+                                         [] { return zoneCity(SystemZone().id()); }};
+    OfflineGeocoder geocoder{executor, runLoop, cityListerPath()};
+    CurlLibrary curl;
+    CurlHttpClient httpClient{curl};
+    SecretServiceStore secureStore;
     Platform ports;
 };
 
@@ -95,6 +153,12 @@ std::unique_ptr<LinuxPlatform> LinuxPlatform::create(const QString &defaultsPath
 
 const Platform &LinuxPlatform::ports() const {
     return m_adapters->ports;
+}
+
+bool LinuxPlatform::finishTasks(std::chrono::milliseconds patience) {
+    m_adapters->httpClient.cancelAll();
+    m_adapters->secureStore.cancelAll();
+    return m_adapters->executor.finish(patience);
 }
 
 } // namespace zeph

@@ -3,6 +3,7 @@
 
 #include "platform/Platform.h"
 
+#include <chrono>
 #include <memory>
 
 class QString;
@@ -22,6 +23,10 @@ public:
     LinuxPlatform &operator=(const LinuxPlatform &) = delete;
 
     const Platform &ports() const;
+
+    /// Cuts short what waits for a server or a person, and waits for the tasks under way; false
+    /// when `patience` was not enough, as with a disk that hangs. Nothing is started after that.
+    bool finishTasks(std::chrono::milliseconds patience);
 
 private:
     struct Adapters;

@@ -31,6 +31,7 @@ public:
     ChangePublisher objectWillChange;
 
     WidgetPlacement placement(WidgetKind kind) const;
+    bool isOn(WidgetKind kind) const { return placement(kind) != WidgetPlacement::off; }
     void set(WidgetPlacement placement, WidgetKind kind);
     WidgetSizeOption size(WidgetKind kind) const;
     void setSize(WidgetSizeOption size, WidgetKind kind);

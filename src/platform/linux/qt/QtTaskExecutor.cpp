@@ -35,4 +35,9 @@ void QtTaskExecutor::beginShutdown() {
     m_pool.clear();
 }
 
+bool QtTaskExecutor::finish(std::chrono::milliseconds patience) {
+    beginShutdown();
+    return m_pool.waitForDone(static_cast<int>(patience.count()));
+}
+
 } // namespace zeph

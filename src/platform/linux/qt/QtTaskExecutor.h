@@ -6,6 +6,8 @@
 #include <QMutex>
 #include <QThreadPool>
 
+#include <chrono>
+
 namespace zeph {
 
 /// Threads of its own, made when needed and ended after some idle seconds. Its end waits for the
@@ -20,6 +22,9 @@ public:
 
     /// Drops the tasks that have not begun, and from now on every new one.
     void beginShutdown();
+
+    /// The same, and waits for those under way; false when `patience` was not enough.
+    bool finish(std::chrono::milliseconds patience);
 
 private:
     QThreadPool m_pool;
