@@ -8,11 +8,12 @@
 
 namespace zeph {
 
-Program::Program(const QProcessEnvironment &environment, const QStringList &arguments) {
+Program::Program(const QProcessEnvironment &environment, const QStringList &arguments,
+                 const QString &executable) {
     endWithThisProcess(m_process);
     m_process.setProcessEnvironment(environment);
-    m_process.start(QStringLiteral(ZEPH_TAVI), arguments);
-    EXPECT_TRUE(m_process.waitForStarted()) << ZEPH_TAVI;
+    m_process.start(executable, arguments);
+    EXPECT_TRUE(m_process.waitForStarted()) << executable.toStdString();
 }
 
 Program::~Program() {

@@ -11,7 +11,8 @@ namespace zeph {
 /// One run of the built program. It is killed with this object and with the test process.
 class Program {
 public:
-    explicit Program(const QProcessEnvironment &environment, const QStringList &arguments = {});
+    explicit Program(const QProcessEnvironment &environment, const QStringList &arguments = {},
+                     const QString &executable = QStringLiteral(ZEPH_TAVI));
     ~Program();
     Program(const Program &) = delete;
     Program &operator=(const Program &) = delete;

@@ -28,7 +28,8 @@ inline constexpr std::chrono::seconds kPatience{40};
 /// A display that is bare but for a loud colour, a session bus and a home folder, all for one test.
 class TaviTest : public testing::Test {
 protected:
-    TaviTest() {
+    TaviTest() : TaviTest(XvfbSession::Options()) {}
+    explicit TaviTest(const XvfbSession::Options &screen) : session(screen) {
         if (!session.isRunning()) {
             throw std::runtime_error("Xvfb did not start");
         }
@@ -62,6 +63,8 @@ protected:
         set("XDG_RUNTIME_DIR", path("runtime"));
         set("DISPLAY", QString::fromLatin1(session.display()));
         set("DBUS_SESSION_BUS_ADDRESS", bus.address());
+        // Whatever would leave the machine ends at once at a port that nobody listens to.
+        set("https_proxy", QStringLiteral("http://127.0.0.1:9"));
         set("DBUS_SYSTEM_BUS_ADDRESS", QStringLiteral("unix:path=/nonexistent/bus"));
         return variables;
     }
