@@ -96,7 +96,7 @@ void GeoClueSession::haveClient(const QDBusMessage &answer) {
 }
 
 /// The answer is not waited for: without the property, Start is what fails.
-void GeoClueSession::setProperty(const QString &name, const QVariant &value) {
+void GeoClueSession::setProperty(const QString &name, const QVariant &value) const {
     QDBusMessage call =
         QDBusMessage::createMethodCall(m_owner, m_client, propertiesInterface, u"Set"_s);
     call << clientInterface << name << QVariant::fromValue(QDBusVariant(value));

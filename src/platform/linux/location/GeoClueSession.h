@@ -50,7 +50,7 @@ public:
 private:
     void askForClient();
     void haveClient(const QDBusMessage &answer);
-    void setProperty(const QString &name, const QVariant &value);
+    void setProperty(const QString &name, const QVariant &value) const;
     void start();
     void locationUpdated(const QDBusMessage &signal);
     void read(const QString &location);
