@@ -273,7 +273,7 @@ void EdsReader::refresh(ECalClientSourceType type, Watched &watched) const {
         return;
     }
     watched.isStale = false;
-    const ZoneLookup zones{watched.calendar->client(), m_zone.get(),
+    const ZoneLookup zones{&e_cal_client_tzlookup_cb, watched.calendar->client(), m_zone.get(),
                            watched.calendar->cancellable()};
     if (type == E_CAL_CLIENT_SOURCE_TYPE_EVENTS) {
         watched.occurrences = readOccurrences(watched.calendar->entries(), m_query, zones);

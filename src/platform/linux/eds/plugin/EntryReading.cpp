@@ -30,15 +30,22 @@ ICalTimezone *zoneOf(ICalProperty *property, const ICalTime *time, const ZoneLoo
         return zones.local;
     }
     GError *error = nullptr;
-    ICalTimezone *const zone =
-        e_cal_client_tzlookup_cb(name, zones.client, zones.cancellable, &error);
+    ICalTimezone *const zone = zones.find(name, zones.where, zones.cancellable, &error);
     const GLibPtr<GError> ignored(error);
     return zone == nullptr ? zones.local : zone;
 }
 
+/// The library takes the thirteenth month for the next year's first, and so on.
 bool isUsable(const ICalTime *time) {
-    return time != nullptr && i_cal_time_is_null_time(time) == FALSE &&
-           i_cal_time_is_valid_time(time) != FALSE;
+    if (time == nullptr || i_cal_time_is_null_time(time) != FALSE) {
+        return false;
+    }
+    const int month = i_cal_time_get_month(time);
+    const int day = i_cal_time_get_day(time);
+    return month >= 1 && month <= 12 && day >= 1 &&
+           day <= i_cal_time_days_in_month(month, i_cal_time_get_year(time)) &&
+           i_cal_time_get_hour(time) < 24 && i_cal_time_get_minute(time) < 60 &&
+           i_cal_time_get_second(time) <= 60;
 }
 
 /// The instant of a property of an entry, absent when there is none or it can't be read.
@@ -109,6 +116,21 @@ gboolean addOccurrence(ICalComponent * /*entry*/, ICalTime *start, ICalTime *end
     return TRUE;
 }
 
+/// True for a rule that repeats within the hour. Walking along it from a start of years ago would
+/// take minutes, which no real appointment is worth and somebody's hoax even less.
+bool repeatsWithinTheHour(ICalComponent *entry) {
+    GLibPtr<ICalProperty> property(i_cal_component_get_first_property(entry, I_CAL_RRULE_PROPERTY));
+    while (property) {
+        const GLibPtr<ICalRecurrence> rule(i_cal_property_get_rrule(property.get()));
+        const auto frequency = i_cal_recurrence_get_freq(rule.get());
+        if (frequency == I_CAL_SECONDLY_RECURRENCE || frequency == I_CAL_MINUTELY_RECURRENCE) {
+            return true;
+        }
+        property.reset(i_cal_component_get_next_property(entry, I_CAL_RRULE_PROPERTY));
+    }
+    return false;
+}
+
 bool isOpen(ICalComponent *task) {
     const GLibPtr<ICalProperty> completed(
         i_cal_component_get_first_property(task, I_CAL_COMPLETED_PROPERTY));
@@ -174,13 +196,16 @@ std::vector<EdsOccurrence> readOccurrences(const Entries &entries, const EdsQuer
     const GLibPtr<ICalTime> end(i_cal_time_new_from_timet_with_zone(
         static_cast<time_t>(query.windowEnd.secondsSince1970), FALSE, utc));
     for (const auto &[id, entry] : entries) {
+        if (repeatsWithinTheHour(entry.get())) {
+            continue;
+        }
         expansion.id = &id;
         expansion.title = query.withTitles ? titleOf(entry.get()) : std::nullopt;
         GError *error = nullptr;
         // A rule that can't be expanded leaves its event out and the others in.
         e_cal_recur_generate_instances_sync(entry.get(), start.get(), end.get(), &addOccurrence,
-                                            &expansion, &e_cal_client_tzlookup_cb, zones.client,
-                                            zones.local, zones.cancellable, &error);
+                                            &expansion, zones.find, zones.where, zones.local,
+                                            zones.cancellable, &error);
         const GLibPtr<GError> ignored(error);
     }
     return occurrences;

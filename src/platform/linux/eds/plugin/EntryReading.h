@@ -19,8 +19,9 @@ using Entries = std::map<EntryId, GLibPtr<ICalComponent>>;
 
 /// Where the zones of times are looked up.
 struct ZoneLookup {
-    ECalClient *client = nullptr;
-    ICalTimezone *local = nullptr; ///< of floating times and whole days
+    ECalRecurResolveTimezoneCb find = nullptr; ///< null for a name that nobody knows
+    gpointer where = nullptr;                  ///< its second argument
+    ICalTimezone *local = nullptr;             ///< of floating times and whole days
     GCancellable *cancellable = nullptr;
 };
 

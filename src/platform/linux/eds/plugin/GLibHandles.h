@@ -18,6 +18,7 @@ struct GLibDelete {
     void operator()(ICalComponent *object) const { g_object_unref(object); }
     void operator()(ICalProperty *object) const { g_object_unref(object); }
     void operator()(ICalParameter *object) const { g_object_unref(object); }
+    void operator()(ICalRecurrence *object) const { g_object_unref(object); }
     void operator()(ICalDuration *object) const { g_object_unref(object); }
     void operator()(ICalTime *object) const { g_object_unref(object); }
     void operator()(ICalTimezone *object) const { g_object_unref(object); }
