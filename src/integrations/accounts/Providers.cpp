@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "integrations/accounts/Providers.h"
 
+#include "core/values/Capitalized.h"
+
 #include <algorithm>
 #include <array>
 
@@ -29,20 +31,6 @@ constexpr std::array names = {
 
 constexpr std::array keylessKeys = {"ahrefs"_L1,      "coingecko"_L1, "hackernews"_L1, "reddit"_L1,
                                     "producthunt"_L1, "bluesky"_L1,   "currency"_L1,   "rss"_L1};
-
-/// The first letter of each word in upper case, the rest in lower case.
-QString capitalized(const QString &text) {
-    QString words = text.toLower();
-    bool isInside = false;
-    for (QChar &character : words) {
-        const bool isPart = character.isLetterOrNumber() || character == u'\'';
-        if (isPart && !isInside) {
-            character = character.toUpper();
-        }
-        isInside = isPart;
-    }
-    return words;
-}
 
 } // namespace
 
