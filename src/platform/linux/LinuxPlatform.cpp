@@ -12,8 +12,7 @@
 #include "platform/linux/folder/FolderListing.h"
 #include "platform/linux/folder/LinuxDesktopFolder.h"
 #include "platform/linux/folder/UserDirs.h"
-#include "platform/linux/http/CurlHttpClient.h"
-#include "platform/linux/http/CurlLibrary.h"
+#include "platform/linux/http/PluggedHttpClient.h"
 #include "platform/linux/location/GeoClueLocationClient.h"
 #include "platform/linux/location/LocationPermission.h"
 #include "platform/linux/location/ZoneCity.h"
@@ -115,11 +114,10 @@ struct LinuxPlatform::Adapters {
     LinuxPowerSources powerSources{upower, supplies, executor, runLoop};
     BluezBatteries bluez{QDBusConnection::systemBus()};
     LinuxAccessories accessories{supplies, upower, bluez, runLoop};
-    LinuxDesktopFolder desktopFolder{
-        findDesktopFolder(fileName(QStandardPaths::writableLocation(
-                              QStandardPaths::GenericConfigLocation)),
-                          fileName(QDir::homePath())),
-        executor, runLoop, listFolder};
+    LinuxDesktopFolder desktopFolder{findDesktopFolder(fileName(QStandardPaths::writableLocation(
+                                                           QStandardPaths::GenericConfigLocation)),
+                                                       fileName(QDir::homePath())),
+                                     executor, runLoop, listFolder};
     LinuxFocusFile focusFile{focusSourceFor(qEnvironmentVariable("XDG_CURRENT_DESKTOP")),
                              QDBusConnection::sessionBus(), executor, runLoop};
     EdsEventStore eventStore;
@@ -127,8 +125,7 @@ struct LinuxPlatform::Adapters {
     GeoClueLocationClient locationClient{QDBusConnection::systemBus(), locationPermission,
                                          [] { return zoneCity(SystemZone().id()); }};
     OfflineGeocoder geocoder{executor, runLoop, cityListerPath()};
-    CurlLibrary curl;
-    CurlHttpClient httpClient{curl};
+    PluggedHttpClient httpClient;
     SecretServiceStore secureStore;
     Platform ports;
 };
