@@ -14,6 +14,14 @@ namespace zeph {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+QByteArray tableAddress(quint16 port) {
+    return "0100007F:" + QByteArray::number(port, 16).toUpper().rightJustified(4, '0');
+}
+
+} // namespace
+
 FullBacklog::FullBacklog() : m_listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     sockaddr_in address{};
     address.sin_family = AF_INET;
@@ -29,7 +37,11 @@ FullBacklog::FullBacklog() : m_listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLO
     for (int filler = 0; filler < plenty; ++filler) {
         const int socket = ::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
         ::connect(socket, generic, length);
+        sockaddr_in own{};
+        socklen_t size = sizeof(own);
+        ::getsockname(socket, reinterpret_cast<sockaddr *>(&own), &size);
         m_fillers.push_back(socket);
+        m_fillerAddresses.insert(tableAddress(ntohs(own.sin_port)));
     }
 }
 
@@ -47,18 +59,18 @@ QUrl FullBacklog::url() const {
 int FullBacklog::hanging() const {
     QFile table(u"/proc/self/net/tcp"_s);
     table.open(QIODevice::ReadOnly);
-    const QByteArray remote = "0100007F:" + QByteArray::number(m_port, 16).toUpper();
+    constexpr int localColumn = 1;
     constexpr int remoteColumn = 2;
     constexpr int stateColumn = 3;
-    int count = 0;
+    QSet<QByteArray> found; // the table may tell one twice while it changes
     for (const QByteArray &line : table.readAll().split('\n')) {
         const QList<QByteArray> columns = line.simplified().split(' ');
-        if (columns.size() > stateColumn && columns[remoteColumn] == remote &&
+        if (columns.size() > stateColumn && columns[remoteColumn] == tableAddress(m_port) &&
             columns[stateColumn] == "02") {
-            ++count;
+            found.insert(columns[localColumn]);
         }
     }
-    return count;
+    return static_cast<int>(found.subtract(m_fillerAddresses).size());
 }
 
 } // namespace zeph

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
+#include <QSet>
 #include <QUrl>
 
 #include <vector>
@@ -18,13 +20,14 @@ public:
 
     QUrl url() const;
 
-    /// Connections of this machine that hang here.
+    /// Connections of others that hang here.
     int hanging() const;
 
 private:
     int m_listener;
     quint16 m_port = 0;
     std::vector<int> m_fillers;
+    QSet<QByteArray> m_fillerAddresses; // as the kernel's table has them
 };
 
 } // namespace zeph
