@@ -23,7 +23,7 @@ QJsonValue valueOrNull(const QByteArray &body) {
 } // namespace
 
 QJsonObject object(const HttpResponse &response) {
-    const QJsonObject body = valueOrNull(response.body).toObject();
+    QJsonObject body = valueOrNull(response.body).toObject();
     if (!response.isSuccess()) {
         const auto words = json::text(body.value(u"message"));
         throw ServiceError(u"GitHub"_s, response.status,

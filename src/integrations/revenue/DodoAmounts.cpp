@@ -85,7 +85,7 @@ bool DodoAmounts::needsRates() const {
 }
 
 std::optional<QString> DodoAmounts::customerID(const QJsonObject &item) {
-    if (const auto id = json::text(item.value(u"customer_id"))) {
+    if (auto id = json::text(item.value(u"customer_id"))) {
         return id;
     }
     return json::text(item.value(u"customer").toObject().value(u"customer_id"));

@@ -89,7 +89,7 @@ LemonSqueezyPrice LemonSqueezyService::price(qint64 id, const Headers &headers) 
             return known->second;
         }
     }
-    const LemonSqueezyPrice told = LemonSqueezyAnswers::price(
+    LemonSqueezyPrice told = LemonSqueezyAnswers::price(
         ProviderHTTP::json(m_client, m_base + u"prices/"_s + key, headers));
     const std::scoped_lock lock(m_mutex);
     m_priceCache.insert_or_assign(key, told);

@@ -36,7 +36,7 @@ void addTransaction(const QJsonObject &transaction, StripeStats &stats) {
 } // namespace
 
 QJsonObject object(const HttpResponse &response) {
-    const QJsonObject body = objectOrEmpty(response.body);
+    QJsonObject body = objectOrEmpty(response.body);
     if (!response.isSuccess()) {
         const auto words = json::text(body.value(u"error").toObject().value(u"message"));
         throw ServiceError(u"Stripe"_s, response.status,

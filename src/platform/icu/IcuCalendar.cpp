@@ -9,14 +9,15 @@
 #include <QMutex>
 
 #include <cstdlib>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace zeph {
 
 struct IcuCalendar::Cached {
-    Cached(const QByteArray &localeName, const QString &zone)
-        : locale(localeName),
+    Cached(QByteArray localeName, const QString &zone)
+        : locale(std::move(localeName)),
           systemZone(zone.isEmpty() ? std::make_unique<SystemZone>() : nullptr),
           local(locale, systemZone ? systemZone->id() : zone),
           utc(locale, u"Etc/UTC"_s) {}
