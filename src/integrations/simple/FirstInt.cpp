@@ -37,7 +37,7 @@ std::optional<qint64> firstInt(const QString &text, const QStringList &patterns,
         if (grouping == Grouping::commas) {
             digits.remove(u',');
         }
-        if (const auto number = decimal(digits)) {
+        if (auto number = decimal(digits)) {
             return number;
         }
     }

@@ -26,7 +26,7 @@ std::optional<qint64> usdToCents(const QJsonValue &value) {
 }
 
 std::optional<qint64> intFromJSON(const QJsonValue &value) {
-    if (const auto whole = json::integer(value)) {
+    if (auto whole = json::integer(value)) {
         return whole; // digits beyond those of a double are kept
     }
     const auto number = json::number(value);
