@@ -125,32 +125,33 @@ constexpr Coordinate angola[] = {{-6, 12.2},    {-5.9, 13},  {-5.9, 16.6}, {-8.1
                                  {-13, 24},     {-13, 22},   {-16.2, 22},  {-17.6, 23.4},
                                  {-17.8, 21.4}, {-17.4, 14}, {-17.2, 11.5}};
 
+constexpr GlobeOutline outlines[] = {
+    {"Mongolia", mongolia},
+    {"Kazakhstan", kazakhstan},
+    {"China", china},
+    {"Russia", russia},
+    {"Myanmar", myanmar},
+    {"Afghanistan", afghanistan},
+    {"Turkmenistan", turkmenistan},
+    {"Iraq", iraq},
+    {"Saudi Arabia", saudiArabia},
+    {"Algeria", algeria},
+    {"Libya", libya},
+    {"Mauritania", mauritania},
+    {"Mali", mali},
+    {"Niger", niger},
+    {"Chad", chad},
+    {"Sudan", sudan},
+    {"South Sudan", southSudan},
+    {"Ethiopia", ethiopia},
+    {"Somalia", somalia},
+    {"Democratic Republic of the Congo", democraticRepublicOfTheCongo},
+    {"Angola", angola},
+};
+
 } // namespace
 
 std::span<const GlobeOutline> countryOutlines() {
-    static constexpr GlobeOutline outlines[] = {
-        {"Mongolia", mongolia},
-        {"Kazakhstan", kazakhstan},
-        {"China", china},
-        {"Russia", russia},
-        {"Myanmar", myanmar},
-        {"Afghanistan", afghanistan},
-        {"Turkmenistan", turkmenistan},
-        {"Iraq", iraq},
-        {"Saudi Arabia", saudiArabia},
-        {"Algeria", algeria},
-        {"Libya", libya},
-        {"Mauritania", mauritania},
-        {"Mali", mali},
-        {"Niger", niger},
-        {"Chad", chad},
-        {"Sudan", sudan},
-        {"South Sudan", southSudan},
-        {"Ethiopia", ethiopia},
-        {"Somalia", somalia},
-        {"Democratic Republic of the Congo", democraticRepublicOfTheCongo},
-        {"Angola", angola},
-    };
     return outlines;
 }
 
