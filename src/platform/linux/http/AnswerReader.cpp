@@ -10,7 +10,7 @@ namespace zeph {
 namespace {
 
 // Real answers have a few thousand bytes of it.
-constexpr qsizetype headerLimit = 256 * 1024;
+constexpr qsizetype headerLimit = qsizetype{256} * 1024;
 
 } // namespace
 

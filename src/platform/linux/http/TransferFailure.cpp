@@ -13,7 +13,7 @@ QString excessSentence(const TransferFailure &failure, const QString &host) {
     if (failure.excess == AnswerReader::Excess::headers) {
         return u"The answer of %1 has too many headers."_s.arg(host);
     }
-    constexpr qsizetype mebibyte = 1024 * 1024;
+    constexpr qsizetype mebibyte = qsizetype{1024} * 1024;
     return u"The answer of %1 is larger than %2 MiB."_s.arg(host).arg(failure.bodyLimit / mebibyte);
 }
 
