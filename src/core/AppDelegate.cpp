@@ -8,8 +8,10 @@
 #include "host/DesktopWindow.h"
 #include "host/ScreenSelection.h"
 #include "integrations/accounts/IntegrationsStore.h"
+#include "integrations/accounts/Keychain.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
+#include "platform/TaskExecutor.h"
 #include "platform/WindowServer.h"
 #include "presentation/preferences/PreferencesStore.h"
 #include "presentation/widgets/RootWallpaperView.h"
@@ -60,6 +62,9 @@ void AppDelegate::applicationDidFinishLaunching() {
                            m_services.refreshPeriod, [this] { m_refresh->fetchIntegrations(); }});
     rebuildDesktopWindows();
     m_coordinator->start();
+    // In a task, as the keyring may ask for a password.
+    platform.taskExecutor.run(
+        [&keychain = m_services.keychain] { keychain.migrateLegacyServiceIfNeeded(); });
     observeScreenChanges();
     observeChanges();
     updateInsets();

@@ -52,6 +52,29 @@ protected:
                                      std::chrono::minutes(10), calendar, textMetrics, painter}};
 };
 
+TEST_F(AppDelegateTest, launchMovesTheSecretsOfAnEarlierVersionAwayFromTheMainThread) {
+    delegate.applicationDidFinishLaunching();
+    EXPECT_FALSE(defaults.boolean(u"tavi.keychain.serviceMigrated"_s));
+    executor.runAll();
+    EXPECT_TRUE(defaults.boolean(u"tavi.keychain.serviceMigrated"_s));
+}
+
+TEST_F(AppDelegateTest, theRatingsSourceIsNamedAsTheAccountSays) {
+    delegate.applicationDidFinishLaunching();
+    IntegrationConnection account = integrations.addConnection(u"ahrefs"_s, {}, u"a.org"_s);
+    SimpleIntegrationStats rating;
+    rating.id = account.id;
+    rating.provider = u"ahrefs"_s;
+    rating.updated = clock.now();
+    delegate.state().simpleStats = std::vector{rating};
+    loop.drain();
+    const auto painted = living().front()->presentedPixels;
+    account.showAhrefsAttribution = false;
+    integrations.updateConnection(account);
+    loop.drain();
+    EXPECT_GT(living().front()->presentedPixels, painted) << "the line has gone from the card";
+}
+
 TEST_F(AppDelegateTest, launchMakesOneVisibleWindowAScreen) {
     launch();
     ASSERT_EQ(living().size(), 2U);
