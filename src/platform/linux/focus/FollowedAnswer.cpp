@@ -18,10 +18,10 @@ constexpr int anyTime = std::numeric_limits<int>::max();
 
 } // namespace
 
-FollowedAnswer::FollowedAnswer(QDBusConnection bus, QDBusMessage question, Reader reader,
+FollowedAnswer::FollowedAnswer(QDBusConnection bus, const QDBusMessage &question, Reader reader,
                                std::function<void()> news)
     : m_bus(std::move(bus)),
-      m_question(std::move(question)),
+      m_question(question),
       m_reader(std::move(reader)),
       m_news(std::move(news)) {
     if (!m_bus.isConnected()) {

@@ -22,7 +22,7 @@ public:
 
     /// A `bus` that isn't connected is a session without the service. `news` runs when the value
     /// changed.
-    FollowedAnswer(QDBusConnection bus, QDBusMessage question, Reader reader,
+    FollowedAnswer(QDBusConnection bus, const QDBusMessage &question, Reader reader,
                    std::function<void()> news);
     ~FollowedAnswer();
     FollowedAnswer(const FollowedAnswer &) = delete;

@@ -18,7 +18,7 @@ namespace zeph {
 
 namespace {
 
-constexpr qint64 largestHiddenList = 1024 * 1024;
+constexpr qint64 largestHiddenList = 1'048'576;
 
 struct DirectoryCloser {
     void operator()(DIR *directory) const { ::closedir(directory); }

@@ -11,7 +11,7 @@ namespace zeph {
 namespace {
 
 constexpr qsizetype longestPath = 4095; // what the kernel takes
-constexpr qint64 largestFile = 64 * 1024;
+constexpr qint64 largestFile = 65'536;
 
 /// Takes `word` and the blanks around it off the front of `line`; false when it isn't there.
 bool take(QByteArrayView &line, QByteArrayView word) {
