@@ -170,7 +170,7 @@ void SamplingCoordinator::assignSolar(const Coordinate &coordinate) {
                                                    m_context.platform.calendar);
 }
 
-void SamplingCoordinator::fetchIntegrations() {
+void SamplingCoordinator::fetchIntegrations() const {
     m_context.refreshIntegrations();
 }
 

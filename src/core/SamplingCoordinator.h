@@ -57,7 +57,7 @@ public:
     void persist();
 
     /// Refreshes every family of web accounts.
-    void fetchIntegrations();
+    void fetchIntegrations() const;
 
     InputMonitor &input() { return m_input; }
 
