@@ -49,6 +49,35 @@ QString summaryTitle(WidgetKind kind) {
     }
 }
 
+/// The widgets of accounts that fill a block of their own.
+View accountWidget(WidgetKind kind, const WidgetContext &context) {
+    switch (kind) {
+    case WidgetKind::revenue:
+        return revenueWidget(context);
+    case WidgetKind::github:
+        return githubWidget(context);
+    case WidgetKind::githubGraph:
+        return githubGraphWidget(context);
+    case WidgetKind::chartmogul:
+    case WidgetKind::lemonsqueezy:
+    case WidgetKind::dodo:
+        return revenueProviderWidget(kind, context);
+    case WidgetKind::trustmrr:
+        return trustmrrWidget(context);
+    case WidgetKind::customAPIs:
+        return customAPIsWidget(context);
+    case WidgetKind::rss:
+        return rssWidget(context);
+    case WidgetKind::openai:
+    case WidgetKind::claude:
+        return aiProviderWidget(kind, context);
+    case WidgetKind::analytics:
+        return analyticsWidget(context);
+    default: // the cards, which stand in rows of their own
+        return {};
+    }
+}
+
 } // namespace
 
 std::vector<WallpaperContentView::FlowRow>
@@ -206,29 +235,8 @@ View WallpaperContentView::widget(WidgetKind kind) const {
         return nasaWidget(m_context);
     case WidgetKind::iss:
         return issWidget(m_context);
-    case WidgetKind::revenue:
-        return revenueWidget(m_context);
-    case WidgetKind::github:
-        return githubWidget(m_context);
-    case WidgetKind::githubGraph:
-        return githubGraphWidget(m_context);
-    case WidgetKind::chartmogul:
-    case WidgetKind::lemonsqueezy:
-    case WidgetKind::dodo:
-        return revenueProviderWidget(kind, m_context);
-    case WidgetKind::trustmrr:
-        return trustmrrWidget(m_context);
-    case WidgetKind::customAPIs:
-        return customAPIsWidget(m_context);
-    case WidgetKind::rss:
-        return rssWidget(m_context);
-    case WidgetKind::openai:
-    case WidgetKind::claude:
-        return aiProviderWidget(kind, m_context);
-    case WidgetKind::analytics:
-        return analyticsWidget(m_context);
-    default: // the cards, which stand in rows of their own
-        return {};
+    default:
+        return accountWidget(kind, m_context);
     }
 }
 
