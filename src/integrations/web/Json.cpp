@@ -13,7 +13,7 @@ namespace {
 
 QJsonDocument document(const QByteArray &bytes) {
     QJsonParseError error;
-    const QJsonDocument parsed = QJsonDocument::fromJson(bytes, &error);
+    QJsonDocument parsed = QJsonDocument::fromJson(bytes, &error);
     if (parsed.isNull()) {
         throw DescribedError(u"The answer could not be read: %1."_s.arg(error.errorString()));
     }

@@ -57,8 +57,8 @@ private:
     void fail();
     Ticket *makeTicket();
 
-    static void connected(GObject *source, GAsyncResult *result, gpointer ticket);
-    static void viewMade(GObject *client, GAsyncResult *result, gpointer ticket);
+    static void connected(GObject *source, GAsyncResult *result, gpointer data);
+    static void viewMade(GObject *client, GAsyncResult *result, gpointer data);
     static void entriesCame(ECalClientView *view, const GSList *entries, gpointer self);
     static void entriesLeft(ECalClientView *view, const GSList *ids, gpointer self);
     static void viewComplete(ECalClientView *view, const GError *error, gpointer self);
