@@ -275,6 +275,7 @@ void IntegrationsStore::migrateLegacyConnectionsIfNeeded() {
 
 void IntegrationsStore::takeLegacyConnections(const std::vector<LegacyAccount> &accounts) {
     std::vector<IntegrationConnection> all;
+    all.reserve(accounts.size() + m_connections.size());
     for (const LegacyAccount &account : accounts) {
         all.push_back(account.connection);
     }
