@@ -141,6 +141,7 @@ void measureRefresh() {
                       fakes.formatters,
                       loop,
                       executor,
+                      executor,
                       fakes.defaults,
                       fakes.workspace,
                       fakes.input,

@@ -60,6 +60,7 @@ public:
                      .formatters = bench.formatters,
                      .runLoop = m_loop,
                      .taskExecutor = bench.executor,
+                     .accountExecutor = bench.executor,
                      .userDefaults = bench.defaults,
                      .workspace = bench.workspace,
                      .inputEvents = bench.input,

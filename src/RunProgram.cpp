@@ -90,6 +90,7 @@ int runPrimary(const ProgramSettings &settings) {
     QCoreApplication::exec();
     app.terminate();
     runningApp = nullptr;
+    platform->cancelRequests(); // they hold the threads that secrets may wait for
     integrations.finish(secretsPatience);
     if (!platform->finishTasks(tasksPatience)) {
         // A task hangs in the system. Everything is saved, and it can't be waited for.

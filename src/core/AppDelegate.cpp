@@ -54,7 +54,7 @@ void AppDelegate::applicationDidFinishLaunching() {
     const Platform &platform = m_services.platform;
     m_refresh = std::make_unique<IntegrationRefresh>(RefreshContext{
         m_state, m_services.integrations, m_services.keychain, m_services.preferences,
-        platform.taskExecutor, platform.runLoop,
+        platform.accountExecutor, platform.runLoop,
         makeWebServices(platform, m_services.endpoints, m_framing, m_services.gregorian)});
     m_coordinator = std::make_unique<SamplingCoordinator>(
         CoordinatorContext{m_state, platform, m_services.notifications, m_services.preferences,

@@ -35,6 +35,9 @@ struct Platform {
     const Formatters &formatters;
     RunLoop &runLoop;
     TaskExecutor &taskExecutor;
+    /// For the refreshes of accounts, which can stand for long behind a prompt or a dead network,
+    /// and must not take the threads of all else.
+    TaskExecutor &accountExecutor;
     UserDefaults &userDefaults;
     Workspace &workspace;
     InputEvents &inputEvents;

@@ -62,6 +62,7 @@ public:
                       .formatters = formatters,
                       .runLoop = loop,
                       .taskExecutor = executor,
+                      .accountExecutor = executor,
                       .userDefaults = defaults,
                       .workspace = workspace,
                       .inputEvents = input,

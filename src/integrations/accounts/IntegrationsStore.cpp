@@ -111,8 +111,8 @@ void IntegrationsStore::deleteConnection(const QUuid &id) {
     objectWillChange.send();
     std::erase_if(m_connections, hasId<IntegrationConnection>(id));
     saveConnections();
-    runSecretly([&keychain = m_keychain, id] { keychain.erase(secretAccount(id)); },
-                notification());
+    notifyChanged();
+    runSecretly([&keychain = m_keychain, id] { keychain.erase(secretAccount(id)); }, [] {});
 }
 
 void IntegrationsStore::setSecret(const std::optional<QString> &value, const QUuid &id) {

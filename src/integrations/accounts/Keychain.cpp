@@ -33,7 +33,7 @@ std::optional<QString> Keychain::get(const QString &account) {
     if (auto known = cached(account)) {
         return known;
     }
-    quint64 before = changes();
+    const quint64 before = changes();
     migrateLegacyServiceIfNeeded();
     auto value = read(account, currentService);
     if (!value) {
@@ -41,8 +41,8 @@ std::optional<QString> Keychain::get(const QString &account) {
         if (!value) {
             return std::nullopt;
         }
-        set(value, account);
-        before = changes();
+        set(value, account); // remembers it too
+        return value;
     }
     // A secret that was replaced while the old one was being read must not come back.
     const std::lock_guard guard(m_lock);

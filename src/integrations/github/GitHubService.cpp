@@ -55,6 +55,9 @@ GitHubService::fetchContributions(const QString &username, const std::optional<Q
         return std::nullopt;
     }
     const auto spans = GitHubRequests::spans(layout, m_clock.now(), m_calendar);
+    if (spans.empty()) {
+        return std::nullopt;
+    }
     std::vector<int> years;
     years.reserve(spans.size());
     for (const ContributionSpan &span : spans) {

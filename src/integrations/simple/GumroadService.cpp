@@ -21,7 +21,7 @@ SimpleCard gumroadCard(const QJsonValue &answer, const FramingContext &framing) 
     }
     const QJsonArray sales = body.value(u"sales").toArray();
     qint64 cents = 0;
-    for (const QJsonValue &sale : sales) {
+    for (const QJsonValueConstRef &sale : sales) {
         cents = saturating::add(cents, json::integer(sale.toObject().value(u"price")).value_or(0));
     }
     return {u"Gumroad"_s,

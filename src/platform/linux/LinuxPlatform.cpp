@@ -76,6 +76,7 @@ struct LinuxPlatform::Adapters {
                 .formatters = userFormatters,
                 .runLoop = runLoop,
                 .taskExecutor = executor,
+                .accountExecutor = accountExecutor,
                 .userDefaults = defaults,
                 .workspace = workspace,
                 .inputEvents = inputEvents,
@@ -101,6 +102,7 @@ struct LinuxPlatform::Adapters {
     QtRunLoop runLoop;
     JsonUserDefaults defaults;
     QtTaskExecutor executor;
+    QtTaskExecutor accountExecutor;
     QtScreens screens;
     DesktopEntries desktopEntries;
     X11Workspace workspace;
@@ -152,10 +154,16 @@ const Platform &LinuxPlatform::ports() const {
     return m_adapters->ports;
 }
 
+void LinuxPlatform::cancelRequests() {
+    m_adapters->httpClient.cancelAll();
+}
+
 bool LinuxPlatform::finishTasks(std::chrono::milliseconds patience) {
     m_adapters->httpClient.cancelAll();
     m_adapters->secureStore.cancelAll();
-    return m_adapters->executor.finish(patience);
+    m_adapters->accountExecutor.beginShutdown();
+    return m_adapters->executor.finish(patience) &&
+           m_adapters->accountExecutor.finish(std::chrono::milliseconds(50));
 }
 
 } // namespace zeph

@@ -24,6 +24,9 @@ public:
 
     const Platform &ports() const;
 
+    /// Ends the requests under way, and every one that follows.
+    void cancelRequests();
+
     /// Cuts short what waits for a server or a person, and waits for the tasks under way; false
     /// when `patience` was not enough, as with a disk that hangs. Nothing is started after that.
     bool finishTasks(std::chrono::milliseconds patience);
