@@ -9,6 +9,15 @@ namespace zeph::AmbientAnswers {
 
 namespace {
 
+// Beyond these a number is an error of the service, and no sentence could hold it.
+constexpr double hottest = 1000;      // degrees Celsius
+constexpr double highest = 1'000'000; // kilometres
+
+std::optional<double> numberWithin(double limit, const QJsonValue &value) {
+    const auto number = json::number(value);
+    return number && std::abs(*number) <= limit ? number : std::nullopt;
+}
+
 /// The current conditions in an answer of either forecast endpoint; empty without any.
 QJsonObject current(const QJsonValue &answer) {
     return answer.toObject().value(u"current").toObject();
@@ -25,13 +34,13 @@ std::optional<QuoteInfo> quote(const QJsonValue &object, QStringView textKey,
 
 std::optional<WeatherInfo> weather(const QJsonValue &answer, Date now) {
     const QJsonObject conditions = current(answer);
-    const auto temperature = json::number(conditions.value(u"temperature_2m"));
+    const auto temperature = numberWithin(hottest, conditions.value(u"temperature_2m"));
     if (!temperature) {
         return std::nullopt;
     }
     WeatherInfo info;
     info.temperatureC = *temperature;
-    info.apparentC = json::number(conditions.value(u"apparent_temperature"));
+    info.apparentC = numberWithin(hottest, conditions.value(u"apparent_temperature"));
     info.code = json::integer(conditions.value(u"weather_code")).value_or(0);
     info.isDay = json::integer(conditions.value(u"is_day")).value_or(1) == 1;
     info.updated = now;
@@ -64,12 +73,12 @@ std::optional<OnThisDayInfo> onThisDay(const QJsonValue &answer, int dayOfYear) 
 
 std::optional<StationPosition> station(const QJsonValue &answer) {
     const QJsonObject object = answer.toObject();
-    const auto latitude = json::number(object.value(u"latitude"));
-    const auto longitude = json::number(object.value(u"longitude"));
+    const auto latitude = numberWithin(90, object.value(u"latitude"));
+    const auto longitude = numberWithin(360, object.value(u"longitude"));
     if (!latitude || !longitude) {
         return std::nullopt;
     }
-    const double altitude = json::number(object.value(u"altitude")).value_or(0);
+    const double altitude = numberWithin(highest, object.value(u"altitude")).value_or(0);
     return StationPosition{{*latitude, *longitude}, std::round(altitude)};
 }
 

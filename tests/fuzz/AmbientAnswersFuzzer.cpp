@@ -33,8 +33,8 @@ void check(char selector, const QJsonValue &answer) {
     switch (selector) {
     case 'w':
         if (const auto info = AmbientAnswers::weather(answer, now)) {
-            require(std::isfinite(info->temperatureC) && info->updated == now);
-            require(!info->apparentC || std::isfinite(*info->apparentC));
+            require(std::abs(info->temperatureC) <= 1000 && info->updated == now);
+            require(!info->apparentC || std::abs(*info->apparentC) <= 1000);
         }
         break;
     case 'a':
@@ -51,8 +51,9 @@ void check(char selector, const QJsonValue &answer) {
     case 's':
         if (const auto station = AmbientAnswers::station(answer)) {
             require(std::trunc(station->altitudeKm) == station->altitudeKm);
-            require(std::isfinite(station->coordinate.latitude) &&
-                    std::isfinite(station->coordinate.longitude));
+            require(std::abs(station->coordinate.latitude) <= 90 &&
+                    std::abs(station->coordinate.longitude) <= 360 &&
+                    std::abs(station->altitudeKm) <= 1'000'000);
         }
         break;
     default:

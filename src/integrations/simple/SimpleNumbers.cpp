@@ -3,8 +3,6 @@
 
 #include "integrations/web/Json.h"
 
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace zeph {
@@ -31,14 +29,6 @@ std::optional<qint64> intFromJSON(const QJsonValue &value) {
     }
     const auto number = json::number(value);
     return number ? fitting(std::trunc(*number)) : std::nullopt;
-}
-
-QString fixedDecimals(double value, int decimals) {
-    // Neither QString::number, which rounds ties up, nor printf, which writes the locale's comma.
-    std::array<char, 400> buffer{};
-    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                       std::chars_format::fixed, decimals);
-    return QString::fromLatin1(buffer.data(), written.ptr - buffer.data());
 }
 
 } // namespace zeph

@@ -73,6 +73,17 @@ bool isLineBreak(QChar character) {
            character == u'\f';
 }
 
+/// A service may send a text without end, which would be shaped whole at every redraw. No screen
+/// has room for more than this.
+QString shortened(const QString &string) {
+    constexpr qsizetype mostUnits = 2000;
+    if (string.size() <= mostUnits) {
+        return string;
+    }
+    const bool splitsPair = string.at(mostUnits - 1).isHighSurrogate();
+    return string.left(splitsPair ? mostUnits - 1 : mostUnits);
+}
+
 /// Names from elsewhere may carry line breaks, and a line of text has no room for them.
 QString onOneLine(QString string) {
     std::replace_if(string.begin(), string.end(), isLineBreak, QChar(u' '));
@@ -82,11 +93,11 @@ QString onOneLine(QString string) {
 } // namespace
 
 View text(const QString &string, const TextStyle &style) {
-    return View(std::make_shared<LineOfText>(onOneLine(string), style));
+    return View(std::make_shared<LineOfText>(onOneLine(shortened(string)), style));
 }
 
 View wrappingText(const QString &string, const TextStyle &style) {
-    return View(std::make_shared<WrappingText>(string, style));
+    return View(std::make_shared<WrappingText>(shortened(string), style));
 }
 
 } // namespace zeph

@@ -2,6 +2,7 @@
 #include "presentation/widgets/IntegrationWidgets.h"
 
 #include "core/AppState.h"
+#include "core/values/FixedDecimals.h"
 #include "presentation/catalogue/RecordContent.h"
 #include "presentation/widgets/AccountBlocks.h"
 #include "presentation/widgets/WidgetContext.h"
@@ -13,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 std::vector<MetricChip> spendChips(const AIUsageStats &stats) {
-    const auto dollars = [](double amount) { return u'$' + QString::number(amount, 'f', 2); };
+    const auto dollars = [](double amount) { return u'$' + fixedDecimals(amount, 2); };
     std::vector<MetricChip> chips;
     if (stats.monthCostUSD) {
         chips.push_back({u"brain"_s, dollars(*stats.monthCostUSD) + u" this month"_s});

@@ -49,15 +49,12 @@ QString span(ContributionLayout layout) {
     return u"in the last year"_s;
 }
 
-/// A lone row without a name starts at the widget's edge, like everything else.
+/// A row without a name keeps the room for one.
 View graphRow(const ContributionRow &row, std::size_t columns, const Palette &palette) {
     ContributionHeatmap heatmap;
     heatmap.weeks = row.weeks;
     heatmap.columns = columns;
     heatmap.palette = palette;
-    if (row.label.isEmpty()) {
-        return heatmap.body();
-    }
     FrameSpec frame;
     frame.width = rowLabelWidth;
     frame.horizontal = HorizontalAlignment::leading;

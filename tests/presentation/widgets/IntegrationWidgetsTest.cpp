@@ -128,11 +128,11 @@ TEST_F(IntegrationWidgets, yearsAreStackedAndPaddedToTheSameWidth) {
     EXPECT_EQ(squares[34].rect.right(), squares[69].rect.right()) << "both rows end alike";
 }
 
-TEST_F(IntegrationWidgets, aLoneRowStartsAtTheWidgetsEdge) {
+TEST_F(IntegrationWidgets, aLoneRowKeepsTheRoomForAName) {
     GitHubStats stats = gitHub();
     stats.contributions = ContributionGraph{{row({}, 3)}, 1};
     state.githubStats = std::vector{stats};
-    EXPECT_EQ(shapes(githubGraphWidget(context)).front().rect.left(), 0);
+    EXPECT_EQ(shapes(githubGraphWidget(context)).front().rect.left(), 30 + 8);
 }
 
 TEST_F(IntegrationWidgets, theHeatmapShadesByLevel) {

@@ -246,6 +246,9 @@ void EdsReader::publish() {
 
 /// Without a server the registry is empty; every server has sources of its own.
 bool EdsReader::hasServer() const {
+    if (!m_registry) {
+        return false;
+    }
     GList *const sources = e_source_registry_list_sources(m_registry.get(), nullptr);
     const bool hasSources = sources != nullptr;
     g_list_free_full(sources, g_object_unref);
