@@ -17,7 +17,7 @@ TEST_F(ClockTest, showsThePresentTime) {
             shown = readClock(screenshot());
             return shown == localTime();
         },
-        std::chrono::seconds(20)))
+        kClockPatience))
         << "read \"" << shown.toStdString() << "\" at " << localTime().toStdString();
 }
 

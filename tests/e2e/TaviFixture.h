@@ -25,6 +25,9 @@ namespace zeph {
 inline constexpr std::uint32_t kBareScreen = 0xFF00FF;
 inline constexpr std::chrono::seconds kPatience{40};
 
+/// Text recognition may mistake a digit; it gets those of the next minute too.
+inline constexpr std::chrono::seconds kClockPatience{100};
+
 /// A display that is bare but for a loud colour, a session bus and a home folder, all for one test.
 class TaviTest : public testing::Test {
 protected:

@@ -65,7 +65,7 @@ TEST_F(WallpaperTest, followsTheSizeOfTheScreen) {
         kPatience));
     EXPECT_TRUE(waitForWallpaper());
     // The clock keeps its distance from the corner, so it can be read where it belongs.
-    EXPECT_TRUE(waitUntil([&] { return readClock(screenshot()) == localTime(); }, kPatience));
+    EXPECT_TRUE(waitUntil([&] { return readClock(screenshot()) == localTime(); }, kClockPatience));
     EXPECT_TRUE(tavi.isRunning());
 }
 
