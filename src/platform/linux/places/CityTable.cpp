@@ -97,9 +97,6 @@ void CityTable::add(int line, QByteArrayView text) {
 }
 
 std::optional<NearbyCity> CityTable::nearest(const Coordinate &position) const {
-    if (m_places.empty()) {
-        return std::nullopt;
-    }
     const auto [x, y, z] = directionOf(position);
     const Place *found = nullptr;
     float least = std::numeric_limits<float>::max();
@@ -112,6 +109,9 @@ std::optional<NearbyCity> CityTable::nearest(const Coordinate &position) const {
             found = &place;
             least = chord;
         }
+    }
+    if (found == nullptr) {
+        return std::nullopt;
     }
     QByteArrayView line = QByteArrayView(m_text).sliced(found->line);
     const qsizetype end = line.indexOf('\n');
