@@ -16,11 +16,15 @@ function(zeph_headers name)
     target_link_libraries(${name} INTERFACE zeph_flags ${ZEPH_LINKS_${name}})
 endfunction()
 
-# zeph_test(<name> LINKS <targets>... SOURCES <files>... [LABELS <labels>...] [ENVIRONMENT ...]):
-# one GoogleTest executable for one folder, each TEST a ctest of its own.
+# zeph_test(<name> LINKS <targets>... SOURCES <files>... [APART <files>...] [LABELS <labels>...]
+# [ENVIRONMENT ...]): one GoogleTest executable for one folder, each TEST a ctest of its own. Those
+# APART give a name to something else than a neighbour does, and are never joined with others.
 function(zeph_test name)
-    cmake_parse_arguments(T "NO_MAIN;SERIAL" "TIMEOUT" "LINKS;SOURCES;LABELS;ENVIRONMENT" ${ARGN})
-    add_executable(${name} ${T_SOURCES})
+    cmake_parse_arguments(T "NO_MAIN;SERIAL" "TIMEOUT" "LINKS;SOURCES;APART;LABELS;ENVIRONMENT" ${ARGN})
+    add_executable(${name} ${T_SOURCES} ${T_APART})
+    if(T_APART)
+        set_source_files_properties(${T_APART} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    endif()
     target_link_libraries(${name} PRIVATE zeph_flags zeph_test_support ${T_LINKS} GTest::gmock)
     if(T_NO_MAIN)
         target_link_libraries(${name} PRIVATE GTest::gtest)
@@ -39,6 +43,8 @@ function(zeph_test name)
     endif()
     if("unit" IN_LIST T_LABELS)
         add_dependencies(zeph_unit_tests ${name})
+    else()
+        set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
     endif()
     set(environment LC_ALL=C.UTF-8 TZ=Europe/Berlin QT_QPA_PLATFORM=offscreen HOME=/nonexistent
         XDG_RUNTIME_DIR= DISPLAY= WAYLAND_DISPLAY=

@@ -28,6 +28,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
 
 namespace zeph {
 
@@ -45,11 +46,11 @@ QString folder(QStandardPaths::StandardLocation base) {
 
 // The toolkit's own connection ends the process by exit() when it is the first to notice that the
 // X server is gone. What was counted is saved on that way too.
-ZephApp *runningApp = nullptr;
+const std::function<void()> *saveEverything = nullptr;
 
 void saveAtExit() {
-    if (runningApp != nullptr) {
-        runningApp->terminate();
+    if (saveEverything != nullptr) {
+        (*saveEverything)();
         std::fflush(stdout);
         _exit(EXIT_SUCCESS);
     }
@@ -83,15 +84,18 @@ int runPrimary(const ProgramSettings &settings) {
     const UnixSignals signals([](int) { QCoreApplication::quit(); });
     ports.windowServer.setLostHandler([] { QCoreApplication::quit(); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, [&app] { app.terminate(); });
-    runningApp = &app;
+    const std::function<void()> save = [&] {
+        app.terminate();
+        platform->cancelRequests(); // they hold the threads that secrets may wait for
+        integrations.finish(secretsPatience);
+    };
+    saveEverything = &save;
     std::atexit(saveAtExit);
 
     app.launch();
     QCoreApplication::exec();
-    app.terminate();
-    runningApp = nullptr;
-    platform->cancelRequests(); // they hold the threads that secrets may wait for
-    integrations.finish(secretsPatience);
+    save();
+    saveEverything = nullptr;
     if (!platform->finishTasks(tasksPatience)) {
         // A task hangs in the system. Everything is saved, and it can't be waited for.
         std::fflush(stdout);

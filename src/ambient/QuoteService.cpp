@@ -3,6 +3,7 @@
 
 #include "ambient/AmbientAnswers.h"
 #include "ambient/Sayings.h"
+#include "core/values/DescribedError.h"
 #include "integrations/web/Endpoints.h"
 #include "integrations/web/Json.h"
 #include "integrations/web/ProviderHTTP.h"
@@ -38,7 +39,12 @@ QByteArray QuoteService::Stored::encode() const {
 }
 
 std::optional<QuoteService::Stored> QuoteService::Stored::decode(const QByteArray &bytes) {
-    const QJsonObject object = QJsonDocument::fromJson(bytes).object();
+    QJsonObject object;
+    try {
+        object = json::parse(bytes).toObject();
+    } catch (const DescribedError &) {
+        return std::nullopt;
+    }
     const auto window = json::number(object.value(u"window"));
     const QJsonObject words = object.value(u"quote").toObject();
     const auto text = json::text(words.value(u"text"));

@@ -120,6 +120,8 @@ void AppDelegate::observeScreenChanges() {
 }
 
 void AppDelegate::observeChanges() {
+    m_subscriptions.push_back(m_services.notifications.observe(
+        notifications::zephCustomAPIsLoaded, [this] { m_refresh->fetchCustomAPIs(); }));
     const auto redraw = [this] { redrawWindows(); };
     m_subscriptions.push_back(m_state.objectWillChange.subscribe(redraw));
     m_subscriptions.push_back(m_services.preferences.objectWillChange.subscribe(redraw));

@@ -11,6 +11,7 @@ class AppState;
 class IntegrationsStore;
 class Keychain;
 class PreferencesStore;
+class RefreshLane;
 class RunLoop;
 class TaskExecutor;
 
@@ -28,7 +29,8 @@ struct RefreshContext {
 
 /// Brings the figures of all web accounts into the state: one task a family of services, which
 /// asks account after account and then replaces the family's whole list. Keeps nothing between
-/// two runs; of two that overlap, the list of the one that ends later stands. Main thread only.
+/// two runs; of two that overlap, the list of the one that ends later stands. What fails beyond
+/// the record of an account costs that record and no more. Main thread only.
 class IntegrationRefresh {
 public:
     explicit IntegrationRefresh(RefreshContext context);
@@ -39,19 +41,20 @@ public:
     /// Starts a run and returns at once. There are no retries: the next run is the retry.
     void fetchIntegrations();
 
+    /// Starts a run of the custom endpoints alone.
+    void fetchCustomAPIs();
+
 private:
     struct Work;
     struct Publishing;
 
     template <typename Source, typename Fetch, typename Property>
-    void start(Source sources, Fetch fetch, Property property);
-    void fetchCustomAPIs();
+    void start(Source sources, Fetch fetch, Property property, RefreshLane Publishing::*lane);
     void fetchFreeIntegrations();
 
     AppState &m_state;
     const IntegrationsStore &m_store;
     const PreferencesStore &m_preferences;
-    TaskExecutor &m_executor;
     std::shared_ptr<Work> m_work;             // held by tasks for the length of their run
     std::shared_ptr<Publishing> m_publishing; // held by nobody else, so its end is ours
 };

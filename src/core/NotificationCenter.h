@@ -23,6 +23,8 @@ private:
 /// The names that tie settings to the host.
 namespace notifications {
 inline const QString zephIntegrationsChanged = QStringLiteral("zeph.integrations.changed");
+/// The custom endpoints came out of the keyring after the launch; nothing else has changed.
+inline const QString zephCustomAPIsLoaded = QStringLiteral("zeph.integrations.customAPIsLoaded");
 inline const QString zephPreferencesChanged = QStringLiteral("zeph.preferences.changed");
 inline const QString zephDisplaySelectionChanged = QStringLiteral("zeph.display.changed");
 inline const QString zephDesktopSelectionChanged = QStringLiteral("zeph.desktop.changed");

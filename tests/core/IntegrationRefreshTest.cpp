@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "core/RefreshFixture.h"
 
+#include <algorithm>
+#include <new>
+
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -264,6 +267,46 @@ TEST_F(IntegrationRefreshTest, twoRunsSideBySideAreBothCarriedOut) {
     loop.drain();
     EXPECT_EQ(calls.count(u"stripe k"_s), 2);
     EXPECT_THAT(*state.stripeStats, SizeIs(1));
+}
+
+TEST_F(IntegrationRefreshTest, aKeyringThatFailsCostsItsAccountAndNoOther) {
+    const auto broken = connect(u"stripe"_s, u"a"_s);
+    connect(u"stripe"_s, u"b"_s);
+    launch();
+    keychain.erase(secretAccount(broken.id));
+    secrets.setHook([&broken](const QString &call) {
+        if (call.endsWith(secretAccount(broken.id))) {
+            throw std::bad_alloc();
+        }
+    });
+    run();
+    EXPECT_THAT(calls, ElementsAre(u"stripe b"_s, u"quote"_s));
+    EXPECT_THAT(*state.stripeStats, SizeIs(1));
+}
+
+TEST_F(IntegrationRefreshTest, endpointsCanBeAskedAlone) {
+    connect(u"stripe"_s, u"a"_s);
+    launch();
+    store->upsertCustomAPI(endpoint(u"c"_s));
+    executor.runAll();
+    refresh->fetchCustomAPIs();
+    executor.runAll();
+    EXPECT_THAT(calls, ElementsAre(u"custom https://c"_s));
+}
+
+TEST_F(IntegrationRefreshTest, aPromptThatStaysOpenHoldsTwoRunsAFamilyAndNoMore) {
+    connect(u"stripe"_s, u"a"_s);
+    launch();
+    for (int round = 0; round < 50; ++round) {
+        refresh->fetchIntegrations();
+    }
+    EXPECT_EQ(executor.waiting(), 12U) << "two of five families and of the quote";
+    executor.runAll();
+    loop.drain();
+    executor.runAll();
+    loop.drain();
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), u"stripe a"_s), 3);
+    EXPECT_EQ(executor.waiting(), 0U);
 }
 
 TEST_F(IntegrationRefreshTest, aTaskThatStartsAfterTheEndDoesNothing) {

@@ -51,6 +51,7 @@ TEST(NotificationCenter, mayBePostedToByAnObserver) {
 
 TEST(NotificationCenter, hasTheNamesThatTieSettingsToTheHost) {
     EXPECT_EQ(notifications::zephIntegrationsChanged, u"zeph.integrations.changed"_s);
+    EXPECT_EQ(notifications::zephCustomAPIsLoaded, u"zeph.integrations.customAPIsLoaded"_s);
     EXPECT_EQ(notifications::zephPreferencesChanged, u"zeph.preferences.changed"_s);
     EXPECT_EQ(notifications::zephDisplaySelectionChanged, u"zeph.display.changed"_s);
     EXPECT_EQ(notifications::zephDesktopSelectionChanged, u"zeph.desktop.changed"_s);

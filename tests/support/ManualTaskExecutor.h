@@ -30,6 +30,9 @@ public:
         }
     }
 
+    /// Drops what waits, as the end of a process does.
+    void forgetAll() { m_waiting.clear(); }
+
 private:
     std::deque<std::function<void()>> m_waiting;
 };

@@ -48,12 +48,13 @@ IntegrationsStore::IntegrationsStore(UserDefaults &defaults, Keychain &keychain,
       m_keychain(keychain),
       m_notifications(notifications),
       m_runLoop(runLoop),
-      m_secrets(executor),
+      m_secrets(defaults, keychain, runLoop, executor),
       m_alive(std::make_shared<bool>(true)),
       m_connections(storedConnections(defaults)),
       m_quoteEnabled(defaults.get<bool>(quoteEnabledKey).value_or(true)) {
     loadCustomAPIs();
     migrateLegacyConnectionsIfNeeded();
+    m_secrets.resume(m_connections, notification());
     removeDeprecatedCursorConnectionsIfNeeded();
 }
 
@@ -111,24 +112,30 @@ void IntegrationsStore::deleteConnection(const QUuid &id) {
     objectWillChange.send();
     std::erase_if(m_connections, hasId<IntegrationConnection>(id));
     saveConnections();
+    m_secrets.erase(id);
     notifyChanged();
-    runSecretly([&keychain = m_keychain, id] { keychain.erase(secretAccount(id)); }, [] {});
 }
 
 void IntegrationsStore::setSecret(const std::optional<QString> &value, const QUuid &id) {
     objectWillChange.send();
-    const auto secret = value ? std::optional(value->trimmed()) : std::nullopt;
-    const bool isPresent = secret && !secret->isEmpty();
-    m_defaults.set(configuredKey(id), isPresent);
+    const QString secret = value.value_or(QString()).trimmed();
+    if (secret.isEmpty()) {
+        m_defaults.set(configuredKey(id), false);
+        m_secrets.clear(id);
+        notifyChanged();
+        return;
+    }
     const auto place =
         std::find_if(m_connections.begin(), m_connections.end(), hasId<IntegrationConnection>(id));
-    if (isPresent && place != m_connections.end()) {
+    if (place != m_connections.end()) {
         IntegrationConnection enabled = *place;
         enabled.enabled = true;
         replace(enabled);
     }
-    runSecretly([&keychain = m_keychain, secret, id] { keychain.set(secret, secretAccount(id)); },
-                notification());
+    m_secrets.keep(secret, id, [this] {
+        objectWillChange.send(); // what reads readiness read it too early
+        m_notifications.post(notifications::zephIntegrationsChanged);
+    });
 }
 
 void IntegrationsStore::markReady(const QUuid &id) {
@@ -160,7 +167,7 @@ void IntegrationsStore::loadCustomAPIs() {
     }
     m_areCustomAPIsLoaded = false;
     auto loaded = std::make_shared<CustomAPIs>(); // tasks are copied, so it is shared by two
-    runSecretly(
+    m_secrets.run(
         [&keychain = m_keychain, loaded] {
             const auto text = keychain.get(customAccount);
             *loaded =
@@ -177,7 +184,12 @@ void IntegrationsStore::takeCustomAPIs(CustomAPIs loaded) {
     objectWillChange.send();
     m_customAPIs = std::move(loaded);
     m_areCustomAPIsLoaded = true;
-    edits.empty() ? notifyChanged() : saveCustomAPIs();
+    if (!edits.empty()) {
+        saveCustomAPIs();
+    } else if (!m_customAPIs.empty()) {
+        // All else is being asked for since the launch.
+        m_notifications.post(notifications::zephCustomAPIsLoaded);
+    }
 }
 
 void IntegrationsStore::upsertCustomAPI(const CustomAPIConfig &config) {
@@ -208,8 +220,8 @@ void IntegrationsStore::editCustomAPIs(const std::function<void(CustomAPIs &)> &
 void IntegrationsStore::saveCustomAPIs() {
     const auto text = QString::fromUtf8(coding::json(m_customAPIs));
     m_defaults.set(customExistsKey, !m_customAPIs.empty());
-    runSecretly([&keychain = m_keychain, text] { keychain.set(text, customAccount); },
-                notification());
+    m_secrets.run([&keychain = m_keychain, text] { keychain.set(text, customAccount); },
+                  notification());
 }
 
 // Quote
@@ -235,19 +247,6 @@ std::function<void()> IntegrationsStore::notification() {
     };
 }
 
-/// Runs `work` in its turn away from the main thread, then `onMain`.
-void IntegrationsStore::runSecretly(std::function<void()> work, std::function<void()> onMain) {
-    m_secrets.run([work = std::move(work), onMain = std::move(onMain), &runLoop = m_runLoop,
-                   alive = std::weak_ptr<bool>(m_alive)] {
-        work();
-        runLoop.post([onMain, alive] {
-            if (!alive.expired()) {
-                onMain();
-            }
-        });
-    });
-}
-
 // Earlier versions
 
 void IntegrationsStore::migrateLegacyConnectionsIfNeeded() {
@@ -258,30 +257,18 @@ void IntegrationsStore::migrateLegacyConnectionsIfNeeded() {
         m_defaults.set(migratedKey, true);
         return;
     }
-    auto accounts = legacyAccounts(m_defaults);
-    if (accounts.empty()) {
-        takeLegacyConnections(accounts);
-        return;
-    }
-    // The accounts appear, and the migration counts as done, when their secrets have moved.
-    runSecretly(
-        [&keychain = m_keychain, &defaults = m_defaults, accounts] {
-            for (const LegacyAccount &account : accounts) {
-                moveLegacySecret(account, keychain, defaults);
-            }
-        },
-        [this, accounts] { takeLegacyConnections(accounts); });
-}
-
-void IntegrationsStore::takeLegacyConnections(const std::vector<LegacyAccount> &accounts) {
-    std::vector<IntegrationConnection> all;
-    all.reserve(accounts.size() + m_connections.size());
+    const auto accounts = legacyAccounts(m_defaults);
+    // Noted before the list is kept and moved after it, so that no end in between loses a key.
+    m_secrets.noteMoves(accounts);
+    std::vector<IntegrationConnection> carriedOver;
     for (const LegacyAccount &account : accounts) {
-        all.push_back(account.connection);
+        carriedOver.push_back(account.connection);
+        if (account.needsNoSecret) {
+            m_defaults.set(configuredKey(account.connection.id), true);
+        }
     }
-    all.insert(all.end(), m_connections.begin(), m_connections.end()); // added meanwhile
     objectWillChange.send();
-    m_connections = std::move(all);
+    m_connections = std::move(carriedOver);
     saveConnections();
     m_defaults.set(migratedKey, true);
     notifyChanged();
@@ -292,28 +279,19 @@ void IntegrationsStore::removeDeprecatedCursorConnectionsIfNeeded() {
         return;
     }
     const auto deprecated = connections(deprecatedProvider);
-    if (deprecated.empty()) {
-        m_defaults.set(removedCursorKey, true);
-        return;
+    for (const IntegrationConnection &connection : deprecated) {
+        m_secrets.erase(connection.id);
+        m_defaults.remove(configuredKey(connection.id));
     }
-    // They stay in the list until their secrets are gone, so that an end before that changes
-    // nothing.
-    runSecretly(
-        [&keychain = m_keychain, &defaults = m_defaults, deprecated] {
-            for (const IntegrationConnection &connection : deprecated) {
-                keychain.erase(secretAccount(connection.id));
-                defaults.remove(configuredKey(connection.id));
-            }
-        },
-        [this] {
-            objectWillChange.send();
-            std::erase_if(m_connections, [](const auto &connection) {
-                return connection.provider == deprecatedProvider;
-            });
-            saveConnections();
-            m_defaults.set(removedCursorKey, true);
-            notifyChanged();
+    if (!deprecated.empty()) {
+        objectWillChange.send();
+        std::erase_if(m_connections, [](const auto &connection) {
+            return connection.provider == deprecatedProvider;
         });
+        saveConnections();
+        notifyChanged();
+    }
+    m_defaults.set(removedCursorKey, true);
 }
 
 } // namespace zeph

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "core/ChangePublisher.h"
+#include "integrations/accounts/AccountSecrets.h"
 #include "integrations/accounts/CustomAPIConfig.h"
 #include "integrations/accounts/IntegrationConnection.h"
-#include "integrations/accounts/SerialTasks.h"
 
 #include <chrono>
 #include <functional>
@@ -18,18 +18,17 @@ class Keychain;
 class NotificationCenter;
 class RunLoop;
 class UserDefaults;
-struct LegacyAccount;
 
 /// The user's accounts and custom endpoints, and the switch of the daily quote. What is no secret
 /// is written through to the defaults. Secrets go to the keychain in tasks, one after the other,
 /// since it may wait for a password; `notifications::zephIntegrationsChanged` is posted when a
-/// change is complete, its secret included, and never within the call. Main thread only, but for
+/// change is complete, a new secret included, and never within the call. Main thread only, but for
 /// `hasSecret` and `isReady`. Everything handed in outlives the executor's tasks.
 class IntegrationsStore {
 public:
     /// Reads the settings and carries those of earlier versions over, once. Custom endpoints lie
-    /// in the keychain whole and so come in later, and only the settings tell whether there are
-    /// any.
+    /// in the keychain whole and so come in later, told of by `zephCustomAPIsLoaded`, and only the
+    /// settings tell whether there are any.
     IntegrationsStore(UserDefaults &defaults, Keychain &keychain, NotificationCenter &notifications,
                       RunLoop &runLoop, TaskExecutor &executor);
 
@@ -54,8 +53,8 @@ public:
     /// Removes the account and its secret.
     void deleteConnection(const QUuid &id);
 
-    /// Keeps the secret of an account and enables the account. Nothing, or only white space,
-    /// erases the secret and leaves the account enabled.
+    /// Keeps the secret of an account and enables the account, which is ready when the secret is
+    /// in place. Nothing, or only white space, erases the secret and leaves the account enabled.
     void setSecret(const std::optional<QString> &value, const QUuid &id);
 
     /// Marks an account that needs no secret as connected.
@@ -76,7 +75,7 @@ public:
 
     /// Waits for the secrets that are on their way; false when that takes longer. For the end of
     /// the process.
-    bool finish(std::chrono::milliseconds patience) { return m_secrets.waitUntilIdle(patience); }
+    bool finish(std::chrono::milliseconds patience) { return m_secrets.finish(patience); }
 
 private:
     using CustomAPIs = std::vector<CustomAPIConfig>;
@@ -90,17 +89,15 @@ private:
     void saveCustomAPIs();
     void notifyChanged();
     std::function<void()> notification();
-    void runSecretly(std::function<void()> work, std::function<void()> onMain);
 
     void migrateLegacyConnectionsIfNeeded();
-    void takeLegacyConnections(const std::vector<LegacyAccount> &accounts);
     void removeDeprecatedCursorConnectionsIfNeeded();
 
     UserDefaults &m_defaults;
     Keychain &m_keychain;
     NotificationCenter &m_notifications;
     RunLoop &m_runLoop;
-    SerialTasks m_secrets;
+    AccountSecrets m_secrets;
     std::shared_ptr<bool> m_alive; // lets what was posted see that the store is gone
     std::vector<IntegrationConnection> m_connections;
     CustomAPIs m_customAPIs;

@@ -14,7 +14,7 @@ namespace {
 
 const auto currentService = u"com.tavi.integrations"_s;
 const auto legacyService = u"com.zeph.integrations"_s;
-const auto migratedKey = u"tavi.keychain.serviceMigrated"_s;
+const auto serviceMigratedKey = u"tavi.keychain.serviceMigrated"_s;
 
 /// Absent for bytes that are no UTF-8. Nothing is dropped, a byte order mark included.
 std::optional<QString> decoded(const QByteArray &bytes) {
@@ -68,7 +68,8 @@ void Keychain::erase(const QString &account) {
 }
 
 void Keychain::migrateLegacyServiceIfNeeded() {
-    if (m_defaults.boolean(migratedKey)) {
+    const std::lock_guard guard(m_migration);
+    if (m_defaults.boolean(serviceMigratedKey)) {
         return;
     }
     for (const SecureItem &item : m_store.copyAll(legacyService)) {
@@ -78,7 +79,7 @@ void Keychain::migrateLegacyServiceIfNeeded() {
             m_store.remove(legacyService, *item.account);
         }
     }
-    m_defaults.set(migratedKey, true);
+    m_defaults.set(serviceMigratedKey, true);
 }
 
 std::optional<QString> Keychain::read(const QString &account, const QString &service) {

@@ -31,8 +31,8 @@ public:
     /// Erases the entry under both service names.
     void erase(const QString &account);
 
-    /// Moves the entries of the earlier service name, once per user. Two threads may both do it;
-    /// the second finds nothing left.
+    /// Moves the entries of the earlier service name, once per user. One thread does it, and the
+    /// others wait, so that none can write a new secret that the move then overwrites.
     void migrateLegacyServiceIfNeeded();
 
 private:
@@ -45,6 +45,7 @@ private:
 
     SecureStore &m_store;
     UserDefaults &m_defaults;
+    std::mutex m_migration;    // taken before `m_lock`, and held while the store is asked
     mutable std::mutex m_lock; // never held while the store is asked
     QHash<QString, QString> m_cache;
     quint64 m_changes = 0; // grows with every write, so that a read knows when it is outdated

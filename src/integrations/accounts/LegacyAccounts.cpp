@@ -75,16 +75,14 @@ std::vector<LegacyAccount> legacyAccounts(const UserDefaults &defaults) {
     return accounts;
 }
 
-void moveLegacySecret(const LegacyAccount &account, Keychain &keychain, UserDefaults &defaults) {
-    const IntegrationConnection &connection = account.connection;
-    const auto secret = account.hasSecret ? keychain.get(connection.provider) : std::nullopt;
-    if (secret) {
-        keychain.set(secret, secretAccount(connection.id));
-        keychain.erase(connection.provider);
+void moveLegacySecret(const SecretMove &move, Keychain &keychain, UserDefaults &defaults) {
+    const auto secret = keychain.get(move.provider);
+    if (!secret) {
+        return;
     }
-    if (secret || account.needsNoSecret) {
-        defaults.set(configuredKey(connection.id), true);
-    }
+    keychain.set(secret, secretAccount(move.id));
+    defaults.set(configuredKey(move.id), true);
+    keychain.erase(move.provider);
 }
 
 } // namespace zeph

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "integrations/accounts/IntegrationConnection.h"
+#include "integrations/accounts/PendingSecrets.h"
 
 #include <vector>
 
@@ -22,7 +23,8 @@ struct LegacyAccount {
 std::vector<LegacyAccount> legacyAccounts(const UserDefaults &defaults);
 
 /// Moves the secret to the account's own name and marks the account as connected. One whose
-/// secret is missing stays unconnected. Callable from any thread; blocks as the keychain does.
-void moveLegacySecret(const LegacyAccount &account, Keychain &keychain, UserDefaults &defaults);
+/// secret is missing stays as it is. Cut off anywhere and begun again, it ends the same. Callable
+/// from any thread; blocks as the keychain does.
+void moveLegacySecret(const SecretMove &move, Keychain &keychain, UserDefaults &defaults);
 
 } // namespace zeph

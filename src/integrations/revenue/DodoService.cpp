@@ -15,7 +15,6 @@ namespace zeph {
 namespace {
 
 constexpr int mostPages = 5;
-constexpr qint64 monthsInYear = 12;
 
 } // namespace
 
@@ -36,7 +35,7 @@ RevenueStats DodoService::fetch(const QString &key, const QString &brandID) cons
         const ExchangeRates rates = amounts.needsRates() ? usdRates() : ExchangeRates();
         const qint64 monthly = DodoAmounts::usdCents(amounts.monthly, rates);
         stats.mrrCents = monthly;
-        stats.arrCents = saturating::multiply(monthly, monthsInYear);
+        stats.arrCents = saturating::multiply(monthly, ProviderHTTP::monthsInYear);
         stats.totalRevenueCents = DodoAmounts::usdCents(amounts.total, rates);
         stats.paidCustomers = static_cast<qint64>(amounts.customers.size());
         stats.updated = m_clock.now();

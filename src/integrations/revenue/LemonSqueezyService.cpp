@@ -15,7 +15,6 @@ namespace zeph {
 namespace {
 
 constexpr int lastPage = 3;
-constexpr qint64 monthsInYear = 12;
 
 } // namespace
 
@@ -45,7 +44,7 @@ void LemonSqueezyService::fill(RevenueStats &stats, const Headers &headers) {
     stats.trialUsers = count(u"on_trial"_s, headers);
     const qint64 sum = monthlySum(headers);
     stats.mrrCents = sum;
-    stats.arrCents = saturating::multiply(sum, monthsInYear);
+    stats.arrCents = saturating::multiply(sum, ProviderHTTP::monthsInYear);
 }
 
 qint64 LemonSqueezyService::count(const QString &status, const Headers &headers) const {

@@ -2,6 +2,7 @@
 #include "integrations/revenue/StripePricing.h"
 
 #include "integrations/web/Json.h"
+#include "integrations/web/ProviderHTTP.h"
 #include "integrations/web/Saturating.h"
 
 #include <algorithm>
@@ -14,7 +15,6 @@ namespace {
 
 constexpr double weeksInMonth = 4.333333333333333;
 constexpr double daysInMonth = 30.416666666666668;
-constexpr double monthsInYear = 12;
 
 struct Price {
     qint64 monthCents = 0;
@@ -83,7 +83,7 @@ qint64 monthlyCents(qint64 amount, const QJsonObject &recurring) {
     const auto count = static_cast<double>(std::max<qint64>(told, 1));
     const auto cents = static_cast<double>(amount);
     if (interval == u"year") {
-        return saturating::rounded(cents / (count * monthsInYear));
+        return saturating::rounded(cents / (count * ProviderHTTP::monthsInYear));
     }
     if (interval == u"week") {
         return saturating::rounded(cents * weeksInMonth / count);

@@ -11,9 +11,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QByteArray mark() {
+    return QByteArrayLiteral("\xEF\xBB\xBF");
+}
+
+/// The library takes the first mark of every text for one of byte order and drops it, unless it is
+/// escaped. Outside of texts both are errors.
+QByteArray withMarksEscaped(QByteArray bytes) {
+    return bytes.contains(mark()) ? bytes.replace(mark(), "\\ufeff") : bytes;
+}
+
 QJsonDocument document(const QByteArray &bytes) {
     QJsonParseError error;
-    QJsonDocument parsed = QJsonDocument::fromJson(bytes, &error);
+    QJsonDocument parsed = QJsonDocument::fromJson(withMarksEscaped(bytes), &error);
     if (parsed.isNull()) {
         throw DescribedError(u"The answer could not be read: %1."_s.arg(error.errorString()));
     }
@@ -34,8 +44,8 @@ QJsonValue fragment(const QByteArray &bytes) {
 } // namespace
 
 QJsonValue parse(const QByteArray &bytes) {
-    const QByteArray mark = QByteArrayLiteral("\xEF\xBB\xBF");
-    const QByteArray content = (bytes.startsWith(mark) ? bytes.mid(mark.size()) : bytes).trimmed();
+    const QByteArray content =
+        (bytes.startsWith(mark()) ? bytes.sliced(mark().size()) : bytes).trimmed();
     if (content.startsWith('{')) {
         return document(content).object();
     }

@@ -14,7 +14,6 @@ namespace {
 
 constexpr double daysInMonth = 30.44;
 constexpr double weeksInMonth = 4.345;
-constexpr qint64 monthsInYear = 12;
 
 /// What the service says of its refusal; absent when it says nothing that can be shown.
 std::optional<QString> refusal(const QByteArray &body) {

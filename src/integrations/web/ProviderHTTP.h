@@ -22,6 +22,8 @@ QJsonValue decodeResponse(const HttpResponse &response);
 
 ServiceError err(const QString &message);
 
+inline constexpr qint64 monthsInYear = 12;
+
 /// What `amount` for every `intervalCount` units comes to in a month, cut off towards zero. A unit
 /// that is not known counts as a month.
 qint64 monthlyCents(qint64 amount, const QString &intervalUnit, qint64 intervalCount);

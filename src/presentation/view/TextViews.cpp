@@ -67,7 +67,7 @@ private:
     TextStyle m_style;
 };
 
-bool isLineBreak(QChar character) {
+bool breaksTheLine(QChar character) {
     return character == u'\n' || character == u'\r' || character == QChar::LineSeparator ||
            character == QChar::ParagraphSeparator || character == u'\t' || character == u'\v' ||
            character == u'\f';
@@ -86,7 +86,7 @@ QString shortened(const QString &string) {
 
 /// Names from elsewhere may carry line breaks, and a line of text has no room for them.
 QString onOneLine(QString string) {
-    std::replace_if(string.begin(), string.end(), isLineBreak, QChar(u' '));
+    std::replace_if(string.begin(), string.end(), breaksTheLine, QChar(u' '));
     return string;
 }
 

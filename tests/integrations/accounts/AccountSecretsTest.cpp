@@ -28,12 +28,13 @@ TEST_F(AccountSecretsTest, aSecretIsTrimmedKeptAndMarksTheAccount) {
     store->updateConnection(account);
     forget();
     store->setSecret(u" sk_live_1\n"_s, account.id);
-    EXPECT_TRUE(store->hasSecret(account.id));
-    EXPECT_TRUE(store->isReady(account));
     EXPECT_TRUE(store->connections().front().enabled);
     EXPECT_TRUE(storedConnections().front().enabled);
+    EXPECT_FALSE(store->hasSecret(account.id)) << "an end would leave a mark without a secret";
     EXPECT_EQ(posts, 0);
     settle();
+    EXPECT_TRUE(store->hasSecret(account.id));
+    EXPECT_TRUE(store->isReady(account));
     EXPECT_THAT(secrets.takeCalls(),
                 ElementsAre(call("remove", account.id), legacyCall("remove", account.id),
                             call("add", account.id)));
@@ -49,6 +50,8 @@ TEST_F(AccountSecretsTest, theChangeIsAnnouncedBeforeReadinessChanges) {
     store->setSecret(u"sk"_s, account.id);
     ASSERT_FALSE(readiness.empty());
     EXPECT_FALSE(readiness.front());
+    settle();
+    EXPECT_TRUE(readiness.back()) << "nobody is told to read it again";
 }
 
 TEST_F(AccountSecretsTest, aChangeIsToldOnlyWhenTheSecretIsInPlace) {
@@ -81,6 +84,43 @@ TEST_F(AccountSecretsTest, whiteSpaceErasesTheSecretAndLeavesTheAccountEnabled) 
     EXPECT_EQ(posts, 3);
 }
 
+TEST_F(AccountSecretsTest, aClearedSecretIsToldWithoutWaitingForTheKeyring) {
+    const auto account = add(u"stripe"_s);
+    store->setSecret(u"sk"_s, account.id);
+    forget();
+    store->setSecret(std::nullopt, account.id);
+    loop.drain();
+    EXPECT_EQ(posts, 1);
+    EXPECT_FALSE(store->isReady(account));
+    EXPECT_EQ(secrets.entries().size(), 1) << "the keyring has not been asked yet";
+}
+
+TEST_F(AccountSecretsTest, aSecretThatIsClearedBeforeItIsKeptLeavesNoMark) {
+    const auto account = add(u"stripe"_s);
+    store->setSecret(u"sk"_s, account.id);
+    store->setSecret(std::nullopt, account.id);
+    settle();
+    EXPECT_FALSE(store->hasSecret(account.id));
+    EXPECT_THAT(secrets.entries(), IsEmpty());
+}
+
+TEST_F(AccountSecretsTest, anErasureThatTheEndCutsOffIsMadeUpFor) {
+    const auto cleared = add(u"stripe"_s);
+    const auto deleted = add(u"polar"_s);
+    store->setSecret(u"one"_s, cleared.id);
+    store->setSecret(u"two"_s, deleted.id);
+    settle();
+    store->setSecret(std::nullopt, cleared.id);
+    store->deleteConnection(deleted.id);
+    executor.forgetAll(); // the process ends while the keyring asks for a password
+    EXPECT_EQ(secrets.entries().size(), 2);
+    launchAndSettle();
+    EXPECT_THAT(secrets.entries(), IsEmpty());
+    EXPECT_FALSE(store->hasSecret(cleared.id));
+    launch();
+    EXPECT_EQ(executor.waiting(), 0U) << "there is nothing left to erase";
+}
+
 TEST_F(AccountSecretsTest, aSecretOfNoAccountIsKeptAllTheSame) {
     const auto stranger = QUuid::createUuid();
     store->setSecret(u"sk"_s, stranger);
@@ -89,7 +129,7 @@ TEST_F(AccountSecretsTest, aSecretOfNoAccountIsKeptAllTheSame) {
     EXPECT_EQ(secrets.entries().size(), 1);
     EXPECT_THAT(store->connections(), IsEmpty());
     EXPECT_EQ(posts, 1);
-    EXPECT_EQ(willChanges, 1);
+    EXPECT_EQ(willChanges, 2) << "before it, and when it can be read";
 }
 
 TEST_F(AccountSecretsTest, secretsArriveInTheOrderInWhichTheyWereGiven) {
@@ -146,6 +186,7 @@ TEST_F(AccountSecretsTest, plausibleAndTrustMrrNeedAKeyAndTheirExtra) {
         auto account = add(provider, u"site"_s);
         EXPECT_FALSE(store->isReady(account));
         store->setSecret(u"key"_s, account.id);
+        settle();
         EXPECT_TRUE(store->isReady(account));
         account.extra = u""_s;
         EXPECT_FALSE(store->isReady(account));
@@ -160,6 +201,7 @@ TEST_F(AccountSecretsTest, everyOtherServiceNeedsItsKeyAlone) {
         const auto account = add(provider);
         EXPECT_FALSE(store->isReady(account)) << provider.toStdString();
         store->setSecret(u"key"_s, account.id);
+        settle();
         EXPECT_TRUE(store->isReady(account)) << provider.toStdString();
     }
 }
@@ -167,6 +209,7 @@ TEST_F(AccountSecretsTest, everyOtherServiceNeedsItsKeyAlone) {
 TEST_F(AccountSecretsTest, readinessDoesNotAskWhetherTheAccountIsEnabled) {
     auto account = add(u"stripe"_s);
     store->setSecret(u"key"_s, account.id);
+    settle();
     account.enabled = false;
     EXPECT_TRUE(store->isReady(account));
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "integrations/accounts/PendingSecrets.h"
 #include "integrations/accounts/StoreFixture.h"
 
 using namespace Qt::StringLiterals;
@@ -21,6 +22,21 @@ protected:
     }
     void legacySecret(const QString &account, const QByteArray &secret) {
         secrets.put(u"com.tavi.integrations"_s, {account, secret});
+    }
+    void earlierVersionWithTwoKeys() {
+        for (const auto &name : {u"v2"_s, u"connections"_s, u"pendingSecrets"_s}) {
+            defaults.remove(u"zeph.integrations."_s + name);
+        }
+        if (store) {
+            for (const auto &connection : store->connections()) {
+                secrets.remove(u"com.tavi.integrations"_s, secretAccount(connection.id));
+            }
+        }
+        setting(u"stripe.configured"_s, true);
+        setting(u"github.username"_s, u"octo"_s);
+        setting(u"github.hasToken"_s, true);
+        legacySecret(u"stripe"_s, "sk");
+        legacySecret(u"github"_s, "ghp");
     }
     void launchAndWait() {
         launch();
@@ -73,7 +89,7 @@ TEST_F(StoreMigrationTest, stripeIsCarriedOverWithItsKey) {
     EXPECT_EQ(secrets.entries().size(), 1);
     EXPECT_TRUE(store->isReady(made));
     EXPECT_THAT(storedConnections(), ElementsAre(made));
-    EXPECT_EQ(posts, 1);
+    EXPECT_EQ(posts, 2) << "when it appears, and when its key is there";
 }
 
 TEST_F(StoreMigrationTest, stripeIsCarriedOverWithEitherOfItsSettings) {
@@ -160,7 +176,7 @@ TEST_F(StoreMigrationTest, theOthersFollowInTheirFixedOrder) {
                             u"Crypto- coingecko-key"_s, u"Hacker News- hackernews-key"_s,
                             u"Reddit- reddit-key"_s));
     EXPECT_EQ(secrets.entries().size(), 10);
-    EXPECT_EQ(posts, 1);
+    EXPECT_EQ(posts, 2);
 }
 
 TEST_F(StoreMigrationTest, secretsOfTheEarlierServiceNameAreCarriedOverToo) {
@@ -172,20 +188,68 @@ TEST_F(StoreMigrationTest, secretsOfTheEarlierServiceNameAreCarriedOverToo) {
                 ElementsAre(u"com.tavi.integrations "_s + secretAccount(only().id) + u"=key"_s));
 }
 
-TEST_F(StoreMigrationTest, isNotDoneUntilTheSecretsHaveMoved) {
+TEST_F(StoreMigrationTest, accountsAppearAtOnceAndAreReadyWhenTheirSecretsHaveMoved) {
     setting(u"stripe.configured"_s, true);
     legacySecret(u"stripe"_s, "sk");
     launch();
-    EXPECT_THAT(store->connections(), IsEmpty());
-    EXPECT_FALSE(defaults.boolean(migratedKey));
+    const auto made = only();
+    EXPECT_FALSE(store->isReady(made));
+    EXPECT_TRUE(defaults.boolean(migratedKey));
+    EXPECT_THAT(storedConnections(), ElementsAre(made));
     EXPECT_THAT(secrets.takeCalls(), IsEmpty()) << "the main thread asked";
     const auto meanwhile = add(u"rss"_s);
     settle();
-    ASSERT_THAT(store->connections(), SizeIs(2));
-    EXPECT_EQ(store->connections()[0].provider, u"stripe"_s);
-    EXPECT_EQ(store->connections()[1], meanwhile);
-    EXPECT_EQ(storedConnections(), store->connections());
-    EXPECT_TRUE(defaults.boolean(migratedKey));
+    EXPECT_THAT(store->connections(), ElementsAre(made, meanwhile));
+    EXPECT_TRUE(store->isReady(made));
+}
+
+TEST_F(StoreMigrationTest, anEndAtAnyCallOfTheKeyringLosesNoSecretAndLeavesNone) {
+    struct End {};
+    bool hasEnded = true;
+    for (int last = 0; hasEnded; ++last) {
+        hasEnded = false;
+        int calls = 0;
+        earlierVersionWithTwoKeys();
+        secrets.setHook([&](const QString &) {
+            if (calls++ == last) {
+                throw End();
+            }
+        });
+        launch();
+        try {
+            settle();
+        } catch (const End &) {
+            hasEnded = true;
+        }
+        secrets.setHook({});
+        launchAndWait();
+        ASSERT_THAT(store->connections(), SizeIs(2)) << "after call " << last;
+        EXPECT_EQ(secret(store->connections()[0]), u"sk"_s) << "after call " << last;
+        EXPECT_EQ(secret(store->connections()[1]), u"ghp"_s) << "after call " << last;
+        EXPECT_TRUE(store->isReady(store->connections()[0])) << "after call " << last;
+        EXPECT_EQ(secrets.entries().size(), 2) << "after call " << last;
+        EXPECT_EQ(defaults.value(u"zeph.integrations.pendingSecrets"_s), std::nullopt);
+    }
+}
+
+TEST_F(StoreMigrationTest, anEndBeforeTheListIsKeptMigratesAnew) {
+    setting(u"stripe.configured"_s, true);
+    legacySecret(u"stripe"_s, "sk");
+    PendingSecrets(defaults).add({u"stripe"_s, QUuid::createUuid()});
+    launchAndWait();
+    EXPECT_EQ(secret(only()), u"sk"_s);
+    EXPECT_EQ(secrets.entries().size(), 1);
+}
+
+TEST_F(StoreMigrationTest, anAccountDeletedBeforeItsSecretMovedTakesItAlong) {
+    setting(u"stripe.configured"_s, true);
+    legacySecret(u"stripe"_s, "sk");
+    launch();
+    store->deleteConnection(only().id);
+    executor.forgetAll(); // the end
+    launchAndWait();
+    EXPECT_THAT(store->connections(), IsEmpty());
+    EXPECT_THAT(secrets.entries(), IsEmpty());
 }
 
 TEST_F(StoreMigrationTest, deprecatedAccountsAreRemovedWithAllTheyHad) {

@@ -42,6 +42,11 @@ TEST(Json, acceptsFragments) {
     EXPECT_TRUE(json::parse("null").isNull());
 }
 
+TEST(Json, keepsAByteOrderMarkInsideOfAText) {
+    const QJsonValue value = json::parse("{\"a\":\"\xEF\xBB\xBF\xEF\xBB\xBFx\"}");
+    EXPECT_EQ(json::text(value.toObject().value(u"a")), u"\uFEFF\uFEFFx"_s);
+}
+
 TEST(Json, skipsAByteOrderMark) {
     EXPECT_EQ(json::integer(json::parse("\xEF\xBB\xBF[7]").toArray().at(0)), 7);
     EXPECT_EQ(json::integer(json::parse("\xEF\xBB\xBF\n7")), 7);

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const char *const slot = SLOT(propertiesChanged(QString, QVariantMap, QStringList));
+const char *const propertiesSlot = SLOT(propertiesChanged(QString, QVariantMap, QStringList));
 
 } // namespace
 
@@ -20,12 +20,12 @@ PropertyWatch::PropertyWatch(QDBusConnection bus, QString service, QString path,
       m_interface(std::move(interface)),
       m_handler(std::move(handler)) {
     m_bus.connect(m_service, m_path, u"org.freedesktop.DBus.Properties"_s, u"PropertiesChanged"_s,
-                  {m_interface}, u"sa{sv}as"_s, this, slot);
+                  {m_interface}, u"sa{sv}as"_s, this, propertiesSlot);
 }
 
 PropertyWatch::~PropertyWatch() {
     m_bus.disconnect(m_service, m_path, u"org.freedesktop.DBus.Properties"_s,
-                     u"PropertiesChanged"_s, {m_interface}, u"sa{sv}as"_s, this, slot);
+                     u"PropertiesChanged"_s, {m_interface}, u"sa{sv}as"_s, this, propertiesSlot);
 }
 
 void PropertyWatch::propertiesChanged(const QString &interface, const QVariantMap &changed,

@@ -9,14 +9,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString service = u"org.freedesktop.Notifications"_s;
-const QString path = u"/org/freedesktop/Notifications"_s;
+const QString notificationsName = u"org.freedesktop.Notifications"_s;
+const QString notificationsPath = u"/org/freedesktop/Notifications"_s;
 const QString inhibited = u"Inhibited"_s;
 
 QDBusMessage question() {
     QDBusMessage call = QDBusMessage::createMethodCall(
-        service, path, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
-    call << service << inhibited; // the interface has the service's name
+        notificationsName, notificationsPath, u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
+    call << notificationsName << inhibited; // the interface has the service's name
     return call;
 }
 
@@ -29,7 +29,7 @@ std::optional<bool> readAnswer(const QDBusMessage &answer) {
 } // namespace
 
 NotificationSwitch::NotificationSwitch(const QDBusConnection &bus, std::function<void()> news)
-    : m_watch(bus, service, path, service,
+    : m_watch(bus, notificationsName, notificationsPath, notificationsName,
               [this](const QVariantMap &values, const QStringList &invalidated) {
                   changed(values, invalidated);
               }),

@@ -9,18 +9,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString service = u"org.xfce.Xfconf"_s; // its interface has the same name
-const QString path = u"/org/xfce/Xfconf"_s;
+const QString xfconfName = u"org.xfce.Xfconf"_s; // its interface has the same name
+const QString xfconfPath = u"/org/xfce/Xfconf"_s;
 const QString channel = u"xfce4-notifyd"_s;
 const QString property = u"/do-not-disturb"_s;
 
-QDBusMessage question() {
-    QDBusMessage call = QDBusMessage::createMethodCall(service, path, service, u"GetProperty"_s);
+QDBusMessage propertyQuestion() {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(xfconfName, xfconfPath, xfconfName, u"GetProperty"_s);
     call << channel << property;
     return call;
 }
 
-std::optional<bool> readAnswer(const QDBusMessage &answer) {
+std::optional<bool> readProperty(const QDBusMessage &answer) {
     if (answer.type() == QDBusMessage::ErrorMessage) {
         const QString error = answer.errorName();
         const bool isUnset = error == u"org.xfce.Xfconf.Error.PropertyNotFound"_s ||
@@ -31,7 +32,7 @@ std::optional<bool> readAnswer(const QDBusMessage &answer) {
 }
 
 BusSignal signalOf(const QString &name, const QString &signature) {
-    return {service, path, service, name, {channel, property}, signature};
+    return {xfconfName, xfconfPath, xfconfName, name, {channel, property}, signature};
 }
 
 } // namespace
@@ -42,6 +43,6 @@ XfconfSwitch::XfconfSwitch(const QDBusConnection &bus, std::function<void()> new
           [this](const QDBusMessage &signal) { m_answer.set(truthIn(signal.arguments().at(2))); }),
       m_removed(bus, signalOf(u"PropertyRemoved"_s, u"ss"_s),
                 [this](const QDBusMessage &) { m_answer.set(false); }),
-      m_answer(bus, question(), &readAnswer, std::move(news)) {}
+      m_answer(bus, propertyQuestion(), &readProperty, std::move(news)) {}
 
 } // namespace zeph

@@ -125,7 +125,7 @@ constexpr Coordinate angola[] = {{-6, 12.2},    {-5.9, 13},  {-5.9, 16.6}, {-8.1
                                  {-13, 24},     {-13, 22},   {-16.2, 22},  {-17.6, 23.4},
                                  {-17.8, 21.4}, {-17.4, 14}, {-17.2, 11.5}};
 
-constexpr GlobeOutline outlines[] = {
+constexpr GlobeOutline countries[] = {
     {"Mongolia", mongolia},
     {"Kazakhstan", kazakhstan},
     {"China", china},
@@ -152,7 +152,7 @@ constexpr GlobeOutline outlines[] = {
 } // namespace
 
 std::span<const GlobeOutline> countryOutlines() {
-    return outlines;
+    return countries;
 }
 
 } // namespace zeph

@@ -228,7 +228,7 @@ constexpr Coordinate southAmerica[] = {
     {-13.8, -76.3}, {-9, -78.5},    {-6, -81},      {-4.5, -81.3},  {-3.3, -80},    {-1, -80.8},
     {1, -79.5},     {4, -77.3},     {7.3, -77.9}};
 
-constexpr GlobeOutline outlines[] = {
+constexpr GlobeOutline lands[] = {
     {"Antarctica", antarctica},
     {"", africa},
     {"Madagascar", madagascar},
@@ -273,7 +273,7 @@ constexpr GlobeOutline outlines[] = {
 } // namespace
 
 std::span<const GlobeOutline> landOutlines() {
-    return outlines;
+    return lands;
 }
 
 } // namespace zeph

@@ -280,7 +280,7 @@ constexpr Coordinate bellingshausenSea[] = {{-66, -66}, {-68, -100}, {-73, -102}
 constexpr Coordinate amundsenSea[] = {
     {-68, -100}, {-73, -102}, {-75.5, -114}, {-73.3, -126}, {-70, -126}};
 
-constexpr GlobeOutline outlines[] = {
+constexpr GlobeOutline seas[] = {
     {"Sea of Marmara", seaOfMarmara},
     {"Sea of Azov", seaOfAzov},
     {"Black Sea", blackSea},
@@ -370,7 +370,7 @@ constexpr GlobeOutline outlines[] = {
 } // namespace
 
 std::span<const GlobeOutline> seaOutlines() {
-    return outlines;
+    return seas;
 }
 
 } // namespace zeph
