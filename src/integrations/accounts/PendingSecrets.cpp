@@ -38,7 +38,7 @@ std::vector<SecretMove> PendingSecrets::moves() const {
 std::vector<QUuid> PendingSecrets::erasures() const {
     const std::lock_guard guard(m_lock);
     std::vector<QUuid> ids;
-    for (const QJsonValue &text : stored().value(eraseName).toArray()) {
+    for (const auto &text : stored().value(eraseName).toArray()) {
         if (const auto id = uuidFromText(text.toString())) {
             ids.push_back(*id);
         }
