@@ -3,7 +3,7 @@
 
 #include "core/AccountFetches.h"
 #include "core/AppState.h"
-#include "core/RefreshLane.h"
+#include "core/TaskLane.h"
 #include "integrations/accounts/IntegrationsStore.h"
 #include "platform/RunLoop.h"
 #include "platform/TaskExecutor.h"
@@ -37,13 +37,13 @@ struct IntegrationRefresh::Publishing {
           quote(executor) {}
 
     AppState &state;
-    RefreshLane stripe;
-    RefreshLane github;
-    RefreshLane revenue;
-    RefreshLane analytics;
-    RefreshLane simple;
-    RefreshLane custom;
-    RefreshLane quote;
+    TaskLane stripe;
+    TaskLane github;
+    TaskLane revenue;
+    TaskLane analytics;
+    TaskLane simple;
+    TaskLane custom;
+    TaskLane quote;
 };
 
 namespace {
@@ -75,7 +75,7 @@ IntegrationRefresh::~IntegrationRefresh() = default;
 /// Starts a task that puts every source through `fetch` and assigns what came of them.
 template <typename Source, typename Fetch, typename Property>
 void IntegrationRefresh::start(Source sources, Fetch fetch, Property property,
-                               RefreshLane Publishing::*lane) {
+                               TaskLane Publishing::*lane) {
     ((*m_publishing).*lane)
         .enter([weakWork = std::weak_ptr<Work>(m_work),
                 publishing = std::weak_ptr<Publishing>(m_publishing), sources = std::move(sources),

@@ -11,7 +11,7 @@ class AppState;
 class IntegrationsStore;
 class Keychain;
 class PreferencesStore;
-class RefreshLane;
+class TaskLane;
 class RunLoop;
 class TaskExecutor;
 
@@ -49,7 +49,7 @@ private:
     struct Publishing;
 
     template <typename Source, typename Fetch, typename Property>
-    void start(Source sources, Fetch fetch, Property property, RefreshLane Publishing::*lane);
+    void start(Source sources, Fetch fetch, Property property, TaskLane Publishing::*lane);
     void fetchFreeIntegrations();
 
     AppState &m_state;

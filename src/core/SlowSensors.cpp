@@ -26,6 +26,7 @@ SlowSensors::SlowSensors(AppState &state, const Platform &platform,
       m_desktop(platform.desktopFolder),
       m_reminders(platform.clock, platform.calendar, platform.eventStore),
       m_deviceBattery(std::make_shared<const DeviceBatteryMonitor>(platform.accessories)),
+      m_deviceSamples(platform.taskExecutor),
       m_self(std::make_shared<SlowSensors *>(this)) {
     listenForLateWords();
 }
@@ -122,11 +123,12 @@ void SlowSensors::readReminders() {
 }
 
 void SlowSensors::sampleDevices() {
-    m_platform.taskExecutor.run(
+    m_deviceSamples.enter(
         [monitor = m_deviceBattery, weak = std::weak_ptr(m_self), &loop = m_platform.runLoop] {
             loop.post([weak, devices = monitor->sample()] {
                 if (const auto self = weak.lock()) {
                     (*self)->m_state.deviceBatteries = devices;
+                    (*self)->m_deviceSamples.leave();
                 }
             });
         });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "core/TaskLane.h"
 #include "sensors/BatteryMonitor.h"
 #include "sensors/CalendarMonitor.h"
 #include "sensors/DesktopMonitor.h"
@@ -53,6 +54,7 @@ private:
     RemindersMonitor m_reminders;
     std::shared_ptr<const DeviceBatteryMonitor>
         m_deviceBattery;                   // shared with the samples under way
+    TaskLane m_deviceSamples;              // a device may hang in the kernel
     std::shared_ptr<SlowSensors *> m_self; // ends with this object; late answers look for it
 };
 

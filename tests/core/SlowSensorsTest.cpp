@@ -171,6 +171,20 @@ TEST_F(SlowSensorsTest, ofOverlappingReadingsTheLaterAssignmentWins) {
     EXPECT_EQ(state.deviceBatteries->front().percent, 60);
 }
 
+TEST_F(SlowSensorsTest, readingsThatHangTakeTwoThreadsAndNoMore) {
+    turn(WidgetKind::devices, true);
+    makeCoordinator().start();
+    loop.advance(45 * 20);
+    EXPECT_EQ(executor.waiting(), 2U);
+    accessories.input = {{u"Mouse"_s, 50}};
+    executor.runAll();
+    loop.advance(1);
+    EXPECT_EQ(executor.waiting(), 1U) << "the newest of those that waited";
+    executor.runAll();
+    loop.advance(1);
+    ASSERT_EQ(state.deviceBatteries->size(), 1U);
+}
+
 TEST_F(SlowSensorsTest, aLateWordOfAServiceIsPublishedWhenItComes) {
     eventStore.silent = true;
     allow(EntityType::event);

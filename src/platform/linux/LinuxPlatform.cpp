@@ -163,7 +163,8 @@ bool LinuxPlatform::finishTasks(std::chrono::milliseconds patience) {
     m_adapters->secureStore.cancelAll();
     m_adapters->accountExecutor.beginShutdown();
     return m_adapters->executor.finish(patience) &&
-           m_adapters->accountExecutor.finish(std::chrono::milliseconds(50));
+           m_adapters->accountExecutor.finish(std::chrono::milliseconds(50)) &&
+           m_adapters->eventStore.finish(std::chrono::milliseconds(50));
 }
 
 } // namespace zeph

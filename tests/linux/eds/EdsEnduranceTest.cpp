@@ -78,6 +78,15 @@ TEST_F(EdsEnduranceTest, aDaemonThatNeverAnswersDoesNotHoldUpTheEnd) {
     }
 }
 
+TEST_F(EdsEnduranceTest, theEndOfTheThreadCanBeWaitedFor) {
+    setEventAt(5);
+    daemon.appear();
+    makeStore();
+    EXPECT_TRUE(store->finish(std::chrono::milliseconds(0))) << "nothing has begun";
+    ASSERT_TRUE(comesToHaveEventAt(5));
+    EXPECT_TRUE(store->finish(std::chrono::seconds(20))) << "the session goes on";
+}
+
 TEST_F(EdsEnduranceTest, aDaemonThatEndsAtAnyStepIsAskedAgainWhenItIsBack) {
     int minute = 0;
     for (const QString &step : FakeCalendarDaemon::steps()) {

@@ -14,24 +14,23 @@ protected:
     /// The service appears, tells a fix on the second of two requests, and vanishes in the middle
     /// of the first.
     void appearAndVanish() {
-        const std::size_t before = delegate.answers();
+        delegate.clear();
         geoclue.calls.clear();
         geoclue.appear();
         client->requestLocation();
         ASSERT_TRUE(called(u"Start"_s));
         geoclue.vanish();
-        ASSERT_TRUE(answered(before + 1));
-        EXPECT_EQ(delegate.fixes.back().front(), zoneCity);
+        ASSERT_TRUE(answered(1));
         geoclue.calls.clear();
         geoclue.forgetLocations();
         geoclue.atStart = {{u"Latitude"_s, 38.72}, {u"Longitude"_s, -9.14}};
         geoclue.appear();
         client->requestLocation();
-        ASSERT_TRUE(answered(before + 2));
+        ASSERT_TRUE(answered(2));
+        ASSERT_FALSE(delegate.fixes.empty());
         EXPECT_EQ(delegate.fixes.back().front(), lisbon);
         geoclue.vanish();
         geoclue.atStart = {};
-        delegate.fixes.clear();
     }
 };
 

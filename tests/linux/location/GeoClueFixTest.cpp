@@ -116,6 +116,19 @@ TEST_F(GeoClueFix, takesTheZonesCityWhenTheServiceIsSilent) {
     }
 }
 
+TEST_F(GeoClueFix, keepsAnEarlierPositionWhenTheServiceTellsNoneLater) {
+    geoclue.atStart = {{u"Latitude"_s, 38.72}, {u"Longitude"_s, -9.14}};
+    geoclue.appear();
+    listenWithConsent();
+    client->requestLocation();
+    ASSERT_TRUE(answered());
+    geoclue.vanish();
+    client->requestLocation();
+    ASSERT_TRUE(answered(2));
+    EXPECT_EQ(delegate.fixes, (std::vector<std::vector<Coordinate>>{{lisbon}}));
+    EXPECT_EQ(delegate.failures, 1) << "the zone's city may be a thousand kilometres away";
+}
+
 TEST_F(GeoClueFix, takesTheZonesCityWithoutAService) {
     listenWithConsent().requestLocation();
     EXPECT_EQ(delegate.answers(), 0U) << "the answer comes later";

@@ -29,7 +29,7 @@ constexpr double refreshAge = 30 * 60.0;
 constexpr double answerPatience = 5 * 60.0;
 // The reminders widget asks every 45 s; once it is switched off the task lists may rest.
 constexpr double reminderRest = 5 * 60.0;
-constexpr std::chrono::milliseconds endPatience{200};
+constexpr std::chrono::milliseconds endPatience{100};
 
 bool overlaps(const EdsOccurrence &occurrence, Date start, Date end) {
     return occurrence.start < end && (occurrence.end > start || occurrence.start >= start);
@@ -50,9 +50,11 @@ EdsEventStore::EdsEventStore(const Clock &clock, const Calendar &calendar, RunLo
       m_alive(std::make_shared<bool>(true)) {}
 
 EdsEventStore::~EdsEventStore() {
-    if (m_worker) {
-        m_worker->finish(endPatience);
-    }
+    finish(endPatience);
+}
+
+bool EdsEventStore::finish(std::chrono::milliseconds patience) {
+    return !m_worker || m_worker->finish(patience);
 }
 
 QString EdsEventStore::installedPlugin() {

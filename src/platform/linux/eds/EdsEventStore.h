@@ -6,6 +6,7 @@
 #include "platform/linux/Consent.h"
 #include "platform/linux/eds/EdsSession.h"
 
+#include <chrono>
 #include <memory>
 
 namespace zeph {
@@ -27,6 +28,10 @@ public:
                   const UserDefaults &defaults, QString pluginPath = installedPlugin(),
                   const EdsPacing &pacing = {});
     ~EdsEventStore() override;
+
+    /// Ends the reading for good and waits for its thread; false when that takes longer, as with
+    /// a server that hangs. For the end of the process, which that thread must not outlive.
+    bool finish(std::chrono::milliseconds patience);
 
     /// The plug-in beside the executable, else in the library folder of the installation.
     static QString installedPlugin();

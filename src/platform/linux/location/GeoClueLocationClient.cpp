@@ -87,6 +87,7 @@ void GeoClueLocationClient::started() {
 }
 
 void GeoClueLocationClient::located(Coordinate fix) {
+    m_hadFix = true;
     if (m_isStarted && m_wantsFix) {
         answer(fix);
     } else {
@@ -104,7 +105,7 @@ void GeoClueLocationClient::failed(GeoClueFailure failure) {
         if (m_wantsPermission) {
             granted();
         } else {
-            answer(m_zoneCity());
+            answerWithoutService();
         }
         break;
     case GeoClueFailure::lost:
@@ -130,7 +131,7 @@ void GeoClueLocationClient::lost() {
     } else if (std::exchange(m_mayTryAgain, false)) {
         open();
     } else {
-        answer(m_zoneCity());
+        answerWithoutService();
     }
 }
 
@@ -153,11 +154,15 @@ void GeoClueLocationClient::answer(std::optional<Coordinate> fix) {
     }
 }
 
+void GeoClueLocationClient::answerWithoutService() {
+    answer(m_hadFix ? std::nullopt : m_zoneCity());
+}
+
 void GeoClueLocationClient::patienceEnded() {
     if (m_wantsPermission) {
         permissionPatienceEnded();
     } else {
-        answer(m_zoneCity());
+        answerWithoutService();
     }
 }
 

@@ -29,7 +29,8 @@ struct LocationPatience {
 };
 
 /// The position after GeoClue, at the accuracy of a city. Where the service is allowed and yet
-/// tells nothing in time, or there is none on this machine, the zone's principal city stands in.
+/// tells nothing in time, or there is none on this machine, the zone's principal city stands in,
+/// unless the service told a position earlier: that one stays.
 /// The service is not touched before the user allowed it. Main thread only.
 class GeoClueLocationClient : public LocationClient {
 public:
@@ -61,6 +62,7 @@ private:
     void lost();
     void granted();
     void answer(std::optional<Coordinate> fix);
+    void answerWithoutService();
     void patienceEnded();
     void permissionPatienceEnded();
     void tellAuthorization();
@@ -76,6 +78,7 @@ private:
     bool m_wantsPermission = false;  // a question to the user is open
     bool m_isUserAsked = false;      // as far as is known: the service found the agent
     bool m_wantsFix = false;         // a request is open
+    bool m_hadFix = false;           // of the service, since the start
     bool m_mayTryAgain = false;      // after the service was lost
     std::optional<Coordinate> m_fix; // came before anybody asked for it
     QTimer m_deadline;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "core/RefreshLane.h"
+#include "core/TaskLane.h"
 
 #include "support/ManualTaskExecutor.h"
 
@@ -9,24 +9,24 @@ namespace zeph {
 
 namespace {
 
-class RefreshLaneTest : public testing::Test {
+class TaskLaneTest : public testing::Test {
 protected:
     void enter(int number) {
         lane.enter([this, number] { ran.push_back(number); });
     }
 
     ManualTaskExecutor executor;
-    RefreshLane lane{executor};
+    TaskLane lane{executor};
     std::vector<int> ran;
 };
 
-TEST_F(RefreshLaneTest, twoRunSideBySide) {
+TEST_F(TaskLaneTest, twoRunSideBySide) {
     enter(1);
     enter(2);
     EXPECT_EQ(executor.waiting(), 2U);
 }
 
-TEST_F(RefreshLaneTest, ofThoseBeyondTwoTheNewestRunsWhenOneHasEnded) {
+TEST_F(TaskLaneTest, ofThoseBeyondTwoTheNewestRunsWhenOneHasEnded) {
     for (const int number : {1, 2, 3, 4}) {
         enter(number);
     }
@@ -40,7 +40,7 @@ TEST_F(RefreshLaneTest, ofThoseBeyondTwoTheNewestRunsWhenOneHasEnded) {
     EXPECT_EQ(executor.waiting(), 0U);
 }
 
-TEST_F(RefreshLaneTest, isFreeAgainAfterItsRuns) {
+TEST_F(TaskLaneTest, isFreeAgainAfterItsRuns) {
     for (int round = 0; round < 3; ++round) {
         enter(round);
         executor.runAll();

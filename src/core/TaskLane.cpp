@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "core/RefreshLane.h"
+#include "core/TaskLane.h"
 
 #include "platform/TaskExecutor.h"
 
@@ -13,7 +13,7 @@ constexpr int sideBySide = 2;
 
 } // namespace
 
-void RefreshLane::enter(std::function<void()> task) {
+void TaskLane::enter(std::function<void()> task) {
     if (m_running < sideBySide) {
         start(std::move(task));
     } else {
@@ -21,14 +21,14 @@ void RefreshLane::enter(std::function<void()> task) {
     }
 }
 
-void RefreshLane::leave() {
+void TaskLane::leave() {
     --m_running;
     if (m_waiting) {
         start(std::exchange(m_waiting, nullptr));
     }
 }
 
-void RefreshLane::start(std::function<void()> task) {
+void TaskLane::start(std::function<void()> task) {
     ++m_running;
     m_executor.run(std::move(task));
 }

@@ -7,12 +7,12 @@ namespace zeph {
 
 class TaskExecutor;
 
-/// The runs of one family of accounts. Runs that come close together run side by side; while a
-/// password prompt holds several, only the newest of the further ones is kept waiting, so that a
-/// prompt that stays open for a night takes no more than two threads a family. Main thread only.
-class RefreshLane {
+/// Runs of the same task. Runs that come close together go side by side; while the system or a
+/// password prompt holds two, only the newest of the further ones is kept waiting, so that what
+/// hangs for a night takes no more than two threads. Main thread only.
+class TaskLane {
 public:
-    explicit RefreshLane(TaskExecutor &executor) : m_executor(executor) {}
+    explicit TaskLane(TaskExecutor &executor) : m_executor(executor) {}
 
     /// Starts the task or keeps it waiting in place of the one that waits.
     void enter(std::function<void()> task);
