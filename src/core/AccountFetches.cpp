@@ -125,11 +125,40 @@ constexpr std::array simpleServices = {
     SimpleService{"polar"_L1, true, false, withKey<&Services::polar>},
 };
 
+const SimpleService *simpleService(const QString &provider) {
+    const auto *const service =
+        std::find_if(simpleServices.begin(), simpleServices.end(),
+                     [&](const SimpleService &entry) { return entry.provider == provider; });
+    return service == simpleServices.end() ? nullptr : service;
+}
+
+bool isOf(AccountFamily family, const IntegrationConnection &account) {
+    return familyOf(account) == family;
+}
+
 } // namespace
+
+std::optional<AccountFamily> familyOf(const IntegrationConnection &account) {
+    const QString &provider = account.provider;
+    if (provider == "stripe"_L1) {
+        return AccountFamily::stripe;
+    }
+    if (provider == "github"_L1) {
+        return AccountFamily::github;
+    }
+    if (provider == "chartmogul"_L1 || provider == "lemonsqueezy"_L1 || provider == "dodo"_L1) {
+        return AccountFamily::revenue;
+    }
+    if (provider == "plausible"_L1) {
+        return AccountFamily::analytics;
+    }
+    return simpleService(provider) ? std::optional(AccountFamily::simple) : std::nullopt;
+}
 
 std::optional<StripeStats> fetchStripe(const FetchTools &tools,
                                        const IntegrationConnection &account) {
-    const auto key = account.provider == "stripe"_L1 ? usableKey(tools, account) : std::nullopt;
+    const auto key =
+        isOf(AccountFamily::stripe, account) ? usableKey(tools, account) : std::nullopt;
     if (!key) {
         return std::nullopt;
     }
@@ -141,7 +170,7 @@ std::optional<StripeStats> fetchStripe(const FetchTools &tools,
 
 std::optional<GitHubStats> fetchGitHub(const FetchTools &tools,
                                        const IntegrationConnection &account) {
-    const QString username = account.provider == "github"_L1 ? valueOf(account) : QString();
+    const QString username = isOf(AccountFamily::github, account) ? valueOf(account) : QString();
     if (username.isEmpty()) {
         return std::nullopt;
     }
@@ -162,8 +191,8 @@ std::optional<RevenueStats> fetchRevenue(const FetchTools &tools,
                                          const IntegrationConnection &account) {
     const bool isChartMogul = account.provider == "chartmogul"_L1;
     const bool isLemonSqueezy = account.provider == "lemonsqueezy"_L1;
-    const bool isMember = isChartMogul || isLemonSqueezy || account.provider == "dodo"_L1;
-    const auto key = isMember ? usableKey(tools, account) : std::nullopt;
+    const auto key =
+        isOf(AccountFamily::revenue, account) ? usableKey(tools, account) : std::nullopt;
     if (!key) {
         return std::nullopt;
     }
@@ -176,7 +205,7 @@ std::optional<RevenueStats> fetchRevenue(const FetchTools &tools,
 
 std::optional<AnalyticsStats> fetchAnalytics(const FetchTools &tools,
                                              const IntegrationConnection &account) {
-    const QString site = account.provider == "plausible"_L1 ? valueOf(account) : QString();
+    const QString site = isOf(AccountFamily::analytics, account) ? valueOf(account) : QString();
     const auto key = site.isEmpty() ? std::nullopt : usableKey(tools, account);
     if (!key) {
         return std::nullopt;
@@ -186,10 +215,8 @@ std::optional<AnalyticsStats> fetchAnalytics(const FetchTools &tools,
 
 std::optional<SimpleIntegrationStats> fetchSimple(const FetchTools &tools,
                                                   const IntegrationConnection &account) {
-    const auto service = std::find_if(
-        simpleServices.begin(), simpleServices.end(),
-        [&account](const SimpleService &entry) { return entry.provider == account.provider; });
-    if (service == simpleServices.end()) {
+    const SimpleService *const service = simpleService(account.provider);
+    if (service == nullptr) {
         return std::nullopt;
     }
     const QString value = valueOf(account);

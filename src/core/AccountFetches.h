@@ -17,6 +17,12 @@ struct FetchTools {
     Keychain &keychain;
 };
 
+/// The services that are asked in one task.
+enum class AccountFamily { stripe, github, revenue, analytics, simple };
+
+/// Absent for a service that is not known.
+std::optional<AccountFamily> familyOf(const IntegrationConnection &account);
+
 /// Each of these asks the service of one account and stamps its record with the account's identity
 /// and name. Absent, without a word and without a request, for an account that is of another
 /// family or lacks what its service needs. Nothing is thrown: what a service throws becomes the

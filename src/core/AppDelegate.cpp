@@ -63,8 +63,13 @@ void AppDelegate::applicationDidFinishLaunching() {
     rebuildDesktopWindows();
     m_coordinator->start();
     // In a task, as the keyring may ask for a password.
-    platform.taskExecutor.run(
-        [&keychain = m_services.keychain] { keychain.migrateLegacyServiceIfNeeded(); });
+    platform.taskExecutor.run([&keychain = m_services.keychain] {
+        try {
+            keychain.migrateLegacyServiceIfNeeded();
+        } catch (const std::exception &) {
+            // The first secret that is asked for tries it again.
+        }
+    });
     observeScreenChanges();
     observeChanges();
     updateInsets();

@@ -101,25 +101,50 @@ void IntegrationRefresh::start(Source sources, Fetch fetch, Property property,
         });
 }
 
+/// Starts a task for the accounts of one family. When none is left and two runs hang, the list is
+/// emptied at once.
+template <typename Fetch, typename Property>
+void IntegrationRefresh::startFamily(const std::vector<IntegrationConnection> &ready,
+                                     AccountFamily family, Fetch fetch, Property property,
+                                     TaskLane Publishing::*lane) {
+    const auto members = std::make_shared<std::vector<IntegrationConnection>>();
+    std::copy_if(
+        ready.begin(), ready.end(), std::back_inserter(*members),
+        [family](const IntegrationConnection &account) { return familyOf(account) == family; });
+    TaskLane &wanted = (*m_publishing).*lane;
+    if (members->empty() && wanted.isFull()) {
+        wanted.forgetWaiting();
+        m_state.*property = {};
+        return;
+    }
+    start(std::shared_ptr<const std::vector<IntegrationConnection>>(members), fetch, property,
+          lane);
+}
+
 void IntegrationRefresh::fetchIntegrations() {
-    const auto ready = std::make_shared<std::vector<IntegrationConnection>>();
+    std::vector<IntegrationConnection> ready;
     const auto &all = m_store.connections();
-    std::copy_if(all.begin(), all.end(), std::back_inserter(*ready),
+    std::copy_if(all.begin(), all.end(), std::back_inserter(ready),
                  [this](const IntegrationConnection &connection) {
                      return connection.enabled && m_store.isReady(connection);
                  });
-    const std::shared_ptr<const std::vector<IntegrationConnection>> shared = ready;
-    start(shared, fetchStripe, &AppState::stripeStats, &Publishing::stripe);
-    start(shared, fetchGitHub, &AppState::githubStats, &Publishing::github);
-    start(shared, fetchRevenue, &AppState::revenueStats, &Publishing::revenue);
-    start(shared, fetchAnalytics, &AppState::analyticsStats, &Publishing::analytics);
-    start(shared, fetchSimple, &AppState::simpleStats, &Publishing::simple);
+    startFamily(ready, AccountFamily::stripe, fetchStripe, &AppState::stripeStats,
+                &Publishing::stripe);
+    startFamily(ready, AccountFamily::github, fetchGitHub, &AppState::githubStats,
+                &Publishing::github);
+    startFamily(ready, AccountFamily::revenue, fetchRevenue, &AppState::revenueStats,
+                &Publishing::revenue);
+    startFamily(ready, AccountFamily::analytics, fetchAnalytics, &AppState::analyticsStats,
+                &Publishing::analytics);
+    startFamily(ready, AccountFamily::simple, fetchSimple, &AppState::simpleStats,
+                &Publishing::simple);
     fetchFreeIntegrations();
     fetchCustomAPIs();
 }
 
 void IntegrationRefresh::fetchCustomAPIs() {
     if (m_store.customAPIs().empty()) {
+        m_publishing->custom.forgetWaiting();
         m_state.customResults = {};
         return;
     }
@@ -131,6 +156,7 @@ void IntegrationRefresh::fetchCustomAPIs() {
 void IntegrationRefresh::fetchFreeIntegrations() {
     if (!m_store.quoteEnabled() &&
         m_preferences.placement(WidgetKind::quote) == WidgetPlacement::off) {
+        m_publishing->quote.forgetWaiting();
         m_state.quote = std::nullopt;
         return;
     }

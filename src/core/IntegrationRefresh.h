@@ -4,14 +4,17 @@
 #include "core/IntegrationServices.h"
 
 #include <memory>
+#include <vector>
 
 namespace zeph {
 
 class AppState;
+enum class AccountFamily;
 class IntegrationsStore;
 class Keychain;
 class PreferencesStore;
 class TaskLane;
+struct IntegrationConnection;
 class RunLoop;
 class TaskExecutor;
 
@@ -50,6 +53,9 @@ private:
 
     template <typename Source, typename Fetch, typename Property>
     void start(Source sources, Fetch fetch, Property property, TaskLane Publishing::*lane);
+    template <typename Fetch, typename Property>
+    void startFamily(const std::vector<IntegrationConnection> &ready, AccountFamily family,
+                     Fetch fetch, Property property, TaskLane Publishing::*lane);
     void fetchFreeIntegrations();
 
     AppState &m_state;

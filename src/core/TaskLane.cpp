@@ -14,11 +14,15 @@ constexpr int sideBySide = 2;
 } // namespace
 
 void TaskLane::enter(std::function<void()> task) {
-    if (m_running < sideBySide) {
-        start(std::move(task));
-    } else {
+    if (isFull()) {
         m_waiting = std::move(task);
+    } else {
+        start(std::move(task));
     }
+}
+
+bool TaskLane::isFull() const {
+    return m_running >= sideBySide;
 }
 
 void TaskLane::leave() {

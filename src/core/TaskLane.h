@@ -20,6 +20,12 @@ public:
     /// One that was started has ended.
     void leave();
 
+    /// Whether the next to enter would have to wait.
+    bool isFull() const;
+
+    /// What waits is no longer wanted.
+    void forgetWaiting() { m_waiting = nullptr; }
+
 private:
     void start(std::function<void()> task);
 

@@ -309,6 +309,39 @@ TEST_F(IntegrationRefreshTest, aPromptThatStaysOpenHoldsTwoRunsAFamilyAndNoMore)
     EXPECT_EQ(executor.waiting(), 0U);
 }
 
+TEST_F(IntegrationRefreshTest, aRunThatWaitsIsForgottenWhenNothingIsWantedAnyMore) {
+    withoutQuote();
+    preferences.set(WidgetPlacement::always, WidgetKind::quote);
+    loop.drain();
+    launch();
+    const auto only = endpoint(u"c"_s);
+    store->upsertCustomAPI(only);
+    executor.runAll();
+    for (int run = 0; run < 3; ++run) {
+        refresh->fetchIntegrations();
+    }
+    preferences.set(WidgetPlacement::off, WidgetKind::quote);
+    store->deleteCustomAPI(only.id);
+    refresh->fetchIntegrations();
+    for (int round = 0; round < 3; ++round) {
+        executor.runAll();
+        loop.drain();
+    }
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), u"custom https://c"_s), 2);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), u"quote"_s), 2);
+}
+
+TEST_F(IntegrationRefreshTest, aFamilyWithoutAccountsIsEmptiedEvenWhileItsRunsHang) {
+    const auto account = connect(u"stripe"_s, u"a"_s);
+    launch();
+    refresh->fetchIntegrations();
+    refresh->fetchIntegrations();
+    state.stripeStats = {StripeStats{}};
+    store->deleteConnection(account.id);
+    refresh->fetchIntegrations();
+    EXPECT_THAT(*state.stripeStats, IsEmpty());
+}
+
 TEST_F(IntegrationRefreshTest, aTaskThatStartsAfterTheEndDoesNothing) {
     connect(u"stripe"_s, u"k"_s);
     launch();

@@ -59,6 +59,17 @@ TEST_F(AppDelegateTest, launchMovesTheSecretsOfAnEarlierVersionAwayFromTheMainTh
     EXPECT_TRUE(defaults.boolean(u"tavi.keychain.serviceMigrated"_s));
 }
 
+TEST_F(AppDelegateTest, endpointsThatComeInLateAreAskedAlone) {
+    integrations.upsertCustomAPI({QUuid::createUuid(), u"n"_s, u"https://a.org"_s, {}, {}});
+    delegate.applicationDidFinishLaunching();
+    while (executor.waiting() > 0) {
+        executor.runAll();
+        loop.drain();
+    }
+    notifications.post(notifications::zephCustomAPIsLoaded);
+    EXPECT_EQ(executor.waiting(), 1U);
+}
+
 TEST_F(AppDelegateTest, theRatingsSourceIsNamedAsTheAccountSays) {
     delegate.applicationDidFinishLaunching();
     IntegrationConnection account = integrations.addConnection(u"ahrefs"_s, {}, u"a.org"_s);

@@ -3,6 +3,8 @@
 
 #include "platform/UserDefaults.h"
 
+#include <QStringList>
+
 #include <atomic>
 #include <map>
 #include <mutex>
@@ -20,6 +22,7 @@ public:
     void set(const QString &key, const DefaultsValue &value) override {
         const std::lock_guard guard(m_mutex);
         m_values[key] = value;
+        written << key;
         ++writes;
     }
     void remove(const QString &key) override {
@@ -29,6 +32,7 @@ public:
     }
 
     std::atomic<int> writes = 0;
+    QStringList written; ///< the keys that were set, in order
 
 private:
     mutable std::mutex m_mutex;

@@ -15,4 +15,13 @@ inline QString secretAccount(const QUuid &id) {
     return QStringLiteral("integration.") + uuidText(id);
 }
 
+/// The setting that tells whether custom endpoints are kept, and the name under which they are,
+/// all in one: their headers may hold keys.
+inline QString endpointsExistKey() {
+    return QStringLiteral("zeph.integrations.custom.exists");
+}
+inline QString endpointsAccount() {
+    return QStringLiteral("custom_apis");
+}
+
 } // namespace zeph

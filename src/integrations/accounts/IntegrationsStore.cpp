@@ -21,11 +21,9 @@ namespace zeph {
 namespace {
 
 const auto connectionsKey = u"zeph.integrations.connections"_s;
-const auto customExistsKey = u"zeph.integrations.custom.exists"_s;
 const auto quoteEnabledKey = u"zeph.integrations.quote.enabled"_s;
 const auto migratedKey = u"zeph.integrations.v2"_s;
 const auto removedCursorKey = u"zeph.integrations.removedCursor"_s;
-const auto customAccount = u"custom_apis"_s;
 const auto deprecatedProvider = u"cursor"_s;
 
 std::vector<IntegrationConnection> storedConnections(const UserDefaults &defaults) {
@@ -54,7 +52,7 @@ IntegrationsStore::IntegrationsStore(UserDefaults &defaults, Keychain &keychain,
       m_quoteEnabled(defaults.get<bool>(quoteEnabledKey).value_or(true)) {
     loadCustomAPIs();
     migrateLegacyConnectionsIfNeeded();
-    m_secrets.resume(m_connections, notification());
+    m_secrets.resume(m_connections, [this] { tellReadiness(); });
     removeDeprecatedCursorConnectionsIfNeeded();
 }
 
@@ -110,9 +108,9 @@ bool IntegrationsStore::replace(const IntegrationConnection &connection) {
 
 void IntegrationsStore::deleteConnection(const QUuid &id) {
     objectWillChange.send();
+    m_secrets.erase(id); // noted before the list forgets whose secret it is
     std::erase_if(m_connections, hasId<IntegrationConnection>(id));
     saveConnections();
-    m_secrets.erase(id);
     notifyChanged();
 }
 
@@ -120,7 +118,6 @@ void IntegrationsStore::setSecret(const std::optional<QString> &value, const QUu
     objectWillChange.send();
     const QString secret = value.value_or(QString()).trimmed();
     if (secret.isEmpty()) {
-        m_defaults.set(configuredKey(id), false);
         m_secrets.clear(id);
         notifyChanged();
         return;
@@ -132,14 +129,11 @@ void IntegrationsStore::setSecret(const std::optional<QString> &value, const QUu
         enabled.enabled = true;
         replace(enabled);
     }
-    m_secrets.keep(secret, id, [this] {
-        objectWillChange.send(); // what reads readiness read it too early
-        m_notifications.post(notifications::zephIntegrationsChanged);
-    });
+    m_secrets.keep(secret, id, [this] { tellReadiness(); });
 }
 
 void IntegrationsStore::markReady(const QUuid &id) {
-    m_defaults.set(configuredKey(id), true);
+    m_secrets.markConnected(id);
     notifyChanged();
 }
 
@@ -162,14 +156,14 @@ void IntegrationsStore::saveConnections() {
 // Custom endpoints
 
 void IntegrationsStore::loadCustomAPIs() {
-    if (!m_defaults.boolean(customExistsKey)) {
+    if (!m_defaults.boolean(endpointsExistKey())) {
         return;
     }
     m_areCustomAPIsLoaded = false;
     auto loaded = std::make_shared<CustomAPIs>(); // tasks are copied, so it is shared by two
     m_secrets.run(
         [&keychain = m_keychain, loaded] {
-            const auto text = keychain.get(customAccount);
+            const auto text = keychain.get(endpointsAccount());
             *loaded =
                 (text ? coding::customAPIs(text->toUtf8()) : std::nullopt).value_or(CustomAPIs());
         },
@@ -177,14 +171,17 @@ void IntegrationsStore::loadCustomAPIs() {
 }
 
 void IntegrationsStore::takeCustomAPIs(CustomAPIs loaded) {
-    const auto edits = std::exchange(m_earlyEdits, {});
-    for (const auto &edit : edits) {
+    bool isEdited = !m_earlyEdits.empty();
+    for (const QUuid &id : m_secrets.erasedEndpoints()) {
+        isEdited |= std::erase_if(loaded, hasId<CustomAPIConfig>(id)) > 0;
+    }
+    for (const auto &edit : std::exchange(m_earlyEdits, {})) {
         edit(loaded);
     }
     objectWillChange.send();
     m_customAPIs = std::move(loaded);
     m_areCustomAPIsLoaded = true;
-    if (!edits.empty()) {
+    if (isEdited) {
         saveCustomAPIs();
     } else if (!m_customAPIs.empty()) {
         // All else is being asked for since the launch.
@@ -193,6 +190,7 @@ void IntegrationsStore::takeCustomAPIs(CustomAPIs loaded) {
 }
 
 void IntegrationsStore::upsertCustomAPI(const CustomAPIConfig &config) {
+    m_secrets.noteEndpointKept(config.id);
     editCustomAPIs([config](CustomAPIs &configs) {
         const auto place =
             std::find_if(configs.begin(), configs.end(), hasId<CustomAPIConfig>(config.id));
@@ -201,6 +199,7 @@ void IntegrationsStore::upsertCustomAPI(const CustomAPIConfig &config) {
 }
 
 void IntegrationsStore::deleteCustomAPI(const QUuid &id) {
+    m_secrets.noteEndpointErased(id);
     editCustomAPIs(
         [id](CustomAPIs &configs) { std::erase_if(configs, hasId<CustomAPIConfig>(id)); });
 }
@@ -218,10 +217,8 @@ void IntegrationsStore::editCustomAPIs(const std::function<void(CustomAPIs &)> &
 }
 
 void IntegrationsStore::saveCustomAPIs() {
-    const auto text = QString::fromUtf8(coding::json(m_customAPIs));
-    m_defaults.set(customExistsKey, !m_customAPIs.empty());
-    m_secrets.run([&keychain = m_keychain, text] { keychain.set(text, customAccount); },
-                  notification());
+    m_secrets.keepEndpoints(QString::fromUtf8(coding::json(m_customAPIs)), m_customAPIs.empty(),
+                            notification());
 }
 
 // Quote
@@ -237,6 +234,12 @@ void IntegrationsStore::setQuoteEnabled(bool enabled) {
 
 void IntegrationsStore::notifyChanged() {
     m_runLoop.post(notification());
+}
+
+/// Within a turn of the run loop of its own: what reads readiness read it too early.
+void IntegrationsStore::tellReadiness() {
+    objectWillChange.send();
+    m_notifications.post(notifications::zephIntegrationsChanged);
 }
 
 std::function<void()> IntegrationsStore::notification() {
@@ -264,7 +267,7 @@ void IntegrationsStore::migrateLegacyConnectionsIfNeeded() {
     for (const LegacyAccount &account : accounts) {
         carriedOver.push_back(account.connection);
         if (account.needsNoSecret) {
-            m_defaults.set(configuredKey(account.connection.id), true);
+            m_secrets.markConnected(account.connection.id);
         }
     }
     objectWillChange.send();

@@ -73,8 +73,8 @@ public:
     /// Any thread; never asks the keychain.
     bool isReady(const IntegrationConnection &connection) const;
 
-    /// Waits for the secrets that are on their way; false when that takes longer. For the end of
-    /// the process.
+    /// Waits for the secrets that are on their way; false when that takes longer, and then the
+    /// next launch makes up for them. For the end of the process.
     bool finish(std::chrono::milliseconds patience) { return m_secrets.finish(patience); }
 
 private:
@@ -88,6 +88,7 @@ private:
     void editCustomAPIs(const std::function<void(CustomAPIs &)> &edit);
     void saveCustomAPIs();
     void notifyChanged();
+    void tellReadiness();
     std::function<void()> notification();
 
     void migrateLegacyConnectionsIfNeeded();

@@ -41,7 +41,9 @@ std::optional<QString> Keychain::get(const QString &account) {
         if (!value) {
             return std::nullopt;
         }
-        set(value, account); // remembers it too
+        if (changes() == before) {
+            set(value, account); // remembers it too
+        }
         return value;
     }
     // A secret that was replaced while the old one was being read must not come back.
@@ -79,7 +81,9 @@ void Keychain::migrateLegacyServiceIfNeeded() {
             m_store.remove(legacyService, *item.account);
         }
     }
-    m_defaults.set(serviceMigratedKey, true);
+    if (!m_isClosed) {
+        m_defaults.set(serviceMigratedKey, true);
+    }
 }
 
 std::optional<QString> Keychain::read(const QString &account, const QString &service) {

@@ -4,6 +4,7 @@
 #include <QHash>
 #include <QString>
 
+#include <atomic>
 #include <mutex>
 #include <optional>
 
@@ -35,6 +36,11 @@ public:
     /// others wait, so that none can write a new secret that the move then overwrites.
     void migrateLegacyServiceIfNeeded();
 
+    /// The process ends: from now on the store may answer nothing to whatever it is asked, and
+    /// what follows from its answers must not be written down.
+    void close() { m_isClosed = true; }
+    bool isClosed() const { return m_isClosed; }
+
 private:
     std::optional<QString> read(const QString &account, const QString &service);
     void write(const QString &text, const QString &account, const QString &service);
@@ -48,6 +54,7 @@ private:
     std::mutex m_migration;    // taken before `m_lock`, and held while the store is asked
     mutable std::mutex m_lock; // never held while the store is asked
     QHash<QString, QString> m_cache;
+    std::atomic<bool> m_isClosed = false;
     quint64 m_changes = 0; // grows with every write, so that a read knows when it is outdated
 };
 

@@ -75,14 +75,12 @@ std::vector<LegacyAccount> legacyAccounts(const UserDefaults &defaults) {
     return accounts;
 }
 
-void moveLegacySecret(const SecretMove &move, Keychain &keychain, UserDefaults &defaults) {
+bool copyLegacySecret(const SecretMove &move, Keychain &keychain) {
     const auto secret = keychain.get(move.provider);
-    if (!secret) {
-        return;
+    if (secret) {
+        keychain.set(secret, secretAccount(move.id));
     }
-    keychain.set(secret, secretAccount(move.id));
-    defaults.set(configuredKey(move.id), true);
-    keychain.erase(move.provider);
+    return secret.has_value();
 }
 
 } // namespace zeph

@@ -22,9 +22,8 @@ struct LegacyAccount {
 /// identities.
 std::vector<LegacyAccount> legacyAccounts(const UserDefaults &defaults);
 
-/// Moves the secret to the account's own name and marks the account as connected. One whose
-/// secret is missing stays as it is. Cut off anywhere and begun again, it ends the same. Callable
-/// from any thread; blocks as the keychain does.
-void moveLegacySecret(const SecretMove &move, Keychain &keychain, UserDefaults &defaults);
+/// Copies the secret to the account's own name; false when there is none. Callable from any
+/// thread; blocks as the keychain does.
+bool copyLegacySecret(const SecretMove &move, Keychain &keychain);
 
 } // namespace zeph

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QHash>
 #include <QJsonObject>
 #include <QString>
 #include <QUuid>
@@ -31,17 +32,30 @@ public:
     std::vector<SecretMove> moves() const;
     std::vector<QUuid> erasures() const;
 
+    /// Endpoints that were removed from the list, while the list in the keyring still has them.
+    std::vector<QUuid> endpoints() const;
+
     void add(const SecretMove &move);
     void done(const SecretMove &move);
+
+    /// Every erasure is noted until as many are done as were noted by this object.
     void addErasure(const QUuid &id);
     void erased(const QUuid &id);
 
+    void addEndpoint(const QUuid &id);
+    void endpointsErased(const std::vector<QUuid> &ids);
+
 private:
     QJsonObject stored() const;
+    std::vector<QUuid> ids(const QString &name) const;
+    void addId(const QString &name, const QUuid &id);
+    void removeIds(const QString &name, const std::vector<QUuid> &ids);
     void change(const std::function<void(QJsonObject &)> &edit);
 
     UserDefaults &m_defaults;
-    mutable std::mutex m_lock; // held while the stored value is read, changed and written
+    mutable std::mutex m_lock;        // for what follows
+    QHash<QUuid, int> m_openErasures; // of this process
+    mutable std::mutex m_storage;     // held while the stored value is read, changed and written
 };
 
 } // namespace zeph

@@ -5,6 +5,7 @@
 
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <mutex>
 #include <utility>
 
@@ -17,7 +18,11 @@ struct SerialTasks::Line {
             const auto task = std::exchange(waiting.front(), nullptr);
             waiting.pop_front();
             lock.unlock();
-            task();
+            try {
+                task();
+            } catch (const std::exception &) {
+                // Such as a library without memory. Those that wait are not to blame.
+            }
             lock.lock();
         }
         isWorking = false;
@@ -47,6 +52,11 @@ void SerialTasks::run(std::function<void()> task) {
 bool SerialTasks::waitUntilIdle(std::chrono::milliseconds patience) {
     std::unique_lock lock(m_line->mutex);
     return m_line->idle.wait_for(lock, patience, [this] { return !m_line->isWorking; });
+}
+
+void SerialTasks::dropWaiting() {
+    const std::lock_guard guard(m_line->mutex);
+    m_line->waiting.clear();
 }
 
 } // namespace zeph

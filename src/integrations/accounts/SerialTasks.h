@@ -9,8 +9,9 @@ namespace zeph {
 
 class TaskExecutor;
 
-/// Runs tasks away from the main thread one after the other, in the order given. Tasks that were
-/// given run even when this is gone, as long as the executor takes them.
+/// Runs tasks away from the main thread one after the other, in the order given; one that fails
+/// with an exception ends alone. Tasks that were given run even when this is gone, as long as the
+/// executor takes them.
 class SerialTasks {
 public:
     explicit SerialTasks(TaskExecutor &executor);
@@ -19,6 +20,9 @@ public:
 
     /// Waits until no task is left; false when that takes longer than `patience`.
     bool waitUntilIdle(std::chrono::milliseconds patience);
+
+    /// Drops what has not begun.
+    void dropWaiting();
 
 private:
     struct Line;

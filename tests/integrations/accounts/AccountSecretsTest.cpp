@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "integrations/accounts/StoreFixture.h"
 
+#include <new>
+
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -119,6 +121,95 @@ TEST_F(AccountSecretsTest, anErasureThatTheEndCutsOffIsMadeUpFor) {
     EXPECT_FALSE(store->hasSecret(cleared.id));
     launch();
     EXPECT_EQ(executor.waiting(), 0U) << "there is nothing left to erase";
+}
+
+TEST_F(AccountSecretsTest, anErasureThatAnEndCutsOffAtAnyCallIsMadeUpFor) {
+    hasEnded = true;
+    for (int last = 0; hasEnded; ++last) {
+        SCOPED_TRACE(last);
+        const auto cleared = add(u"stripe"_s);
+        const auto deleted = add(u"polar"_s);
+        store->setSecret(u"one"_s, cleared.id);
+        store->setSecret(u"two"_s, deleted.id);
+        settle();
+        endAtCall(last);
+        store->setSecret(std::nullopt, cleared.id);
+        store->deleteConnection(deleted.id);
+        settle();
+        launchAfterEnd();
+        EXPECT_THAT(secrets.entries(), IsEmpty());
+        EXPECT_FALSE(store->hasSecret(cleared.id));
+        EXPECT_EQ(defaults.value(u"zeph.integrations.pendingSecrets"_s), std::nullopt);
+    }
+}
+
+TEST_F(AccountSecretsTest, anEndWhileASecretIsKeptLeavesNoMarkWithoutASecret) {
+    hasEnded = true;
+    for (int last = 0; hasEnded; ++last) {
+        SCOPED_TRACE(last);
+        const auto account = add(u"stripe"_s);
+        endAtCall(last);
+        store->setSecret(u"sk"_s, account.id);
+        settle();
+        launchAfterEnd();
+        EXPECT_EQ(store->hasSecret(account.id),
+                  keychain->get(secretAccount(account.id)).has_value());
+    }
+}
+
+TEST_F(AccountSecretsTest, theLastOfSeveralErasuresIsMadeUpForToo) {
+    const auto account = add(u"stripe"_s);
+    store->setSecret(std::nullopt, account.id);
+    store->setSecret(u"sk"_s, account.id);
+    store->setSecret(std::nullopt, account.id);
+    endAtCall(5); // the first two are done, the third begins
+    settle();
+    EXPECT_TRUE(hasEnded);
+    EXPECT_EQ(secrets.entries().size(), 1);
+    launchAfterEnd();
+    EXPECT_THAT(secrets.entries(), IsEmpty());
+    EXPECT_FALSE(store->hasSecret(account.id));
+}
+
+TEST_F(AccountSecretsTest, anAccountMarkedReadyAfterItsKeyWasClearedStaysReady) {
+    const auto account = add(u"github"_s, u"octo"_s);
+    store->setSecret(u"ghp"_s, account.id);
+    store->setSecret(std::nullopt, account.id);
+    store->markReady(account.id);
+    settle();
+    EXPECT_TRUE(store->isReady(account));
+    EXPECT_THAT(secrets.entries(), IsEmpty());
+}
+
+TEST_F(AccountSecretsTest, anErasureIsNotedBeforeTheListForgetsTheAccount) {
+    const auto account = add(u"stripe"_s);
+    settle();
+    defaults.written.clear();
+    store->deleteConnection(account.id);
+    EXPECT_THAT(defaults.written, ElementsAre(u"zeph.integrations.pendingSecrets"_s,
+                                              u"zeph.integrations.connections"_s));
+    defaults.written.clear();
+    store->setSecret(std::nullopt, account.id);
+    EXPECT_EQ(defaults.written.value(0), configuredKey(account.id)) << "noted since the deletion";
+}
+
+TEST_F(AccountSecretsTest, aKeyringThatFailsKeepsTheNoteAndHoldsUpNoOther) {
+    const auto one = add(u"stripe"_s);
+    const auto two = add(u"stripe"_s);
+    store->setSecret(u"1"_s, one.id);
+    store->setSecret(u"2"_s, two.id);
+    settle();
+    secrets.setHook([&one](const QString &call) {
+        if (call.endsWith(secretAccount(one.id))) {
+            throw std::bad_alloc();
+        }
+    });
+    store->deleteConnection(one.id);
+    store->deleteConnection(two.id);
+    settle();
+    EXPECT_EQ(secrets.entries().size(), 1);
+    launchAfterEnd();
+    EXPECT_THAT(secrets.entries(), IsEmpty());
 }
 
 TEST_F(AccountSecretsTest, aSecretOfNoAccountIsKeptAllTheSame) {

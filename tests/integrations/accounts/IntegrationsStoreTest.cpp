@@ -183,6 +183,34 @@ TEST_F(IntegrationsStoreTest, anEmptyListOfEndpointsIsWrittenAsOneAndClearsTheFl
     EXPECT_EQ(defaults.get<bool>(u"zeph.integrations.custom.exists"_s), false);
 }
 
+TEST_F(IntegrationsStoreTest, aRemovedEndpointStaysRemovedWhenTheKeyringWasNotReached) {
+    const CustomAPIConfig first{QUuid::createUuid(), u"first"_s, u"https://a.org"_s, {}, {}};
+    const CustomAPIConfig second{QUuid::createUuid(), u"second"_s, u"https://b.org"_s, {}, {}};
+    store->upsertCustomAPI(first);
+    store->upsertCustomAPI(second);
+    settle();
+    store->deleteCustomAPI(first.id);
+    launchAfterEnd();
+    EXPECT_THAT(store->customAPIs(), ElementsAre(second));
+    EXPECT_FALSE(secrets.entries().join(u' ').contains(u"a.org"_s));
+    store->deleteCustomAPI(second.id);
+    launchAfterEnd();
+    EXPECT_THAT(store->customAPIs(), IsEmpty());
+    EXPECT_THAT(secrets.entries(), ElementsAre(u"com.tavi.integrations custom_apis=[]"_s));
+    EXPECT_EQ(defaults.get<bool>(u"zeph.integrations.custom.exists"_s), false);
+    EXPECT_EQ(defaults.value(u"zeph.integrations.pendingSecrets"_s), std::nullopt);
+}
+
+TEST_F(IntegrationsStoreTest, anEndpointThatCameBackIsNotRemovedLater) {
+    const CustomAPIConfig config{QUuid::createUuid(), u"n"_s, u"u"_s, {}, {}};
+    store->upsertCustomAPI(config);
+    settle();
+    store->deleteCustomAPI(config.id);
+    store->upsertCustomAPI(config);
+    launchAfterEnd();
+    EXPECT_THAT(store->customAPIs(), ElementsAre(config));
+}
+
 TEST_F(IntegrationsStoreTest, theQuoteIsStoredAndTold) {
     EXPECT_TRUE(store->quoteEnabled());
     bool atSignal = false;

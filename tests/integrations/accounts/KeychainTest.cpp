@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 
 #include <thread>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
@@ -193,6 +194,20 @@ TEST_F(KeychainMigrationTest, movesEveryReadableEntryOnce) {
     EXPECT_EQ(defaults.get<bool>(migratedKey), true);
     keychain.migrateLegacyServiceIfNeeded();
     EXPECT_THAT(store.takeCalls(), IsEmpty());
+}
+
+TEST_F(KeychainMigrationTest, aSecretErasedWhileTheOldOneIsReadDoesNotComeBack) {
+    defaults.set(migratedKey, true);
+    store.put(legacy, {account, "old"});
+    bool isReading = false;
+    store.setHook([&](const QString &call) {
+        if (call.startsWith(u"copy com.zeph") && !std::exchange(isReading, true)) {
+            keychain.set(u"new"_s, account);
+            store.put(legacy, {account, "old"}); // what the read under way had found
+        }
+    });
+    EXPECT_EQ(keychain.get(account), u"old"_s);
+    EXPECT_EQ(keychain.get(account), u"new"_s);
 }
 
 TEST_F(KeychainMigrationTest, leavesWhatItCannotReadWhereItIs) {

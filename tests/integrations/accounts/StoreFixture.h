@@ -46,6 +46,29 @@ protected:
         } while (executor.waiting() > 0);
     }
 
+    /// Ends the program in good order when the secure store is called for the `last`th time from
+    /// now, as while it asks for a password: from then on nothing is answered, found or kept.
+    /// `hasEnded` tells whether it came to that.
+    void endAtCall(int last) {
+        hasEnded = false;
+        secrets.setHook([this, last, calls = 0](const QString &) mutable {
+            if (calls++ == last) {
+                hasEnded = true;
+                store->finish(std::chrono::milliseconds(0));
+                secrets.refuse();
+            }
+        });
+    }
+
+    /// Starts the program anew after such an end, and lets everything happen.
+    void launchAfterEnd() {
+        secrets.setHook({});
+        secrets.refuse(false);
+        executor.forgetAll();
+        launch();
+        settle();
+    }
+
     void stored(const std::vector<IntegrationConnection> &connections) {
         defaults.set(QStringLiteral("zeph.integrations.connections"), coding::json(connections));
     }
@@ -85,6 +108,7 @@ protected:
     std::unique_ptr<IntegrationsStore> store;
     int posts = 0;
     int willChanges = 0;
+    bool hasEnded = false;
 
 private:
     Subscription changes;

@@ -38,6 +38,14 @@ protected:
         legacySecret(u"stripe"_s, "sk");
         legacySecret(u"github"_s, "ghp");
     }
+    void expectBothCarriedOver() {
+        ASSERT_THAT(store->connections(), SizeIs(2));
+        EXPECT_EQ(secret(store->connections()[0]), u"sk"_s);
+        EXPECT_EQ(secret(store->connections()[1]), u"ghp"_s);
+        EXPECT_TRUE(store->isReady(store->connections()[0]));
+        EXPECT_EQ(secrets.entries().size(), 2);
+        EXPECT_EQ(defaults.value(u"zeph.integrations.pendingSecrets"_s), std::nullopt);
+    }
     void launchAndWait() {
         launch();
         settle();
@@ -203,33 +211,63 @@ TEST_F(StoreMigrationTest, accountsAppearAtOnceAndAreReadyWhenTheirSecretsHaveMo
     EXPECT_TRUE(store->isReady(made));
 }
 
-TEST_F(StoreMigrationTest, anEndAtAnyCallOfTheKeyringLosesNoSecretAndLeavesNone) {
-    struct End {};
-    bool hasEnded = true;
-    for (int last = 0; hasEnded; ++last) {
-        hasEnded = false;
+TEST_F(StoreMigrationTest, aCrashAtAnyCallOfTheKeyringLosesNoSecretAndLeavesNone) {
+    struct Crash {};
+    bool hasCrashed = true;
+    for (int last = 0; hasCrashed; ++last) {
+        SCOPED_TRACE(last);
+        hasCrashed = false;
         int calls = 0;
         earlierVersionWithTwoKeys();
         secrets.setHook([&](const QString &) {
             if (calls++ == last) {
-                throw End();
+                throw Crash();
             }
         });
         launch();
         try {
             settle();
-        } catch (const End &) {
-            hasEnded = true;
+        } catch (const Crash &) {
+            hasCrashed = true;
         }
-        secrets.setHook({});
-        launchAndWait();
-        ASSERT_THAT(store->connections(), SizeIs(2)) << "after call " << last;
-        EXPECT_EQ(secret(store->connections()[0]), u"sk"_s) << "after call " << last;
-        EXPECT_EQ(secret(store->connections()[1]), u"ghp"_s) << "after call " << last;
-        EXPECT_TRUE(store->isReady(store->connections()[0])) << "after call " << last;
-        EXPECT_EQ(secrets.entries().size(), 2) << "after call " << last;
-        EXPECT_EQ(defaults.value(u"zeph.integrations.pendingSecrets"_s), std::nullopt);
+        launchAfterEnd();
+        expectBothCarriedOver();
     }
+}
+
+TEST_F(StoreMigrationTest, anEndAtAnyCallOfTheKeyringLosesNoSecretAndLeavesNone) {
+    hasEnded = true;
+    for (int last = 0; hasEnded; ++last) {
+        SCOPED_TRACE(last);
+        earlierVersionWithTwoKeys();
+        launch();
+        endAtCall(last);
+        settle();
+        launchAfterEnd();
+        expectBothCarriedOver();
+    }
+}
+
+TEST_F(StoreMigrationTest, anEndWithinTheMoveToTheServiceNameLeavesItToTheNextLaunch) {
+    defaults.remove(u"tavi.keychain.serviceMigrated"_s);
+    secrets.put(u"com.zeph.integrations"_s, {u"stripe"_s, "sk"});
+    launch();
+    endAtCall(0);
+    keychain->migrateLegacyServiceIfNeeded();
+    EXPECT_FALSE(defaults.boolean(u"tavi.keychain.serviceMigrated"_s));
+    launchAfterEnd();
+    keychain->migrateLegacyServiceIfNeeded();
+    EXPECT_THAT(secrets.entries(), ElementsAre(u"com.tavi.integrations stripe=sk"_s));
+}
+
+TEST_F(StoreMigrationTest, anAccountClearedBeforeItsSecretMovedIsNotReadyLater) {
+    setting(u"stripe.configured"_s, true);
+    legacySecret(u"stripe"_s, "sk");
+    launch();
+    store->setSecret(std::nullopt, only().id);
+    launchAfterEnd();
+    EXPECT_FALSE(store->hasSecret(only().id));
+    EXPECT_THAT(secrets.entries(), IsEmpty());
 }
 
 TEST_F(StoreMigrationTest, anEndBeforeTheListIsKeptMigratesAnew) {
