@@ -4,6 +4,7 @@
 #include "X11Fixture.h"
 
 #include "platform/linux/x11/X11InputEvents.h"
+#include "support/ManualRunLoop.h"
 
 #include <algorithm>
 
@@ -79,8 +80,10 @@ protected:
     }
 
     FakeScreens screens;
+    ManualClock clock;
+    ManualRunLoop loop{clock};
     bool consent = true;
-    X11InputEvents input{*connection, screens, [this] { return consent; }};
+    X11InputEvents input{*connection, screens, loop, [this] { return consent; }};
     std::vector<InputEvent> events;
 };
 
@@ -88,9 +91,9 @@ protected:
 /// heard, the tap under test has had the occasion to hear.
 class InputWitness {
 public:
-    InputWitness(const QByteArray &display, const Screens &screens)
+    InputWitness(const QByteArray &display, const Screens &screens, RunLoop &loop)
         : m_connection(X11Connection::open(display)),
-          m_input(*m_connection, screens, [] { return true; }),
+          m_input(*m_connection, screens, loop, [] { return true; }),
           m_tap(m_input.makeTap([this](const InputEvent &event) { m_heard.push_back(event); })) {
         m_tap->enable();
         m_connection->intern("ZEPH_TEST");

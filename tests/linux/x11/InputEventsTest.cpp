@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "InputEventsFixture.h"
 
+#include "sensors/InputMonitor.h"
+
 #include <sys/resource.h>
 
 #include <algorithm>
@@ -155,7 +157,7 @@ TEST_F(InputEventsTest, makesNoTapWithoutConsent) {
 TEST_F(InputEventsTest, fallsSilentWhenConsentIsWithdrawn) {
     openTypewriter();
     const auto tap = startTap();
-    const InputWitness witness(session.display(), screens);
+    const InputWitness witness(session.display(), screens, loop);
     consent = false;
     xdotool({u"type"_s, u"abc"_s});
     xdotool({u"click"_s, u"1"_s});
@@ -167,9 +169,44 @@ TEST_F(InputEventsTest, fallsSilentWhenConsentIsWithdrawn) {
     EXPECT_TRUE(events.empty());
 }
 
+TEST_F(InputEventsTest, hearsAgainOnceConsentIsBack) {
+    openTypewriter();
+    InputMonitor monitor(clock, input);
+    monitor.start();
+    connection->intern("ZEPH_TEST");
+    xdotool({u"key"_s, u"a"_s});
+    ASSERT_TRUE(waitUntil([&] { return monitor.totalKeystrokes() == 1; }));
+    EXPECT_EQ(loop.timerCount(), 0U) << "nothing to look for while consent stands";
+
+    consent = false;
+    xdotool({u"key"_s, u"a"_s, u"click"_s, u"1"_s});
+    ASSERT_TRUE(waitUntil([&] { return loop.timerCount() == 1; }));
+    loop.advance(100);
+    EXPECT_EQ(loop.timerCount(), 1U) << "it goes on looking";
+    consent = true;
+    loop.advance(44);
+    EXPECT_EQ(loop.timerCount(), 0U);
+    connection->intern("ZEPH_TEST");
+    xdotool({u"key"_s, u"a"_s, u"click"_s, u"1"_s});
+    EXPECT_TRUE(waitUntil([&] { return monitor.totalKeystrokes() == 2; }));
+    EXPECT_TRUE(waitUntil([&] { return monitor.mouseClicks() == 1; }));
+}
+
+TEST_F(InputEventsTest, looksForConsentNoMoreAfterItsEnd) {
+    auto tap = startTap();
+    consent = false;
+    xdotool({u"click"_s, u"1"_s});
+    ASSERT_TRUE(waitUntil([&] { return loop.timerCount() == 1; }));
+    tap.reset();
+    EXPECT_EQ(loop.timerCount(), 0U);
+    consent = true;
+    loop.advance(100);
+    EXPECT_TRUE(events.empty());
+}
+
 TEST_F(InputEventsTest, saysNothingBeforeItIsEnabledAndAfterItsEnd) {
     openTypewriter();
-    const InputWitness witness(session.display(), screens);
+    const InputWitness witness(session.display(), screens, loop);
     auto tap = input.makeTap([this](const InputEvent &event) { events.push_back(event); });
     ASSERT_TRUE(tap);
     xdotool({u"click"_s, u"1"_s});
@@ -188,7 +225,7 @@ TEST_F(InputEventsTest, saysNothingBeforeItIsEnabledAndAfterItsEnd) {
 TEST_F(InputEventsTest, countsKeysWhereTheyCantBeRecorded) {
     const auto single = openWithoutRecording();
     ASSERT_TRUE(single);
-    X11InputEvents bare(*single, screens, [] { return true; });
+    X11InputEvents bare(*single, screens, loop, [] { return true; });
     const auto tap = startTap(bare, *single, events);
     ASSERT_TRUE(tap);
     xdotool({u"type"_s, u"--delay"_s, u"1"_s, u"abcde"_s});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/x11/X11InputTap.h"
 
+#include "platform/RunLoop.h"
 #include "platform/Screens.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11KeyPresses.h"
@@ -16,6 +17,9 @@ namespace {
 constexpr std::uint32_t kLeftButton = 1;
 constexpr std::uint32_t kRightButton = 3;
 
+// As often as a consent given for the first time is looked for.
+constexpr std::chrono::seconds kConsentPeriod(45);
+
 // The toolkit leaves a display's origin in device pixels and scales what lies within.
 QPointF toPoints(const Screens &screens, QPoint position) {
     const auto all = screens.all();
@@ -30,10 +34,11 @@ QPointF toPoints(const Screens &screens, QPoint position) {
 
 } // namespace
 
-X11InputTap::X11InputTap(X11Connection &connection, const Screens &screens,
+X11InputTap::X11InputTap(X11Connection &connection, const Screens &screens, RunLoop &runLoop,
                          std::function<bool()> isTrusted, Handler handler)
     : X11EventListener(connection),
       m_screens(screens),
+      m_runLoop(runLoop),
       m_isTrusted(std::move(isTrusted)),
       m_handler(std::move(handler)),
       m_motion(
@@ -48,6 +53,7 @@ void X11InputTap::enable() {
     if (!m_isTrusted() || std::exchange(m_isEnabled, true)) {
         return;
     }
+    m_consentTimer.reset();
     m_keys = X11KeyPresses::start(connection(), [this] {
         if (mayTell()) {
             m_handler({InputEventKind::keyDown, {}});
@@ -70,8 +76,16 @@ void X11InputTap::disable() {
 bool X11InputTap::mayTell() {
     if (m_isEnabled && !m_isTrusted()) {
         disable(); // consent was withdrawn: listen no longer
+        m_consentTimer = m_runLoop.repeat(kConsentPeriod, [this] { lookForConsent(); });
     }
     return m_isEnabled;
+}
+
+void X11InputTap::lookForConsent() {
+    if (m_isTrusted()) {
+        const auto ended = std::move(m_consentTimer); // lives until the end of its own tick
+        m_handler({InputEventKind::tapDisabledByUserInput, {}});
+    }
 }
 
 void X11InputTap::selectEvents(bool motion) {
