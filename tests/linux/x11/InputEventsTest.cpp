@@ -4,6 +4,7 @@
 #include "sensors/InputMonitor.h"
 
 #include <sys/resource.h>
+#include <xcb/xinput.h>
 
 #include <algorithm>
 #include <cmath>
@@ -97,6 +98,47 @@ TEST_F(InputEventsTest, tellsDraggingFromMoving) {
     EXPECT_TRUE(waitForCount(InputEventKind::rightMouseDragged, 1));
     xdotool({u"mouseup"_s, u"3"_s});
 }
+
+namespace {
+
+/// Whether the server tells motion to this connection. It does not while the tap reads positions,
+/// and does again once the pointer rests and all its way is read.
+bool hearsMotion(const X11Connection &connection) {
+    const X11Reply<xcb_input_xi_get_selected_events_reply_t> reply(
+        xcb_input_xi_get_selected_events_reply(
+            connection.xcb(), xcb_input_xi_get_selected_events(connection.xcb(), connection.root()),
+            nullptr));
+    bool found = false;
+    if (reply) {
+        auto masks = xcb_input_xi_get_selected_events_masks_iterator(reply.get());
+        for (; masks.rem > 0; xcb_input_event_mask_next(&masks)) {
+            const std::uint32_t *mask = xcb_input_event_mask_mask(masks.data);
+            found = found || (*mask & XCB_INPUT_XI_EVENT_MASK_RAW_MOTION) != 0;
+        }
+    }
+    return found;
+}
+
+} // namespace
+
+class OtherButtonTest : public InputEventsTest, public testing::WithParamInterface<const char *> {};
+
+TEST_P(OtherButtonTest, addsNoTravelWhileItAloneIsHeld) {
+    const QString button = QString::fromLatin1(GetParam());
+    const auto tap = startTap();
+    xdotool({u"mousedown"_s, button});
+    xdotool(relativeMoves(1, u"50"_s, u"0"_s));
+    ASSERT_TRUE(waitUntil([&] { return !hearsMotion(*connection); }));
+    ASSERT_TRUE(waitUntil([&] { return hearsMotion(*connection); }));
+    EXPECT_TRUE(events.empty());
+    xdotool(QStringList{u"mousedown"_s, u"1"_s} + relativeMoves(1, u"5"_s, u"0"_s));
+    EXPECT_TRUE(waitForCount(InputEventKind::leftMouseDragged, 1));
+    xdotool({u"mouseup"_s, u"1"_s, u"mouseup"_s, button});
+    xdotool(relativeMoves(1, u"5"_s, u"0"_s));
+    EXPECT_TRUE(waitForCount(InputEventKind::mouseMoved, 1));
+}
+
+INSTANTIATE_TEST_SUITE_P(MiddleAndThumb, OtherButtonTest, testing::Values("2", "8"));
 
 TEST_F(InputEventsTest, givesPositionsInPoints) {
     screens.screens = {screen(QString(), 1, 640, 400, 0, 2)};

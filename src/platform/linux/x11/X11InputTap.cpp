@@ -17,6 +17,12 @@ namespace {
 constexpr std::uint32_t kLeftButton = 1;
 constexpr std::uint32_t kRightButton = 3;
 
+constexpr unsigned bitOf(std::uint32_t button) {
+    return 1U << button;
+}
+
+constexpr unsigned kWheels = bitOf(4) | bitOf(5) | bitOf(6) | bitOf(7);
+
 // As often as a consent given for the first time is looked for.
 constexpr std::chrono::seconds kConsentPeriod(45);
 
@@ -121,7 +127,7 @@ void X11InputTap::handleEvent(std::uint8_t kind, const xcb_generic_event_t &even
         tellButton(eventAs<xcb_input_raw_button_press_event_t>(event).detail);
         break;
     case XCB_INPUT_RAW_MOTION:
-        m_motion.noteMotion();
+        m_motion.noteMotion(eventAs<xcb_input_raw_motion_event_t>(event).deviceid);
         break;
     default:
         break;
@@ -142,10 +148,12 @@ void X11InputTap::tellMotion(QPoint position, unsigned buttons) {
         return;
     }
     InputEventKind kind = InputEventKind::mouseMoved;
-    if ((buttons & XCB_KEY_BUT_MASK_BUTTON_1) != 0) {
+    if ((buttons & bitOf(kLeftButton)) != 0) {
         kind = InputEventKind::leftMouseDragged;
-    } else if ((buttons & XCB_KEY_BUT_MASK_BUTTON_3) != 0) {
+    } else if ((buttons & bitOf(kRightButton)) != 0) {
         kind = InputEventKind::rightMouseDragged;
+    } else if ((buttons & ~kWheels) != 0) {
+        return; // a drag with another button is no travel
     }
     m_handler({kind, toPoints(m_screens, position)});
 }
