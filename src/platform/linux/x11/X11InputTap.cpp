@@ -47,6 +47,7 @@ X11InputTap::X11InputTap(X11Connection &connection, const Screens &screens, RunL
       m_runLoop(runLoop),
       m_isTrusted(std::move(isTrusted)),
       m_handler(std::move(handler)),
+      m_modifiers(connection),
       m_motion(
           connection, [this](bool wanted) { selectEvents(wanted); },
           [this](QPoint position, unsigned buttons) { tellMotion(position, buttons); }) {}
@@ -60,7 +61,7 @@ void X11InputTap::enable() {
         return;
     }
     m_consentTimer.reset();
-    m_keys = X11KeyPresses::start(connection(), [this] {
+    m_keys = X11KeyPresses::start(connection(), m_modifiers, [this] {
         if (mayTell()) {
             m_handler({InputEventKind::keyDown, {}});
         }
@@ -121,7 +122,10 @@ void X11InputTap::handleEvent(std::uint8_t kind, const xcb_generic_event_t &even
     }
     switch (generic.event_type) {
     case XCB_INPUT_RAW_KEY_PRESS:
-        m_handler({InputEventKind::keyDown, {}}); // which key it was is never looked at
+        // Nothing else is asked of which key it was, and the connection wipes it.
+        if (!m_modifiers.contains(eventAs<xcb_input_raw_key_press_event_t>(event).detail)) {
+            m_handler({InputEventKind::keyDown, {}});
+        }
         break;
     case XCB_INPUT_RAW_BUTTON_PRESS:
         tellButton(eventAs<xcb_input_raw_button_press_event_t>(event).detail);

@@ -3,6 +3,7 @@
 
 #include "platform/InputEvents.h"
 #include "platform/linux/x11/X11EventListener.h"
+#include "platform/linux/x11/X11ModifierKeys.h"
 #include "platform/linux/x11/X11PointerMotion.h"
 
 namespace zeph {
@@ -39,6 +40,7 @@ private:
     std::function<bool()> m_isTrusted;
     Handler m_handler;
     bool m_isEnabled = false;
+    X11ModifierKeys m_modifiers;
     std::unique_ptr<X11KeyPresses> m_keys;
     X11PointerMotion m_motion;
     std::unique_ptr<RunLoopTimer> m_consentTimer; // while consent is withdrawn
