@@ -14,8 +14,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Wired links are named en… or eth…, wireless ones wl…; loopback, tunnels and bridges are not.
+// A dot marks a virtual network such as enp3s0.100, whose bytes the link below it has counted.
 bool isCounted(const QString &name) {
-    return name.startsWith(u"en"_s) || name.startsWith(u"eth"_s) || name.startsWith(u"wl"_s);
+    return !name.contains(u'.') &&
+           (name.startsWith(u"en"_s) || name.startsWith(u"eth"_s) || name.startsWith(u"wl"_s));
 }
 
 double rate(quint64 before, quint64 now, double seconds) {

@@ -69,7 +69,8 @@ TEST_F(NetworkSample, countsWiredAndWirelessLinksOnly) {
         std::vector<LinkCounters> all;
         for (const QString &name :
              {u"lo"_s, u"enp3s0"_s, u"eth0"_s, u"wlan0"_s, u"wlp2s0"_s, u"docker0"_s, u"br-en"_s,
-              u"veth12"_s, u"tun0"_s, u"wg0"_s, u"virbr0"_s, u"Eth1"_s}) {
+              u"veth12"_s, u"tun0"_s, u"wg0"_s, u"virbr0"_s, u"Eth1"_s, u"enp3s0.100"_s,
+              u"eth0.5"_s, u"wlan0.7"_s}) {
             all.push_back({name, each, 2 * each});
         }
         return all;

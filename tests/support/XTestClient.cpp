@@ -145,6 +145,25 @@ void XTestClient::drainEvents() {
     }
 }
 
+void XTestClient::setAutoRepeat(bool repeats) {
+    const std::uint32_t mode = repeats ? XCB_AUTO_REPEAT_MODE_ON : XCB_AUTO_REPEAT_MODE_OFF;
+    xcb_change_keyboard_control(m_connection.get(), XCB_KB_AUTO_REPEAT_MODE, &mode);
+    focus(); // the server has done it when it answers
+}
+
+void XTestClient::setThirdModifier(const QList<xcb_keycode_t> &keys) {
+    auto *c = m_connection.get();
+    const auto mapping =
+        own(xcb_get_modifier_mapping_reply(c, xcb_get_modifier_mapping(c), nullptr));
+    const auto width = static_cast<qsizetype>(mapping->keycodes_per_modifier);
+    auto *codes = xcb_get_modifier_mapping_keycodes(mapping.get());
+    for (qsizetype i = 0; i < width; ++i) {
+        codes[XCB_MAP_INDEX_3 * width + i] = i < keys.size() ? keys[i] : xcb_keycode_t{0};
+    }
+    own(xcb_set_modifier_mapping_reply(
+        c, xcb_set_modifier_mapping(c, mapping->keycodes_per_modifier, codes), nullptr));
+}
+
 xcb_window_t XTestClient::root() const {
     return m_screen->root;
 }

@@ -50,6 +50,11 @@ public:
     void watchFocus(xcb_window_t window);
     int focusCount(xcb_window_t window);
 
+    /// Whether held keys repeat.
+    void setAutoRepeat(bool repeats);
+    /// Makes these keys the third of the modifiers, which a new server leaves without any.
+    void setThirdModifier(const QList<xcb_keycode_t> &keys);
+
     xcb_window_t root() const;
     xcb_atom_t atom(const QByteArray &name) const;
     QList<std::uint32_t> numbers(xcb_window_t window, const QByteArray &property) const;

@@ -68,7 +68,7 @@ struct LinuxPlatform::Adapters {
                          QLocale::system().name()),
           workspace(*x11, desktopEntries),
           inputConsent(Consent::forInput(defaults)),
-          inputEvents(*x11, screens, [this] { return inputConsent.isGranted(); }),
+          inputEvents(*x11, screens, runLoop, [this] { return inputConsent.isGranted(); }),
           eventStore(clock, userCalendar, runLoop, defaults),
           locationPermission(defaults),
           ports{.clock = clock,

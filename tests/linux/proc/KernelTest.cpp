@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <ctime>
+#include <limits>
 
 namespace zeph {
 
@@ -114,13 +115,19 @@ TEST(SystemClockOfTheKernel, tellsTheTimeToBetterThanAMillisecond) {
     timespec now{};
     ASSERT_EQ(::clock_gettime(CLOCK_REALTIME, &now), 0);
     EXPECT_NEAR(clock.now().secondsSince1970, static_cast<double>(now.tv_sec), 2.0);
-    const Date first = clock.now();
-    QElapsedTimer limit;
-    limit.start();
-    while (clock.now() == first && limit.elapsed() < 1000) {
+    // The least step of several, since the process may lose the processor between two readings.
+    double leastStep = std::numeric_limits<double>::max();
+    for (int attempt = 0; attempt < 100 && leastStep >= 0.001; ++attempt) {
+        QElapsedTimer limit;
+        limit.start();
+        const Date first = clock.now();
+        Date next = first;
+        while (next == first && limit.elapsed() < 1000) {
+            next = clock.now();
+        }
+        leastStep = next > first ? std::min(leastStep, next - first) : leastStep;
     }
-    EXPECT_LT(clock.now() - first, 1.0);
-    EXPECT_GT(clock.now() - first, 0);
+    EXPECT_LT(leastStep, 0.001);
 }
 
 } // namespace

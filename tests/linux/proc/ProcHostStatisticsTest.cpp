@@ -149,6 +149,17 @@ TEST(ProcHostStatistics, readsTheFilesAnewEachTime) {
     EXPECT_EQ(host.bootTime(), Date{12});
 }
 
+TEST(ProcHostStatistics, refusesABootTimeBeyondWhatSignedSecondsHold) {
+    ChangingTree files;
+    const ProcHostStatistics host(files.path());
+    files.write(u"stat"_s, "btime 9223372036854775807\n");
+    EXPECT_TRUE(host.bootTime());
+    files.write(u"stat"_s, "btime 9223372036854775808\n");
+    EXPECT_FALSE(host.bootTime());
+    files.write(u"stat"_s, "btime 18446744073709551615\n");
+    EXPECT_FALSE(host.bootTime());
+}
+
 TEST(ProcHostStatistics, usesNoMemoryWhenMoreIsAvailableThanThereIs) {
     ChangingTree files;
     files.write(u"meminfo"_s, "MemTotal: 1000 kB\nMemAvailable: 2000 kB\n");

@@ -21,7 +21,7 @@ namespace {
 /// Turns the event loop until `condition` holds; false when it never does.
 template <typename Condition>
 bool eventually(Condition condition) {
-    const QDeadlineTimer deadline(5000);
+    const QDeadlineTimer deadline(20'000);
     while (!condition() && !deadline.hasExpired()) {
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
     }

@@ -102,7 +102,12 @@ std::optional<Date> parseBootTime(QByteArrayView stat) {
         return std::nullopt;
     }
     const std::optional<quint64> seconds = takeNumber(*rest);
-    return seconds ? std::optional(Date{static_cast<double>(*seconds)}) : std::nullopt;
+    // The time since then has to be one that can be told in whole seconds.
+    constexpr quint64 last = std::numeric_limits<qint64>::max();
+    if (!seconds || *seconds > last) {
+        return std::nullopt;
+    }
+    return Date{static_cast<double>(*seconds)};
 }
 
 std::optional<MemoryInfo> parseMemoryInfo(QByteArrayView meminfo) {

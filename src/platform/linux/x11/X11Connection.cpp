@@ -16,6 +16,7 @@
 #include <xcb/xinput.h>
 
 #include <algorithm>
+#include <cstring>
 #include <utility>
 
 namespace zeph {
@@ -190,7 +191,7 @@ void X11Connection::dispatch() {
     }
 }
 
-void X11Connection::deliver(const xcb_generic_event_t &event) {
+void X11Connection::deliver(xcb_generic_event_t &event) {
     const auto kind = static_cast<std::uint8_t>(event.response_type & ~kSentByClient);
     if (kind == 0) {
         return; // an error of a request on a window that went away
@@ -202,6 +203,8 @@ void X11Connection::deliver(const xcb_generic_event_t &event) {
             listener->handleEvent(kind, event);
         }
     }
+    // It may have held which key was pressed, which is not to stay in memory.
+    explicit_bzero(&event, sizeof event);
 }
 
 bool X11Connection::deliverNextReply() {

@@ -88,7 +88,7 @@ private:
     void removeListener(X11EventListener &listener);
     void beforeBlocking();
     void dispatch();
-    void deliver(const xcb_generic_event_t &event);
+    void deliver(xcb_generic_event_t &event);
     bool deliverNextReply();
     void noteLoss();
 

@@ -29,9 +29,12 @@ bool speaksInput2(X11Connection &connection) {
 
 } // namespace
 
-X11InputEvents::X11InputEvents(X11Connection &connection, const Screens &screens,
+X11InputEvents::X11InputEvents(X11Connection &connection, const Screens &screens, RunLoop &runLoop,
                                std::function<bool()> isTrusted)
-    : m_connection(connection), m_screens(screens), m_isTrusted(std::move(isTrusted)) {}
+    : m_connection(connection),
+      m_screens(screens),
+      m_runLoop(runLoop),
+      m_isTrusted(std::move(isTrusted)) {}
 
 double X11InputEvents::secondsSinceLastEvent() const {
     if (!m_sinceAsked.isValid() || m_sinceAsked.hasExpired(kFreshMilliseconds)) {
@@ -69,7 +72,8 @@ X11InputEvents::makeTap(std::function<void(const InputEvent &)> handler) {
     if (!m_isTrusted() || !speaksInput2(m_connection)) {
         return nullptr;
     }
-    return std::make_unique<X11InputTap>(m_connection, m_screens, m_isTrusted, std::move(handler));
+    return std::make_unique<X11InputTap>(m_connection, m_screens, m_runLoop, m_isTrusted,
+                                         std::move(handler));
 }
 
 } // namespace zeph

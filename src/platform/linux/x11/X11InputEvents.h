@@ -7,6 +7,7 @@
 
 namespace zeph {
 
+class RunLoop;
 class Screens;
 class X11Connection;
 
@@ -14,7 +15,7 @@ class X11Connection;
 class X11InputEvents : public InputEvents {
 public:
     /// `isTrusted` tells, at any moment, whether the user consents to input timing.
-    X11InputEvents(X11Connection &connection, const Screens &screens,
+    X11InputEvents(X11Connection &connection, const Screens &screens, RunLoop &runLoop,
                    std::function<bool()> isTrusted);
 
     /// One round trip, at most twice a second.
@@ -29,6 +30,7 @@ private:
 
     X11Connection &m_connection;
     const Screens &m_screens;
+    RunLoop &m_runLoop;
     std::function<bool()> m_isTrusted;
     mutable double m_idleSeconds = 0;
     mutable QElapsedTimer m_sinceAsked;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/x11/X11InputTap.h"
 
+#include "platform/RunLoop.h"
 #include "platform/Screens.h"
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11KeyPresses.h"
@@ -16,6 +17,15 @@ namespace {
 constexpr std::uint32_t kLeftButton = 1;
 constexpr std::uint32_t kRightButton = 3;
 
+constexpr unsigned bitOf(std::uint32_t button) {
+    return 1U << button;
+}
+
+constexpr unsigned kWheels = bitOf(4) | bitOf(5) | bitOf(6) | bitOf(7);
+
+// As often as a consent given for the first time is looked for.
+constexpr std::chrono::seconds kConsentPeriod(45);
+
 // The toolkit leaves a display's origin in device pixels and scales what lies within.
 QPointF toPoints(const Screens &screens, QPoint position) {
     const auto all = screens.all();
@@ -30,12 +40,14 @@ QPointF toPoints(const Screens &screens, QPoint position) {
 
 } // namespace
 
-X11InputTap::X11InputTap(X11Connection &connection, const Screens &screens,
+X11InputTap::X11InputTap(X11Connection &connection, const Screens &screens, RunLoop &runLoop,
                          std::function<bool()> isTrusted, Handler handler)
     : X11EventListener(connection),
       m_screens(screens),
+      m_runLoop(runLoop),
       m_isTrusted(std::move(isTrusted)),
       m_handler(std::move(handler)),
+      m_modifiers(connection),
       m_motion(
           connection, [this](bool wanted) { selectEvents(wanted); },
           [this](QPoint position, unsigned buttons) { tellMotion(position, buttons); }) {}
@@ -48,7 +60,8 @@ void X11InputTap::enable() {
     if (!m_isTrusted() || std::exchange(m_isEnabled, true)) {
         return;
     }
-    m_keys = X11KeyPresses::start(connection(), [this] {
+    m_consentTimer.reset();
+    m_keys = X11KeyPresses::start(connection(), m_modifiers, [this] {
         if (mayTell()) {
             m_handler({InputEventKind::keyDown, {}});
         }
@@ -70,8 +83,16 @@ void X11InputTap::disable() {
 bool X11InputTap::mayTell() {
     if (m_isEnabled && !m_isTrusted()) {
         disable(); // consent was withdrawn: listen no longer
+        m_consentTimer = m_runLoop.repeat(kConsentPeriod, [this] { lookForConsent(); });
     }
     return m_isEnabled;
+}
+
+void X11InputTap::lookForConsent() {
+    if (m_isTrusted()) {
+        const auto ended = std::move(m_consentTimer); // lives until the end of its own tick
+        m_handler({InputEventKind::tapDisabledByUserInput, {}});
+    }
 }
 
 void X11InputTap::selectEvents(bool motion) {
@@ -101,13 +122,16 @@ void X11InputTap::handleEvent(std::uint8_t kind, const xcb_generic_event_t &even
     }
     switch (generic.event_type) {
     case XCB_INPUT_RAW_KEY_PRESS:
-        m_handler({InputEventKind::keyDown, {}}); // which key it was is never looked at
+        // Nothing else is asked of which key it was, and the connection wipes it.
+        if (!m_modifiers.contains(eventAs<xcb_input_raw_key_press_event_t>(event).detail)) {
+            m_handler({InputEventKind::keyDown, {}});
+        }
         break;
     case XCB_INPUT_RAW_BUTTON_PRESS:
         tellButton(eventAs<xcb_input_raw_button_press_event_t>(event).detail);
         break;
     case XCB_INPUT_RAW_MOTION:
-        m_motion.noteMotion();
+        m_motion.noteMotion(eventAs<xcb_input_raw_motion_event_t>(event).deviceid);
         break;
     default:
         break;
@@ -128,10 +152,12 @@ void X11InputTap::tellMotion(QPoint position, unsigned buttons) {
         return;
     }
     InputEventKind kind = InputEventKind::mouseMoved;
-    if ((buttons & XCB_KEY_BUT_MASK_BUTTON_1) != 0) {
+    if ((buttons & bitOf(kLeftButton)) != 0) {
         kind = InputEventKind::leftMouseDragged;
-    } else if ((buttons & XCB_KEY_BUT_MASK_BUTTON_3) != 0) {
+    } else if ((buttons & bitOf(kRightButton)) != 0) {
         kind = InputEventKind::rightMouseDragged;
+    } else if ((buttons & ~kWheels) != 0) {
+        return; // a drag with another button is no travel
     }
     m_handler({kind, toPoints(m_screens, position)});
 }

@@ -2,6 +2,7 @@
 #include "platform/linux/x11/X11KeyPresses.h"
 
 #include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11ModifierKeys.h"
 
 #include <xcb/xcbext.h>
 
@@ -13,6 +14,7 @@ namespace zeph {
 namespace {
 
 constexpr std::size_t kEventBytes = 32;
+constexpr std::size_t kKeyCode = 1;     // where it lies in an event
 constexpr std::uint8_t kFromServer = 0; // the category of recorded input
 
 xcb_record_context_t createContext(X11Connection &control) {
@@ -27,17 +29,22 @@ xcb_record_context_t createContext(X11Connection &control) {
     return refusal ? xcb_record_context_t{XCB_NONE} : context;
 }
 
-// Counts the events of one chunk, and wipes the chunk.
-int countAndWipe(xcb_record_enable_context_reply_t &chunk) {
+// Counts the events of one chunk but those of modifiers, and wipes the chunk.
+int countAndWipe(xcb_record_enable_context_reply_t &chunk, const X11ModifierKeys &modifiers) {
     auto *bytes = xcb_record_enable_context_data(&chunk);
     const auto size = static_cast<std::size_t>(xcb_record_enable_context_data_length(&chunk));
+    int presses = 0;
+    for (std::size_t event = 0; event + kEventBytes <= size; event += kEventBytes) {
+        presses += modifiers.contains(bytes[event + kKeyCode]) ? 0 : 1;
+    }
     explicit_bzero(bytes, size);
-    return chunk.category == kFromServer ? static_cast<int>(size / kEventBytes) : 0;
+    return chunk.category == kFromServer ? presses : 0;
 }
 
 } // namespace
 
 std::unique_ptr<X11KeyPresses> X11KeyPresses::start(X11Connection &control,
+                                                    const X11ModifierKeys &modifiers,
                                                     std::function<void()> handler) {
     if (!control.extension(X11Extension::record)) {
         return nullptr;
@@ -55,12 +62,13 @@ std::unique_ptr<X11KeyPresses> X11KeyPresses::start(X11Connection &control,
         return nullptr;
     }
     return std::unique_ptr<X11KeyPresses>(
-        new X11KeyPresses(control, std::move(data), context, std::move(handler)));
+        new X11KeyPresses(control, modifiers, std::move(data), context, std::move(handler)));
 }
 
-X11KeyPresses::X11KeyPresses(X11Connection &control, Handle data, xcb_record_context_t context,
-                             std::function<void()> handler)
+X11KeyPresses::X11KeyPresses(X11Connection &control, const X11ModifierKeys &modifiers, Handle data,
+                             xcb_record_context_t context, std::function<void()> handler)
     : m_control(control),
+      m_modifiers(modifiers),
       m_data(std::move(data)),
       m_context(context),
       m_stream(xcb_record_enable_context(m_data.get(), context).sequence),
@@ -96,7 +104,7 @@ void X11KeyPresses::read() {
             m_notifier.setEnabled(false); // the stream has ended, and the server perhaps with it
             break;
         }
-        presses += countAndWipe(*chunk);
+        presses += countAndWipe(*chunk, m_modifiers);
     }
     for (; presses > 0; --presses) {
         m_handler();

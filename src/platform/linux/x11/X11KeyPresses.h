@@ -11,18 +11,20 @@
 namespace zeph {
 
 class X11Connection;
+class X11ModifierKeys;
 
-/// A stream of key presses, autorepeat included, that says no more than that there was one. The
-/// server has to send which key it was; that is never looked at and wiped at once.
+/// A stream of key presses, autorepeat included, that says no more than that there was one.
+/// Modifiers by themselves are left out. The server has to send which key it was; nothing but
+/// whether it is a modifier is asked of that, and it is wiped at once.
 ///
 /// The server's recording extension is used because the raw events of the input extension leave
 /// autorepeat out. It occupies a connection of its own.
 class X11KeyPresses {
 public:
-    /// Calls `handler` for each key press; null when the server does not record. `control`
-    /// outlives the stream.
-    static std::unique_ptr<X11KeyPresses> start(X11Connection &control,
-                                                std::function<void()> handler);
+    /// Calls `handler` for each key press; null when the server does not record. `control` and
+    /// `modifiers` outlive the stream.
+    static std::unique_ptr<X11KeyPresses>
+    start(X11Connection &control, const X11ModifierKeys &modifiers, std::function<void()> handler);
     ~X11KeyPresses();
 
     /// Ends the stream; may be called from the handler.
@@ -37,11 +39,12 @@ private:
     };
     using Handle = std::unique_ptr<xcb_connection_t, Disconnect>;
 
-    X11KeyPresses(X11Connection &control, Handle data, xcb_record_context_t context,
-                  std::function<void()> handler);
+    X11KeyPresses(X11Connection &control, const X11ModifierKeys &modifiers, Handle data,
+                  xcb_record_context_t context, std::function<void()> handler);
     void read();
 
     X11Connection &m_control;
+    const X11ModifierKeys &m_modifiers;
     Handle m_data;
     xcb_record_context_t m_context;
     unsigned m_stream;

@@ -10,6 +10,7 @@ namespace zeph {
 namespace {
 
 constexpr qint64 kPeriod = 50; // milliseconds
+constexpr xcb_input_fp1616_t kFixedPoint = 1 << 16;
 
 } // namespace
 
@@ -23,7 +24,8 @@ X11PointerMotion::X11PointerMotion(X11Connection &connection, std::function<void
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { askForPosition(); });
 }
 
-void X11PointerMotion::noteMotion() {
+void X11PointerMotion::noteMotion(std::uint16_t device) {
+    m_device = device;
     if (std::exchange(m_state, State::moving) == State::moving) {
         return; // sent before the server heard that no more are wanted
     }
@@ -46,15 +48,17 @@ void X11PointerMotion::askForPosition() {
         return;
     }
     m_sinceAsked.start();
-    const auto cookie = xcb_query_pointer(connection().xcb(), connection().root());
+    // The core protocol's answer leaves out the buttons beyond the wheel.
+    const auto cookie =
+        xcb_input_xi_query_pointer(connection().xcb(), connection().root(), m_device);
     connection().whenReplied(
         *this, {cookie.sequence}, [this](const X11Connection::Replies &replies) {
             m_isAsking = false;
-            takePosition(static_cast<const xcb_query_pointer_reply_t *>(replies[0].get()));
+            takePosition(static_cast<const xcb_input_xi_query_pointer_reply_t *>(replies[0].get()));
         });
 }
 
-void X11PointerMotion::takePosition(const xcb_query_pointer_reply_t *reply) {
+void X11PointerMotion::takePosition(const xcb_input_xi_query_pointer_reply_t *reply) {
     const bool hasMoved = reply && tell(*reply);
     switch (m_state) {
     case State::resting:
@@ -75,13 +79,14 @@ void X11PointerMotion::takePosition(const xcb_query_pointer_reply_t *reply) {
     }
 }
 
-bool X11PointerMotion::tell(const xcb_query_pointer_reply_t &reply) {
-    const QPoint position(reply.root_x, reply.root_y);
+bool X11PointerMotion::tell(const xcb_input_xi_query_pointer_reply_t &reply) {
+    const QPoint position(reply.root_x / kFixedPoint, reply.root_y / kFixedPoint);
     if (m_last == position) {
         return false;
     }
     m_last = position;
-    m_handler(position, reply.mask);
+    const bool hasButtons = xcb_input_xi_query_pointer_buttons_length(&reply) > 0;
+    m_handler(position, hasButtons ? *xcb_input_xi_query_pointer_buttons(&reply) : 0);
     return true;
 }
 

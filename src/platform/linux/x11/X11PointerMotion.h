@@ -7,6 +7,8 @@
 #include <QPoint>
 #include <QTimer>
 
+#include <xcb/xinput.h>
+
 #include <functional>
 #include <optional>
 
@@ -17,15 +19,15 @@ namespace zeph {
 /// rest are the events turned on again, to be woken by the first one.
 class X11PointerMotion : private X11EventListener {
 public:
-    /// The position in device pixels of the root, and the buttons held (XCB_KEY_BUT_MASK_…).
+    /// The position in device pixels of the root, and the buttons held: bit 1 for the first.
     using Handler = std::function<void(QPoint position, unsigned buttons)>;
 
     /// `wantEvents` turns the motion events of the server on or off.
     X11PointerMotion(X11Connection &connection, std::function<void(bool)> wantEvents,
                      Handler handler);
 
-    /// To be called for each motion event.
-    void noteMotion();
+    /// To be called for each motion event, with the pointer that moved.
+    void noteMotion(std::uint16_t device);
 
     /// Forgets what is under way; motion events are off afterwards.
     void stop();
@@ -39,12 +41,13 @@ private:
 
     void handleEvent(std::uint8_t /*kind*/, const xcb_generic_event_t & /*event*/) override {}
     void askForPosition();
-    void takePosition(const xcb_query_pointer_reply_t *reply);
-    bool tell(const xcb_query_pointer_reply_t &reply);
+    void takePosition(const xcb_input_xi_query_pointer_reply_t *reply);
+    bool tell(const xcb_input_xi_query_pointer_reply_t &reply);
 
     std::function<void(bool)> m_wantEvents;
     Handler m_handler;
     State m_state = State::resting;
+    std::uint16_t m_device = 0;
     bool m_isAsking = false;
     std::optional<QPoint> m_last;
     QElapsedTimer m_sinceAsked;
