@@ -39,12 +39,21 @@ void DesktopWindow::makeSurface() {
     m_renderer.invalidate();
 }
 
+void DesktopWindow::compositingChanged() {
+    if (wantsTransparency()) {
+        rebuildSurface();
+    }
+}
+
 void DesktopWindow::rebuildSurface() {
+    // It goes last, so that what lies beneath does not flash through.
+    const std::unique_ptr<DesktopSurface> old = std::move(m_surface);
     makeSurface();
     display();
     if (m_onScreen) {
         m_surface->orderFront();
     }
+    old->orderOut();
 }
 
 void DesktopWindow::setTargetScreen(const Screen &screen) {

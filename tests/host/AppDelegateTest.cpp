@@ -12,7 +12,7 @@
 #include "presentation/preferences/PreferencesStore.h"
 #include "support/FakePlatform.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 
@@ -20,6 +20,8 @@ using namespace Qt::StringLiterals;
 
 namespace zeph {
 namespace {
+
+using testing::IsEmpty;
 
 class AppDelegateTest : public testing::Test, public FakePlatform {
 protected:
@@ -220,6 +222,35 @@ TEST_F(AppDelegateTest, transparentModeMakesTheSurfacesAnewAndFollowsTheComposit
     ASSERT_EQ(living().size(), 2U);
     EXPECT_EQ(qAlpha(living().front()->lastFrame.pixel(2, 2)), 255)
         << "without a compositor the solid backdrop stands in";
+}
+
+TEST_F(AppDelegateTest, anOpaqueWallpaperTakesNoNoticeOfACompositor) {
+    launch();
+    windowServer.story->clear();
+    for (const bool isRunning : {true, false}) {
+        windowServer.compositing = isRunning;
+        windowServer.compositingHandler();
+        loop.drain();
+    }
+    EXPECT_THAT(*windowServer.story, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, theNewSurfaceShowsBeforeTheOldOneGoes) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400)};
+    preferences.setBackgroundMode(BackgroundMode::transparent);
+    launch();
+    windowServer.story->clear();
+    windowServer.compositing = true;
+    windowServer.compositingHandler();
+    const std::vector<std::string> changeOver{"1 made", "1 presented", "1 shown", "0 hidden",
+                                              "0 gone"};
+    EXPECT_EQ(*windowServer.story, changeOver);
+    windowServer.story->clear();
+    preferences.setBackgroundMode(BackgroundMode::solid);
+    loop.drain();
+    const std::vector<std::string> changeBack{"2 made", "2 presented", "2 shown", "1 hidden",
+                                              "1 gone"};
+    EXPECT_EQ(*windowServer.story, changeBack);
 }
 
 TEST_F(AppDelegateTest, terminationPersistsAndTwiceIsHarmless) {
