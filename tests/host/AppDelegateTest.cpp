@@ -21,6 +21,7 @@ using namespace Qt::StringLiterals;
 namespace zeph {
 namespace {
 
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 class AppDelegateTest : public testing::Test, public FakePlatform {
@@ -155,6 +156,49 @@ TEST_F(AppDelegateTest, insetsAreThePrimaryScreensAndNeverNegative) {
     screens.screens = {first, screen(u"B"_s, 2, 640, 400, 640, 1, 99)};
     launch();
     EXPECT_EQ(*delegate.state().dockInsets, (EdgeInsets{30, 20, 10, 0}));
+}
+
+TEST_F(AppDelegateTest, withoutWindowsTheInsetsAreTheMainScreens) {
+    screens.screens.clear();
+    screens.mainAlone = screen(u"A"_s, 1, 640, 400, 0, 1, 30);
+    launch();
+    EXPECT_TRUE(delegate.desktopWindows().empty());
+    EXPECT_EQ(*delegate.state().dockInsets, (EdgeInsets{30, 0, 0, 0}));
+}
+
+TEST_F(AppDelegateTest, insetsFollowAPanelOnAWindowThatStays) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400)};
+    launch();
+    const auto before = living();
+    EXPECT_EQ(*delegate.state().dockInsets, EdgeInsets());
+    screens.change({screen(u"A"_s, 1, 640, 400, 0, 1, 30)});
+    EXPECT_EQ(living(), before);
+    EXPECT_EQ(*delegate.state().dockInsets, (EdgeInsets{30, 0, 0, 0}));
+}
+
+TEST_F(AppDelegateTest, anotherScaleOfTheSamePixelsRepaintsAllOfThem) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400)};
+    launch();
+    const auto log = living().front();
+    const qint64 painted = log->presentedPixels;
+    screens.change({screen(u"A"_s, 1, 320, 200, 0, 2)});
+    loop.drain();
+    ASSERT_EQ(living(), std::vector{log});
+    EXPECT_GE(log->presentedPixels - painted, 640LL * 400);
+    const QImage scaled = log->lastFrame;
+    screens.change({});
+    screens.change({screen(u"A"_s, 1, 320, 200, 0, 2)});
+    loop.drain();
+    ASSERT_EQ(living().size(), 1U);
+    EXPECT_EQ(living().front()->lastFrame, scaled) << "a new window looks the same";
+}
+
+TEST_F(AppDelegateTest, aWindowIsHiddenBeforeItGoes) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400)};
+    launch();
+    windowServer.story->clear();
+    screens.change({});
+    EXPECT_THAT(*windowServer.story, ElementsAre("0 hidden", "0 gone"));
 }
 
 TEST_F(AppDelegateTest, insetsAreAssignedOnEveryRebuildChangedOrNot) {
