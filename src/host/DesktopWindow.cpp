@@ -57,14 +57,9 @@ void DesktopWindow::rebuildSurface() {
 }
 
 void DesktopWindow::setTargetScreen(const Screen &screen) {
-    const bool resized =
-        screen.deviceFrame.size() != m_screen.deviceFrame.size() || screen.scale != m_screen.scale;
     m_screen = screen;
     m_surface->setScreen(screen);
-    if (resized) {
-        m_renderer.invalidate();
-    }
-    display();
+    display(); // another size or scale repaints all
 }
 
 void DesktopWindow::setNeedsDisplay() {
