@@ -20,6 +20,7 @@
 #include "presentation/preferences/PreferencesStore.h"
 
 #include <QDBusConnection>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QStandardPaths>
 
@@ -104,11 +105,18 @@ int runPrimary(const ProgramSettings &settings) {
     return EXIT_SUCCESS;
 }
 
-/// Tells the running program that it was started again.
-int runSecondary(SingleInstance &instance) {
-    instance.activateOwner([](bool) { QCoreApplication::quit(); });
-    QCoreApplication::exec();
-    return EXIT_SUCCESS;
+/// Tells a running program that it was started again, or takes its place when it is just ending.
+InstanceRole settleRole(SingleInstance &instance) {
+    InstanceRole role = instance.claim();
+    if (role == InstanceRole::secondary) {
+        QEventLoop waiting;
+        instance.activateOrSucceedOwner([&](InstanceRole settled) {
+            role = settled;
+            waiting.quit();
+        });
+        waiting.exec();
+    }
+    return role;
 }
 
 } // namespace
@@ -132,10 +140,7 @@ int runProgram(char **arguments, const ProgramSettings &settings) {
     SingleInstance instance(QDBusConnection::sessionBus(), [](const ApplicationRequest &) {
         // Being started again asks for nothing that is here yet.
     });
-    if (instance.claim() == InstanceRole::secondary) {
-        return runSecondary(instance);
-    }
-    return runPrimary(settings);
+    return settleRole(instance) == InstanceRole::secondary ? EXIT_SUCCESS : runPrimary(settings);
 }
 
 } // namespace zeph

@@ -119,7 +119,7 @@ void AppDelegate::observeScreenChanges() {
         m_services.notifications.observe(notifications::zephDisplaySelectionChanged, rebuild));
     m_services.platform.windowServer.setCompositingHandler([this] {
         for (const auto &window : m_desktopWindows) {
-            window->rebuildSurface();
+            window->compositingChanged();
         }
     });
 }

@@ -51,7 +51,7 @@ void SlowSensors::listenForLateWords() {
         m_calendar.sample();
         m_state.calendar = m_calendar.summary();
     });
-    m_platform.desktopFolder.setEntriesHandler([this] { publishDesktop(); });
+    m_platform.desktopFolder.setEntriesHandler([this] { publishLateDesktop(); });
 }
 
 void SlowSensors::sample() {
@@ -92,6 +92,17 @@ void SlowSensors::preferencesChanged() {
 void SlowSensors::publishDesktop() {
     if (m_preferences.isOn(WidgetKind::desktop)) {
         m_desktop.sample();
+        m_state.desktop = m_desktop.summary();
+    }
+}
+
+/// The folder tells of every listing, and a round has published most of them already.
+void SlowSensors::publishLateDesktop() {
+    if (!m_preferences.isOn(WidgetKind::desktop)) {
+        return;
+    }
+    m_desktop.sample();
+    if (*m_state.desktop != m_desktop.summary()) {
         m_state.desktop = m_desktop.summary();
     }
 }

@@ -39,6 +39,7 @@ private:
     void listenForLateWords();
     void publish();
     void publishDesktop();
+    void publishLateDesktop();
     void sampleReminders(bool requestIfNeeded);
     void readReminders();
     void sampleDevices();

@@ -39,23 +39,27 @@ void DesktopWindow::makeSurface() {
     m_renderer.invalidate();
 }
 
+void DesktopWindow::compositingChanged() {
+    if (wantsTransparency()) {
+        rebuildSurface();
+    }
+}
+
 void DesktopWindow::rebuildSurface() {
+    // It goes last, so that what lies beneath does not flash through.
+    const std::unique_ptr<DesktopSurface> old = std::move(m_surface);
     makeSurface();
     display();
     if (m_onScreen) {
         m_surface->orderFront();
     }
+    old->orderOut();
 }
 
 void DesktopWindow::setTargetScreen(const Screen &screen) {
-    const bool resized =
-        screen.deviceFrame.size() != m_screen.deviceFrame.size() || screen.scale != m_screen.scale;
     m_screen = screen;
     m_surface->setScreen(screen);
-    if (resized) {
-        m_renderer.invalidate();
-    }
-    display();
+    display(); // another size or scale repaints all
 }
 
 void DesktopWindow::setNeedsDisplay() {

@@ -36,12 +36,14 @@ public:
     /// Puts the painted window on its screen; no application loses focus.
     void orderFrontRegardless();
 
-    /// Makes the surface anew, as when a compositor came or went.
-    void rebuildSurface();
+    /// To be called when a compositor came or went. Makes the surface anew where it matters: an
+    /// opaque one looks the same with and without.
+    void compositingChanged();
 
 private:
     bool wantsTransparency() const;
     void makeSurface();
+    void rebuildSurface();
     void display();
 
     WindowServer &m_server;

@@ -7,6 +7,27 @@ using namespace Qt::StringLiterals;
 
 namespace zeph {
 
+namespace {
+
+/// Choices were once stored without the connector, which is the last part of some identities.
+std::optional<Screen> chosenByWordsAlone(const QString &words, const std::vector<Screen> &all) {
+    std::optional<Screen> chosen;
+    for (const Screen &screen : all) {
+        const QString identity = screen.persistentID.value_or(QString());
+        const auto end = identity.lastIndexOf(u" @"_s);
+        if (end < 0 || identity.left(end) != words) {
+            continue;
+        }
+        if (chosen) {
+            return std::nullopt; // which one was meant can't be told
+        }
+        chosen = screen;
+    }
+    return chosen;
+}
+
+} // namespace
+
 std::vector<Screen> selectedScreens(const DisplaySelection &selection, const Screens &screens) {
     std::vector<Screen> all = screens.all();
     const auto *one = std::get_if<OneScreen>(&selection);
@@ -18,6 +39,9 @@ std::vector<Screen> selectedScreens(const DisplaySelection &selection, const Scr
     });
     if (chosen != all.end()) {
         return {*chosen};
+    }
+    if (const auto former = chosenByWordsAlone(one->identity, all)) {
+        return {*former};
     }
     if (const auto main = screens.main()) {
         return {*main};

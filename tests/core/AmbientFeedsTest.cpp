@@ -158,6 +158,16 @@ TEST_F(AmbientFeedsTest, historyAndTheStationAreAskedForWhileTheirWidgetsAreOn) 
     EXPECT_DOUBLE_EQ((*state.iss)->altitudeKm, 420);
 }
 
+TEST_F(AmbientFeedsTest, aDayWithoutHistoryLeavesTheWallpaper) {
+    turnOn(WidgetKind::onThisDay);
+    makeCoordinator();
+    state.onThisDay = OnThisDayInfo{};
+    failAll();
+    coordinator->start();
+    settle();
+    EXPECT_FALSE(*state.onThisDay);
+}
+
 TEST_F(AmbientFeedsTest, aStationThatCanNotBeFoundLeavesTheWallpaper) {
     turnOn(WidgetKind::iss);
     makeCoordinator();

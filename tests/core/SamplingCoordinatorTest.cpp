@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <string>
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
@@ -72,6 +74,88 @@ TEST_F(SamplingCoordinatorTest, mediumTickRunsEveryThreeSecondsAndAssignsLoadThe
     const int reads = host.cpuReads;
     loop.advance(9);
     EXPECT_EQ(host.cpuReads, reads + 3);
+}
+
+TEST_F(SamplingCoordinatorTest, loadIsAssignedBeforeTheNetwork) {
+    host.pages = MemoryPages{100, 0, 0};
+    makeCoordinator().start();
+    host.pages = MemoryPages{200, 0, 0};
+    wifi.network = u"Harbour"_s;
+    // Each entry tells what had been assigned before the assignment that it stands for.
+    std::vector<std::string> seen;
+    const SystemLoad before = *state.load;
+    const auto watch = state.objectWillChange.subscribe([&] {
+        seen.push_back((*state.load == before ? "old load" : "new load") +
+                       std::string(state.network->ssid ? ", new network" : ", old network"));
+    });
+    loop.advance(3); // the three fast ticks in it publish nothing
+    EXPECT_THAT(seen, ElementsAre("old load, old network", "new load, old network"));
+    EXPECT_EQ(state.network->ssid, u"Harbour"_s);
+}
+
+TEST_F(SamplingCoordinatorTest, anIdleLaunchLeavesLoadAndNetworkEmpty) {
+    host.pages = MemoryPages{100, 0, 0};
+    wifi.network = u"Harbour"_s;
+    input.idleSeconds = 90.5;
+    makeCoordinator().start();
+    EXPECT_EQ(*state.load, SystemLoad());
+    EXPECT_EQ(*state.network, NetworkThroughput());
+    input.idleSeconds = 90;
+    makeCoordinator().start();
+    EXPECT_NE(*state.load, SystemLoad());
+    EXPECT_EQ(state.network->ssid, u"Harbour"_s);
+}
+
+TEST_F(SamplingCoordinatorTest, anApplicationIsChargedUpToNinetyIdleSecondsAndNoMore) {
+    workspace.front = application(u"org.a"_s, u"A"_s);
+    makeCoordinator().start();
+    input.idleSeconds = 90;
+    loop.advance(10);
+    ASSERT_EQ(state.rankedApps->size(), 1U);
+    const double seconds = state.rankedApps->front().seconds;
+    EXPECT_GT(seconds, 0);
+    input.idleSeconds = 90.5;
+    loop.advance(20);
+    coordinator->persist();
+    const auto usage = usageStore->loadAppUsage(today());
+    ASSERT_EQ(usage.size(), 1U);
+    EXPECT_DOUBLE_EQ(usage.front().seconds, 10);
+}
+
+TEST_F(SamplingCoordinatorTest, theLongestFocusCarriesTheNameOfItsApplication) {
+    makeCoordinator().start();
+    workspace.activate(application(u"org.a"_s, u"Same"_s));
+    loop.advance(20);
+    // Another one of the same name begins a streak of its own.
+    workspace.activate(application(u"org.b"_s, u"Same"_s));
+    loop.advance(10);
+    EXPECT_EQ(state.activity->longestFocusApp, u"Same"_s);
+    EXPECT_DOUBLE_EQ(state.activity->longestFocusSeconds, 20);
+}
+
+TEST_F(SamplingCoordinatorTest, theSunIsAssignedBeforeTheWeatherIsAskedFor) {
+    makeCoordinator().start();
+    std::optional<std::size_t> waitingAtTheSun;
+    const auto watch = state.objectWillChange.subscribe([&] {
+        if (!waitingAtTheSun) {
+            waitingAtTheSun = executor.waiting();
+        }
+    });
+    const auto before = executor.waiting();
+    locationClient.delegate->locationsUpdated({Coordinate{52.5, 13.4}});
+    EXPECT_TRUE(state.solar->sunrise);
+    EXPECT_EQ(waitingAtTheSun, before) << "no request was under way yet";
+    EXPECT_GT(executor.waiting(), before);
+}
+
+TEST_F(SamplingCoordinatorTest, aSaveKeepsTheActivityAsItIsNowNotAsPublished) {
+    makeCoordinator().start();
+    workspace.activate(application(u"org.a"_s, u"A"_s));
+    loop.advance(7); // counter 8; the last publication was at 5
+    coordinator->persist();
+    ASSERT_TRUE(stored());
+    EXPECT_DOUBLE_EQ(state.activity->activeSeconds, 4);
+    EXPECT_DOUBLE_EQ(stored()->first.activeSeconds, 7);
 }
 
 TEST_F(SamplingCoordinatorTest, anHourOfTicksAssignsByTheScheduleAndNoMore) {

@@ -206,6 +206,34 @@ TEST_F(SlowSensorsTest, aLateWordOfAServiceIsPublishedWhenItComes) {
     EXPECT_EQ(state.desktop->totalItems, 1);
 }
 
+TEST_F(SlowSensorsTest, aListingThatTellsNothingNewIsNotPublishedAgain) {
+    turn(WidgetKind::desktop, true);
+    desktopFolder.listing = std::vector<FolderEntry>{{u"a.png"_s, false, 10}};
+    makeCoordinator().start();
+    ASSERT_EQ(state.desktop->totalItems, 1);
+    EXPECT_EQ(changesDuring([&] { desktopFolder.entriesHandler(); }), 0);
+    desktopFolder.listing->push_back({u"b.png"_s, false, 20});
+    EXPECT_EQ(changesDuring([&] { desktopFolder.entriesHandler(); }), 1);
+    EXPECT_EQ(state.desktop->totalItems, 2);
+}
+
+TEST_F(SlowSensorsTest, aListingIsNotReadWhileItsWidgetIsOff) {
+    turn(WidgetKind::desktop, false);
+    makeCoordinator().start();
+    const auto asked = desktopFolder.asked.size();
+    EXPECT_EQ(changesDuring([&] { desktopFolder.entriesHandler(); }), 0);
+    EXPECT_EQ(desktopFolder.asked.size(), asked);
+}
+
+TEST_F(SlowSensorsTest, aChangeOfThePreferencesReadsNoDesktopWhileItsWidgetIsOff) {
+    turn(WidgetKind::desktop, false);
+    turn(WidgetKind::reminders, false);
+    makeCoordinator().start();
+    const auto asked = desktopFolder.asked.size();
+    EXPECT_EQ(changesDuring([&] { preferences.setUse24HourClock(true); }), 0);
+    EXPECT_EQ(desktopFolder.asked.size(), asked);
+}
+
 TEST_F(SlowSensorsTest, noServiceCallsACoordinatorThatHasEnded) {
     makeCoordinator().start();
     coordinator.reset();

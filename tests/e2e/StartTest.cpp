@@ -2,7 +2,9 @@
 #include "TaviFixture.h"
 
 #include <QDBusConnectionInterface>
+#include <QDBusMessage>
 #include <QDBusReply>
+#include <QDBusVirtualObject>
 
 #include <csignal>
 
@@ -15,6 +17,19 @@ using StartTest = TaviTest;
 namespace {
 
 const QString kNoDisplay = u"tavi: there is no X display to draw on\n"_s;
+const QString kService = u"com.tavi.Tavi"_s;
+
+/// Refuses every call.
+class RefusingObject : public QDBusVirtualObject {
+public:
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &, const QDBusConnection &) override {
+        ++calls;
+        return false;
+    }
+
+    int calls = 0;
+};
 
 } // namespace
 
@@ -24,7 +39,7 @@ TEST_F(StartTest, endsAtOnceWhereTheProgramRunsAlready) {
     ASSERT_TRUE(waitForWallpaper());
     BusConnection watcher(bus.address());
     const auto owner = [&] {
-        return QDBusReply<uint>(watcher.bus().interface()->servicePid(u"com.tavi.Tavi"_s)).value();
+        return QDBusReply<uint>(watcher.bus().interface()->servicePid(kService)).value();
     };
     ASSERT_EQ(owner(), first.process());
     Program second(environment());
@@ -32,6 +47,20 @@ TEST_F(StartTest, endsAtOnceWhereTheProgramRunsAlready) {
     EXPECT_TRUE(first.isRunning());
     EXPECT_EQ(owner(), first.process());
     EXPECT_EQ(client->findAll("Tavi").size(), 1);
+}
+
+TEST_F(StartTest, takesThePlaceOfAProgramThatIsEnding) {
+    startWindowManager();
+    RefusingObject refusing;
+    BusConnection ending(bus.address());
+    ASSERT_TRUE(ending.bus().registerVirtualObject(u"/com/tavi/Tavi"_s, &refusing));
+    ASSERT_TRUE(ending.bus().registerService(kService));
+    Program tavi(environment());
+    ASSERT_TRUE(waitUntil([&] { return refusing.calls > 0; }, kPatience));
+    ASSERT_TRUE(ending.bus().unregisterService(kService));
+    EXPECT_TRUE(waitForWallpaper());
+    tavi.send(SIGTERM);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
 }
 
 TEST_F(StartTest, needsNoBus) {

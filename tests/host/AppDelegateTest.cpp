@@ -12,7 +12,7 @@
 #include "presentation/preferences/PreferencesStore.h"
 #include "support/FakePlatform.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 
@@ -20,6 +20,9 @@ using namespace Qt::StringLiterals;
 
 namespace zeph {
 namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 class AppDelegateTest : public testing::Test, public FakePlatform {
 protected:
@@ -166,6 +169,49 @@ TEST_F(AppDelegateTest, insetsAreThePrimaryScreensAndNeverNegative) {
     EXPECT_EQ(*delegate.state().dockInsets, (EdgeInsets{30, 20, 10, 0}));
 }
 
+TEST_F(AppDelegateTest, withoutWindowsTheInsetsAreTheMainScreens) {
+    screens.screens.clear();
+    screens.mainAlone = screen(u"A"_s, 1, 640, 400, 0, 1, 30);
+    launch();
+    EXPECT_TRUE(delegate.desktopWindows().empty());
+    EXPECT_EQ(*delegate.state().dockInsets, (EdgeInsets{30, 0, 0, 0}));
+}
+
+TEST_F(AppDelegateTest, insetsFollowAPanelOnAWindowThatStays) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400)};
+    launch();
+    const auto before = living();
+    EXPECT_EQ(*delegate.state().dockInsets, EdgeInsets());
+    screens.change({screen(u"A"_s, 1, 640, 400, 0, 1, 30)});
+    EXPECT_EQ(living(), before);
+    EXPECT_EQ(*delegate.state().dockInsets, (EdgeInsets{30, 0, 0, 0}));
+}
+
+TEST_F(AppDelegateTest, anotherScaleOfTheSamePixelsRepaintsAllOfThem) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400)};
+    launch();
+    const auto log = living().front();
+    const qint64 painted = log->presentedPixels;
+    screens.change({screen(u"A"_s, 1, 320, 200, 0, 2)});
+    loop.drain();
+    ASSERT_EQ(living(), std::vector{log});
+    EXPECT_GE(log->presentedPixels - painted, 640LL * 400);
+    const QImage scaled = log->lastFrame;
+    screens.change({});
+    screens.change({screen(u"A"_s, 1, 320, 200, 0, 2)});
+    loop.drain();
+    ASSERT_EQ(living().size(), 1U);
+    EXPECT_EQ(living().front()->lastFrame, scaled) << "a new window looks the same";
+}
+
+TEST_F(AppDelegateTest, aWindowIsHiddenBeforeItGoes) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400)};
+    launch();
+    windowServer.story->clear();
+    screens.change({});
+    EXPECT_THAT(*windowServer.story, ElementsAre("0 hidden", "0 gone"));
+}
+
 TEST_F(AppDelegateTest, insetsAreAssignedOnEveryRebuildChangedOrNot) {
     launch();
     int changes = 0;
@@ -231,6 +277,35 @@ TEST_F(AppDelegateTest, transparentModeMakesTheSurfacesAnewAndFollowsTheComposit
     ASSERT_EQ(living().size(), 2U);
     EXPECT_EQ(qAlpha(living().front()->lastFrame.pixel(2, 2)), 255)
         << "without a compositor the solid backdrop stands in";
+}
+
+TEST_F(AppDelegateTest, anOpaqueWallpaperTakesNoNoticeOfACompositor) {
+    launch();
+    windowServer.story->clear();
+    for (const bool isRunning : {true, false}) {
+        windowServer.compositing = isRunning;
+        windowServer.compositingHandler();
+        loop.drain();
+    }
+    EXPECT_THAT(*windowServer.story, IsEmpty());
+}
+
+TEST_F(AppDelegateTest, theNewSurfaceShowsBeforeTheOldOneGoes) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400)};
+    preferences.setBackgroundMode(BackgroundMode::transparent);
+    launch();
+    windowServer.story->clear();
+    windowServer.compositing = true;
+    windowServer.compositingHandler();
+    const std::vector<std::string> changeOver{"1 made", "1 presented", "1 shown", "0 hidden",
+                                              "0 gone"};
+    EXPECT_EQ(*windowServer.story, changeOver);
+    windowServer.story->clear();
+    preferences.setBackgroundMode(BackgroundMode::solid);
+    loop.drain();
+    const std::vector<std::string> changeBack{"2 made", "2 presented", "2 shown", "1 hidden",
+                                              "1 gone"};
+    EXPECT_EQ(*windowServer.story, changeBack);
 }
 
 TEST_F(AppDelegateTest, terminationPersistsAndTwiceIsHarmless) {

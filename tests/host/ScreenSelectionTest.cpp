@@ -24,6 +24,37 @@ TEST(ScreenSelection, aChosenScreenStandsAlone) {
     EXPECT_EQ(selected.front().persistentID, u"B"_s);
 }
 
+TEST(ScreenSelection, aChoiceWithoutItsConnectorIsTheOneScreenWithTheseWords) {
+    FakeScreens screens;
+    screens.screens = {screen(u"Acme P24 @DP-1"_s, 1, 100, 100),
+                       screen(u"Acme P27 @DP-2"_s, 2, 100, 100, 100)};
+    const auto selected = selectedScreens(OneScreen{u"Acme P27"_s}, screens);
+    ASSERT_EQ(selected.size(), 1U);
+    EXPECT_EQ(selected.front().persistentID, u"Acme P27 @DP-2"_s);
+
+    screens.screens.push_back(screen(u"Acme P27 @DP-3"_s, 3, 100, 100, 200));
+    const auto fallback = selectedScreens(OneScreen{u"Acme P27"_s}, screens);
+    ASSERT_EQ(fallback.size(), 1U);
+    EXPECT_EQ(fallback.front().persistentID, u"Acme P24 @DP-1"_s) << "which twin can't be told";
+}
+
+TEST(ScreenSelection, aChoiceOfOneConnectorIsNeverThatOfAnother) {
+    FakeScreens screens;
+    screens.screens = {screen(u"A"_s, 1, 100, 100), screen(u"Acme P27 @DP-2"_s, 2, 100, 100, 100)};
+    const auto selected = selectedScreens(OneScreen{u"Acme P27 @DP-1"_s}, screens);
+    ASSERT_EQ(selected.size(), 1U);
+    EXPECT_EQ(selected.front().persistentID, u"A"_s);
+}
+
+TEST(ScreenSelection, anExactChoiceGoesBeforeOneWithoutItsConnector) {
+    FakeScreens screens;
+    screens.screens = {screen(u"Acme P27 @DP-1"_s, 1, 100, 100),
+                       screen(u"Acme P27"_s, 2, 100, 100, 100)};
+    const auto selected = selectedScreens(OneScreen{u"Acme P27"_s}, screens);
+    ASSERT_EQ(selected.size(), 1U);
+    EXPECT_EQ(selected.front().persistentID, u"Acme P27"_s);
+}
+
 TEST(ScreenSelection, anUnpluggedChoiceFallsBackToTheMainScreen) {
     FakeScreens screens;
     screens.screens = {screen(u"A"_s, 1, 100, 100), screen(u"B"_s, 2, 100, 100, 100)};

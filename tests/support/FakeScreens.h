@@ -10,7 +10,7 @@ class FakeScreens : public Screens {
 public:
     std::vector<Screen> all() const override { return screens; }
     std::optional<Screen> main() const override {
-        return screens.empty() ? std::nullopt : std::optional(screens.front());
+        return screens.empty() ? mainAlone : std::optional(screens.front());
     }
     void setChangeHandler(std::function<void()> handler) override {
         m_handler = std::move(handler);
@@ -25,6 +25,7 @@ public:
     }
 
     std::vector<Screen> screens;
+    std::optional<Screen> mainAlone; ///< the main one while the list is empty
 
 private:
     std::function<void()> m_handler;

@@ -3,7 +3,12 @@
 
 #include "platform/WindowServer.h"
 
+#include <string>
+
 namespace zeph {
+
+/// What happened to all surfaces of a `FakeWindowServer` in order, such as "0 shown".
+using SurfaceStory = std::vector<std::string>;
 
 /// What happened to the surfaces of a `FakeWindowServer`, outliving them.
 struct SurfaceLog {
@@ -15,6 +20,10 @@ struct SurfaceLog {
     qint64 presentedPixels = 0;
     int screenChanges = 0;
     QImage lastFrame;
+    std::size_t number = 0;
+    std::shared_ptr<SurfaceStory> story;
+
+    void tell(const char *event) const { story->push_back(std::to_string(number) + ' ' + event); }
 };
 
 /// A surface that keeps its pixels in memory and counts what is presented.
@@ -23,8 +32,10 @@ public:
     FakeDesktopSurface(const Screen &screen, bool transparent, std::shared_ptr<SurfaceLog> log)
         : m_transparent(transparent), m_log(std::move(log)) {
         resize(screen);
+        m_log->tell("made");
     }
     ~FakeDesktopSurface() override {
+        m_log->tell("gone");
         m_log->alive = false;
         m_log->visible = false;
     }
@@ -39,14 +50,21 @@ public:
     QImage &frameBuffer() override { return m_frame; }
     bool isTransparent() const override { return m_transparent; }
     void present(const QRegion &damage) override {
+        m_log->tell("presented");
         ++m_log->presents;
         for (const QRect &rect : damage) {
             m_log->presentedPixels += qint64(rect.width()) * rect.height();
         }
         m_log->lastFrame = m_frame;
     }
-    void orderFront() override { m_log->visible = true; }
-    void orderOut() override { m_log->visible = false; }
+    void orderFront() override {
+        m_log->tell("shown");
+        m_log->visible = true;
+    }
+    void orderOut() override {
+        m_log->tell("hidden");
+        m_log->visible = false;
+    }
 
 private:
     void resize(const Screen &screen) {
@@ -69,6 +87,8 @@ public:
                                                        bool wantsTransparency) override {
         auto log = std::make_shared<SurfaceLog>();
         log->wantsTransparency = wantsTransparency;
+        log->number = logs.size();
+        log->story = story;
         logs.push_back(log);
         return std::make_unique<FakeDesktopSurface>(screen, wantsTransparency && compositing, log);
     }
@@ -81,6 +101,7 @@ public:
 
     bool compositing = false;
     std::vector<std::shared_ptr<SurfaceLog>> logs; // shared with the surfaces
+    std::shared_ptr<SurfaceStory> story = std::make_shared<SurfaceStory>(); // shared with them too
     std::function<void()> compositingHandler;
     std::function<void()> lostHandler;
 };

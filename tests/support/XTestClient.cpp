@@ -89,6 +89,14 @@ void XTestClient::destroy(xcb_window_t window) {
     xcb_flush(m_connection.get());
 }
 
+void XTestClient::setNumbers(xcb_window_t window, const QByteArray &property,
+                             const QList<std::uint32_t> &values) {
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom(property),
+                        XCB_ATOM_CARDINAL, 32, static_cast<std::uint32_t>(values.size()),
+                        values.constData());
+    xcb_flush(m_connection.get());
+}
+
 void XTestClient::raise(xcb_window_t window) {
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_connection.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);

@@ -38,6 +38,10 @@ public:
     /// Makes a window, puts it on the screen and waits until it is visible.
     xcb_window_t show(const Window &window);
     void destroy(xcb_window_t window);
+
+    /// Sets a property of cardinals.
+    void setNumbers(xcb_window_t window, const QByteArray &property,
+                    const QList<std::uint32_t> &values);
     void raise(xcb_window_t window);
 
     /// Asks the window manager to give it the focus.

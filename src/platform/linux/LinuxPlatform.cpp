@@ -33,6 +33,7 @@
 #include "platform/linux/x11/X11Connection.h"
 #include "platform/linux/x11/X11InputEvents.h"
 #include "platform/linux/x11/X11Monitors.h"
+#include "platform/linux/x11/X11ReservedSpace.h"
 #include "platform/linux/x11/X11WindowServer.h"
 #include "platform/linux/x11/X11Workspace.h"
 
@@ -61,9 +62,9 @@ struct LinuxPlatform::Adapters {
         : x11(std::move(connection)),
           windowServer(std::move(server)),
           defaults(defaultsPath),
-          screens([display = x11.get()](const QString &name) {
-              return monitorGeometry(*display, name);
-          }),
+          reservedSpace(*x11),
+          screens([this](const QString &name) { return monitorGeometry(*x11, name); },
+                  [this](const QRect &monitor) { return reservedSpace.margins(monitor); }),
           desktopEntries(QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
                          QLocale::system().name()),
           workspace(*x11, desktopEntries),
@@ -94,7 +95,9 @@ struct LinuxPlatform::Adapters {
                 .httpClient = httpClient,
                 .secureStore = secureStore,
                 .screens = screens,
-                .windowServer = *windowServer} {}
+                .windowServer = *windowServer} {
+        reservedSpace.setChangeHandler([this] { screens.noteReservedMargins(); });
+    }
 
     std::unique_ptr<X11Connection> x11;
     std::unique_ptr<X11WindowServer> windowServer;
@@ -103,6 +106,7 @@ struct LinuxPlatform::Adapters {
     JsonUserDefaults defaults;
     QtTaskExecutor executor;
     QtTaskExecutor accountExecutor;
+    X11ReservedSpace reservedSpace;
     QtScreens screens;
     DesktopEntries desktopEntries;
     X11Workspace workspace;

@@ -9,6 +9,7 @@
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
 #include <QProcessEnvironment>
+#include <QTimer>
 
 namespace zeph {
 
@@ -118,6 +119,41 @@ TEST_F(SingleInstanceOnABus, tellsThatTheOwnerWentAwayMeanwhile) {
     instance->activateOwner([&](bool isAnswered) { answered = isAnswered; });
     EXPECT_TRUE(eventually([&] { return answered.has_value(); }));
     EXPECT_EQ(answered, false);
+}
+
+TEST_F(SingleInstanceOnABus, leavesAnOwnerThatAnswersInItsPlace) {
+    const auto owner = start(first);
+    ASSERT_EQ(owner->claim(), InstanceRole::primary);
+    const auto other = start(second);
+    ASSERT_EQ(other->claim(), InstanceRole::secondary);
+    std::optional<InstanceRole> role;
+    other->activateOrSucceedOwner([&](InstanceRole settled) { role = settled; });
+    EXPECT_TRUE(eventually([&] { return role.has_value(); }));
+    EXPECT_EQ(role, InstanceRole::secondary);
+    EXPECT_EQ(requests.size(), 1U);
+}
+
+TEST_F(SingleInstanceOnABus, takesThePlaceOfAnOwnerThatIsEnding) {
+    // Its object is gone already, its name not yet.
+    ASSERT_TRUE(desktop.bus().registerService(service));
+    const auto instance = start(first);
+    ASSERT_EQ(instance->claim(), InstanceRole::secondary);
+    std::optional<InstanceRole> role;
+    instance->activateOrSucceedOwner([&](InstanceRole settled) { role = settled; });
+    QTimer::singleShot(300, [&] { desktop.bus().unregisterService(service); });
+    EXPECT_TRUE(eventually([&] { return role.has_value(); }));
+    EXPECT_EQ(role, InstanceRole::primary);
+    EXPECT_EQ(desktop.bus().interface()->serviceOwner(service).value(), first.bus().baseService());
+}
+
+TEST_F(SingleInstanceOnABus, givesUpOnAnOwnerThatNeitherAnswersNorEnds) {
+    ASSERT_TRUE(desktop.bus().registerService(service));
+    const auto instance = start(first);
+    ASSERT_EQ(instance->claim(), InstanceRole::secondary);
+    std::optional<InstanceRole> role;
+    instance->activateOrSucceedOwner([&](InstanceRole settled) { role = settled; });
+    EXPECT_TRUE(eventually([&] { return role.has_value(); }));
+    EXPECT_EQ(role, InstanceRole::secondary);
 }
 
 TEST_F(SingleInstanceOnABus, runsOnWithoutABus) {

@@ -24,11 +24,20 @@ TEST(ScreenIdentity, staysTheSameOnAnotherConnector) {
               screenIdentities({{u"Acme"_s, u"P27"_s, u"XY12"_s, u"DP-2"_s}}));
 }
 
-TEST(ScreenIdentity, tellsEqualPanelsApartByTheirConnectors) {
-    EXPECT_EQ(screenIdentities({{u"Acme"_s, u"P27"_s, QString(), u"DP-1"_s},
-                                {u"Acme"_s, u"P24"_s, QString(), u"DP-3"_s},
-                                {u"Acme"_s, u"P27"_s, QString(), u"DP-2"_s}}),
-              (std::vector{u"Acme P27 @DP-1"_s, u"Acme P24"_s, u"Acme P27 @DP-2"_s}));
+TEST(ScreenIdentity, namesTheConnectorOfADisplayWithoutASerialNumberWhateverElseIsPlugged) {
+    const ScreenFacts panel{u"Acme"_s, u"P27"_s, QString(), u"DP-1"_s};
+    const ScreenFacts twin{u"Acme"_s, u"P27"_s, u" "_s, u"DP-2"_s};
+    const ScreenFacts other{u"Acme"_s, u"P24"_s, QString(), u"DP-3"_s};
+    EXPECT_EQ(screenIdentities({panel}), std::vector{u"Acme P27 @DP-1"_s});
+    EXPECT_EQ(screenIdentities({panel, other, twin}),
+              (std::vector{u"Acme P27 @DP-1"_s, u"Acme P24 @DP-3"_s, u"Acme P27 @DP-2"_s}));
+}
+
+TEST(ScreenIdentity, tellsEqualSerialNumbersApartByTheirConnectors) {
+    EXPECT_EQ(screenIdentities({{u"Acme"_s, u"P27"_s, u"1"_s, u"DP-1"_s},
+                                {u"Acme"_s, u"P27"_s, u"2"_s, u"DP-3"_s},
+                                {u"Acme"_s, u"P27"_s, u"1"_s, u"DP-2"_s}}),
+              (std::vector{u"Acme P27 1 @DP-1"_s, u"Acme P27 2"_s, u"Acme P27 1 @DP-2"_s}));
 }
 
 TEST(ScreenIdentity, numbersConnectorsTheSameInEveryProcess) {

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/qt/QtScreens.h"
 
+#include "platform/linux/x11/X11Connection.h"
+#include "platform/linux/x11/X11ReservedSpace.h"
 #include "support/WaitUntil.h"
+#include "support/XTestClient.h"
 #include "support/XvfbSession.h"
 
 #include <QGuiApplication>
@@ -25,6 +28,48 @@ QByteArray xrandr(const QStringList &arguments) {
 void setMonitor(const QString &name, const QString &geometry, const QString &output) {
     ASSERT_FALSE(xrandr({u"--setmonitor"_s, name, geometry, output}).isNull());
 }
+
+/// Displays with panels, as the program puts them together.
+class QtScreensWithPanels : public testing::Test {
+protected:
+    QtScreensWithPanels() {
+        if (!g_session->startOpenbox()) {
+            throw std::runtime_error("openbox did not start");
+        }
+        space.setChangeHandler([this] { screens.noteReservedMargins(); });
+        screens.setChangeHandler([this] { ++calls; });
+    }
+
+    void splitTheScreen() {
+        setMonitor(u"left"_s, u"640/100x800/100+0+0"_s, u"screen"_s);
+        setMonitor(u"right"_s, u"640/100x800/100+640+0"_s, u"none"_s);
+        ASSERT_TRUE(waitUntil([&] { return screens.all().size() == 2 && calls > 0; }));
+    }
+
+    /// A panel that keeps its own place free.
+    xcb_window_t showPanel(const QRect &place, const QList<std::uint32_t> &strut) {
+        const xcb_window_t window =
+            client.show({.geometry = place, .type = "_NET_WM_WINDOW_TYPE_DOCK", .name = "Panel"});
+        client.setNumbers(window, "_NET_WM_STRUT_PARTIAL", strut);
+        return window;
+    }
+
+    bool waitForFrames(const std::vector<QRectF> &frames) {
+        return waitUntil([&] {
+            const auto all = screens.all();
+            return std::equal(all.begin(), all.end(), frames.begin(), frames.end(),
+                              [](const Screen &screen, const QRectF &frame) {
+                                  return screen.visibleFrame == frame;
+                              });
+        });
+    }
+
+    std::unique_ptr<X11Connection> connection = X11Connection::open(g_session->display());
+    XTestClient client{g_session->display()};
+    X11ReservedSpace space{*connection};
+    QtScreens screens{nullptr, [this](const QRect &monitor) { return space.margins(monitor); }};
+    int calls = 0;
+};
 
 } // namespace
 
@@ -82,6 +127,66 @@ TEST(QtScreens, tellsOnceOfEverythingThatChangesInOneTurn) {
     EXPECT_EQ(calls, 0);
     ASSERT_TRUE(waitUntil([&] { return calls > 0; }));
     EXPECT_EQ(calls, 1);
+}
+
+TEST_F(QtScreensWithPanels, leavesOutAPanelOfALoneDisplay) {
+    const xcb_window_t panel =
+        showPanel({0, 0, 1280, 30}, {0, 0, 30, 0, 0, 0, 0, 0, 0, 1279, 0, 0});
+    EXPECT_TRUE(waitForFrames({QRectF(0, 30, 1280, 770)}));
+    ASSERT_TRUE(waitUntil([&] { return calls > 0; }));
+    client.destroy(panel);
+    EXPECT_TRUE(waitForFrames({QRectF(0, 0, 1280, 800)}));
+}
+
+TEST_F(QtScreensWithPanels, leavesOutThePanelsOfEachOfTwoDisplays) {
+    splitTheScreen();
+    const int callsBefore = calls;
+    showPanel({0, 0, 640, 30}, {0, 0, 30, 0, 0, 0, 0, 0, 0, 639, 0, 0});
+    EXPECT_TRUE(waitForFrames({QRectF(0, 30, 640, 770), QRectF(640, 0, 640, 800)}));
+    EXPECT_TRUE(waitUntil([&] { return calls > callsBefore; }));
+    const xcb_window_t other =
+        showPanel({640, 760, 640, 40}, {0, 0, 0, 40, 0, 0, 0, 0, 0, 0, 640, 1279});
+    EXPECT_TRUE(waitForFrames({QRectF(0, 30, 640, 770), QRectF(640, 0, 640, 760)}));
+    client.destroy(other);
+    EXPECT_TRUE(waitForFrames({QRectF(0, 30, 640, 770), QRectF(640, 0, 640, 800)}));
+}
+
+TEST_F(QtScreensWithPanels, keepsTheFrameUnderAPanelThatLeavesNoRoom) {
+    splitTheScreen();
+    showPanel({0, 0, 640, 790}, {0, 0, 790, 0, 0, 0, 0, 0, 0, 639, 0, 0});
+    showPanel({640, 0, 640, 20}, {0, 0, 20, 0, 0, 0, 0, 0, 640, 1279, 0, 0});
+    EXPECT_TRUE(waitForFrames({QRectF(0, 0, 640, 800), QRectF(640, 20, 640, 780)}));
+}
+
+TEST_F(QtScreensWithPanels, isNotToldOfWindowsThatLeaveTheVisibleFramesAsTheyAre) {
+    splitTheScreen();
+    showPanel({0, 0, 640, 30}, {0, 0, 30, 0, 0, 0, 0, 0, 0, 639, 0, 0});
+    ASSERT_TRUE(waitForFrames({QRectF(0, 30, 640, 770), QRectF(640, 0, 640, 800)}));
+    QCoreApplication::processEvents(); // what that change has left to tell
+    const auto before = screens.all();
+    int told = 0;
+    screens.setChangeHandler([&] { told += screens.all() == before ? 1 : 0; });
+    // Shallower than the one that is there.
+    showPanel({0, 0, 640, 20}, {0, 0, 20, 0, 0, 0, 0, 0, 0, 639, 0, 0});
+    showPanel({640, 0, 640, 25}, {0, 0, 25, 0, 0, 0, 0, 0, 640, 1279, 0, 0});
+    EXPECT_TRUE(waitForFrames({QRectF(0, 30, 640, 770), QRectF(640, 25, 640, 775)}));
+    EXPECT_EQ(told, 0);
+}
+
+TEST(QtScreens, tellsOfReservedMarginsWhenAVisibleFrameChanges) {
+    QMargins reserved(0, 60, 0, 0);
+    QtScreens screens(nullptr, [&](const QRect &) { return reserved; });
+    EXPECT_EQ(screens.all()[0].visibleFrame, QRectF(0, 60, 1280, 740));
+    int calls = 0;
+    screens.setChangeHandler([&] { ++calls; });
+    screens.noteReservedMargins();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(calls, 0);
+    reserved = QMargins(10, 0, 20, 30);
+    screens.noteReservedMargins();
+    ASSERT_TRUE(waitUntil([&] { return calls > 0; }));
+    EXPECT_EQ(calls, 1);
+    EXPECT_EQ(screens.all()[0].visibleFrame, QRectF(10, 0, 1250, 770));
 }
 
 } // namespace zeph

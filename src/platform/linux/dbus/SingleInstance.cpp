@@ -5,6 +5,9 @@
 
 #include <QDBusConnectionInterface>
 #include <QDBusReply>
+#include <QTimer>
+
+#include <chrono>
 
 namespace zeph {
 
@@ -16,6 +19,10 @@ const QString serviceName = u"com.tavi.Tavi"_s;
 const QString objectPath = u"/com/tavi/Tavi"_s;
 
 constexpr int ownerLimitMilliseconds = 2000;
+
+// An end may take half a second; a machine that logs its user in is slow.
+constexpr std::chrono::milliseconds successionPause{100};
+constexpr int successionTries = 20;
 
 } // namespace
 
@@ -62,6 +69,26 @@ void SingleInstance::activateOwner(std::function<void(bool)> done) {
               [done = std::move(done)](const QDBusMessage &answer) {
                   done(answer.type() == QDBusMessage::ReplyMessage);
               });
+}
+
+void SingleInstance::activateOrSucceedOwner(std::function<void(InstanceRole)> done) {
+    activateOwner([this, done = std::move(done)](bool isAnswered) {
+        if (isAnswered) {
+            done(InstanceRole::secondary);
+        } else {
+            succeedOwner(successionTries, done);
+        }
+    });
+}
+
+void SingleInstance::succeedOwner(int triesLeft, const std::function<void(InstanceRole)> &done) {
+    const InstanceRole role = claim();
+    if (role != InstanceRole::secondary || triesLeft <= 1) {
+        done(role);
+        return;
+    }
+    QTimer::singleShot(successionPause, &m_context,
+                       [this, triesLeft, done] { succeedOwner(triesLeft - 1, done); });
 }
 
 } // namespace zeph

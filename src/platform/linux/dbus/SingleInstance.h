@@ -32,7 +32,13 @@ public:
     /// Asks the owner to come forward. `done` runs within 2 s, true when the owner answered.
     void activateOwner(std::function<void(bool)> done);
 
+    /// The same, and takes the place of an owner that is about to end and so does not answer.
+    /// `done` runs within 5 s: `secondary` where the owner answered or stays.
+    void activateOrSucceedOwner(std::function<void(InstanceRole)> done);
+
 private:
+    void succeedOwner(int triesLeft, const std::function<void(InstanceRole)> &done);
+
     QDBusConnection m_bus;
     ApplicationObject m_object;
     QObject m_context; // its end drops a call under way

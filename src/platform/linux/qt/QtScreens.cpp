@@ -2,6 +2,7 @@
 #include "platform/linux/qt/QtScreens.h"
 
 #include "platform/linux/qt/ScreenIdentity.h"
+#include "platform/linux/qt/VisibleFrame.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -41,7 +42,8 @@ std::vector<QString> identitiesOf(const std::vector<QScreen *> &screens) {
 
 } // namespace
 
-QtScreens::QtScreens(NativeGeometry nativeGeometry) : m_nativeGeometry(std::move(nativeGeometry)) {
+QtScreens::QtScreens(NativeGeometry nativeGeometry, ReservedMargins reservedMargins)
+    : m_nativeGeometry(std::move(nativeGeometry)), m_reservedMargins(std::move(reservedMargins)) {
     QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &m_context, [this](QScreen *screen) {
         watch(*screen);
         noteChange();
@@ -90,10 +92,25 @@ void QtScreens::setChangeHandler(std::function<void()> handler) {
     m_handler = std::move(handler);
 }
 
+void QtScreens::noteReservedMargins() {
+    const auto screens = realScreens();
+    const bool isKnown = m_known && m_known->size() == screens.size();
+    const bool isSame =
+        isKnown && std::equal(screens.begin(), screens.end(), m_known->begin(),
+                              [this](const QScreen *screen, const Screen &known) {
+                                  return visibleFrameOf(known, *screen) == known.visibleFrame;
+                              });
+    if (!isSame) {
+        noteChange();
+    }
+}
+
 void QtScreens::watch(QScreen &screen) {
     const auto note = [this] { noteChange(); };
     QObject::connect(&screen, &QScreen::geometryChanged, &m_context, note);
-    QObject::connect(&screen, &QScreen::availableGeometryChanged, &m_context, note);
+    // Raised for all displays when a panel of one of them changes.
+    QObject::connect(&screen, &QScreen::availableGeometryChanged, &m_context,
+                     [this] { noteReservedMargins(); });
     QObject::connect(&screen, &QScreen::logicalDotsPerInchChanged, &m_context, note);
 }
 
@@ -117,7 +134,6 @@ Screen QtScreens::describe(const QScreen &screen, const QString &identity) const
     described.displayID = connectorNumber(screen.name());
     described.persistentID = identity;
     described.frame = screen.geometry();
-    described.visibleFrame = screen.availableGeometry();
     described.scale = screen.devicePixelRatio();
     // The toolkit scales a display's size and leaves its origin in device pixels.
     const QSizeF size = described.frame.size() * described.scale;
@@ -125,7 +141,18 @@ Screen QtScreens::describe(const QScreen &screen, const QString &identity) const
     if (m_nativeGeometry && described.scale != 1) {
         described.deviceFrame = m_nativeGeometry(screen.name()).value_or(described.deviceFrame);
     }
+    described.visibleFrame = visibleFrameOf(described, screen);
     return described;
+}
+
+QRectF QtScreens::visibleFrameOf(const Screen &described, const QScreen &screen) const {
+    const QMargins reserved =
+        m_reservedMargins ? m_reservedMargins(described.deviceFrame) : QMargins();
+    // The toolkit's own value counts panels that are no windows too, but it comes from a work area
+    // that all displays have in common, and so is of use for a lone one only.
+    const bool isOfUse = !m_reservedMargins || screen.virtualSiblings().size() == 1;
+    const QRectF available = isOfUse ? QRectF(screen.availableGeometry()) : described.frame;
+    return visibleFrame(described.frame, available, reserved, described.scale);
 }
 
 } // namespace zeph

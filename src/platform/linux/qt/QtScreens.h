@@ -3,6 +3,7 @@
 
 #include "platform/Screens.h"
 
+#include <QMargins>
 #include <QObject>
 
 class QScreen;
@@ -16,19 +17,29 @@ public:
     /// the window system is not asked. The toolkit alone knows them rounded to points.
     using NativeGeometry = std::function<std::optional<QRect>(const QString &name)>;
 
-    explicit QtScreens(NativeGeometry nativeGeometry = nullptr);
+    /// Answers what panels take from the sides of the display with these device pixels; null where
+    /// the window system is not asked. The toolkit alone knows it of a lone display.
+    using ReservedMargins = std::function<QMargins(const QRect &deviceFrame)>;
+
+    explicit QtScreens(NativeGeometry nativeGeometry = nullptr,
+                       ReservedMargins reservedMargins = nullptr);
 
     std::vector<Screen> all() const override;
     std::optional<Screen> main() const override;
     void setChangeHandler(std::function<void()> handler) override;
+
+    /// To be called when other margins are reserved; tells of it if a visible frame has changed.
+    void noteReservedMargins();
 
 private:
     std::vector<Screen> read() const;
     void watch(QScreen &screen);
     void noteChange();
     Screen describe(const QScreen &screen, const QString &identity) const;
+    QRectF visibleFrameOf(const Screen &described, const QScreen &screen) const;
 
     NativeGeometry m_nativeGeometry;
+    ReservedMargins m_reservedMargins;
     mutable std::optional<std::vector<Screen>> m_known; // until something changes
     std::function<void()> m_handler;
     bool m_changePending = false;

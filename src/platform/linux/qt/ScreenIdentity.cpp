@@ -31,8 +31,10 @@ std::vector<QString> screenIdentities(const std::vector<ScreenFacts> &screens) {
 
     std::vector<QString> unique = plain;
     for (std::size_t i = 0; i < screens.size(); ++i) {
+        // Its words alone would name another panel of the same make that is plugged later.
+        const bool hasSerial = !screens[i].serialNumber.simplified().isEmpty();
         const bool isShared = std::count(plain.begin(), plain.end(), plain[i]) > 1;
-        if (isShared && plain[i] != screens[i].connector) {
+        if ((!hasSerial || isShared) && plain[i] != screens[i].connector) {
             unique[i] += u" @"_s + screens[i].connector;
         }
     }

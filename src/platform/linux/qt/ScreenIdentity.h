@@ -15,9 +15,9 @@ struct ScreenFacts {
     QString connector;
 };
 
-/// One identity a display, in the same order: the display's own words where it
-/// has a model or a serial number, else its connector. Displays that say the same of themselves
-/// are told apart by their connectors.
+/// One identity a display, in the same order: the display's own words where it has a model or a
+/// serial number, else its connector. " @" and the connector follow the words of a display without
+/// a serial number, whatever else is plugged, and those that several displays say of themselves.
 std::vector<QString> screenIdentities(const std::vector<ScreenFacts> &screens);
 
 /// A number for the connector that is the same in every session. Never 0.

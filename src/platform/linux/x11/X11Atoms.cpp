@@ -31,10 +31,14 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(X11Atom::count)>
     "_NET_WM_STATE_SKIP_PAGER",
     "_NET_WM_STATE_SKIP_TASKBAR",
     "_NET_WM_STATE_STICKY",
+    "_NET_WM_STRUT",
+    "_NET_WM_STRUT_PARTIAL",
     "_NET_WM_USER_TIME",
     "_NET_WM_WINDOW_OPACITY",
     "_NET_WM_WINDOW_TYPE",
     "_NET_WM_WINDOW_TYPE_DESKTOP",
+    "_NET_WM_WINDOW_TYPE_DOCK",
+    "_NET_WORKAREA",
 };
 
 } // namespace

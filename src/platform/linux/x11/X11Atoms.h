@@ -29,10 +29,14 @@ enum class X11Atom : std::size_t {
     netWmStateSkipPager,
     netWmStateSkipTaskbar,
     netWmStateSticky,
+    netWmStrut,
+    netWmStrutPartial,
     netWmUserTime,
     netWmWindowOpacity,
     netWmWindowType,
     netWmWindowTypeDesktop,
+    netWmWindowTypeDock,
+    netWorkarea,
     count,
 };
 

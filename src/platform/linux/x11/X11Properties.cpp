@@ -5,18 +5,6 @@
 
 namespace zeph {
 
-namespace {
-
-std::vector<std::uint32_t> numbersIn(const xcb_get_property_reply_t *property) {
-    if (!property || property->format != 32) {
-        return {};
-    }
-    const auto *first = static_cast<const std::uint32_t *>(xcb_get_property_value(property));
-    return {first, first + property->value_len};
-}
-
-} // namespace
-
 unsigned requestProperty(X11Connection &connection, xcb_window_t window, xcb_atom_t property,
                          xcb_atom_t type, std::uint32_t longs) {
     return xcb_get_property(connection.xcb(), 0, window, property, type, 0, longs).sequence;
@@ -30,6 +18,14 @@ X11Property readNow(X11Connection &connection, xcb_window_t window, xcb_atom_t p
 
 const xcb_get_property_reply_t *propertyIn(const X11AnyReply &reply) {
     return static_cast<const xcb_get_property_reply_t *>(reply.get());
+}
+
+std::vector<std::uint32_t> numbersIn(const xcb_get_property_reply_t *property) {
+    if (!property || property->format != 32) {
+        return {};
+    }
+    const auto *first = static_cast<const std::uint32_t *>(xcb_get_property_value(property));
+    return {first, first + property->value_len};
 }
 
 std::vector<xcb_window_t> windowsIn(const xcb_get_property_reply_t *property) {

@@ -28,6 +28,7 @@ X11Property readNow(X11Connection &connection, xcb_window_t window, xcb_atom_t p
 const xcb_get_property_reply_t *propertyIn(const X11AnyReply &reply);
 
 /// The values of a property; none when it is absent or of another form.
+std::vector<std::uint32_t> numbersIn(const xcb_get_property_reply_t *property);
 std::vector<xcb_window_t> windowsIn(const xcb_get_property_reply_t *property);
 std::vector<xcb_atom_t> atomsIn(const xcb_get_property_reply_t *property);
 QByteArray bytesIn(const xcb_get_property_reply_t *property);
