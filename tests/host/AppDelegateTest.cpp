@@ -35,6 +35,13 @@ protected:
         loop.drain();
     }
 
+    void settle() {
+        do {
+            executor.runAll();
+            loop.drain();
+        } while (executor.waiting() > 0);
+    }
+
     std::vector<std::shared_ptr<SurfaceLog>> living() const {
         std::vector<std::shared_ptr<SurfaceLog>> result;
         std::copy_if(windowServer.logs.begin(), windowServer.logs.end(), std::back_inserter(result),
@@ -65,10 +72,7 @@ TEST_F(AppDelegateTest, launchMovesTheSecretsOfAnEarlierVersionAwayFromTheMainTh
 TEST_F(AppDelegateTest, endpointsThatComeInLateAreAskedAlone) {
     integrations.upsertCustomAPI({QUuid::createUuid(), u"n"_s, u"https://a.org"_s, {}, {}});
     delegate.applicationDidFinishLaunching();
-    while (executor.waiting() > 0) {
-        executor.runAll();
-        loop.drain();
-    }
+    settle();
     notifications.post(notifications::zephCustomAPIsLoaded);
     EXPECT_EQ(executor.waiting(), 1U);
 }
@@ -76,6 +80,7 @@ TEST_F(AppDelegateTest, endpointsThatComeInLateAreAskedAlone) {
 TEST_F(AppDelegateTest, theRatingsSourceIsNamedAsTheAccountSays) {
     delegate.applicationDidFinishLaunching();
     IntegrationConnection account = integrations.addConnection(u"ahrefs"_s, {}, u"a.org"_s);
+    settle();
     SimpleIntegrationStats rating;
     rating.id = account.id;
     rating.provider = u"ahrefs"_s;

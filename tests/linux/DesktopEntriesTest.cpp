@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/DesktopEntries.h"
 
+#include "support/ManualRunLoop.h"
+#include "support/ManualTaskExecutor.h"
+#include "support/QtPrinters.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -29,14 +33,29 @@ protected:
         ASSERT_EQ(utimensat(AT_FDCWD, QFile::encodeName(directory).constData(), times, 0), 0);
     }
 
+    /// Absent while the answer is on its way.
+    std::optional<InstalledApplication> ask(const ApplicationHints &hints) {
+        std::optional<InstalledApplication> answer;
+        entries.find(hints, [&](const InstalledApplication *found) {
+            answer = found ? *found : InstalledApplication();
+        });
+        executor.runAll();
+        loop.drain();
+        return answer;
+    }
+
     QString find(const ApplicationHints &hints) {
-        const auto *found = entries.find(hints);
+        const auto found = ask(hints);
+        EXPECT_TRUE(found) << "no answer came";
         return found ? found->identifier : QString();
     }
 
     QTemporaryDir user;
     QTemporaryDir system;
-    DesktopEntries entries{{user.path(), system.path()}, u"de_DE.UTF-8"_s};
+    ManualClock clock;
+    ManualRunLoop loop{clock};
+    ManualTaskExecutor executor;
+    DesktopEntries entries{{user.path(), system.path()}, u"de_DE.UTF-8"_s, executor, loop};
 };
 
 namespace {
@@ -105,9 +124,8 @@ TEST_F(DesktopEntriesTest, matchesByProgramLastAndPrefersWhatMenusShow) {
 TEST_F(DesktopEntriesTest, prefersTheUsersOwnEntries) {
     install(system, u"edit.desktop"_s, "Name=System\n");
     install(user, u"edit.desktop"_s, "Name=Mine\nName[de]=Meins\n");
-    EXPECT_EQ(entries.find(windowClass(u"edit"_s))->entry.name, u"Meins"_s);
-    EXPECT_EQ(entries.find(windowClass(u"edit"_s))->path,
-              user.path() + u"/applications/edit.desktop"_s);
+    EXPECT_EQ(ask(windowClass(u"edit"_s))->entry.name, u"Meins"_s);
+    EXPECT_EQ(ask(windowClass(u"edit"_s))->path, user.path() + u"/applications/edit.desktop"_s);
 }
 
 TEST_F(DesktopEntriesTest, respectsAnEntryThatTheUserDeleted) {
@@ -131,10 +149,46 @@ TEST_F(DesktopEntriesTest, looksAgainAfterAnInstallation) {
 
 TEST_F(DesktopEntriesTest, readsNothingTwiceWhileNothingIsInstalled) {
     install(system, u"first.desktop"_s, "Name=First\n");
-    const auto *first = entries.find(windowClass(u"first"_s));
-    ASSERT_TRUE(first);
-    EXPECT_EQ(entries.find(windowClass(u"absent"_s)), nullptr);
-    EXPECT_EQ(entries.find(windowClass(u"first"_s)), first);
+    EXPECT_EQ(find(windowClass(u"first"_s)), u"first"_s);
+    int answers = 0;
+    entries.find(windowClass(u"absent"_s), [&](const auto *found) {
+        EXPECT_EQ(found, nullptr);
+        ++answers;
+    });
+    EXPECT_EQ(answers, 1) << "answered at once";
+    EXPECT_EQ(executor.waiting(), 0U);
+}
+
+TEST_F(DesktopEntriesTest, readsAnInstallationAwayFromTheMainThreadAndOnce) {
+    find({});
+    install(system, u"new.desktop"_s, "Name=New\n");
+    touchLater(system.path() + u"/applications"_s);
+    QStringList answers;
+    const auto note = [&](const InstalledApplication *found) {
+        answers << (found ? found->identifier : u"none"_s);
+    };
+    entries.find(windowClass(u"new"_s), note);
+    entries.find(windowClass(u"absent"_s), note);
+    EXPECT_EQ(answers, QStringList());
+    EXPECT_EQ(executor.waiting(), 1U);
+    executor.runAll();
+    EXPECT_EQ(answers, QStringList()) << "told on another thread";
+    loop.drain();
+    EXPECT_EQ(answers, QStringList({u"new"_s, u"none"_s}));
+}
+
+TEST_F(DesktopEntriesTest, aReadingThatOutlivesItTellsNobody) {
+    auto ending =
+        std::make_unique<DesktopEntries>(QStringList{system.path()}, u"C"_s, executor, loop);
+    ending->find({}, [](const auto *) {});
+    install(system, u"new.desktop"_s, "Name=New\n");
+    touchLater(system.path() + u"/applications"_s);
+    bool isTold = false;
+    ending->find(windowClass(u"new"_s), [&](const auto *) { isTold = true; });
+    ending.reset();
+    executor.runAll();
+    loop.drain();
+    EXPECT_FALSE(isTold);
 }
 
 TEST_F(DesktopEntriesTest, survivesLinksInACircle) {
@@ -155,8 +209,10 @@ TEST_F(DesktopEntriesTest, leavesOutHugeFilesPipesAndFolders) {
 }
 
 TEST_F(DesktopEntriesTest, livesWithoutAnyDirectory) {
-    DesktopEntries none({u"/nonexistent"_s}, u"C"_s);
-    EXPECT_EQ(none.find(windowClass(u"a"_s)), nullptr);
+    DesktopEntries none({u"/nonexistent"_s}, u"C"_s, executor, loop);
+    bool isTold = false;
+    none.find(windowClass(u"a"_s), [&](const auto *found) { isTold = found == nullptr; });
+    EXPECT_TRUE(isTold);
 }
 
 } // namespace zeph

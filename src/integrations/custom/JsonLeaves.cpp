@@ -87,8 +87,7 @@ public:
 
 private:
     void visitObject(const QJsonObject &object, const QString &path) {
-        // The values come with their keys: the library loses a mark at the start of a key, and
-        // would then not find it again.
+        // The values come with their keys, so that none has to be looked up.
         std::vector<std::pair<QString, QJsonValue>> entries;
         for (auto entry = object.begin(); entry != object.end(); ++entry) {
             entries.emplace_back(entry.key(), entry.value());

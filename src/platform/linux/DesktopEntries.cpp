@@ -1,145 +1,53 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/DesktopEntries.h"
 
-#include <QDirIterator>
-#include <QFile>
-#include <QFileInfo>
+#include "platform/RunLoop.h"
+#include "platform/TaskExecutor.h"
 
-#include <algorithm>
 #include <utility>
-
-using namespace Qt::StringLiterals;
 
 namespace zeph {
 
-namespace {
+DesktopEntries::DesktopEntries(QStringList dataDirectories, const QString &locale,
+                               TaskExecutor &executor, RunLoop &runLoop)
+    : m_directories(std::move(dataDirectories)),
+      m_locales(desktopEntryLocales(locale)),
+      m_executor(executor),
+      m_runLoop(runLoop),
+      m_self(std::make_shared<DesktopEntries *>(this)) {}
 
-constexpr qint64 kLargestFile = qint64{512} * 1024;
-constexpr std::size_t kMostFiles = 10000;
-
-const QString kSuffix = u".desktop"_s;
-
-QString withoutSuffix(const QString &name) {
-    return name.endsWith(kSuffix) ? name.chopped(kSuffix.size()) : name;
-}
-
-QString lastPart(const QString &dotted) {
-    return dotted.sliced(dotted.lastIndexOf(u'.') + 1);
-}
-
-} // namespace
-
-DesktopEntries::DesktopEntries(QStringList dataDirectories, const QString &locale)
-    : m_directories(std::move(dataDirectories)), m_locales(desktopEntryLocales(locale)) {}
-
-const InstalledApplication *DesktopEntries::find(const ApplicationHints &hints) {
-    if (!m_isBuilt) {
-        build();
-        return match(hints);
+void DesktopEntries::find(const ApplicationHints &hints, const Found &found) {
+    if (!m_index) {
+        m_index = std::make_shared<const ApplicationIndex>(m_directories, m_locales);
     }
-    const auto *found = match(hints);
-    if (!found && isOutdated()) {
-        build();
-        found = match(hints);
+    const InstalledApplication *const known = m_index->match(hints);
+    if (known == nullptr && (!m_waiting.empty() || m_index->isOutdated())) {
+        m_waiting.push_back({hints, found});
+        if (m_waiting.size() == 1) {
+            readAnew();
+        }
+    } else {
+        found(known);
     }
-    return found;
 }
 
-bool DesktopEntries::isOutdated() const {
-    return std::any_of(m_watched.begin(), m_watched.end(), [](const auto &watched) {
-        return QFileInfo(watched.first).lastModified() != watched.second;
+void DesktopEntries::readAnew() {
+    m_executor.run([directories = m_directories, locales = m_locales, &runLoop = m_runLoop,
+                    weakSelf = std::weak_ptr(m_self)] {
+        runLoop.post(
+            [weakSelf, index = std::make_shared<const ApplicationIndex>(directories, locales)] {
+                if (const auto self = weakSelf.lock()) {
+                    (*self)->adopt(index);
+                }
+            });
     });
 }
 
-void DesktopEntries::build() {
-    m_isBuilt = true;
-    m_watched.clear();
-    m_applications.clear();
-    m_byIdentifier.clear();
-    for (const QString &directory : std::as_const(m_directories)) {
-        readDirectory(directory + u"/applications"_s);
+void DesktopEntries::adopt(std::shared_ptr<const ApplicationIndex> index) {
+    m_index = std::move(index);
+    for (const auto &[hints, found] : std::exchange(m_waiting, {})) {
+        found(m_index->match(hints));
     }
-    indexAll();
-}
-
-void DesktopEntries::readDirectory(const QString &directory) {
-    m_watched[directory] = QFileInfo(directory).lastModified();
-    // Links to directories are not followed: they can lead round in a circle.
-    QDirIterator files(directory, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext() && m_applications.size() < kMostFiles) {
-        const QString path = files.next();
-        if (path.endsWith(kSuffix)) {
-            QString identifier = withoutSuffix(path.sliced(directory.size() + 1));
-            readFile(path, identifier.replace(u'/', u'-'));
-        } else if (const QFileInfo info = files.fileInfo(); info.isDir() && !info.isSymLink()) {
-            m_watched[path] = info.lastModified();
-        }
-    }
-}
-
-void DesktopEntries::readFile(const QString &path, const QString &identifier) {
-    if (m_byIdentifier.contains(identifier)) {
-        return; // a directory of higher rank has it
-    }
-    QFile file(path);
-    // Opening a named pipe would wait for its writer.
-    if (!QFileInfo(path).isFile() || file.size() > kLargestFile ||
-        !file.open(QIODevice::ReadOnly)) {
-        return;
-    }
-    auto entry = parseDesktopEntry(file.read(kLargestFile), m_locales);
-    if (entry) {
-        m_byIdentifier[identifier] = m_applications.size();
-        m_applications.push_back({identifier, path, *std::move(entry)});
-    }
-}
-
-void DesktopEntries::indexAll() {
-    m_byLowerIdentifier.clear();
-    m_byWindowClass.clear();
-    m_byProgram.clear();
-    // Several entries may start one program; what menus show stands for it before helpers do.
-    for (const bool listed : {true, false}) {
-        for (std::size_t i = 0; i < m_applications.size(); ++i) {
-            const auto &[identifier, path, entry] = m_applications[i];
-            if (entry.isHidden || entry.isListed != listed) {
-                continue;
-            }
-            m_byLowerIdentifier.emplace(identifier.toLower(), i);
-            m_byWindowClass.emplace(entry.startupWmClass, i);
-            m_byProgram.emplace(entry.program, i);
-        }
-    }
-}
-
-const InstalledApplication *DesktopEntries::match(const ApplicationHints &hints) const {
-    const QString desktopFile = withoutSuffix(QFileInfo(hints.desktopFile).fileName());
-    for (const QString &identifier : {desktopFile, hints.gtkApplicationId}) {
-        const auto found = m_byIdentifier.find(identifier);
-        if (found != m_byIdentifier.end() && !m_applications[found->second].entry.isHidden) {
-            return &m_applications[found->second];
-        }
-    }
-    const std::pair<const Index &, QString> attempts[] = {
-        {m_byWindowClass, hints.windowClass},
-        {m_byWindowClass, hints.windowInstance},
-        {m_byLowerIdentifier, hints.windowClass.toLower()},
-        {m_byLowerIdentifier, hints.windowInstance.toLower()},
-        {m_byLowerIdentifier, lastPart(hints.gtkApplicationId).toLower()},
-        {m_byProgram, hints.program},
-    };
-    for (const auto &[index, key] : attempts) {
-        if (const auto *found = lookUp(index, key)) {
-            return found;
-        }
-    }
-    return nullptr;
-}
-
-const InstalledApplication *DesktopEntries::lookUp(const Index &index, const QString &key) const {
-    const auto found = key.isEmpty() ? index.end() : index.lower_bound(key);
-    return found != index.end() && found->first == key ? &m_applications[found->second] : nullptr;
 }
 
 } // namespace zeph

@@ -1,63 +1,49 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/DesktopEntryParser.h"
+#include "platform/linux/ApplicationIndex.h"
 
-#include <QDateTime>
-
-#include <map>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <vector>
 
 namespace zeph {
 
-/// What a window tells of the application that it belongs to; empty where it tells nothing.
-struct ApplicationHints {
-    QString desktopFile;      ///< name or path of its desktop entry
-    QString gtkApplicationId; ///< such as "org.example.Editor"
-    QString windowClass;
-    QString windowInstance;
-    QString program; ///< file name of the running program
-};
+class RunLoop;
+class TaskExecutor;
 
-/// An installed application.
-struct InstalledApplication {
-    QString identifier; ///< the desktop-entry id without ".desktop"
-    QString path;       ///< of the desktop entry
-    DesktopEntry entry;
-};
-
-/// The applications installed for the user, from their desktop entries. Read at the first
-/// question, and again when a question finds no answer and something was installed since.
+/// The applications installed for the user. Read at the first question, and again, in a task, when
+/// a question finds no answer and something was installed since. Main thread only.
 class DesktopEntries {
 public:
-    /// `dataDirectories`: the user's own first, as in XDG_DATA_HOME and XDG_DATA_DIRS.
-    DesktopEntries(QStringList dataDirectories, const QString &locale);
+    using Found = std::function<void(const InstalledApplication *application)>;
 
-    /// The application that a window belongs to, null when none matches. Valid until the next
-    /// question.
-    const InstalledApplication *find(const ApplicationHints &hints);
+    /// `dataDirectories`: the user's own first, as in XDG_DATA_HOME and XDG_DATA_DIRS. `runLoop`
+    /// outlives the executor's tasks.
+    DesktopEntries(QStringList dataDirectories, const QString &locale, TaskExecutor &executor,
+                   RunLoop &runLoop);
+
+    /// Tells `found` the application that a window belongs to, null when none matches: within the
+    /// call, or later when the applications have to be read anew first.
+    void find(const ApplicationHints &hints, const Found &found);
 
 private:
-    using Applications = std::vector<InstalledApplication>;
-    using Index = std::multimap<QString, std::size_t>;
+    struct Question {
+        ApplicationHints hints;
+        Found found;
+    };
 
-    bool isOutdated() const;
-    void build();
-    void readDirectory(const QString &directory);
-    void readFile(const QString &path, const QString &identifier);
-    void indexAll();
-    const InstalledApplication *match(const ApplicationHints &hints) const;
-    const InstalledApplication *lookUp(const Index &index, const QString &key) const;
+    void readAnew();
+    void adopt(std::shared_ptr<const ApplicationIndex> index);
 
     QStringList m_directories;
     QStringList m_locales;
-    bool m_isBuilt = false;
-    std::map<QString, QDateTime> m_watched; // directories and when they changed last
-    Applications m_applications;            // in order of rank
-    std::map<QString, std::size_t> m_byIdentifier;
-    Index m_byLowerIdentifier;
-    Index m_byWindowClass;
-    Index m_byProgram;
+    TaskExecutor &m_executor;
+    RunLoop &m_runLoop;
+    std::shared_ptr<const ApplicationIndex> m_index;
+    std::vector<Question> m_waiting;
+    std::shared_ptr<DesktopEntries *> m_self; // lets a task see that this is gone
 };
 
 } // namespace zeph

@@ -66,7 +66,7 @@ struct LinuxPlatform::Adapters {
           screens([this](const QString &name) { return monitorGeometry(*x11, name); },
                   [this](const QRect &monitor) { return reservedSpace.margins(monitor); }),
           desktopEntries(QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
-                         QLocale::system().name()),
+                         QLocale::system().name(), executor, runLoop),
           workspace(*x11, desktopEntries),
           inputConsent(Consent::forInput(defaults)),
           inputEvents(*x11, screens, runLoop, [this] { return inputConsent.isGranted(); }),

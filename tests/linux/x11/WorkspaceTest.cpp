@@ -2,7 +2,9 @@
 #include "X11Fixture.h"
 
 #include "platform/linux/DesktopEntries.h"
+#include "platform/linux/qt/QtRunLoop.h"
 #include "platform/linux/x11/X11Workspace.h"
+#include "support/ManualTaskExecutor.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,7 +18,7 @@ namespace zeph {
 
 class WorkspaceTest : public X11OpenboxTest {
 protected:
-    WorkspaceTest() : entries({data.path()}, u"de_DE"_s) {
+    WorkspaceTest() : entries({data.path()}, u"de_DE"_s, executor, runLoop) {
         QDir(data.path()).mkpath(u"applications"_s);
         install(u"org.example.Editor"_s, "Name=Editor\nName[de]=Schreiber\n");
         install(u"term"_s, "Name=Terminal\nStartupWMClass=XTermLike\n");
@@ -44,6 +46,8 @@ protected:
     }
 
     QTemporaryDir data;
+    ManualTaskExecutor executor;
+    QtRunLoop runLoop;
     DesktopEntries entries;
 };
 
@@ -91,12 +95,19 @@ TEST_F(WorkspaceTest, callsAnUnknownApplicationByItsWindowClass) {
 
 TEST_F(WorkspaceTest, findsAnApplicationThatIsInstalledWhileItRuns) {
     X11Workspace workspace(*connection, entries);
-    client->activate(open("thing", "Thing"));
-    ASSERT_TRUE(waitForFront(workspace, u"Thing"_s));
+    client->activate(open("term", "XTermLike"));
+    ASSERT_TRUE(waitForFront(workspace, u"term"_s));
+    QStringList seen;
+    workspace.setActivationHandler([&](const RunningApplication &application) {
+        seen.append(application.localizedName.value_or(u"?"_s));
+    });
     install(u"thing"_s, "Name=A Thing\n");
-    const auto other = open("thing", "Thing");
-    client->activate(other);
+    client->activate(open("thing", "Thing"));
+    ASSERT_TRUE(waitUntil([&] { return executor.waiting() > 0; }));
+    EXPECT_EQ(seen, QStringList());
+    executor.runAll();
     EXPECT_TRUE(waitForFront(workspace, u"thing"_s));
+    EXPECT_EQ(seen, QStringList(u"A Thing"_s)) << "one change counts as one";
 }
 
 TEST_F(WorkspaceTest, takesTheDesktopForNoApplication) {

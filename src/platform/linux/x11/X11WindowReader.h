@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/DesktopEntries.h"
+#include "platform/linux/ApplicationIndex.h"
 #include "platform/linux/x11/X11Connection.h"
 
 namespace zeph {

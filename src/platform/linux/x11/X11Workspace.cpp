@@ -20,7 +20,9 @@ std::optional<QString> present(const QString &text) {
 } // namespace
 
 X11Workspace::X11Workspace(X11Connection &connection, DesktopEntries &entries)
-    : X11EventListener(connection), m_entries(entries) {
+    : X11EventListener(connection),
+      m_entries(entries),
+      m_self(std::make_shared<X11Workspace *>(this)) {
     connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
     readActiveWindow();
     connection.waitForReplies();
@@ -74,7 +76,7 @@ void X11Workspace::readWindow(xcb_window_t window) {
         if (facts.isDesktop || facts.isOurs) {
             setFront(std::nullopt);
         } else {
-            setFront(applicationOf(facts));
+            findApplication(window, facts.hints);
         }
     };
     connection().whenReplied(*this, requestWindowFacts(connection(), window), take);
@@ -105,12 +107,19 @@ void X11Workspace::setFront(std::optional<RunningApplication> front) {
     }
 }
 
-RunningApplication X11Workspace::applicationOf(const WindowFacts &facts) {
-    if (const auto *installed = m_entries.find(facts.hints)) {
-        return {installed->identifier, installed->entry.name, installed->path};
-    }
-    const auto windowClass = present(facts.hints.windowClass);
-    return {windowClass, windowClass, std::nullopt};
+/// While the entries are read anew the application before stays in front, so that the new one does
+/// not count as two.
+void X11Workspace::findApplication(xcb_window_t window, const ApplicationHints &hints) {
+    m_entries.find(hints, [weakSelf = std::weak_ptr(m_self), window,
+                           windowClass = present(hints.windowClass)](const auto *installed) {
+        const auto self = weakSelf.lock();
+        if (!self || (*self)->m_activeWindow != window) {
+            return;
+        }
+        (*self)->setFront(installed ? RunningApplication{installed->identifier,
+                                                         installed->entry.name, installed->path}
+                                    : RunningApplication{windowClass, windowClass, std::nullopt});
+    });
 }
 
 } // namespace zeph

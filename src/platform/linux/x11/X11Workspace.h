@@ -4,10 +4,12 @@
 #include "platform/Workspace.h"
 #include "platform/linux/x11/X11EventListener.h"
 
+#include <memory>
+
 namespace zeph {
 
 class DesktopEntries;
-struct WindowFacts;
+struct ApplicationHints;
 
 /// The application of the active window, as window managers tell it. Kept up to date by notices,
 /// so that asking costs nothing.
@@ -25,12 +27,13 @@ private:
     void readWindow(xcb_window_t window);
     void checkThatWindowLives();
     void setFront(std::optional<RunningApplication> front);
-    RunningApplication applicationOf(const WindowFacts &facts);
+    void findApplication(xcb_window_t window, const ApplicationHints &hints);
 
     DesktopEntries &m_entries;
     xcb_window_t m_activeWindow = XCB_WINDOW_NONE;
     std::optional<RunningApplication> m_front;
     std::function<void(const RunningApplication &)> m_handler;
+    std::shared_ptr<X11Workspace *> m_self; // lets a late answer see that this is gone
 };
 
 } // namespace zeph
