@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <ostream>
 #include <string>
 
 namespace zeph {
@@ -28,6 +29,11 @@ struct StrutCase {
     std::vector<Numbers> partials; // one a window
     QMargins expected;
 };
+
+/// Without it the numbers in memory would stand in the name of the test.
+void PrintTo(const StrutCase &strutCase, std::ostream *out) {
+    *out << strutCase.name;
+}
 
 // Left, right, top, bottom; then first and last pixel of each.
 const std::vector<StrutCase> kStrutCases{
