@@ -9,14 +9,14 @@
 namespace zeph {
 
 class AppState;
-enum class AccountFamily;
 class IntegrationsStore;
 class Keychain;
 class PreferencesStore;
-class TaskLane;
-struct IntegrationConnection;
 class RunLoop;
 class TaskExecutor;
+class TaskLane;
+enum class AccountFamily;
+struct IntegrationConnection;
 
 /// What a refresh works with. The state and the preferences outlive it; the rest outlives the
 /// tasks of the executor as well.

@@ -236,7 +236,7 @@ void IntegrationsStore::notifyChanged() {
     m_runLoop.post(notification());
 }
 
-/// Within a turn of the run loop of its own: what reads readiness read it too early.
+/// For when a secret has come to its account: whoever read its readiness before read it too early.
 void IntegrationsStore::tellReadiness() {
     objectWillChange.send();
     m_notifications.post(notifications::zephIntegrationsChanged);
