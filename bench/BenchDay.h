@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/AppState.h"
-#include "core/NotificationCenter.h"
-#include "presentation/framing/FramingContext.h"
-#include "presentation/painting/QtTextMetrics.h"
-#include "presentation/painting/ScenePainter.h"
-#include "presentation/painting/SceneRenderer.h"
-#include "presentation/painting/SymbolLibrary.h"
-#include "presentation/preferences/PreferencesStore.h"
-#include "presentation/widgets/RootWallpaperView.h"
+#include "base/NotificationCenter.h"
+#include "drawing/painting/QtTextMetrics.h"
+#include "drawing/painting/ScenePainter.h"
+#include "drawing/painting/SceneRenderer.h"
+#include "drawing/painting/SymbolLibrary.h"
+#include "model/AppState.h"
+#include "settings/PreferencesStore.h"
 #include "support/FakePlatform.h"
+#include "widgets/RootWallpaperView.h"
+#include "wording/FramingContext.h"
 
 namespace zeph {
 

@@ -40,6 +40,30 @@ void redrawWithNothingChanged(benchmark::State &state) {
     }
 }
 
+/// Repeating events, some of them of many years ago, the calendar's dearest question.
+std::vector<CountdownEvent> oldCountdowns(Date now) {
+    using enum CountdownRecurrence;
+    std::vector<CountdownEvent> events;
+    for (int number = 0; number < 50; ++number) {
+        events.push_back({QUuid(), QStringLiteral("Event %1").arg(number),
+                          now - (3 + number % 15) * 365 * 86400.0,
+                          number % 5 == 4 ? yearly : (number % 5 == 3 ? monthly : weekly)});
+    }
+    return events;
+}
+
+void redrawWithOldCountdowns(benchmark::State &state) {
+    Redraw redraw(1);
+    redraw.day.preferences.setCountdowns(oldCountdowns(*redraw.day.state.now));
+    redraw.display();
+    for ([[maybe_unused]] auto turn : state) {
+        if (!redraw.display().isEmpty()) {
+            state.SkipWithError("something was painted although nothing changed");
+            return;
+        }
+    }
+}
+
 void redrawWithOneChipChanged(benchmark::State &state) {
     constexpr int largestChip = 400 * 120; // pixels
     Redraw redraw(1);
@@ -72,6 +96,7 @@ void fullRepaint(benchmark::State &state) {
 }
 
 BENCHMARK(redrawWithNothingChanged)->Apply(repeated);
+BENCHMARK(redrawWithOldCountdowns)->Apply(repeated);
 BENCHMARK(redrawWithOneChipChanged)->Apply(repeated);
 BENCHMARK(fullRepaint)->Arg(1)->Arg(2)->Apply(repeated);
 

@@ -1,24 +1,25 @@
 // SPDX-License-Identifier: MIT
-#include "core/AppState.h"
-#include "core/IntegrationRefresh.h"
-#include "core/NotificationCenter.h"
-#include "core/WebServices.h"
+#include "adapters/kernel/SystemClock.h"
+#include "adapters/loop/QtRunLoop.h"
+#include "adapters/loop/QtTaskExecutor.h"
+#include "adapters/web/PluggedHttpClient.h"
+#include "app/WebServices.h"
+#include "base/Background.h"
+#include "base/NotificationCenter.h"
 #include "e2e/ContractServer.h"
 #include "e2e/LoopbackEndpoints.h"
-#include "integrations/accounts/AccountCoding.h"
-#include "integrations/accounts/AccountKeys.h"
-#include "integrations/accounts/IntegrationsStore.h"
-#include "integrations/accounts/Keychain.h"
-#include "integrations/custom/JsonLeaves.h"
-#include "integrations/simple/rss/RSSParser.h"
-#include "integrations/web/Json.h"
-#include "platform/linux/http/PluggedHttpClient.h"
-#include "platform/linux/proc/SystemClock.h"
-#include "platform/linux/qt/QtRunLoop.h"
-#include "platform/linux/qt/QtTaskExecutor.h"
-#include "presentation/framing/FramingContext.h"
-#include "presentation/preferences/PreferencesStore.h"
+#include "model/AppState.h"
+#include "services/accounts/AccountCoding.h"
+#include "services/accounts/AccountKeys.h"
+#include "services/accounts/IntegrationsStore.h"
+#include "services/accounts/Keychain.h"
+#include "services/custom/JsonLeaves.h"
+#include "services/refresh/IntegrationRefresh.h"
+#include "services/simple/rss/RSSParser.h"
+#include "services/web/Json.h"
+#include "settings/PreferencesStore.h"
 #include "support/FakePlatform.h"
+#include "wording/FramingContext.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -134,13 +135,16 @@ void measureRefresh() {
     FakePlatform fakes;
     QtRunLoop loop;
     QtTaskExecutor executor;
+    const Background background = Background::over(executor, loop);
     SystemClock clock;
     PluggedHttpClient http;
     Platform platform{fakes.platform.clock,
                       fakes.calendar,
+                      fakes.gregorian,
                       fakes.formatters,
                       loop,
-                      executor,
+                      background,
+                      background,
                       executor,
                       fakes.defaults,
                       fakes.workspace,
@@ -170,8 +174,8 @@ void measureRefresh() {
     AppState state(clock.now());
     const FramingContext framing{preferences, fakes.calendar, fakes.formatters};
     IntegrationRefresh refresh(
-        RefreshContext{state, store, keychain, preferences, executor, loop,
-                       makeWebServices(platform, endpointsAt(root), framing, fakes.calendar)});
+        RefreshContext{state, store, keychain, preferences, background,
+                       makeWebServices(platform, endpointsAt(root), framing)});
     const long before = statusKiB("VmRSS");
     refresh.fetchIntegrations();
     waitForFamilies(state);

@@ -2,8 +2,9 @@
 #include "BenchDay.h"
 #include "BenchSettings.h"
 #include "TickLoop.h"
-#include "core/SamplingCoordinator.h"
-#include "integrations/web/Endpoints.h"
+#include "base/Background.h"
+#include "sensing/SamplingCoordinator.h"
+#include "services/web/Endpoints.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -57,10 +58,12 @@ public:
         : m_bench(bench),
           m_platform{.clock = bench.clock,
                      .calendar = bench.calendar,
+                     .gregorian = bench.gregorian,
                      .formatters = bench.formatters,
                      .runLoop = m_loop,
+                     .background = m_background,
+                     .accountBackground = m_background,
                      .taskExecutor = bench.executor,
-                     .accountExecutor = bench.executor,
                      .userDefaults = bench.defaults,
                      .workspace = bench.workspace,
                      .inputEvents = bench.input,
@@ -94,6 +97,7 @@ public:
 private:
     BenchDay &m_bench;
     TickLoop m_loop;
+    Background m_background = Background::over(m_bench.executor, m_loop);
     Platform m_platform;
     Endpoints m_endpoints;
     SamplingCoordinator m_coordinator;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/RunLoop.h"
+#include "ports/RunLoop.h"
 
 #include <map>
 

@@ -17,10 +17,12 @@ function(zeph_headers name)
 endfunction()
 
 # zeph_test(<name> LINKS <targets>... SOURCES <files>... [APART <files>...] [LABELS <labels>...]
-# [ENVIRONMENT ...]): one GoogleTest executable for one folder, each TEST a ctest of its own. Those
-# APART give a name to something else than a neighbour does, and are never joined with others.
+# [TIMEOUT <seconds>] [ENVIRONMENT ...] [NO_MAIN] [EACH]): one GoogleTest executable for one folder,
+# each suite a test of CTest. Those APART give a name to something else than a neighbour does, and
+# are never joined with others. With EACH every TEST is a process: for libraries that take their
+# bus or their folders once a process.
 function(zeph_test name)
-    cmake_parse_arguments(T "NO_MAIN;SERIAL" "TIMEOUT" "LINKS;SOURCES;APART;LABELS;ENVIRONMENT" ${ARGN})
+    cmake_parse_arguments(T "NO_MAIN;EACH" "TIMEOUT" "LINKS;SOURCES;APART;LABELS;ENVIRONMENT" ${ARGN})
     add_executable(${name} ${T_SOURCES} ${T_APART})
     if(T_APART)
         set_source_files_properties(${T_APART} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
@@ -32,32 +34,38 @@ function(zeph_test name)
         target_link_libraries(${name} PRIVATE zeph_test_main)
     endif()
     if(NOT T_TIMEOUT)
-        set(T_TIMEOUT 30)
+        set(T_TIMEOUT 60)
     endif()
     if(NOT T_LABELS)
         set(T_LABELS unit)
     endif()
-    # The sanitizer presets build and run the unit level alone.
+    # The sanitizer presets build and run the unit level alone, and .ci/run the others plain.
     if(NOT TARGET zeph_unit_tests)
         add_custom_target(zeph_unit_tests)
+        add_custom_target(zeph_beyond_unit)
     endif()
     if("unit" IN_LIST T_LABELS)
         add_dependencies(zeph_unit_tests ${name})
     else()
-        set_target_properties(${name} PROPERTIES UNITY_BUILD OFF)
+        add_dependencies(zeph_beyond_unit ${name})
     endif()
     set(environment LC_ALL=C.UTF-8 TZ=Europe/Berlin QT_QPA_PLATFORM=offscreen HOME=/nonexistent
         XDG_RUNTIME_DIR= DISPLAY= WAYLAND_DISPLAY=
         DBUS_SESSION_BUS_ADDRESS=unix:path=/nonexistent ${T_ENVIRONMENT})
-    # gtest_discover_tests takes lists apart several times; a plain semicolon would leave the
-    # first variable only.
-    string(REPEAT "\\" 7 escapes)
-    list(JOIN environment "${escapes}\;" environment)
-    gtest_discover_tests(${name}
-        DISCOVERY_TIMEOUT 60
-        PROPERTIES
-            TIMEOUT ${T_TIMEOUT}
-            LABELS "${T_LABELS}"
-            RUN_SERIAL "${T_SERIAL}"
-            ENVIRONMENT "${environment}")
+
+    set(suites ${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake)
+    set(properties
+        "TIMEOUT ${T_TIMEOUT} LABELS [==[${T_LABELS}]==] ENVIRONMENT [==[${environment}]==]")
+    add_custom_command(TARGET ${name} POST_BUILD
+        BYPRODUCTS ${suites}
+        COMMAND ${CMAKE_COMMAND}
+            "-DEXECUTABLE=$<TARGET_FILE:${name}>" "-DOUTPUT=${suites}" "-DEACH=${T_EACH}"
+            "-DPROPERTIES=${properties}" -P ${PROJECT_SOURCE_DIR}/cmake/ListSuites.cmake
+        VERBATIM)
+    # Not built, not silently left out.
+    set(chooser ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake)
+    file(WRITE ${chooser} "if(EXISTS \"${suites}\")\n  include(\"${suites}\")\nelse()\n\
+  add_test(${name}_NOT_BUILT ${name}_NOT_BUILT)\n\
+  set_tests_properties(${name}_NOT_BUILT PROPERTIES LABELS \"${T_LABELS}\")\nendif()\n")
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${chooser})
 endfunction()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "history/Database.h"
 
-#include "core/Console.h"
+#include "base/Console.h"
 
 #include <sqlite3.h>
 
@@ -87,7 +87,8 @@ Database::~Database() {
 bool Database::exec(const QString &sql) {
     const std::lock_guard turn(m_queue);
     char *message = nullptr;
-    const int status = sqlite3_exec(m_handle, sql.toUtf8().constData(), nullptr, nullptr, &message);
+    const int status =
+        noted(sqlite3_exec(m_handle, sql.toUtf8().constData(), nullptr, nullptr, &message));
     if (message != nullptr) {
         printLine(u"[Zeph] sql error: %1"_s.arg(QString::fromUtf8(message)));
         sqlite3_free(message);
@@ -95,30 +96,42 @@ bool Database::exec(const QString &sql) {
     return status == SQLITE_OK;
 }
 
-void Database::write(const QString &sql, const std::vector<DatabaseValue> &parameters) {
+bool Database::write(const QString &sql, const std::vector<DatabaseValue> &parameters) {
     const std::lock_guard turn(m_queue);
     const auto [statement, status] = prepare(m_handle, sql);
-    if (status != SQLITE_OK) {
+    if (noted(status) != SQLITE_OK) {
         printError(u"prepare failed"_s, m_handle);
-        return;
+        return false;
     }
     bind(statement.get(), parameters);
-    if (sqlite3_step(statement.get()) != SQLITE_DONE) {
+    const bool isDone = noted(sqlite3_step(statement.get())) == SQLITE_DONE;
+    if (!isDone) {
         printError(u"step failed"_s, m_handle);
     }
+    return isDone;
 }
 
-void Database::forEachRow(const QString &sql, const std::vector<DatabaseValue> &parameters,
+bool Database::forEachRow(const QString &sql, const std::vector<DatabaseValue> &parameters,
                           const std::function<void(const DatabaseRow &)> &visit) {
     const std::lock_guard turn(m_queue);
     const auto [statement, status] = prepare(m_handle, sql);
-    if (status != SQLITE_OK) {
-        return; // a read that can't be prepared is silent, unlike a write
+    if (noted(status) != SQLITE_OK) {
+        return false; // a read that can't be prepared is silent, unlike a write
     }
     bind(statement.get(), parameters);
-    while (sqlite3_step(statement.get()) == SQLITE_ROW) {
+    int step = SQLITE_OK;
+    while ((step = noted(sqlite3_step(statement.get()))) == SQLITE_ROW) {
         visit(DatabaseRow(statement.get()));
     }
+    return step == SQLITE_DONE;
+}
+
+int Database::noted(int status) {
+    const int kind = status & 0xFF; // without what SQLite adds to tell more
+    if (kind == SQLITE_CORRUPT || kind == SQLITE_NOTADB) {
+        m_isDamaged = true;
+    }
+    return status;
 }
 
 } // namespace zeph

@@ -3,9 +3,11 @@
 
 #include <QString>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <type_traits>
 #include <utility>
 #include <variant>
@@ -34,8 +36,7 @@ private:
 };
 
 /// One connection to one SQLite file. Every operation blocks until its statement is finished and
-/// may come from any thread: a mutex runs them one after the other. Failures are printed and
-/// swallowed, nothing is retried.
+/// may come from any thread: a mutex runs them one after the other. Nothing is retried.
 class Database {
 public:
     /// Opens or creates the file at `path` in WAL mode. Null, after one printed line, when SQLite
@@ -49,27 +50,47 @@ public:
     /// Runs one or more statements without parameters or rows. False, and printed, on an error.
     bool exec(const QString &sql);
 
-    /// Runs one statement with its parameters in order. A failure is printed and its data lost.
-    void write(const QString &sql, const std::vector<DatabaseValue> &parameters);
+    /// Runs one statement with its parameters in order. False, and printed, when its data is lost.
+    bool write(const QString &sql, const std::vector<DatabaseValue> &parameters);
 
     /// What `map` makes of each row, in row order. An error looks like the end of the rows. `map`
     /// takes a `const DatabaseRow &` and must not call back into this database.
     template <typename Map>
     auto query(const QString &sql, const std::vector<DatabaseValue> &parameters, Map map) {
-        std::vector<std::decay_t<std::invoke_result_t<Map &, const DatabaseRow &>>> rows;
+        Rows<Map> rows;
         forEachRow(sql, parameters,
                    [&rows, &map](const DatabaseRow &row) { rows.push_back(map(row)); });
         return rows;
     }
 
+    /// The same for whoever has to tell "no rows" from an error: absent when not all rows could be
+    /// read.
+    template <typename Map>
+    auto read(const QString &sql, const std::vector<DatabaseValue> &parameters, Map map) {
+        Rows<Map> rows;
+        const bool isWhole = forEachRow(
+            sql, parameters, [&rows, &map](const DatabaseRow &row) { rows.push_back(map(row)); });
+        return isWhole ? std::optional(std::move(rows)) : std::nullopt;
+    }
+
+    /// Whether a statement found that the file is no database or a damaged one.
+    bool isDamaged() const { return m_isDamaged; }
+
 private:
+    template <typename Map>
+    using Rows = std::vector<std::decay_t<std::invoke_result_t<Map &, const DatabaseRow &>>>;
+
     explicit Database(sqlite3 *handle) : m_handle(handle) {}
 
-    void forEachRow(const QString &sql, const std::vector<DatabaseValue> &parameters,
+    /// False when an error ended the rows.
+    bool forEachRow(const QString &sql, const std::vector<DatabaseValue> &parameters,
                     const std::function<void(const DatabaseRow &)> &visit);
+    /// Takes notice of a statement's status, and hands it on.
+    int noted(int status);
 
     sqlite3 *m_handle;
     std::mutex m_queue; // stands in for a serial queue: one statement at a time
+    std::atomic<bool> m_isDamaged = false;
 };
 
 } // namespace zeph

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "history/PrivateFiles.h"
 
-#include <QDir>
+#include "base/DamagedName.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -12,7 +13,6 @@ namespace zeph {
 namespace {
 
 constexpr QFile::Permissions ownerFile = QFile::ReadOwner | QFile::WriteOwner;
-constexpr QFile::Permissions ownerFolder = ownerFile | QFile::ExeOwner;
 constexpr QFile::Permissions others = QFile::ReadGroup | QFile::WriteGroup | QFile::ExeGroup |
                                       QFile::ReadOther | QFile::WriteOther | QFile::ExeOther;
 
@@ -26,15 +26,6 @@ void closeToOthers(const QString &path) {
 
 } // namespace
 
-void makePrivateFolder(const QString &folder) {
-    const QFileInfo info(QDir::cleanPath(folder));
-    const QDir parent = info.dir();
-    // Made with its final mode, so that it stands open at no moment.
-    if (!info.isDir() && parent.mkpath(u"."_s)) {
-        parent.mkdir(info.fileName(), ownerFolder);
-    }
-}
-
 void makePrivateDatabaseFile(const QString &path) {
     QFile fresh(path);
     fresh.open(QFile::WriteOnly | QFile::NewOnly, ownerFile);
@@ -45,6 +36,17 @@ void makePrivateDatabaseFile(const QString &path) {
             closeToOthers(file);
         }
     }
+}
+
+std::optional<QString> setDatabaseAside(const QString &path) {
+    const QString aside = unusedDamagedName(path);
+    // The side files first: left alone beside a new file they would be taken for its own.
+    for (const QString &suffix : {u"-wal"_s, u"-shm"_s}) {
+        if (QFileInfo::exists(path + suffix) && !QFile::rename(path + suffix, aside + suffix)) {
+            return std::nullopt;
+        }
+    }
+    return QFile::rename(path, aside) ? std::optional(aside) : std::nullopt;
 }
 
 } // namespace zeph

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "history/UsageStore.h"
 
+#include "base/Console.h"
+#include "base/Log.h"
+#include "base/PrivateFolder.h"
 #include "history/Database.h"
 #include "history/PrivateFiles.h"
 #include "history/UsageStatements.h"
-#include "platform/Calendar.h"
-#include "platform/Clock.h"
+#include "ports/Calendar.h"
+#include "ports/Clock.h"
 
 #include <algorithm>
 #include <numeric>
@@ -18,6 +21,10 @@ namespace {
 
 QString sql(const char16_t *text) {
     return QString::fromUtf16(text);
+}
+
+QString databasePath(const QString &folder) {
+    return folder + u"/zeph.sqlite"_s;
 }
 
 DatabaseValue nullable(const std::optional<QString> &text) {
@@ -73,66 +80,111 @@ double mean(const std::vector<double> &values) {
     return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
 }
 
-std::unique_ptr<Database> openPrivately(const QString &folder) {
-    makePrivateFolder(folder);
-    const QString path = folder + u"/zeph.sqlite"_s;
-    makePrivateDatabaseFile(path);
-    return Database::open(path);
-}
-
 } // namespace
 
 UsageStore::UsageStore(const QString &folder, const Clock &clock, const Calendar &calendar)
-    : m_clock(clock), m_calendar(calendar), m_db(openPrivately(folder)) {
-    migrate();
+    : m_folder(folder), m_clock(clock), m_calendar(calendar) {
+    makePrivateFolder(folder);
+    open();
+    if (m_db && m_db->isDamaged()) {
+        beginAnew();
+    }
 }
 
 UsageStore::~UsageStore() = default;
 
-void UsageStore::migrate() {
+void UsageStore::open() {
+    const QString path = databasePath(m_folder);
+    makePrivateDatabaseFile(path);
+    m_db = Database::open(path);
     if (m_db) {
-        m_db->exec(sql(statements::createAppUsage));
-        m_db->exec(sql(statements::createDailyStats));
+        const bool hasApplications = m_db->exec(sql(statements::createAppUsage));
+        m_hasTables = m_db->exec(sql(statements::createDailyStats)) && hasApplications;
     }
+}
+
+/// Makes up for what went wrong earlier: a disk that was full may have room again.
+void UsageStore::mend() {
+    if (m_db && m_db->isDamaged()) {
+        beginAnew();
+    } else if (m_db && !m_hasTables) {
+        m_hasTables = m_db->exec(sql(statements::createAppUsage)) &&
+                      m_db->exec(sql(statements::createDailyStats));
+    }
+}
+
+void UsageStore::beginAnew() {
+    m_db.reset();
+    const auto aside = setDatabaseAside(databasePath(m_folder));
+    if (!aside) {
+        qCWarning(logHistory, "the damaged history can't be set aside, so nothing is kept");
+        return;
+    }
+    printLine(u"[Zeph] the history was damaged and is kept as %1"_s.arg(*aside));
+    m_unknown.clear(); // nothing is stored any more
+    open();
 }
 
 QString UsageStore::dayKey(Date date) const {
     return m_calendar.dayKey(date);
 }
 
-std::vector<AppUsage> UsageStore::loadAppUsage(const QString &day) const {
-    return m_db ? m_db->query(sql(statements::selectAppUsage), {day}, readAppUsage)
-                : std::vector<AppUsage>();
+template <typename Map>
+auto UsageStore::load(UsageTable table, const QString &day, const char16_t *statement, Map map) {
+    mend();
+    using Rows = std::vector<std::invoke_result_t<Map, const DatabaseRow &>>;
+    if (!m_db) {
+        return Rows();
+    }
+    auto rows = m_db->read(sql(statement), {day}, map);
+    if (rows) {
+        m_unknown.erase({table, day});
+    } else if (m_unknown.insert({table, day}).second) {
+        qCWarning(logHistory, "what is stored of %s can't be read, so nothing is saved over it",
+                  qPrintable(day));
+    }
+    return rows.value_or(Rows());
 }
 
-void UsageStore::saveAppUsage(const std::vector<AppUsage> &usage, const QString &day) {
-    if (!m_db) {
-        return;
+bool UsageStore::isKnown(UsageTable table, const QString &day) const {
+    return m_unknown.count({table, day}) == 0;
+}
+
+bool UsageStore::maySave(UsageTable table, const QString &day) {
+    mend();
+    return m_db && isKnown(table, day);
+}
+
+std::vector<AppUsage> UsageStore::loadAppUsage(const QString &day) {
+    return load(UsageTable::applications, day, statements::selectAppUsage, readAppUsage);
+}
+
+bool UsageStore::saveAppUsage(const std::vector<AppUsage> &usage, const QString &day) {
+    if (!maySave(UsageTable::applications, day)) {
+        return false;
     }
+    bool isSaved = true;
     for (const AppUsage &app : usage) {
-        m_db->write(sql(statements::upsertAppUsage), {day, app.bundleID, app.name, app.seconds});
+        isSaved &= m_db->write(sql(statements::upsertAppUsage),
+                               {day, app.bundleID, app.name, app.seconds});
     }
+    return isSaved;
 }
 
 std::optional<std::pair<ActivitySummary, InputRhythm>>
-UsageStore::loadDailyStats(const QString &day) const {
-    if (!m_db) {
-        return std::nullopt;
-    }
-    const auto rows = m_db->query(sql(statements::selectDailyStats), {day}, readDailyStats);
+UsageStore::loadDailyStats(const QString &day) {
+    const auto rows = load(UsageTable::totals, day, statements::selectDailyStats, readDailyStats);
     return rows.empty() ? std::nullopt : std::optional(rows.front());
 }
 
-void UsageStore::saveDailyStats(const ActivitySummary &summary, const InputRhythm &rhythm,
+bool UsageStore::saveDailyStats(const ActivitySummary &summary, const InputRhythm &rhythm,
                                 const QString &day) {
-    if (!m_db) {
-        return;
-    }
-    m_db->write(sql(statements::upsertDailyStats),
-                {day, rhythm.totalKeystrokes, rhythm.mouseClicks, rhythm.mouseDistanceMeters,
-                 summary.activeSeconds, summary.machineOnSeconds, summary.appSwitches,
-                 summary.longestFocusSeconds, nullable(summary.longestFocusApp),
-                 nullable(summary.firstActive), nullable(summary.lastActive)});
+    return maySave(UsageTable::totals, day) &&
+           m_db->write(sql(statements::upsertDailyStats),
+                       {day, rhythm.totalKeystrokes, rhythm.mouseClicks, rhythm.mouseDistanceMeters,
+                        summary.activeSeconds, summary.machineOnSeconds, summary.appSwitches,
+                        summary.longestFocusSeconds, nullable(summary.longestFocusApp),
+                        nullable(summary.firstActive), nullable(summary.lastActive)});
 }
 
 double UsageStore::averageKPM(bool excludingToday, int days) const {

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/records/ActivitySummary.h"
-#include "core/records/AppUsage.h"
-#include "core/records/InputRhythm.h"
+#include "model/ActivitySummary.h"
+#include "model/AppUsage.h"
+#include "model/InputRhythm.h"
 
 #include <memory>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -15,12 +16,23 @@ class Calendar;
 class Clock;
 class Database;
 
+/// What is stored of a day.
+enum class UsageTable {
+    applications, ///< the seconds of each application
+    totals,       ///< the row of counters
+};
+
 /// Daily usage on disk: seconds an application a day, and one row of counters a day. Blocking;
 /// called on the main thread. Without a database every load is empty and every save does nothing.
+///
+/// A load that fails answers as if nothing were stored. So that such an answer never overwrites
+/// what is there, nothing more is saved to that table for that day until a load works.
 class UsageStore {
 public:
     /// Opens "zeph.sqlite" in `folder`, which is made when missing (0700; the file is 0600), and
-    /// creates the tables. A file that will not open leaves the store without a database.
+    /// creates the tables. A file that will not open leaves the store without a database; one that
+    /// is damaged, whenever that is found, is renamed to "zeph.sqlite.damaged", or a numbered name
+    /// beside it, and a new one begun.
     UsageStore(const QString &folder, const Clock &clock, const Calendar &calendar);
     ~UsageStore();
     UsageStore(const UsageStore &) = delete;
@@ -30,14 +42,20 @@ public:
     QString dayKey(Date date) const;
 
     /// Most seconds first; `iconPath` is not stored.
-    std::vector<AppUsage> loadAppUsage(const QString &day) const;
-    void saveAppUsage(const std::vector<AppUsage> &usage, const QString &day);
+    std::vector<AppUsage> loadAppUsage(const QString &day);
 
-    std::optional<std::pair<ActivitySummary, InputRhythm>> loadDailyStats(const QString &day) const;
+    /// False when not all of it could be stored.
+    bool saveAppUsage(const std::vector<AppUsage> &usage, const QString &day);
 
-    /// Keeps the first `firstActive` ever stored for the day and replaces everything else.
-    void saveDailyStats(const ActivitySummary &summary, const InputRhythm &rhythm,
+    std::optional<std::pair<ActivitySummary, InputRhythm>> loadDailyStats(const QString &day);
+
+    /// Keeps the first `firstActive` ever stored for the day and replaces everything else. False
+    /// when it could not be stored.
+    bool saveDailyStats(const ActivitySummary &summary, const InputRhythm &rhythm,
                         const QString &day);
+
+    /// False when the last load of this failed, so that what is stored is not known.
+    bool isKnown(UsageTable table, const QString &day) const;
 
     /// Mean of the daily keystrokes per active minute over the newest `days` rows with more than
     /// 300 active seconds, days without keystrokes left out; 0 without any.
@@ -47,11 +65,21 @@ public:
     double averageActiveSeconds(int days) const;
 
 private:
-    void migrate();
+    void open();
+    void mend();
+    void beginAnew();
+    bool maySave(UsageTable table, const QString &day);
 
+    /// The rows of `table` for `day`; empty, and the day not known, when they can't be read.
+    template <typename Map>
+    auto load(UsageTable table, const QString &day, const char16_t *statement, Map map);
+
+    QString m_folder;
     const Clock &m_clock;
     const Calendar &m_calendar;
     std::unique_ptr<Database> m_db; // null when the file could not be opened
+    bool m_hasTables = false;
+    std::set<std::pair<UsageTable, QString>> m_unknown; // what the last load of failed
 };
 
 } // namespace zeph

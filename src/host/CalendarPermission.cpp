@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/CalendarPermission.h"
 
-#include "platform/EventStore.h"
+#include "ports/EventStore.h"
 
 #include <utility>
 
@@ -10,11 +10,11 @@ namespace zeph {
 CalendarPermission::CalendarPermission(EventStore &store) : m_store(store) {}
 
 void CalendarPermission::requestAccess(std::function<void(bool)> completion) {
-    m_store.requestFullAccess(EntityType::event, std::move(completion));
+    m_store.requestFullAccess(EntityType::event, AccessWish::ofUser, std::move(completion));
 }
 
 void CalendarPermission::requestRemindersAccess(std::function<void(bool)> completion) {
-    m_store.requestFullAccess(EntityType::reminder, std::move(completion));
+    m_store.requestFullAccess(EntityType::reminder, AccessWish::ofUser, std::move(completion));
 }
 
 } // namespace zeph

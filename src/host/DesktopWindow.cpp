@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "host/DesktopWindow.h"
 
-#include "platform/RunLoop.h"
-#include "platform/WindowServer.h"
-#include "presentation/preferences/PreferencesStore.h"
-#include "presentation/widgets/RootWallpaperView.h"
+#include "ports/RunLoop.h"
+#include "ports/WindowServer.h"
+#include "settings/PreferencesStore.h"
+#include "widgets/RootWallpaperView.h"
 
 #include <utility>
 
@@ -18,8 +18,7 @@ DesktopWindow::DesktopWindow(WindowServer &server, RunLoop &runLoop,
       m_preferences(preferences),
       m_rootView(rootView),
       m_renderer(painter),
-      m_screen(std::move(screen)),
-      m_needsDisplay(std::make_shared<bool>(false)) {
+      m_screen(std::move(screen)) {
     makeSurface();
     display();
 }
@@ -63,28 +62,25 @@ void DesktopWindow::setTargetScreen(const Screen &screen) {
 }
 
 void DesktopWindow::setNeedsDisplay() {
-    if (*m_needsDisplay) {
-        return;
+    if (!std::exchange(m_needsDisplay, true)) {
+        m_runLoop.post(m_redraws.whileAlive([this] { display(); }));
     }
-    *m_needsDisplay = true;
-    m_runLoop.post([this, weak = std::weak_ptr(m_needsDisplay)] {
-        if (!weak.expired()) {
-            display();
-        }
-    });
 }
 
 void DesktopWindow::display() {
-    *m_needsDisplay = false;
+    m_needsDisplay = false;
     if (wantsTransparency() != m_wantsTransparency) {
         rebuildSurface();
         return;
     }
-    const Scene scene = m_rootView.scene(m_screen.frame.size(), m_surface->isTransparent());
-    const QRegion damage = m_renderer.render(scene, m_surface->frameBuffer(), m_screen.scale);
-    if (!damage.isEmpty()) {
-        m_surface->present(damage);
-    }
+    m_surface->show([this](QImage &frame) {
+        const bool isTransparent = m_surface->isTransparent();
+        if (const auto backdrop = m_rootView.backdrop(isTransparent)) {
+            m_renderer.paintAhead(*backdrop, frame);
+        }
+        return m_renderer.render(m_rootView.scene(m_screen.frame.size(), isTransparent), frame,
+                                 m_screen.scale);
+    });
 }
 
 void DesktopWindow::orderFrontRegardless() {

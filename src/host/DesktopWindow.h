@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Screens.h"
-#include "presentation/painting/SceneRenderer.h"
+#include "base/WorkOwner.h"
+#include "drawing/painting/SceneRenderer.h"
+#include "ports/Screens.h"
 
 #include <memory>
 
@@ -55,7 +56,8 @@ private:
     std::unique_ptr<DesktopSurface> m_surface;
     bool m_wantsTransparency = false;
     bool m_onScreen = false;
-    std::shared_ptr<bool> m_needsDisplay; // the pending redraw holds it weakly
+    bool m_needsDisplay = false; // a redraw is pending
+    WorkOwner m_redraws;
 };
 
 } // namespace zeph

@@ -2,11 +2,11 @@
 #include "host/PermissionsManager.h"
 
 #include "host/CalendarPermission.h"
-#include "platform/EventStore.h"
-#include "platform/InputEvents.h"
-#include "platform/LocationClient.h"
-#include "platform/RunLoop.h"
-#include "platform/SystemSettings.h"
+#include "ports/EventStore.h"
+#include "ports/InputEvents.h"
+#include "ports/LocationClient.h"
+#include "ports/RunLoop.h"
+#include "ports/SystemSettings.h"
 
 #include <QUrl>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/ChangePublisher.h"
-#include "core/Published.h"
+#include "base/ChangePublisher.h"
+#include "base/Published.h"
 
 #include <QString>
 

@@ -9,13 +9,19 @@ namespace zeph {
 
 namespace {
 
-/// Choices were once stored without the connector, which is the last part of some identities.
-std::optional<Screen> chosenByWordsAlone(const QString &words, const std::vector<Screen> &all) {
+/// Choices were once stored without the connector, which is the last part of some identities, and
+/// with the whole name of the maker instead of the letters that come first.
+bool wasOnceStoredAs(const QString &stored, const QString &identity) {
+    const auto connector = identity.lastIndexOf(u" @"_s);
+    const auto model = identity.indexOf(u' ');
+    return (connector >= 0 && identity.left(connector) == stored) ||
+           (model >= 0 && model != connector && stored.endsWith(identity.mid(model)));
+}
+
+std::optional<Screen> formerlyChosen(const QString &stored, const std::vector<Screen> &all) {
     std::optional<Screen> chosen;
     for (const Screen &screen : all) {
-        const QString identity = screen.persistentID.value_or(QString());
-        const auto end = identity.lastIndexOf(u" @"_s);
-        if (end < 0 || identity.left(end) != words) {
+        if (!wasOnceStoredAs(stored, screen.persistentID.value_or(QString()))) {
             continue;
         }
         if (chosen) {
@@ -40,7 +46,7 @@ std::vector<Screen> selectedScreens(const DisplaySelection &selection, const Scr
     if (chosen != all.end()) {
         return {*chosen};
     }
-    if (const auto former = chosenByWordsAlone(one->identity, all)) {
+    if (const auto former = formerlyChosen(one->identity, all)) {
         return {*former};
     }
     if (const auto main = screens.main()) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Screens.h"
-#include "presentation/preferences/PreferenceChoices.h"
+#include "ports/Screens.h"
+#include "settings/PreferenceChoices.h"
 
 #include <QStringList>
 
@@ -10,7 +10,8 @@ namespace zeph {
 
 /// The screens that get a wallpaper: all of them; or the chosen one; or, while the chosen one is
 /// unplugged, the main screen, and all where there is no main screen either. A choice that lacks
-/// the connector at the end of an identity means the one screen with the rest of it.
+/// the connector at the end of an identity, or has another word for the maker at its beginning,
+/// means the one screen with the rest of it.
 std::vector<Screen> selectedScreens(const DisplaySelection &selection, const Screens &screens);
 
 /// The identity that tells one built set of windows from another: the persistent identity, else

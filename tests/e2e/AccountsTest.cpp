@@ -2,13 +2,13 @@
 #include "ContractServer.h"
 #include "TaviFixture.h"
 
-#include "integrations/accounts/AccountCoding.h"
-#include "integrations/accounts/AccountKeys.h"
-#include "integrations/accounts/CustomAPIConfig.h"
-#include "integrations/accounts/IntegrationConnection.h"
-#include "linux/location/FakeGeoClue.h"
-#include "linux/secret/SecretServer.h"
-#include "platform/linux/secret/SecretServiceStore.h"
+#include "adapters/places/FakeGeoClue.h"
+#include "adapters/secret/SecretServer.h"
+#include "adapters/secret/SecretServiceStore.h"
+#include "services/accounts/AccountCoding.h"
+#include "services/accounts/AccountKeys.h"
+#include "services/accounts/CustomAPIConfig.h"
+#include "services/accounts/IntegrationConnection.h"
 
 #include <QDirIterator>
 #include <QJsonDocument>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "linux/http/LoopbackConnection.h"
-#include "linux/http/LoopbackServer.h"
+#include "adapters/web/LoopbackConnection.h"
+#include "adapters/web/LoopbackServer.h"
 
 #include <QByteArray>
 
@@ -12,7 +12,7 @@
 namespace zeph {
 
 /// All web services on one loopback port, told apart by the first part of the path. Answers with
-/// the recorded shapes of tests/integrations/fixtures.
+/// the recorded shapes of tests/services/fixtures.
 class ContractServer {
 public:
     /// Such as "http://127.0.0.1:4321".

@@ -56,6 +56,23 @@ TEST_F(EndTest, comesWithinHalfASecond) {
     EXPECT_LE(best, 500) << "milliseconds";
 }
 
+TEST_F(EndTest, comesWithinHalfASecondWhenTheBusHangs) {
+    qint64 best = std::numeric_limits<qint64>::max();
+    for (int run = 0; run < 3 && best > 500; ++run) {
+        Program tavi(environment());
+        ASSERT_TRUE(waitForWallpaper());
+        bus.freeze();
+        QElapsedTimer elapsed;
+        elapsed.start();
+        tavi.send(SIGTERM);
+        ASSERT_TRUE(tavi.endsWith(0));
+        best = std::min(best, elapsed.elapsed());
+        bus.thaw();
+        ASSERT_TRUE(waitUntil([&] { return client->find("Tavi") == 0; }));
+    }
+    EXPECT_LE(best, 500) << "milliseconds";
+}
+
 TEST_F(EndTest, byAKillLeavesASoundDatabaseForTheNextStart) {
     for (int run = 0; run < 2; ++run) {
         Program killed(environment());

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "integrations/web/Endpoints.h"
+#include "services/web/Endpoints.h"
 
 namespace zeph {
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "LoopbackEndpoints.h"
-#include "RunProgram.h"
+#include "app/RunProgram.h"
 
 /// The program itself, but that the web services are those at the root given as its argument, and
 /// that the accounts are asked every three seconds.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Program.h"
 
-#include "linux/dbus/PrivateBus.h"
+#include "adapters/bus/PrivateBus.h"
 #include "support/WaitUntil.h"
 
 #include <csignal>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "TaviFixture.h"
 
-#include "linux/eds/CalendarOwner.h"
-#include "linux/eds/CalendarServer.h"
-#include "linux/location/FakeGeoClue.h"
-#include "linux/power/UPowerFixture.h"
+#include "adapters/calendar/CalendarOwner.h"
+#include "adapters/calendar/CalendarServer.h"
+#include "adapters/places/FakeGeoClue.h"
+#include "adapters/power/UPowerFixture.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

@@ -5,6 +5,7 @@
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QDBusVirtualObject>
+#include <QElapsedTimer>
 
 #include <csignal>
 
@@ -68,6 +69,32 @@ TEST_F(StartTest, needsNoBus) {
     bus.stop();
     Program tavi(environment());
     ASSERT_TRUE(waitForWallpaper());
+    tavi.send(SIGTERM);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+}
+
+TEST_F(StartTest, endsAtOnceWhereTheProgramRunsThoughNoBusTellsOfIt) {
+    startWindowManager();
+    bus.stop();
+    const Program first(environment());
+    ASSERT_TRUE(waitForWallpaper());
+    writeSettings("damaged");
+    Program second(environment());
+    EXPECT_TRUE(second.endsWith(0, std::chrono::seconds(10))) << second.errors().toStdString();
+    EXPECT_TRUE(second.output().isEmpty()) << second.output().toStdString();
+    EXPECT_FALSE(QFile::exists(path("config/Zeph/defaults.json.damaged"))) << "nothing is written";
+    EXPECT_TRUE(first.isRunning());
+    EXPECT_EQ(client->findAll("Tavi").size(), 1);
+}
+
+TEST_F(StartTest, doesWithoutABusThatHangs) {
+    startWindowManager();
+    bus.freeze();
+    Program tavi(environment());
+    QElapsedTimer taken;
+    taken.start();
+    ASSERT_TRUE(waitForWallpaper());
+    EXPECT_LT(taken.elapsed(), 15'000) << "every wait for the bus would take 25 s";
     tavi.send(SIGTERM);
     EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
 }

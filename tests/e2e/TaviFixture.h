@@ -5,7 +5,7 @@
 #include "Program.h"
 #include "ScreenReader.h"
 
-#include "linux/dbus/PrivateBus.h"
+#include "adapters/bus/PrivateBus.h"
 #include "support/QtPrinters.h"
 #include "support/WaitUntil.h"
 #include "support/XTestClient.h"

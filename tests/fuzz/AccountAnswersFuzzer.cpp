@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "integrations/analytics/PlausibleAggregate.h"
-#include "integrations/github/ContributionCalendar.h"
-#include "integrations/github/GitHubAnswers.h"
-#include "integrations/revenue/ChartMogulMetrics.h"
-#include "integrations/revenue/DodoAmounts.h"
-#include "integrations/revenue/LemonSqueezyAnswers.h"
-#include "integrations/revenue/StripeAnswers.h"
-#include "integrations/web/ProviderHTTP.h"
+#include "services/analytics/PlausibleAggregate.h"
+#include "services/github/ContributionCalendar.h"
+#include "services/github/GitHubAnswers.h"
+#include "services/revenue/ChartMogulMetrics.h"
+#include "services/revenue/DodoAmounts.h"
+#include "services/revenue/LemonSqueezyAnswers.h"
+#include "services/revenue/StripeAnswers.h"
+#include "services/web/ProviderHTTP.h"
 
 #include <cstddef>
 #include <cstdint>

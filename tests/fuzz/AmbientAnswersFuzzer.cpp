@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ambient/AmbientAnswers.h"
-#include "ambient/QuoteService.h"
-#include "core/values/DescribedError.h"
-#include "integrations/web/Json.h"
+#include "base/DescribedError.h"
+#include "services/ambient/AmbientAnswers.h"
+#include "services/ambient/QuoteService.h"
+#include "services/web/Json.h"
 
 #include <cmath>
 #include <cstddef>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/places/CityTable.h"
+#include "adapters/places/CityTable.h"
 
 #include <cstddef>
 #include <cstdint>

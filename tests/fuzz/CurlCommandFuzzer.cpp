@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "integrations/custom/CurlCommand.h"
+#include "services/custom/CurlCommand.h"
 
-#include "core/values/Blanks.h"
+#include "base/Blanks.h"
 
 #include <cstddef>
 #include <cstdint>

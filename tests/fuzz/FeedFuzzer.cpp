@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "integrations/simple/rss/RSSParser.h"
+#include "services/simple/rss/RSSParser.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -11,14 +11,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (!feed) {
         return 0;
     }
-    // Whatever the bytes were: titles are trimmed, none is empty, and entities add no more to them
-    // than is allowed.
+    // Whatever the bytes were: titles are trimmed lines, none is empty, and entities add no more to
+    // them than is allowed.
     constexpr qsizetype mostExpansion = 65536;
     qsizetype length = feed->title.size();
-    bool isClean = feed->title == feed->title.trimmed();
+    const auto isLine = [](const QString &title) {
+        return title == title.trimmed() && !title.contains(QLatin1Char('\n')) &&
+               !title.contains(QLatin1String("  "));
+    };
+    bool isClean = isLine(feed->title);
     for (const QString &item : feed->items) {
         length += item.size();
-        isClean = isClean && !item.isEmpty() && item == item.trimmed();
+        isClean = isClean && !item.isEmpty() && isLine(item);
     }
     if (!isClean || length > bytes.size() + mostExpansion) {
         std::abort();

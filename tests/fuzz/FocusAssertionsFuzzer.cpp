@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "sensors/FocusAssertions.h"
+#include "sensing/FocusAssertions.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

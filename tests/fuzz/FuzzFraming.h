@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/NotificationCenter.h"
-#include "presentation/framing/FramingContext.h"
-#include "presentation/preferences/PreferencesStore.h"
+#include "base/NotificationCenter.h"
+#include "settings/PreferencesStore.h"
 #include "support/FakeFormatters.h"
 #include "support/FakeUserDefaults.h"
 #include "support/UtcCalendar.h"
+#include "wording/FramingContext.h"
 
 namespace zeph {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/power/SysfsBattery.h"
+#include "adapters/power/SysfsBattery.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/proc/ProcParsers.h"
+#include "adapters/kernel/ProcParsers.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -12,6 +12,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const auto memory = zeph::parseMemoryInfo(bytes);
     if (memory && memory->used > memory->total) {
         std::abort();
+    }
+    for (const zeph::LinkCounters &link :
+         zeph::parseLinks(bytes).value_or(std::vector<zeph::LinkCounters>())) {
+        if (link.name.isEmpty() || link.name.contains(u':')) {
+            std::abort();
+        }
     }
     return 0;
 }

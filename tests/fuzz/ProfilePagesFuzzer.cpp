@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FuzzFraming.h"
-#include "integrations/simple/ProductHuntService.h"
-#include "integrations/simple/RedditProfile.h"
-#include "integrations/web/ServiceError.h"
+#include "services/simple/ProductHuntService.h"
+#include "services/simple/RedditProfile.h"
+#include "services/web/ServiceError.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/folder/UserDirs.h"
+#include "adapters/storage/UserDirs.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/location/ZoneTable.h"
+#include "adapters/places/ZoneTable.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -2,7 +2,7 @@
 #include "golden/GoldenImage.h"
 #include "golden/WidgetSheet.h"
 
-#include "presentation/widgets/WallpaperContentView.h"
+#include "widgets/WallpaperContentView.h"
 
 namespace zeph {
 

@@ -57,11 +57,6 @@ testing::AssertionResult matchesGolden(const QImage &image, const QString &name,
                                        const GoldenOptions &options, const GoldenFolder &folder) {
     const QImage got = image.convertToFormat(QImage::Format_ARGB32);
     const QString path = inFolder(folder.expected, name + u".png"_s);
-    if (folder.updates) {
-        return got.save(path)
-                   ? testing::AssertionSuccess()
-                   : testing::AssertionFailure() << "cannot write " << path.toStdString();
-    }
     const QImage expected = QImage(path).convertToFormat(QImage::Format_ARGB32);
     Comparison comparison;
     if (got.size() == expected.size() && !got.isNull()) {
@@ -69,7 +64,11 @@ testing::AssertionResult matchesGolden(const QImage &image, const QString &name,
         if (comparison.differing <= options.allowedPixels) {
             return testing::AssertionSuccess();
         }
-        comparison.picture.save(inFolder(folder.output, name + u".diff.png"_s));
+    }
+    if (folder.updates) {
+        return got.save(path)
+                   ? testing::AssertionSuccess()
+                   : testing::AssertionFailure() << "cannot write " << path.toStdString();
     }
     got.save(inFolder(folder.output, name + u".got.png"_s));
     if (expected.isNull()) {
@@ -81,6 +80,7 @@ testing::AssertionResult matchesGolden(const QImage &image, const QString &name,
                << "it is " << got.width() << " by " << got.height() << " instead of "
                << expected.width() << " by " << expected.height();
     }
+    comparison.picture.save(inFolder(folder.output, name + u".diff.png"_s));
     return mismatch(folder, name) << comparison.differing << " pixels differ, by up to "
                                   << comparison.furthest << " of 255";
 }

@@ -19,7 +19,7 @@ struct GoldenOptions {
 struct GoldenFolder {
     QString expected;
     QString output;
-    bool updates = false; ///< rewrites the expected pictures instead of comparing
+    bool updates = false; ///< rewrites the expected pictures that differ instead of failing
 };
 
 /// Compares `image` with `<name>.png` of `folder`.

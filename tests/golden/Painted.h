@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/painting/QtTextMetrics.h"
-#include "presentation/painting/ScenePainter.h"
-#include "presentation/painting/SymbolLibrary.h"
-#include "presentation/scene/Scene.h"
+#include "drawing/painting/QtTextMetrics.h"
+#include "drawing/painting/ScenePainter.h"
+#include "drawing/painting/SymbolLibrary.h"
+#include "drawing/scene/Scene.h"
 
 #include <QImage>
 

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "golden/SampleCards.h"
 #include "golden/SampleDay.h"
+
+#include "services/simple/RedditProfile.h"
 
 #include <limits>
 
@@ -61,41 +64,11 @@ RevenueStats revenue(const QString &provider, const QString &name, Date updated)
     return stats;
 }
 
-SimpleIntegrationStats simple(const QString &provider, const QString &headline,
-                              std::vector<IntegrationChip> chips, Date updated) {
-    SimpleIntegrationStats stats;
-    stats.id = QUuid::createUuidV5(QUuid(), provider + headline);
-    stats.provider = provider;
-    stats.headline = headline;
-    stats.chips = std::move(chips);
-    stats.updated = updated;
-    return stats;
-}
-
 template <typename Record>
 Record failed(Record record) {
     record.updated.reset();
     record.error = u"HTTP 502"_s;
     return record;
-}
-
-std::vector<SimpleIntegrationStats> cards(Date now) {
-    return {
-        simple(u"ahrefs"_s, u"example.org"_s, {{u"rosette"_s, u"DR 71"_s}}, now),
-        simple(u"coingecko"_s, u"Bitcoin"_s,
-               {{u"banknote"_s, u"$67,204"_s}, {u"chart.line.uptrend.xyaxis"_s, u"+2.4% in 24h"_s}},
-               now),
-        simple(u"hackernews"_s, u"mlindqvist"_s, {{u"flame"_s, u"4,210 karma"_s}}, now),
-        simple(u"reddit"_s, u"u/quiet_desktops"_s,
-               {{u"star"_s, u"12,840 karma"_s}, {u"bubble.left"_s, u"3,112 comments"_s}}, now),
-        simple(u"producthunt"_s, u"@mara"_s, {{u"person.2"_s, u"842 followers"_s}}, now),
-        simple(u"bluesky"_s, u"mara.example.social"_s,
-               {{u"person.2"_s, u"2,310 followers"_s}, {u"doc.text"_s, u"418 posts"_s}}, now),
-        simple(u"currency"_s, u"EUR → USD"_s, {{u"arrow.left.arrow.right"_s, u"1.0842"_s}}, now),
-        simple(u"gumroad"_s, u"6 products"_s, {{u"cart"_s, u"318 sales"_s}}, now),
-        simple(u"polar"_s, u"Quiet Desktops"_s, {{u"person.2"_s, u"57 subscribers"_s}}, now),
-        simple(u"vercel"_s, u"14 projects"_s, {{u"checkmark.seal"_s, u"Ready"_s}}, now),
-        simple(u"netlify"_s, u"5 sites"_s, {{u"globe"_s, u"quiet.example.net"_s}}, now)};
 }
 
 } // namespace
@@ -124,18 +97,17 @@ void SampleDay::fillAccounts() {
     dodo.mrrCents = 310'000;
     dodo.paidCustomers = 44;
     state.revenueStats = std::vector<RevenueStats>{mogul, lemon, failed(lemon), dodo};
-    std::vector<SimpleIntegrationStats> records = cards(now);
-    records.push_back(simple(u"reddit"_s, u"u/second_account"_s, {{u"star"_s, u"7 karma"_s}}, now));
-    records.push_back(failed(simple(u"reddit"_s, u"u/gone"_s, {}, now)));
-    records.push_back(simple(u"trustmrr"_s, u"Quiet"_s,
-                             {{u"repeat"_s, u"$4.2K MRR"_s}, {u"number"_s, u"Rank 41"_s}}, now));
-    records.push_back(
-        simple(u"rss"_s, u"Field notes"_s,
-               {{u"chevron.forward"_s, u"What the swifts did in the rain"_s},
-                {u"chevron.forward"_s, u"A winter of looking at lichens, slowly, and what it "
-                                       u"taught us about patience and walls"_s},
-                {u"chevron.forward"_s, u"Notes on a hedge"_s}},
-               now));
+    std::vector<SimpleIntegrationStats> records = sampleCards(framing, now);
+    const SimpleCard second = redditCard(u"second_account"_s, {7, {}}, true, framing);
+    records.push_back(simpleRecord(u"reddit"_s, second, now));
+    records.push_back(failed(simpleRecord(u"reddit"_s, second, now)));
+    records.push_back(sampleStartup(framing, now));
+    records.push_back(feedRecord(u"Field notes"_s,
+                                 {u"What the swifts did in the rain"_s,
+                                  u"A winter of looking at lichens, slowly, and what it taught us "
+                                  u"about patience and walls"_s,
+                                  u"Notes on a hedge"_s},
+                                 now));
     state.simpleStats = records;
     state.customResults = std::vector<CustomAPIResult>{
         {QUuid(),
@@ -163,8 +135,9 @@ void SampleDay::fillFewAccounts() {
     mogul.mrrCents = 912'000;
     state.revenueStats = std::vector<RevenueStats>{mogul};
     state.simpleStats = std::vector<SimpleIntegrationStats>{
-        simple(u"reddit"_s, u"u/quiet_desktops"_s, {{u"star"_s, u"12,840 karma"_s}}, now),
-        simple(u"rss"_s, u"Field notes"_s, {{u"chevron.forward"_s, u"Notes on a hedge"_s}}, now)};
+        simpleRecord(u"reddit"_s, redditCard(u"quiet_desktops"_s, {12'840, {}}, true, framing),
+                     now),
+        feedRecord(u"Field notes"_s, {u"Notes on a hedge"_s}, now)};
 }
 
 void SampleDay::fillOddAccounts() {
@@ -194,16 +167,11 @@ void SampleDay::fillOddAccounts() {
     mogul.mrrCents = largest;
     mogul.paidCustomers = 0;
     state.revenueStats = std::vector<RevenueStats>{mogul};
-    state.simpleStats = std::vector<SimpleIntegrationStats>{
-        simple(u"ahrefs"_s, u"a-domain-name-that-goes-on-and-on-for-ever.example.org"_s, {}, now),
-        simple(u"coingecko"_s, u"非常に長い名前のコイン 2.0 Wrapped Staked"_s,
-               {{u"banknote"_s, u"$0.00000000004217"_s}}, now),
-        simple(u"reddit"_s, u"u/مستخدم"_s,
-               {{u"star"_s, u"9,223,372,036,854,775,807 karma and then some"_s}}, now),
-        simple(u"rss"_s, u"東京の散歩"_s,
-               {{u"chevron.forward"_s, u"🌿 静かな朝、ゆっくり歩く"_s},
-                {u"chevron.forward"_s, u"عنوان طويل من اليمين إلى اليسار 2026"_s}},
-               now)};
+    std::vector<SimpleIntegrationStats> records = oddCards(framing, now);
+    records.push_back(feedRecord(
+        u"東京の散歩"_s, {u"🌿 静かな朝、ゆっくり歩く"_s, u"عنوان طويل من اليمين إلى اليسار 2026"_s},
+        now));
+    state.simpleStats = records;
     state.customResults = std::vector<CustomAPIResult>{
         {QUuid(),
          u"Odd"_s,

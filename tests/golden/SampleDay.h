@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/widgets/WidgetFixture.h"
+#include "widgets/WidgetFixture.h"
 
 namespace zeph {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "golden/WidgetSheet.h"
 
-#include "presentation/palette/BackgroundPresets.h"
-#include "presentation/view/Views.h"
+#include "drawing/palette/BackgroundPresets.h"
+#include "drawing/view/Views.h"
 
 #include <cmath>
 

@@ -2,7 +2,7 @@
 #include "golden/GoldenImage.h"
 #include "golden/WidgetSheet.h"
 
-#include "presentation/widgets/WallpaperContentView.h"
+#include "widgets/WallpaperContentView.h"
 
 namespace zeph {
 
@@ -78,5 +78,32 @@ INSTANTIATE_TEST_SUITE_P(WithAWaitingSentence, WidgetsBeforeAnyData,
                                          WidgetKind::desktop, WidgetKind::machine,
                                          WidgetKind::reminders),
                          kindName);
+
+TEST_F(WidgetSheet, quoteThatMixesDirectionsReadsInOne) {
+    state.quote = QuoteInfo{u"We gave each other the old greeting on the stairs, she said, the "
+                            u"שלום of the mornings (and of the evenings too)."_s,
+                            u"Mara Lindqvist"_s};
+    state.onThisDay = OnThisDayInfo{
+        u"1948"_s, u"نص عربي طويل يملأ سطرين على الأقل حتى نرى كيف تلتف الكلمات من اليمين "
+                   u"Quiet Desktops في هذا المكان."_s};
+    const WallpaperContentView content(context, available);
+    EXPECT_TRUE(matchesGolden(
+        sheet({content.widget(WidgetKind::quote), content.widget(WidgetKind::onThisDay)}),
+        u"widget-paragraphs"_s));
+}
+
+TEST_F(WidgetSheet, sentencesAndHeadingsEndBeforeTheyRunAway) {
+    fillOddAccounts();
+    state.calendar = CalendarSummary{
+        at(11, 30, 0, 5, 14),
+        u"Quarterly review of everything that was planned, done, left undone and forgotten, with "
+        u"all teams, their guests and whoever else passes by"_s,
+        3, 66};
+    const WallpaperContentView content(context, available);
+    EXPECT_TRUE(matchesGolden(
+        sheet({content.widget(WidgetKind::meeting), content.sizedWidget(WidgetKind::currentApp),
+               content.widget(WidgetKind::revenue)}),
+        u"widget-long"_s));
+}
 
 } // namespace zeph

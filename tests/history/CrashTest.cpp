@@ -116,7 +116,7 @@ TEST(UsageStoreCrash, everyReportedSaveSurvivesAKillAtAnyMoment) {
         EXPECT_THAT(file->query(u"PRAGMA integrity_check"_s, {},
                                 [](const DatabaseRow &row) { return row.text(0); }),
                     testing::ElementsAre(u"ok"_s));
-        const UsageStore store(folder.path(), clock, calendar);
+        UsageStore store(folder.path(), clock, calendar);
         const auto totals = store.loadDailyStats(day);
         const qint64 stored = totals ? totals->second.totalKeystrokes : 0;
         EXPECT_GE(stored, reported);

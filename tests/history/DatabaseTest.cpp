@@ -174,6 +174,25 @@ TEST_F(DatabaseTest, anErrorInTheMiddleOfAQueryLooksLikeTheEndOfTheRows) {
                 IsEmpty());
 }
 
+TEST_F(DatabaseTest, aReadTellsAnErrorFromRowsThatAreNotThere) {
+    database->exec(u"CREATE TABLE t (a); INSERT INTO t VALUES ('{}'), ('{')"_s);
+    const auto none = database->read(u"SELECT a FROM t WHERE a = 1"_s, {}, text);
+    ASSERT_TRUE(none);
+    EXPECT_THAT(*none, IsEmpty());
+    EXPECT_FALSE(database->read(u"SELECT a FROM nowhere"_s, {}, text));
+    EXPECT_FALSE(database->read(u"SELECT json(a) FROM t"_s, {}, text)) << "half of the rows";
+    EXPECT_FALSE(database->isDamaged());
+}
+
+TEST_F(DatabaseTest, aWriteTellsWhetherItsDataIsLost) {
+    database->exec(u"CREATE TABLE t (a TEXT NOT NULL)"_s);
+    EXPECT_TRUE(database->write(u"INSERT INTO t VALUES (?)"_s, {u"x"_s}));
+    printedLines([&] {
+        EXPECT_FALSE(database->write(u"INSERT INTO t VALUES (?)"_s, {DatabaseValue()}));
+        EXPECT_FALSE(database->write(u"INSERT INTO nowhere VALUES (1)"_s, {}));
+    });
+}
+
 TEST_F(DatabaseTest, aWriteBlockedByAnotherConnectionIsPrintedAndTheNextOneSucceeds) {
     database->exec(u"CREATE TABLE t (a)"_s);
     const auto other = Database::open(path());
@@ -215,6 +234,7 @@ TEST_F(DatabaseTest, aFileThatIsNoDatabaseOpensFailsEachStatementAndStaysAsItWas
             const auto opened = Database::open(foreign);
             ASSERT_NE(opened, nullptr);
             EXPECT_FALSE(opened->exec(u"CREATE TABLE t (a)"_s));
+            EXPECT_TRUE(opened->isDamaged());
             opened->write(u"INSERT INTO t VALUES (1)"_s, {});
             EXPECT_THAT(opened->query(u"SELECT a FROM t"_s, {}, integer), IsEmpty());
         });

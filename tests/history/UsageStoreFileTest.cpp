@@ -2,8 +2,10 @@
 #include "history/UsageStore.h"
 
 #include "history/Database.h"
+#include "history/PrivateFiles.h"
 #include "support/FileMode.h"
 #include "support/FullDisk.h"
+#include "support/LoggedLines.h"
 #include "support/ManualClock.h"
 #include "support/PrintedLines.h"
 #include "support/UtcCalendar.h"
@@ -41,12 +43,12 @@ protected:
         summary.activeSeconds = seconds;
         store.saveDailyStats(summary, {}, day);
     }
-    static double saved(const UsageStore &store) {
+    static double saved(UsageStore &store) {
         const auto loaded = store.loadDailyStats(day);
         return loaded ? loaded->first.activeSeconds : -1;
     }
     /// Every operation on a store without its tables answers empty.
-    static void expectEmpty(const UsageStore &store) {
+    static void expectEmpty(UsageStore &store) {
         EXPECT_THAT(store.loadAppUsage(day), IsEmpty());
         EXPECT_EQ(store.loadDailyStats(day), std::nullopt);
         EXPECT_EQ(store.averageKPM(false, 14), 0);
@@ -58,8 +60,18 @@ protected:
         ASSERT_TRUE(file.open(QFile::WriteOnly));
         ASSERT_EQ(file.write(content), content.size());
     }
-    QByteArray content() const {
-        QFile file(path());
+    /// Overwrites `count` bytes of the file from `start` on, all of them for -1.
+    QByteArray damage(qsizetype start, qsizetype count) const {
+        QByteArray bytes = content();
+        EXPECT_GT(bytes.size(), 8192);
+        const auto size = count < 0 ? bytes.size() - start : count;
+        bytes.replace(start, size, QByteArray(size, '\xff'));
+        put(bytes);
+        return bytes;
+    }
+    QByteArray content() const { return content(path()); }
+    static QByteArray content(const QString &name) {
+        QFile file(name);
         return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
     }
 
@@ -114,37 +126,79 @@ TEST_F(UsageStoreFileTest, aFolderInTheFilesPlaceLeavesAStoreThatKeepsNothing) {
     EXPECT_TRUE(QFileInfo(path()).isDir());
 }
 
-TEST_F(UsageStoreFileTest, aForeignFileIsNeverChanged) {
+TEST_F(UsageStoreFileTest, aForeignFileIsSetAsideUnchangedAndANewOneBegun) {
     const QByteArray letter = QByteArray("Dear diary,\n").repeated(500);
     put(letter);
-    const QStringList lines = printedLines([&] {
-        const auto store = open();
-        save(*store, 1);
-        expectEmpty(*store);
-    });
-    const QString reason = u"file is not a database"_s;
-    const QString error = u"[Zeph] sql error: "_s + reason;
-    const QString lost = u"[Zeph] prepare failed: "_s + reason;
-    EXPECT_EQ(lines, (QStringList{error, error, error, error, lost, lost}));
-    EXPECT_EQ(content(), letter);
+    std::unique_ptr<UsageStore> store;
+    const QStringList lines = printedLines([&] { store = open(); });
+    const QString error = u"[Zeph] sql error: file is not a database"_s;
+    const QString told = u"[Zeph] the history was damaged and is kept as "_s + path(u".damaged"_s);
+    EXPECT_EQ(lines, (QStringList{error, error, error, error, told}));
+    EXPECT_EQ(content(path(u".damaged"_s)), letter);
+    EXPECT_THAT(printedLines([&] { save(*store, 1); }), IsEmpty());
+    EXPECT_EQ(saved(*store), 1);
+    EXPECT_EQ(fileMode(path()), 0600);
 }
 
-TEST_F(UsageStoreFileTest, aDamagedFileIsLeftForItsOwnerToRepair) {
-    save(*open(), 7);
-    QByteArray damaged = content();
-    ASSERT_GT(damaged.size(), 8192);
-    damaged.replace(100, 2000, QByteArray(2000, '\xff')); // the list of the tables
-    put(damaged);
-    const QStringList lines = printedLines([&] {
+TEST_F(UsageStoreFileTest, aDamagedFileReplacesNoEarlierOne) {
+    for (const char *text : {"first", "second", "third"}) {
+        put(text);
+        printedLines([&] { open(); });
+    }
+    EXPECT_EQ(content(path(u".damaged"_s)), "first");
+    EXPECT_EQ(content(path(u".damaged.2"_s)), "second");
+    EXPECT_EQ(content(path(u".damaged.3"_s)), "third");
+}
+
+TEST_F(UsageStoreFileTest, aDamagedFileTakesItsSideFilesAlong) {
+    put("the pages");
+    for (const QString &side : {u"-wal"_s, u"-shm"_s}) {
+        QFile file(path(side));
+        ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write(side.toLatin1()) == 4);
+    }
+    ASSERT_EQ(setDatabaseAside(path()), path(u".damaged"_s));
+    EXPECT_EQ(content(path(u".damaged"_s)), "the pages");
+    EXPECT_EQ(content(path(u".damaged-wal"_s)), "-wal");
+    EXPECT_EQ(content(path(u".damaged-shm"_s)), "-shm");
+    EXPECT_FALSE(QFile::exists(path(u"-wal"_s))) << "a new file would take it for its own";
+}
+
+TEST_F(UsageStoreFileTest, aDamagedFileThatCantBeSetAsideIsLeftAsItIs) {
+    put("no database");
+    ASSERT_TRUE(QDir().mkdir(path(u"-wal"_s)));
+    ASSERT_TRUE(QDir().mkdir(path(u"-wal/in the way"_s)));
+    ASSERT_TRUE(QFile(path(u".damaged-wal"_s)).open(QFile::WriteOnly));
+    printedLines([&] {
         const auto store = open();
         save(*store, 1);
         expectEmpty(*store);
     });
-    EXPECT_FALSE(lines.isEmpty());
+    EXPECT_EQ(content(), "no database");
+}
+
+TEST_F(UsageStoreFileTest, aFileDamagedAtTheListOfItsTablesIsSetAside) {
+    save(*open(), 7);
+    const QByteArray damaged = damage(100, 2000);
+    std::unique_ptr<UsageStore> store;
+    const QStringList lines = printedLines([&] { store = open(); });
     EXPECT_THAT(lines, Each(testing::ResultOf(
                            [](const QString &line) { return line.startsWith("[Zeph] "_L1); },
                            testing::IsTrue())));
-    EXPECT_EQ(content(), damaged);
+    EXPECT_EQ(content(path(u".damaged"_s)), damaged);
+    save(*store, 1);
+    EXPECT_EQ(saved(*store), 1);
+}
+
+TEST_F(UsageStoreFileTest, aFileWhoseDamageIsFoundLaterIsSetAsideThen) {
+    save(*open(), 7);
+    const QByteArray damaged = damage(4096, -1); // all rows, but not the list of the tables
+    const auto store = open();
+    ASSERT_FALSE(QFile::exists(path(u".damaged"_s)));
+    store->loadDailyStats(day);
+    printedLines([&] { EXPECT_EQ(saved(*store), -1); });
+    EXPECT_EQ(content(path(u".damaged"_s)), damaged);
+    save(*store, 1);
+    EXPECT_EQ(saved(*store), 1);
 }
 
 TEST_F(UsageStoreFileTest, anotherProgramsTablesAreLeftAlone) {
@@ -193,6 +247,58 @@ TEST_F(UsageStoreFileTest, aFullDiskKeepsWhatWasSavedAndTheNextSaveMakesUpForThe
     save(*store, 3);
     store = open();
     EXPECT_EQ(saved(*store), 3);
+}
+
+TEST_F(UsageStoreFileTest, aDayThatCouldNotBeReadIsNotSavedOver) {
+    save(*open(), 500);
+    std::unique_ptr<UsageStore> store;
+    printedLines([&] {
+        const FullDisk full(2048); // room for what is printed, and for no page
+        store = open();
+        EXPECT_EQ(saved(*store), -1);
+        EXPECT_THAT(store->loadAppUsage(day), IsEmpty());
+    });
+    EXPECT_FALSE(store->isKnown(UsageTable::totals, day));
+    EXPECT_FALSE(store->isKnown(UsageTable::applications, day));
+    EXPECT_TRUE(store->isKnown(UsageTable::totals, u"2023-11-15"_s));
+    EXPECT_FALSE(store->saveDailyStats({}, {}, day));
+    EXPECT_FALSE(store->saveAppUsage({{u"org.editor"_s, u"Editor"_s, 20, std::nullopt}}, day));
+
+    EXPECT_EQ(saved(*store), 500) << "there is room again";
+    ASSERT_THAT(store->loadAppUsage(day), SizeIs(1));
+    EXPECT_EQ(store->loadAppUsage(day).front().seconds, 500);
+    EXPECT_TRUE(store->isKnown(UsageTable::totals, day));
+    save(*store, 520);
+    EXPECT_EQ(saved(*store), 520);
+}
+
+TEST_F(UsageStoreFileTest, aDayThatCouldNotBeReadIsLoggedOnce) {
+    save(*open(), 500);
+    QStringList logged;
+    printedLines([&] {
+        const FullDisk full(2048);
+        const auto store = open();
+        logged = loggedLines(u"zeph.history"_s, [&] {
+            store->loadDailyStats(day);
+            store->loadDailyStats(day);
+        });
+    });
+    EXPECT_EQ(logged, QStringList{u"what is stored of 2023-11-14 can't be read, so nothing is "
+                                  "saved over it"_s});
+}
+
+TEST_F(UsageStoreFileTest, whatHasNoTablesYetGetsThemOnceThereIsRoom) {
+    std::unique_ptr<UsageStore> store;
+    printedLines([&] {
+        const FullDisk full(2048);
+        store = open();
+        expectEmpty(*store);
+        save(*store, 1);
+    });
+    EXPECT_EQ(saved(*store), -1);
+    EXPECT_TRUE(store->isKnown(UsageTable::totals, day));
+    EXPECT_THAT(printedLines([&] { save(*store, 2); }), IsEmpty());
+    EXPECT_EQ(saved(*store), 2);
 }
 
 TEST_F(UsageStoreFileTest, aDiskFullFromTheStartLeavesAStoreThatKeepsNothing) {

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: MIT
-#include "core/AppDelegate.h"
+#include "app/AppDelegate.h"
 
-#include "core/NotificationCenter.h"
+#include "base/NotificationCenter.h"
+#include "drawing/painting/QtTextMetrics.h"
+#include "drawing/painting/ScenePainter.h"
+#include "drawing/painting/SymbolLibrary.h"
 #include "host/DesktopWindow.h"
-#include "integrations/accounts/IntegrationsStore.h"
-#include "integrations/accounts/Keychain.h"
-#include "integrations/web/Endpoints.h"
-#include "presentation/painting/QtTextMetrics.h"
-#include "presentation/painting/ScenePainter.h"
-#include "presentation/painting/SymbolLibrary.h"
-#include "presentation/preferences/PreferencesStore.h"
+#include "services/accounts/AccountCoding.h"
+#include "services/accounts/IntegrationsStore.h"
+#include "services/accounts/Keychain.h"
+#include "services/web/Endpoints.h"
+#include "settings/PreferencesStore.h"
 #include "support/FakePlatform.h"
 
 #include <gmock/gmock.h>
@@ -59,7 +60,7 @@ protected:
     IntegrationsStore integrations{defaults, keychain, notifications, loop, executor};
     AppDelegate delegate{AppServices{platform, notifications, preferences, *usageStore,
                                      integrations, keychain, location, endpoints,
-                                     std::chrono::minutes(10), calendar, textMetrics, painter}};
+                                     std::chrono::minutes(10), textMetrics, painter}};
 };
 
 TEST_F(AppDelegateTest, launchMovesTheSecretsOfAnEarlierVersionAwayFromTheMainThread) {
@@ -75,6 +76,25 @@ TEST_F(AppDelegateTest, endpointsThatComeInLateAreAskedAlone) {
     settle();
     notifications.post(notifications::zephCustomAPIsLoaded);
     EXPECT_EQ(executor.waiting(), 1U);
+}
+
+TEST_F(AppDelegateTest, endpointsThatWereRefusedAtLaunchComeInWithALaterRefresh) {
+    const CustomAPIConfig config{QUuid::createUuid(), u"n"_s, u"https://a.org"_s, {}, {}};
+    defaults.set(u"zeph.integrations.custom.exists"_s, true);
+    secrets.put(u"com.tavi.integrations"_s,
+                {u"custom_apis"_s, coding::json(std::vector<CustomAPIConfig>{config})});
+    secrets.answer(SecretOutcome::refused);
+    IntegrationsStore late{defaults, keychain, notifications, loop, executor};
+    AppDelegate asking{AppServices{platform, notifications, preferences, *usageStore, late,
+                                   keychain, location, endpoints, std::chrono::minutes(10),
+                                   textMetrics, painter}};
+    asking.applicationDidFinishLaunching();
+    settle();
+    EXPECT_TRUE(late.customAPIs().empty());
+    secrets.answer(SecretOutcome::done);
+    loop.advance(600);
+    settle();
+    EXPECT_EQ(late.customAPIs(), std::vector{config});
 }
 
 TEST_F(AppDelegateTest, theRatingsSourceIsNamedAsTheAccountSays) {
@@ -102,6 +122,14 @@ TEST_F(AppDelegateTest, launchMakesOneVisibleWindowAScreen) {
         EXPECT_GT(log->presentedPixels, 0);
     }
     EXPECT_EQ(delegate.builtScreenIDs(), QStringList({u"A"_s, u"B"_s}));
+}
+
+TEST_F(AppDelegateTest, theFirstPictureIsPaintedBeforeItIsShown) {
+    delegate.applicationDidFinishLaunching();
+    ASSERT_GE(windowServer.story->size(), 6U);
+    windowServer.story->resize(6);
+    EXPECT_THAT(*windowServer.story, ElementsAre("0 made", "0 presented", "0 shown", "1 made",
+                                                 "1 presented", "1 shown"));
 }
 
 TEST_F(AppDelegateTest, aResolutionChangeKeepsTheWindows) {
@@ -276,8 +304,7 @@ TEST_F(AppDelegateTest, transparentModeMakesTheSurfacesAnewAndFollowsTheComposit
     EXPECT_TRUE(living().front()->wantsTransparency);
     EXPECT_TRUE(living().front()->visible);
     EXPECT_EQ(qAlpha(living().front()->lastFrame.pixel(2, 2)), 0);
-    windowServer.compositing = false;
-    windowServer.compositingHandler();
+    windowServer.setCompositing(false);
     loop.drain();
     ASSERT_EQ(living().size(), 2U);
     EXPECT_EQ(qAlpha(living().front()->lastFrame.pixel(2, 2)), 255)
@@ -288,8 +315,7 @@ TEST_F(AppDelegateTest, anOpaqueWallpaperTakesNoNoticeOfACompositor) {
     launch();
     windowServer.story->clear();
     for (const bool isRunning : {true, false}) {
-        windowServer.compositing = isRunning;
-        windowServer.compositingHandler();
+        windowServer.setCompositing(isRunning);
         loop.drain();
     }
     EXPECT_THAT(*windowServer.story, IsEmpty());
@@ -300,8 +326,7 @@ TEST_F(AppDelegateTest, theNewSurfaceShowsBeforeTheOldOneGoes) {
     preferences.setBackgroundMode(BackgroundMode::transparent);
     launch();
     windowServer.story->clear();
-    windowServer.compositing = true;
-    windowServer.compositingHandler();
+    windowServer.setCompositing(true);
     const std::vector<std::string> changeOver{"1 made", "1 presented", "1 shown", "0 hidden",
                                               "0 gone"};
     EXPECT_EQ(*windowServer.story, changeOver);

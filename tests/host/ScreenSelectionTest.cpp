@@ -46,6 +46,20 @@ TEST(ScreenSelection, aChoiceOfOneConnectorIsNeverThatOfAnother) {
     EXPECT_EQ(selected.front().persistentID, u"A"_s);
 }
 
+TEST(ScreenSelection, aChoiceThatNamesTheMakerInFullIsTheOneScreenWithTheRestOfTheWords) {
+    FakeScreens screens;
+    screens.screens = {screen(u"ACM P24 77 @DP-1"_s, 1, 100, 100),
+                       screen(u"ACM P27 77"_s, 2, 100, 100, 100),
+                       screen(u"VGA-1"_s, 3, 100, 100, 200)};
+    const auto selected = selectedScreens(OneScreen{u"Acme Displays Inc. P27 77"_s}, screens);
+    ASSERT_EQ(selected.size(), 1U);
+    EXPECT_EQ(selected.front().persistentID, u"ACM P27 77"_s);
+    const auto connected = selectedScreens(OneScreen{u"Acme Inc. P24 77 @DP-1"_s}, screens);
+    EXPECT_EQ(connected.front().persistentID, u"ACM P24 77 @DP-1"_s);
+    const auto elsewhere = selectedScreens(OneScreen{u"Acme Inc. P27 78"_s}, screens);
+    EXPECT_EQ(elsewhere.front().persistentID, u"ACM P24 77 @DP-1"_s) << "the main screen";
+}
+
 TEST(ScreenSelection, anExactChoiceGoesBeforeOneWithoutItsConnector) {
     FakeScreens screens;
     screens.screens = {screen(u"Acme P27 @DP-1"_s, 1, 100, 100),

@@ -1,20 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/AppState.h"
-#include "core/NotificationCenter.h"
-#include "core/SamplingCoordinator.h"
-#include "integrations/web/Endpoints.h"
-#include "presentation/preferences/PreferencesStore.h"
+#include "base/NotificationCenter.h"
+#include "model/AppState.h"
+#include "sensing/SamplingCoordinator.h"
+#include "services/web/Endpoints.h"
+#include "settings/PreferencesStore.h"
 #include "support/FakePlatform.h"
 
 #include <gtest/gtest.h>
+
+#include <memory>
 
 namespace zeph {
 
 /// A coordinator over a machine of fakes.
 class CoordinatorFixture : public testing::Test, public FakePlatform {
 protected:
+    using FakePlatform::FakePlatform;
     SamplingCoordinator &makeCoordinator(std::function<void()> refreshIntegrations = [] {}) {
         coordinator.reset();
         coordinator = std::make_unique<SamplingCoordinator>(CoordinatorContext{
@@ -23,10 +26,13 @@ protected:
         return *coordinator;
     }
 
-    /// Ends the process, so to speak, and launches it again on the same file.
+    /// Ends the process, so to speak, and launches it again on the same file. Nothing may be
+    /// subscribed to the state.
     void restart() {
         coordinator.reset();
         usageStore.reset();
+        std::destroy_at(&state);
+        std::construct_at(&state, clock.now());
         usageStore = std::make_unique<UsageStore>(folder.path(), clock, calendar);
         makeCoordinator();
     }

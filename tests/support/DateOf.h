@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "core/values/Date.h"
+#include "base/Date.h"
 
 #include <QDateTime>
 #include <QString>

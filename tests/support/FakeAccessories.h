@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Accessories.h"
+#include "ports/Accessories.h"
 
 #include <atomic>
 

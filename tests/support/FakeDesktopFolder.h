@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/DesktopFolder.h"
+#include "ports/DesktopFolder.h"
 
-#include <utility>
+#include <vector>
 
 namespace zeph {
 
@@ -12,19 +12,17 @@ class FakeDesktopFolder : public DesktopFolder {
 public:
     std::optional<QByteArray> url() const override { return path; }
 
-    std::optional<std::vector<FolderEntry>> entries(const QByteArray &url) override {
+    bool visitEntries(const QByteArray &url, const Visitor &visit) const override {
         asked.push_back(url);
-        return listing;
-    }
-
-    void setEntriesHandler(std::function<void()> handler) override {
-        entriesHandler = std::move(handler);
+        for (const FolderEntry &entry : listing.value_or(std::vector<FolderEntry>())) {
+            visit(entry);
+        }
+        return listing.has_value();
     }
 
     std::optional<QByteArray> path = QByteArray("/home/ada/Desktop");
     std::optional<std::vector<FolderEntry>> listing = std::vector<FolderEntry>{};
-    std::function<void()> entriesHandler;
-    std::vector<QByteArray> asked;
+    mutable std::vector<QByteArray> asked;
 };
 
 } // namespace zeph

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/EventStore.h"
+#include "ports/EventStore.h"
 
 #include <map>
 #include <utility>
@@ -18,6 +18,7 @@ public:
     };
     struct Request {
         EntityType type;
+        AccessWish wish;
         std::function<void(bool)> completion;
     };
     struct Window {
@@ -50,8 +51,8 @@ public:
         return answer;
     }
 
-    void setEventsHandler(std::function<void()> handler) override {
-        eventsHandler = std::move(handler);
+    [[nodiscard]] Subscription subscribe(std::function<void()> handler) override {
+        return changes.subscribe(std::move(handler));
     }
 
     void fetchIncompleteReminders(
@@ -60,8 +61,9 @@ public:
         fetches.push_back({dueBefore, std::move(completion)});
     }
 
-    void requestFullAccess(EntityType type, std::function<void(bool)> completion) override {
-        requests.push_back({type, std::move(completion)});
+    void requestFullAccess(EntityType type, AccessWish wish,
+                           std::function<void(bool)> completion) override {
+        requests.push_back({type, wish, std::move(completion)});
     }
 
     /// Everything but the look at the access state.
@@ -70,7 +72,7 @@ public:
     std::map<EntityType, EventAccess> access; // an absent one is not determined
     std::vector<CalendarEvent> stored;
     bool silent = false;
-    std::function<void()> eventsHandler;
+    ChangePublisher changes;
     std::vector<Window> windows;
     std::vector<Fetch> fetches;
     std::vector<Request> requests;

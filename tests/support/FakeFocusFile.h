@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/FocusFile.h"
+#include "ports/FocusFile.h"
 
 #include <utility>
 
@@ -15,12 +15,12 @@ public:
         return bytes;
     }
 
-    void setContentsHandler(std::function<void()> handler) override {
-        contentsHandler = std::move(handler);
+    Subscription subscribe(std::function<void()> handler) override {
+        return changes.subscribe(std::move(handler));
     }
 
     std::optional<QByteArray> bytes;
-    std::function<void()> contentsHandler;
+    ChangePublisher changes;
     int readings = 0;
 };
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Formatters.h"
+#include "ports/Formatters.h"
 
 namespace zeph {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/InputEvents.h"
+#include "ports/InputEvents.h"
 
 namespace zeph {
 
@@ -10,6 +10,15 @@ class FakeInputEvents : public InputEvents {
 public:
     double secondsSinceLastEvent() const override { return idleSeconds; }
     bool isTrusted() const override { return trusted; }
+    Subscription subscribeToTrust(std::function<void()> handler) override {
+        return m_trust.subscribe(std::move(handler));
+    }
+
+    /// Gives or withdraws the consent and tells of it.
+    void setTrusted(bool isTrusted) {
+        trusted = isTrusted;
+        m_trust.send();
+    }
 
     std::unique_ptr<InputEventTap>
     makeTap(std::function<void(const InputEvent &)> handler) override {
@@ -45,6 +54,7 @@ private:
     };
 
     std::function<void(const InputEvent &)> m_handler;
+    ChangePublisher m_trust;
 };
 
 } // namespace zeph

@@ -1,23 +1,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Geocoder.h"
-#include "platform/LocationClient.h"
+#include "ports/Geocoder.h"
+#include "ports/LocationClient.h"
 
 namespace zeph {
 
 /// A location client that the test answers for.
 class FakeLocationClient : public LocationClient {
 public:
-    void setDelegate(LocationClientDelegate *next) override { delegate = next; }
+    Subscription subscribe(LocationClientDelegate &delegate) override {
+        ++delegates;
+        return m_events.subscribe([this, &delegate] { m_tell(delegate); });
+    }
     LocationAuthorization authorizationStatus() const override { return status; }
     void requestLocation() override { ++requests; }
     void requestWhenInUseAuthorization() override { ++authorizationRequests; }
 
-    LocationClientDelegate *delegate = nullptr;
+    /// Tells every delegate of these fixes.
+    void locate(const std::vector<Coordinate> &fixes) {
+        m_tell = [&fixes](LocationClientDelegate &delegate) { delegate.locationsUpdated(fixes); };
+        m_events.send();
+    }
+
+    int delegates = 0; ///< that subscribed until now
     LocationAuthorization status = LocationAuthorization::notDetermined;
     int requests = 0;
     int authorizationRequests = 0;
+
+private:
+    ChangePublisher m_events;
+    std::function<void(LocationClientDelegate &)> m_tell;
 };
 
 /// A geocoder that keeps the questions until the test answers them.

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/HostStatistics.h"
-#include "platform/NetworkInterfaces.h"
-#include "platform/Volume.h"
-#include "platform/WiFi.h"
+#include "ports/HostStatistics.h"
+#include "ports/NetworkInterfaces.h"
+#include "ports/Volume.h"
+#include "ports/WiFi.h"
 
 namespace zeph {
 

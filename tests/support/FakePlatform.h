@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ambient/LocationManager.h"
+#include "adapters/locale/IcuCalendar.h"
+#include "adapters/locale/IcuFormatters.h"
+#include "base/Background.h"
 #include "history/UsageStore.h"
-#include "platform/Platform.h"
-#include "platform/icu/IcuCalendar.h"
-#include "platform/icu/IcuFormatters.h"
+#include "ports/Platform.h"
+#include "services/ambient/LocationManager.h"
 #include "support/FakeAccessories.h"
 #include "support/FakeDesktopFolder.h"
 #include "support/FakeEventStore.h"
@@ -30,14 +31,19 @@ namespace zeph {
 /// A whole machine of fakes with a real history file and a real calendar in Berlin.
 class FakePlatform {
 public:
-    FakePlatform() { clock.set({1'700'000'020.0}); } // 2023-11-14 22:13:40 UTC
+    explicit FakePlatform(const QString &locale = QStringLiteral("en_US"))
+        : calendar(locale, QStringLiteral("Europe/Berlin")) {
+        clock.set({1'700'000'020.0}); // 2023-11-14 22:13:40 UTC
+    }
 
     QTemporaryDir folder;
     ManualClock clock;
     ManualRunLoop loop{clock};
-    IcuCalendar calendar{QStringLiteral("en_US"), QStringLiteral("Europe/Berlin")};
+    IcuCalendar calendar;
+    IcuCalendar gregorian{QStringLiteral("en_US"), QStringLiteral("Europe/Berlin")};
     IcuFormatters formatters{QStringLiteral("en_US"), QStringLiteral("Europe/Berlin")};
     ManualTaskExecutor executor;
+    Background background = Background::over(executor, loop);
     FakeUserDefaults defaults;
     FakeWorkspace workspace;
     FakeInputEvents input;
@@ -59,10 +65,12 @@ public:
     LocationManager location{&locationClient, &geocoder};
     Platform platform{.clock = clock,
                       .calendar = calendar,
+                      .gregorian = gregorian,
                       .formatters = formatters,
                       .runLoop = loop,
+                      .background = background,
+                      .accountBackground = background,
                       .taskExecutor = executor,
-                      .accountExecutor = executor,
                       .userDefaults = defaults,
                       .workspace = workspace,
                       .inputEvents = input,

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/PowerSources.h"
+#include "ports/PowerSources.h"
 
 #include <map>
 #include <utility>
@@ -22,14 +22,14 @@ public:
     }
     bool hasGauge() const override { return isGaugeThere; }
 
-    void setSourcesHandler(std::function<void()> handler) override {
-        sourcesHandler = std::move(handler);
+    Subscription subscribe(std::function<void()> handler) override {
+        return changes.subscribe(std::move(handler));
     }
 
     std::optional<std::vector<QVariantMap>> sources = std::vector<QVariantMap>{};
     bool isGaugeThere = true;
     std::map<QString, qint64> gauges;
-    std::function<void()> sourcesHandler;
+    ChangePublisher changes;
     mutable int readings = 0;
     mutable int gaugeReadings = 0;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Screens.h"
+#include "ports/Screens.h"
 
 namespace zeph {
 
@@ -12,23 +12,21 @@ public:
     std::optional<Screen> main() const override {
         return screens.empty() ? mainAlone : std::optional(screens.front());
     }
-    void setChangeHandler(std::function<void()> handler) override {
-        m_handler = std::move(handler);
+    Subscription subscribe(std::function<void()> handler) override {
+        return m_changes.subscribe(std::move(handler));
     }
 
     /// Replaces the displays and tells of it.
     void change(std::vector<Screen> next) {
         screens = std::move(next);
-        if (m_handler) {
-            m_handler();
-        }
+        m_changes.send();
     }
 
     std::vector<Screen> screens;
     std::optional<Screen> mainAlone; ///< the main one while the list is empty
 
 private:
-    std::function<void()> m_handler;
+    ChangePublisher m_changes;
 };
 
 /// A display of this size at `x`, with a panel of `panel` points at its top.

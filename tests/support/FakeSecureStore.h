@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/SecureStore.h"
+#include "ports/SecureStore.h"
 
 #include <QStringList>
 
@@ -12,46 +12,49 @@
 
 namespace zeph {
 
-/// A secure store in memory that writes down every call, as "add service account". It may hold
-/// several entries of one service and account, as the real one may.
+/// A secure store in memory that writes down every call, as "add service account".
 class FakeSecureStore : public SecureStore {
 public:
-    void add(const QString &service, const QString &account, const QByteArray &data) override {
+    SecretOutcome add(const QString &service, const QString &account,
+                      const QByteArray &data) override {
         begin(QStringLiteral("add"), service, account);
         const std::lock_guard guard(m_mutex);
-        if (!m_refuses) {
+        if (m_outcome == SecretOutcome::done) {
+            std::erase_if(m_entries, matcher(service, account));
             m_entries.push_back({service, {account, data}});
         }
+        return m_outcome;
     }
 
-    std::optional<QByteArray> copy(const QString &service, const QString &account) override {
+    SecretAnswer<std::optional<QByteArray>> copy(const QString &service,
+                                                 const QString &account) override {
         begin(QStringLiteral("copy"), service, account);
         const std::lock_guard guard(m_mutex);
         const auto found =
             std::find_if(m_entries.begin(), m_entries.end(), matcher(service, account));
-        return m_refuses || found == m_entries.end() ? std::nullopt : found->item.data;
+        const bool isFound = m_outcome == SecretOutcome::done && found != m_entries.end();
+        return {m_outcome, isFound ? found->item.data : std::nullopt};
     }
 
-    std::vector<SecureItem> copyAll(const QString &service) override {
+    SecretAnswer<std::vector<SecureItem>> copyAll(const QString &service) override {
         begin(QStringLiteral("copyAll"), service, {});
         const std::lock_guard guard(m_mutex);
-        std::vector<SecureItem> items;
+        SecretAnswer<std::vector<SecureItem>> answer{m_outcome};
         for (const Entry &entry : m_entries) {
-            if (!m_refuses && entry.service == service) {
-                items.push_back(entry.item);
+            if (answer.isDone() && entry.service == service) {
+                answer.value.push_back(entry.item);
             }
         }
-        return items;
+        return answer;
     }
 
-    void remove(const QString &service, const QString &account) override {
+    SecretOutcome remove(const QString &service, const QString &account) override {
         begin(QStringLiteral("remove"), service, account);
         const std::lock_guard guard(m_mutex);
-        if (!m_refuses) {
-            const auto rest =
-                std::remove_if(m_entries.begin(), m_entries.end(), matcher(service, account));
-            m_entries.erase(rest, m_entries.end());
+        if (m_outcome == SecretOutcome::done) {
+            std::erase_if(m_entries, matcher(service, account));
         }
+        return m_outcome;
     }
 
     /// Puts an entry there as another program would.
@@ -60,10 +63,10 @@ public:
         m_entries.push_back({service, std::move(item)});
     }
 
-    /// From now on nothing is found, kept or removed.
-    void refuse(bool refuses = true) {
+    /// From now on every operation ends like this.
+    void answer(SecretOutcome outcome) {
         const std::lock_guard guard(m_mutex);
-        m_refuses = refuses;
+        m_outcome = outcome;
     }
 
     /// Called at the begin of every operation, on its thread, outside of any lock.
@@ -101,18 +104,20 @@ private:
 
     void begin(const QString &operation, const QString &service, const QString &account) {
         const QString call = (operation + u' ' + service + u' ' + account).trimmed();
+        {
+            const std::lock_guard guard(m_mutex);
+            m_calls.append(call);
+        }
         if (m_hook) {
             m_hook(call);
         }
-        const std::lock_guard guard(m_mutex);
-        m_calls.append(call);
     }
 
     mutable std::mutex m_mutex;
     std::vector<Entry> m_entries;
     QStringList m_calls;
     std::function<void(const QString &)> m_hook;
-    bool m_refuses = false;
+    SecretOutcome m_outcome = SecretOutcome::done;
 };
 
 } // namespace zeph

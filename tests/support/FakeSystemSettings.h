@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/SystemSettings.h"
+#include "ports/SystemSettings.h"
 
 #include <QStringList>
 #include <QUrl>

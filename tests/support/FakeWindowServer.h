@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/WindowServer.h"
+#include "ports/WindowServer.h"
 
 #include <string>
 
@@ -47,15 +47,26 @@ public:
         }
         m_log->screen = screen;
     }
-    QImage &frameBuffer() override { return m_frame; }
     bool isTransparent() const override { return m_transparent; }
-    void present(const QRegion &damage) override {
-        m_log->tell("presented");
-        ++m_log->presents;
-        for (const QRect &rect : damage) {
-            m_log->presentedPixels += qint64(rect.width()) * rect.height();
+    QRegion show(FramePainter paint) override {
+        m_waiting = nullptr;
+        if (m_isBusy) {
+            m_waiting = std::move(paint);
+            return {};
         }
-        m_log->lastFrame = m_frame;
+        const QRegion painted = paint(m_frame) & m_frame.rect();
+        if (!painted.isEmpty()) {
+            present(painted);
+        }
+        return painted;
+    }
+
+    /// Pretends that the display is reading the pixels, or has read them.
+    void setBusy(bool isBusy) {
+        m_isBusy = isBusy;
+        if (!isBusy && m_waiting) {
+            show(std::exchange(m_waiting, nullptr));
+        }
     }
     void orderFront() override {
         m_log->tell("shown");
@@ -67,7 +78,17 @@ public:
     }
 
 private:
+    void present(const QRegion &painted) {
+        m_log->tell("presented");
+        ++m_log->presents;
+        for (const QRect &rect : painted) {
+            m_log->presentedPixels += qint64(rect.width()) * rect.height();
+        }
+        m_log->lastFrame = m_frame.copy();
+    }
+
     void resize(const Screen &screen) {
+        m_waiting = nullptr;
         m_log->screen = screen;
         m_frame =
             QImage(screen.deviceFrame.size(),
@@ -76,7 +97,9 @@ private:
     }
 
     bool m_transparent;
+    bool m_isBusy = false;
     QImage m_frame;
+    FramePainter m_waiting;
     std::shared_ptr<SurfaceLog> m_log; // the test reads it after the surface is gone
 };
 
@@ -92,18 +115,26 @@ public:
         logs.push_back(log);
         return std::make_unique<FakeDesktopSurface>(screen, wantsTransparency && compositing, log);
     }
-    void setCompositingHandler(std::function<void()> handler) override {
-        compositingHandler = std::move(handler);
+    Subscription subscribeToCompositing(std::function<void()> handler) override {
+        return m_compositing.subscribe(std::move(handler));
     }
-    void setLostHandler(std::function<void()> handler) override {
-        lostHandler = std::move(handler);
+    Subscription subscribeToLoss(std::function<void()> handler) override {
+        return m_loss.subscribe(std::move(handler));
+    }
+
+    /// Starts or stops the compositor and tells of it.
+    void setCompositing(bool isRunning) {
+        compositing = isRunning;
+        m_compositing.send();
     }
 
     bool compositing = false;
     std::vector<std::shared_ptr<SurfaceLog>> logs; // shared with the surfaces
     std::shared_ptr<SurfaceStory> story = std::make_shared<SurfaceStory>(); // shared with them too
-    std::function<void()> compositingHandler;
-    std::function<void()> lostHandler;
+
+private:
+    ChangePublisher m_compositing;
+    ChangePublisher m_loss;
 };
 
 } // namespace zeph

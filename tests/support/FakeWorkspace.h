@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Workspace.h"
+#include "ports/Workspace.h"
 
 namespace zeph {
 
@@ -9,8 +9,10 @@ namespace zeph {
 class FakeWorkspace : public Workspace {
 public:
     std::optional<RunningApplication> frontmostApplication() const override { return front; }
-    void setActivationHandler(std::function<void(const RunningApplication &)> handler) override {
-        m_handler = std::move(handler);
+    Subscription
+    subscribeToActivations(std::function<void(const RunningApplication &)> handler) override {
+        return m_activations.subscribe(
+            [this, handler = std::move(handler)] { handler(m_activated); });
     }
 
     /// Brings an application to the front and tells of it.
@@ -19,15 +21,15 @@ public:
         emitActivation(application);
     }
     void emitActivation(const RunningApplication &application) {
-        if (m_handler) {
-            m_handler(application);
-        }
+        m_activated = application;
+        m_activations.send();
     }
 
     std::optional<RunningApplication> front;
 
 private:
-    std::function<void(const RunningApplication &)> m_handler;
+    RunningApplication m_activated;
+    ChangePublisher m_activations;
 };
 
 /// An application with an identifier, and a name unless that is empty.

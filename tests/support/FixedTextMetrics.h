@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "presentation/view/TextBreaking.h"
-#include "presentation/view/TextMetrics.h"
+#include "drawing/scene/TextMetrics.h"
+#include "drawing/view/TextBreaking.h"
 
 namespace zeph {
 
@@ -12,6 +12,10 @@ class FixedTextMetrics final : public TextMetrics {
 public:
     QSizeF size(const QString &text, const FontSpec &font) const override {
         return {width(text), font.size * 1.2};
+    }
+    /// A 1 stands in the middle of its cell; other letters fill theirs.
+    double inkStart(const QString &text, const FontSpec & /*font*/) const override {
+        return text.startsWith(QLatin1Char('1')) ? 3 : 0;
     }
     QString elided(const QString &text, const FontSpec & /*font*/, double offered) const override {
         return elideTail(text, offered, width);

@@ -8,7 +8,7 @@
 
 namespace zeph {
 
-/// The answer of a service as kept in tests/integrations/fixtures, which the test's target names
+/// The answer of a service as kept in tests/services/fixtures, which the test's target names
 /// as ZEPH_FIXTURES.
 inline QByteArray fixture(const char *path) {
     QFile file(QStringLiteral(ZEPH_FIXTURES "/") + QString::fromUtf8(path));

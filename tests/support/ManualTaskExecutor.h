@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/TaskExecutor.h"
+#include "ports/TaskExecutor.h"
 
 #include <deque>
 #include <utility>

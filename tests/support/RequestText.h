@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/HttpClient.h"
+#include "ports/HttpClient.h"
 
 #include <string>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/Calendar.h"
+#include "ports/Calendar.h"
 
 #include <QDate>
 #include <QDateTime>

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QVariantMap>
+
+#include <functional>
+#include <optional>
+
+class QObject;
+
+namespace zeph {
+
+/// The bus library's own limit of 25 s for an answer.
+inline constexpr int busDefaultTimeout = -1;
+
+/// Sends `call` without starting its service, and hands the answer, an error message included, to
+/// `done` on this thread. Nothing is called once `context` is gone.
+void callAsync(const QDBusConnection &bus, const QDBusMessage &call, int timeoutMilliseconds,
+               QObject *context, std::function<void(const QDBusMessage &answer)> done);
+
+/// The properties in an answer to GetAll; absent for an error and for anything else.
+std::optional<QVariantMap> propertiesIn(const QDBusMessage &answer);
+
+} // namespace zeph

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/Volume.h"
+
+#include <QString>
+
+struct statvfs;
+
+namespace zeph {
+
+/// The file system that holds a path, after statvfs.
+class StatvfsVolume : public Volume {
+public:
+    explicit StatvfsVolume(const QString &path = QStringLiteral("/"));
+
+    std::optional<VolumeCapacity> capacity() const override;
+
+private:
+    QByteArray m_path;
+};
+
+/// The capacity that the system's figures tell: available is what is free for ordinary users.
+VolumeCapacity capacityOf(const struct statvfs &status);
+
+} // namespace zeph

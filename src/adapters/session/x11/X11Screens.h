@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/session/x11/X11Monitors.h"
+#include "adapters/session/x11/X11ReservedSpace.h"
+#include "ports/Screens.h"
+
+namespace zeph {
+
+/// The monitors of an X server as screens. A screen's origin stays in device pixels and its size is
+/// in points, as the toolkit has it too.
+class X11Screens : public Screens {
+public:
+    /// Knows the screens that are there; a few round trips.
+    explicit X11Screens(X11Connection &connection);
+
+    std::vector<Screen> all() const override { return m_screens; }
+    std::optional<Screen> main() const override;
+    Subscription subscribe(std::function<void()> handler) override;
+
+private:
+    std::vector<Screen> describeAll() const;
+    Screen describe(const X11Monitor &monitor, const QString &identity, double scale) const;
+    QRectF availableFrame(const Screen &screen) const;
+    void follow();
+
+    X11Monitors m_monitors;
+    X11ReservedSpace m_space;
+    std::vector<Screen> m_screens; // the primary one first
+    ChangePublisher m_changes;
+};
+
+} // namespace zeph

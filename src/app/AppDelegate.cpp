@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: MIT
+#include "app/AppDelegate.h"
+
+#include "app/WebServices.h"
+#include "base/Background.h"
+#include "base/NotificationCenter.h"
+#include "host/DesktopWindow.h"
+#include "host/ScreenSelection.h"
+#include "ports/Clock.h"
+#include "ports/Platform.h"
+#include "ports/WindowServer.h"
+#include "sensing/SamplingCoordinator.h"
+#include "services/accounts/IntegrationsStore.h"
+#include "services/accounts/Keychain.h"
+#include "services/refresh/IntegrationRefresh.h"
+#include "settings/PreferencesStore.h"
+#include "widgets/RootWallpaperView.h"
+
+#include <algorithm>
+
+namespace zeph {
+
+namespace {
+
+AccountChoices choicesOf(const IntegrationsStore &integrations) {
+    return {.quoteEnabled = [&integrations] { return integrations.quoteEnabled(); },
+            .showAhrefsAttribution =
+                [&integrations](const QUuid &account) {
+                    const auto &all = integrations.connections();
+                    const auto found =
+                        std::find_if(all.begin(), all.end(), [&](const IntegrationConnection &one) {
+                            return one.id == account;
+                        });
+                    return found == all.end() || found->showAhrefsAttribution;
+                }};
+}
+
+} // namespace
+
+AppDelegate::AppDelegate(AppServices services)
+    : m_services(services),
+      m_state(services.platform.clock.now()),
+      m_framing{services.preferences, services.platform.calendar, services.platform.formatters},
+      m_rootView(std::make_unique<RootWallpaperView>(
+          m_state, services.preferences, services.usageStore, m_framing, services.textMetrics,
+          choicesOf(services.integrations))) {}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching() {
+    const Platform &platform = m_services.platform;
+    m_refresh = std::make_unique<IntegrationRefresh>(RefreshContext{
+        m_state, m_services.integrations, m_services.keychain, m_services.preferences,
+        platform.accountBackground, makeWebServices(platform, m_services.endpoints, m_framing)});
+    m_coordinator = std::make_unique<SamplingCoordinator>(CoordinatorContext{
+        m_state, platform, m_services.notifications, m_services.preferences, m_services.usageStore,
+        m_services.location, m_services.endpoints, m_services.refreshPeriod, [this] {
+            // A keyring that was locked or not there may be open now.
+            m_services.integrations.loadCustomAPIs();
+            m_refresh->fetchIntegrations();
+        }});
+    rebuildDesktopWindows();
+    m_coordinator->start();
+    // In a task, as the keyring may ask for a password.
+    platform.background.run(
+        m_work, [&keychain = m_services.keychain] { keychain.migrateLegacyServiceIfNeeded(); },
+        [] {});
+    observeScreenChanges();
+    observeChanges();
+    updateInsets();
+    redrawWindows();
+}
+
+void AppDelegate::applicationWillTerminate() {
+    if (m_coordinator) {
+        m_coordinator->persist();
+    }
+}
+
+void AppDelegate::rebuildDesktopWindows() {
+    const std::vector<Screen> screens =
+        selectedScreens(m_services.preferences.displaySelection(), m_services.platform.screens);
+    QStringList identities;
+    for (const Screen &screen : screens) {
+        identities.append(builtIdentity(screen));
+    }
+    if (identities == m_builtScreenIDs && m_desktopWindows.size() == screens.size()) {
+        for (std::size_t index = 0; index < screens.size(); ++index) {
+            m_desktopWindows[index]->setTargetScreen(screens[index]);
+        }
+    } else {
+        m_desktopWindows.clear();
+        buildWindows(screens);
+        m_builtScreenIDs = identities;
+    }
+    updateInsets();
+}
+
+void AppDelegate::buildWindows(const std::vector<Screen> &screens) {
+    const Platform &platform = m_services.platform;
+    for (const Screen &screen : screens) {
+        auto window = std::make_unique<DesktopWindow>(platform.windowServer, platform.runLoop,
+                                                      m_services.preferences, *m_rootView,
+                                                      m_services.painter, screen);
+        window->orderFrontRegardless();
+        m_desktopWindows.push_back(std::move(window));
+    }
+}
+
+void AppDelegate::observeScreenChanges() {
+    const auto rebuild = [this] { rebuildDesktopWindows(); };
+    m_subscriptions.push_back(m_services.platform.screens.subscribe(rebuild));
+    m_subscriptions.push_back(
+        m_services.notifications.observe(notifications::zephDisplaySelectionChanged, rebuild));
+    m_subscriptions.push_back(m_services.platform.windowServer.subscribeToCompositing([this] {
+        for (const auto &window : m_desktopWindows) {
+            window->compositingChanged();
+        }
+    }));
+}
+
+void AppDelegate::observeChanges() {
+    m_subscriptions.push_back(m_services.notifications.observe(
+        notifications::zephCustomAPIsLoaded, [this] { m_refresh->fetchCustomAPIs(); }));
+    const auto redraw = [this] { redrawWindows(); };
+    m_subscriptions.push_back(m_state.objectWillChange.subscribe(redraw));
+    m_subscriptions.push_back(m_services.preferences.objectWillChange.subscribe(redraw));
+    m_subscriptions.push_back(m_services.integrations.objectWillChange.subscribe(redraw));
+}
+
+void AppDelegate::redrawWindows() {
+    for (const auto &window : m_desktopWindows) {
+        window->setNeedsDisplay();
+    }
+}
+
+std::optional<Screen> AppDelegate::primaryDesktopScreen() const {
+    if (!m_desktopWindows.empty()) {
+        return m_desktopWindows.front()->targetScreen();
+    }
+    return m_services.platform.screens.main();
+}
+
+void AppDelegate::updateInsets() {
+    const auto screen = primaryDesktopScreen();
+    if (!screen) {
+        return;
+    }
+    const QRectF &frame = screen->frame;
+    const QRectF &visible = screen->visibleFrame;
+    EdgeInsets insets;
+    insets.top = std::max(0.0, visible.top() - frame.top());
+    insets.leading = std::max(0.0, visible.left() - frame.left());
+    insets.bottom = std::max(0.0, frame.bottom() - visible.bottom());
+    insets.trailing = std::max(0.0, frame.right() - visible.right());
+    m_state.dockInsets = insets;
+}
+
+} // namespace zeph

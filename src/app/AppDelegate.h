@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/ChangePublisher.h"
+#include "base/WorkOwner.h"
+#include "model/AppState.h"
+#include "ports/Screens.h"
+#include "wording/FramingContext.h"
+
+#include <QStringList>
+
+#include <chrono>
+#include <memory>
+#include <vector>
+
+namespace zeph {
+
+class Calendar;
+class DesktopWindow;
+class IntegrationRefresh;
+class IntegrationsStore;
+class Keychain;
+class LocationManager;
+class NotificationCenter;
+class PreferencesStore;
+class RootWallpaperView;
+class SamplingCoordinator;
+class ScenePainter;
+class TextMetrics;
+class UsageStore;
+struct Endpoints;
+struct Platform;
+
+/// What the delegate works with; everything outlives it.
+struct AppServices {
+    const Platform &platform;
+    NotificationCenter &notifications;
+    PreferencesStore &preferences;
+    UsageStore &usageStore;
+    IntegrationsStore &integrations;
+    Keychain &keychain;
+    LocationManager &location;
+    const Endpoints &endpoints;
+    std::chrono::milliseconds refreshPeriod; ///< of the web accounts
+    const TextMetrics &textMetrics;
+    ScenePainter &painter;
+};
+
+/// The spine of the process: owns the state, the coordinator and the desktop windows, launches
+/// them in order and rebuilds the windows when screens or selections change. Main thread only.
+class AppDelegate {
+public:
+    explicit AppDelegate(AppServices services);
+    ~AppDelegate();
+    AppDelegate(const AppDelegate &) = delete;
+    AppDelegate &operator=(const AppDelegate &) = delete;
+
+    void applicationDidFinishLaunching();
+
+    /// Saves today. Safe to call more than once, and before the launch finished.
+    void applicationWillTerminate();
+
+    AppState &state() { return m_state; }
+    const std::vector<std::unique_ptr<DesktopWindow>> &desktopWindows() const {
+        return m_desktopWindows;
+    }
+    const QStringList &builtScreenIDs() const { return m_builtScreenIDs; }
+
+private:
+    void rebuildDesktopWindows();
+    void buildWindows(const std::vector<Screen> &screens);
+    void observeScreenChanges();
+    void observeChanges();
+    void redrawWindows();
+    void updateInsets();
+    std::optional<Screen> primaryDesktopScreen() const;
+
+    AppServices m_services;
+    AppState m_state;
+    FramingContext m_framing;
+    std::unique_ptr<RootWallpaperView> m_rootView;
+    std::unique_ptr<IntegrationRefresh> m_refresh;
+    std::unique_ptr<SamplingCoordinator> m_coordinator;
+    std::vector<std::unique_ptr<DesktopWindow>> m_desktopWindows;
+    QStringList m_builtScreenIDs;
+    std::vector<Subscription> m_subscriptions;
+    WorkOwner m_work;
+};
+
+} // namespace zeph

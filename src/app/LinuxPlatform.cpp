@@ -1,0 +1,179 @@
+// SPDX-License-Identifier: MIT
+#include "app/LinuxPlatform.h"
+
+#include "adapters/apps/DesktopEntries.h"
+#include "adapters/bus/NetworkManagerWiFi.h"
+#include "adapters/calendar/EdsEventStore.h"
+#include "adapters/focus/FocusSource.h"
+#include "adapters/focus/LinuxFocusFile.h"
+#include "adapters/kernel/ProcHostStatistics.h"
+#include "adapters/kernel/ProcNetworkInterfaces.h"
+#include "adapters/kernel/StatvfsVolume.h"
+#include "adapters/kernel/SystemClock.h"
+#include "adapters/locale/SystemZone.h"
+#include "adapters/loop/QtRunLoop.h"
+#include "adapters/loop/QtTaskExecutor.h"
+#include "adapters/places/CityLister.h"
+#include "adapters/places/GeoClueLocationClient.h"
+#include "adapters/places/LocationPermission.h"
+#include "adapters/places/OfflineGeocoder.h"
+#include "adapters/places/ZoneCity.h"
+#include "adapters/power/BluezBatteries.h"
+#include "adapters/power/LinuxAccessories.h"
+#include "adapters/power/LinuxPowerSources.h"
+#include "adapters/power/UPowerSources.h"
+#include "adapters/secret/SecretServiceStore.h"
+#include "adapters/session/x11/X11Session.h"
+#include "adapters/storage/JsonUserDefaults.h"
+#include "adapters/storage/LinuxDesktopFolder.h"
+#include "adapters/storage/UserDirs.h"
+#include "adapters/web/PluggedHttpClient.h"
+#include "base/Background.h"
+#include "settings/Consents.h"
+
+#include <QDBusConnection>
+#include <QDir>
+#include <QFile>
+#include <QLocale>
+#include <QStandardPaths>
+
+namespace zeph {
+
+namespace {
+
+// Most of them wait for a server.
+constexpr int mostTasks = 16;
+
+const QString supplies = QStringLiteral("/sys/class/power_supply");
+
+QByteArray fileName(const QString &path) {
+    return QFile::encodeName(path);
+}
+
+} // namespace
+
+/// What the display session works with, and so is there before it.
+struct LinuxPlatform::Foundation {
+    explicit Foundation(const QString &defaultsPath) : defaults(defaultsPath) {}
+
+    QtRunLoop runLoop;
+    JsonUserDefaults defaults;
+    Consents consents{defaults};
+    // Before the executor, whose threads use it.
+    LinuxDesktopFolder desktopFolder{findDesktopFolder(
+        fileName(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)),
+        fileName(QDir::homePath()))};
+    QtTaskExecutor executor{mostTasks, QtTaskExecutor::Start::whenReleased};
+    Background background = Background::over(executor, runLoop);
+    DesktopEntries desktopEntries{
+        QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
+        QLocale::system().name(), background};
+};
+
+struct LinuxPlatform::Adapters {
+    Adapters(std::unique_ptr<Foundation> laid, std::unique_ptr<DisplaySession> opened,
+             const Calendar &userCalendar, const Calendar &gregorian,
+             const Formatters &userFormatters)
+        : foundation(std::move(laid)),
+          session(std::move(opened)),
+          eventStore(clock, userCalendar, runLoop, foundation->consents.calendar,
+                     foundation->consents.reminders),
+          locationPermission(foundation->consents.location),
+          ports{.clock = clock,
+                .calendar = userCalendar,
+                .gregorian = gregorian,
+                .formatters = userFormatters,
+                .runLoop = runLoop,
+                .background = background,
+                .accountBackground = accountBackground,
+                .taskExecutor = executor,
+                .userDefaults = defaults,
+                .workspace = session->workspace(),
+                .inputEvents = session->inputEvents(),
+                .hostStatistics = hostStatistics,
+                .networkInterfaces = interfaces,
+                .wifi = wifi,
+                .volume = volume,
+                .powerSources = powerSources,
+                .accessories = accessories,
+                .desktopFolder = foundation->desktopFolder,
+                .focusFile = focusFile,
+                .eventStore = eventStore,
+                .locationClient = locationClient,
+                .geocoder = geocoder,
+                .httpClient = httpClient,
+                .secureStore = secureStore,
+                .screens = session->screens(),
+                .windowServer = session->windowServer()} {}
+
+    std::unique_ptr<Foundation> foundation;
+    std::unique_ptr<DisplaySession> session;
+    QtRunLoop &runLoop = foundation->runLoop;
+    JsonUserDefaults &defaults = foundation->defaults;
+    QtTaskExecutor &executor = foundation->executor;
+    Background &background = foundation->background;
+    SystemClock clock;
+    QtTaskExecutor accountExecutor{mostTasks, QtTaskExecutor::Start::whenReleased};
+    Background accountBackground = Background::over(accountExecutor, runLoop);
+    ProcHostStatistics hostStatistics;
+    ProcNetworkInterfaces interfaces;
+    NetworkManagerWiFi wifi{QDBusConnection::systemBus()};
+    StatvfsVolume volume;
+    UPowerSources upower{QDBusConnection::systemBus()};
+    LinuxPowerSources powerSources{upower, supplies, background};
+    BluezBatteries bluez{QDBusConnection::systemBus()};
+    LinuxAccessories accessories{supplies, upower, bluez, runLoop};
+    LinuxFocusFile focusFile{focusSourceFor(qEnvironmentVariable("XDG_CURRENT_DESKTOP")),
+                             QDBusConnection::sessionBus(), background};
+    EdsEventStore eventStore;
+    LocationPermission locationPermission;
+    GeoClueLocationClient locationClient{QDBusConnection::systemBus(), locationPermission,
+                                         [] { return zoneCity(SystemZone().id()); }};
+    OfflineGeocoder geocoder{executor, runLoop, cityListerPath()};
+    PluggedHttpClient httpClient;
+    SecretServiceStore secureStore;
+    Platform ports;
+};
+
+LinuxPlatform::LinuxPlatform(std::unique_ptr<Adapters> adapters)
+    : m_adapters(std::move(adapters)) {}
+
+LinuxPlatform::~LinuxPlatform() = default;
+
+LinuxPlatform::Created LinuxPlatform::create(const QString &defaultsPath, const Calendar &calendar,
+                                             const Calendar &gregorian,
+                                             const Formatters &formatters) {
+    auto foundation = std::make_unique<Foundation>(defaultsPath);
+    OpenedSession opened =
+        X11Session::open({foundation->desktopEntries, foundation->consents.input});
+    if (!opened.session) {
+        return {nullptr, opened.refusal};
+    }
+    auto adapters = std::make_unique<Adapters>(std::move(foundation), std::move(opened.session),
+                                               calendar, gregorian, formatters);
+    return {std::unique_ptr<LinuxPlatform>(new LinuxPlatform(std::move(adapters))), {}};
+}
+
+const Platform &LinuxPlatform::ports() const {
+    return m_adapters->ports;
+}
+
+void LinuxPlatform::releaseTasks() {
+    m_adapters->executor.release();
+    m_adapters->accountExecutor.release();
+}
+
+void LinuxPlatform::cancelRequests() {
+    m_adapters->httpClient.cancelAll();
+}
+
+bool LinuxPlatform::finishTasks(std::chrono::milliseconds patience) {
+    m_adapters->httpClient.cancelAll();
+    m_adapters->secureStore.cancelAll();
+    m_adapters->accountExecutor.beginShutdown();
+    return m_adapters->executor.finish(patience) &&
+           m_adapters->accountExecutor.finish(std::chrono::milliseconds(50)) &&
+           m_adapters->eventStore.finish(std::chrono::milliseconds(50));
+}
+
+} // namespace zeph

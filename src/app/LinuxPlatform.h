@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/Platform.h"
+
+#include <QString>
+
+#include <chrono>
+#include <memory>
+
+namespace zeph {
+
+/// The ports of this machine: Linux with an X11 desktop. Main thread only; the application
+/// object has to exist.
+class LinuxPlatform {
+public:
+    /// A platform, or why there is none, to tell the user.
+    struct Created {
+        std::unique_ptr<LinuxPlatform> platform;
+        QString refusal;
+    };
+
+    /// `defaultsPath` is the file of the settings.
+    static Created create(const QString &defaultsPath, const Calendar &calendar,
+                          const Calendar &gregorian, const Formatters &formatters);
+    ~LinuxPlatform();
+    LinuxPlatform(const LinuxPlatform &) = delete;
+    LinuxPlatform &operator=(const LinuxPlatform &) = delete;
+
+    const Platform &ports() const;
+
+    /// Lets tasks run, which wait at first so that they don't take the processor from the first
+    /// frame.
+    void releaseTasks();
+
+    /// Ends the requests under way, and every one that follows.
+    void cancelRequests();
+
+    /// Cuts short what waits for a server or a person, and waits for the tasks under way; false
+    /// when `patience` was not enough, as with a disk that hangs. Nothing is started after that.
+    bool finishTasks(std::chrono::milliseconds patience);
+
+private:
+    struct Foundation;
+    struct Adapters;
+    explicit LinuxPlatform(std::unique_ptr<Adapters> adapters);
+
+    std::unique_ptr<Adapters> m_adapters;
+};
+
+} // namespace zeph

@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: MIT
+#include "app/RunProgram.h"
+
+#include "adapters/bus/HungBuses.h"
+#include "adapters/bus/SingleInstance.h"
+#include "adapters/kernel/Heap.h"
+#include "adapters/kernel/UnixSignals.h"
+#include "adapters/locale/IcuCalendar.h"
+#include "adapters/locale/IcuFormatters.h"
+#include "adapters/session/x11/X11Display.h"
+#include "adapters/storage/FolderLock.h"
+#include "app/LinuxPlatform.h"
+#include "app/ZephApp.h"
+#include "base/NotificationCenter.h"
+#include "drawing/painting/OwnFonts.h"
+#include "drawing/painting/QtTextMetrics.h"
+#include "drawing/painting/ScenePainter.h"
+#include "drawing/painting/SymbolLibrary.h"
+#include "history/UsageStore.h"
+#include "ports/WindowServer.h"
+#include "services/accounts/IntegrationsStore.h"
+#include "services/accounts/Keychain.h"
+#include "services/ambient/LocationManager.h"
+#include "settings/PreferencesStore.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QEventLoop>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace zeph {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Together within the half second that an end may take.
+constexpr std::chrono::milliseconds secretsPatience{150};
+constexpr std::chrono::milliseconds tasksPatience{250};
+
+// By then the display system has the first frame.
+constexpr std::chrono::milliseconds tasksRest{40};
+// By then the first round of all sensors and services is over.
+constexpr std::chrono::seconds startEnd{12};
+constexpr std::chrono::milliseconds endPatience{1000}; // for another program to end
+
+// A bus that is well answers within milliseconds, and on a machine that logs its user in later.
+constexpr std::chrono::milliseconds busPatience{2000};
+constexpr std::chrono::milliseconds rolePatience{500};
+
+QString folder(QStandardPaths::StandardLocation base) {
+    return QStandardPaths::writableLocation(base) + u"/Zeph"_s;
+}
+
+// The toolkit's own connection ends the process by exit() when it is the first to notice that the
+// X server is gone. What was counted is saved on that way too.
+const std::function<void()> *saveEverything = nullptr;
+
+void saveAtExit() {
+    if (saveEverything != nullptr) {
+        (*saveEverything)();
+        std::fflush(stdout);
+        _exit(EXIT_SUCCESS);
+    }
+}
+
+int runPrimary(const ProgramSettings &settings) {
+    // Without a bus nobody else can tell that the program runs already, and two would write over
+    // each other.
+    const FolderLock lock(folder(QStandardPaths::GenericDataLocation), endPatience);
+    if (lock.isHeldByAnother()) {
+        return EXIT_SUCCESS;
+    }
+    const IcuCalendar calendar;
+    const IcuCalendar gregorian(u"en_US"_s);
+    const IcuFormatters formatters;
+    const LinuxPlatform::Created created =
+        LinuxPlatform::create(folder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s,
+                              calendar, gregorian, formatters);
+    if (!created.platform) {
+        std::fprintf(stderr, "tavi: %s\n", qPrintable(created.refusal));
+        return EXIT_FAILURE;
+    }
+    LinuxPlatform *platform = created.platform.get();
+    const Platform &ports = platform->ports();
+    NotificationCenter notifications;
+    PreferencesStore preferences(ports.userDefaults, notifications, formatters);
+    UsageStore usageStore(folder(QStandardPaths::GenericDataLocation), ports.clock, calendar);
+    Keychain keychain(ports.secureStore, ports.userDefaults);
+    IntegrationsStore integrations(ports.userDefaults, keychain, notifications, ports.runLoop,
+                                   ports.taskExecutor);
+    LocationManager location(&ports.locationClient, &ports.geocoder);
+    const QtTextMetrics textMetrics;
+    SymbolLibrary symbols;
+    ScenePainter painter(textMetrics, symbols);
+    ZephApp app(AppServices{ports, notifications, preferences, usageStore, integrations, keychain,
+                            location, settings.endpoints, settings.refreshPeriod, textMetrics,
+                            painter});
+
+    const UnixSignals signals([](int) { QCoreApplication::quit(); });
+    const Subscription loss = ports.windowServer.subscribeToLoss([] { QCoreApplication::quit(); });
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, [&app] { app.terminate(); });
+    const std::function<void()> save = [&] {
+        app.terminate();
+        platform->cancelRequests(); // they hold the threads that secrets may wait for
+        integrations.finish(secretsPatience);
+    };
+    saveEverything = &save;
+    std::atexit(saveAtExit);
+
+    app.launch();
+    ports.runLoop.after(tasksRest, [platform] { platform->releaseTasks(); });
+    ports.runLoop.after(startEnd, returnFreedMemory);
+    QCoreApplication::exec();
+    save();
+    saveEverything = nullptr;
+    if (!platform->finishTasks(tasksPatience)) {
+        // A task hangs in the system. Everything is saved, and it can't be waited for.
+        std::fflush(stdout);
+        _exit(EXIT_SUCCESS);
+    }
+    return EXIT_SUCCESS;
+}
+
+/// Tells a running program that it was started again, or takes its place when it is just ending.
+/// False where this start is one too many. A bus that takes its time does not hold the wallpaper
+/// up: then this start ends once it is known to be one too many.
+bool isToRun(SingleInstance &instance) {
+    QEventLoop waiting;
+    std::optional<InstanceRole> role;
+    const auto claimed = std::make_shared<std::function<void(InstanceRole)>>();
+    *claimed = [&](InstanceRole answer) {
+        role = answer;
+        waiting.quit();
+    };
+    instance.claim([claimed](InstanceRole answer) { (*claimed)(answer); });
+    QTimer patience;
+    QObject::connect(&patience, &QTimer::timeout, &waiting, &QEventLoop::quit);
+    patience.start(rolePatience);
+    waiting.exec();
+    patience.stop();
+    if (!role) {
+        *claimed = [&instance](InstanceRole late) {
+            if (late == InstanceRole::secondary) {
+                instance.activateOwner([](bool) { QCoreApplication::quit(); });
+            }
+        };
+    } else if (role == InstanceRole::secondary) {
+        instance.activateOrSucceedOwner([&](InstanceRole settled) {
+            role = settled;
+            waiting.quit();
+        });
+        waiting.exec();
+    }
+    return role != InstanceRole::secondary;
+}
+
+} // namespace
+
+int runProgram(char **arguments, const ProgramSettings &settings) {
+    avoidHungBuses(busPatience);
+    auto display = std::make_unique<X11Display>();
+    if (!display->isReachable()) {
+        std::fputs("tavi: there is no X display to draw on\n", stderr);
+        return EXIT_FAILURE;
+    }
+    // The program takes no options; the toolkit would take its own from the command line.
+    int argumentCount = 1;
+    // On a Wayland desktop too: the wallpaper's windows are X11 ones.
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setDesktopFileName(u"com.tavi.Tavi"_s);
+    QApplication::setApplicationDisplayName(u"Tavi"_s);
+    OwnFonts::use();
+    const QApplication toolkit(argumentCount, arguments);
+    display.reset();
+
+    SingleInstance instance(QDBusConnection::sessionBus(), [](const ApplicationRequest &) {
+        // Being started again asks for nothing that is here yet.
+    });
+    return isToRun(instance) ? runPrimary(settings) : EXIT_SUCCESS;
+}
+
+} // namespace zeph

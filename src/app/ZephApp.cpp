@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#include "app/ZephApp.h"
+
+namespace zeph {
+
+ZephApp::ZephApp(AppServices services) : m_delegate(services) {}
+
+void ZephApp::launch() {
+    m_delegate.applicationDidFinishLaunching();
+}
+
+void ZephApp::terminate() {
+    if (!m_terminated) {
+        m_terminated = true;
+        m_delegate.applicationWillTerminate();
+    }
+}
+
+} // namespace zeph

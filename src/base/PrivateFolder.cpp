@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#include "base/PrivateFolder.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+namespace zeph {
+
+bool makePrivateFolder(const QString &folder) {
+    const QFileInfo info(QDir::cleanPath(folder));
+    const QDir parent = info.dir();
+    // Made with its final mode, so that it stands open at no moment.
+    return info.isDir() ||
+           (parent.mkpath(QStringLiteral(".")) &&
+            parent.mkdir(info.fileName(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
+} // namespace zeph

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "drawing/painting/SceneRenderer.h"
+
+#include "base/StartedThread.h"
+#include "drawing/painting/BackdropPainter.h"
+#include "drawing/painting/QtTextMetrics.h"
+#include "drawing/painting/ScenePainter.h"
+
+#include <utility>
+
+namespace zeph {
+
+/// A backdrop that is being painted; its end waits for that.
+struct SceneRenderer::Ahead {
+    Ahead(const AmbientBackground &wanted, QImage &frame)
+        : backdrop(wanted),
+          pixels(frame.bits()),
+          thread(startedThread([this, &frame] { paintBackdrop(backdrop, frame.rect(), frame); })) {}
+    ~Ahead() {
+        if (thread) {
+            thread->join();
+        }
+    }
+    Ahead(const Ahead &) = delete;
+    Ahead &operator=(const Ahead &) = delete;
+
+    AmbientBackground backdrop;
+    const uchar *pixels;
+    std::optional<std::thread> thread;
+};
+
+SceneRenderer::SceneRenderer(ScenePainter &painter) : m_painter(painter) {}
+
+SceneRenderer::~SceneRenderer() = default;
+
+void SceneRenderer::paintAhead(const AmbientBackground &backdrop, QImage &frame) {
+    if (!m_shown) {
+        m_ahead.reset();
+        m_ahead = std::make_unique<Ahead>(backdrop, frame);
+    }
+}
+
+/// Waits for what is painted ahead, and tells whether `frame` shows the backdrop of `scene` now.
+bool SceneRenderer::tookBackdropAhead(const Scene &scene, const QImage &frame) {
+    const std::unique_ptr<Ahead> ahead = std::move(m_ahead);
+    return ahead && ahead->thread && ahead->pixels == frame.constBits() &&
+           scene.backdrop == ahead->backdrop;
+}
+
+QRegion SceneRenderer::render(Scene scene, QImage &frame, double scale) {
+    const bool hasBackdrop = tookBackdropAhead(scene, frame);
+    const SurfacePixels surface{frame.size(), scale};
+    QRegion painted(frame.rect());
+    if (m_shown && m_shown->surface == surface && m_shown->format == frame.format()) {
+        painted = damage(m_shown->scene, scene, surface, m_painter.metrics());
+    }
+    if (!painted.isEmpty()) {
+        if (!hasBackdrop) {
+            m_painter.paintBackground(scene, painted, frame);
+        }
+        m_painter.paintItems(scene, painted, scale, frame);
+    }
+    for (const QRect &rect : painted) {
+        m_paintedPixels += qint64{rect.width()} * rect.height();
+    }
+    m_shown = Shown{std::move(scene), surface, frame.format()};
+    return painted;
+}
+
+} // namespace zeph

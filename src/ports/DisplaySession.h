@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/Port.h"
+
+#include <QString>
+
+#include <memory>
+
+namespace zeph {
+
+class InputEvents;
+class Screens;
+class WindowServer;
+class Workspace;
+
+/// What one display system (an X server, a Wayland compositor) offers of the user's session. All
+/// of it comes from the same connection, and ends with it. Main thread only.
+class DisplaySession : public Port {
+public:
+    virtual Screens &screens() = 0;
+    virtual WindowServer &windowServer() = 0;
+    virtual Workspace &workspace() = 0;
+    virtual InputEvents &inputEvents() = 0;
+};
+
+/// A session, or why there is none.
+struct OpenedSession {
+    std::unique_ptr<DisplaySession> session;
+    QString refusal; ///< what to tell the user where `session` is null
+};
+
+} // namespace zeph

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "services/simple/SimpleCard.h"
+
+#include <QJsonValue>
+
+namespace zeph {
+
+class Clock;
+class HttpClient;
+struct Endpoints;
+
+/// The domain that is asked for: a whole address is cut down to its host.
+QString ahrefsDomain(const QString &input);
+
+/// Throws `ServiceError` when the answer holds no rating.
+SimpleCard ahrefsCard(const QJsonValue &answer, const QString &domain);
+
+/// The domain rating of a site, which needs no key. Callable from any thread but the main one.
+class AhrefsService {
+public:
+    AhrefsService(HttpClient &client, const Endpoints &endpoints, const Clock &clock);
+
+    /// Blocks for one request, for none without a domain. Never throws; a failure is in `error`.
+    SimpleIntegrationStats fetch(const QString &domain) const;
+
+private:
+    HttpClient &m_client;
+    const Clock &m_clock;
+    QString m_root;
+};
+
+} // namespace zeph

@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: MIT
+#include "widgets/WallpaperContentView.h"
+
+#include "drawing/view/FixedColumnFlow.h"
+#include "drawing/view/Views.h"
+#include "drawing/view/WallpaperStackLayout.h"
+#include "drawing/view/WidgetScaleLayout.h"
+#include "model/AppState.h"
+#include "settings/PreferencesStore.h"
+#include "widgets/AccountChoices.h"
+#include "widgets/BuiltInWidgets.h"
+#include "widgets/IntegrationCards.h"
+#include "widgets/IntegrationWidgets.h"
+#include "widgets/RecordContent.h"
+
+#include <algorithm>
+
+namespace zeph {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double smallScale = 0.85;
+constexpr double largeScale = 1.3;
+
+QString summaryTitle(WidgetKind kind) {
+    switch (kind) {
+    case WidgetKind::hackernews:
+        return u"Hacker News"_s;
+    case WidgetKind::reddit:
+        return u"Reddit"_s;
+    case WidgetKind::producthunt:
+        return u"Product Hunt"_s;
+    case WidgetKind::bluesky:
+        return u"Bluesky"_s;
+    case WidgetKind::currency:
+        return u"Exchange rate"_s;
+    case WidgetKind::gumroad:
+        return u"Gumroad"_s;
+    case WidgetKind::polar:
+        return u"Polar"_s;
+    case WidgetKind::vercel:
+        return u"Vercel"_s;
+    case WidgetKind::netlify:
+        return u"Netlify"_s;
+    default: // the other cards are headed by what they are about
+        return {};
+    }
+}
+
+/// The widgets of accounts that fill a block of their own.
+View accountWidget(WidgetKind kind, const WidgetContext &context) {
+    switch (kind) {
+    case WidgetKind::revenue:
+        return revenueWidget(context);
+    case WidgetKind::github:
+        return githubWidget(context);
+    case WidgetKind::githubGraph:
+        return githubGraphWidget(context);
+    case WidgetKind::chartmogul:
+    case WidgetKind::lemonsqueezy:
+    case WidgetKind::dodo:
+        return revenueProviderWidget(kind, context);
+    case WidgetKind::trustmrr:
+        return trustmrrWidget(context);
+    case WidgetKind::customAPIs:
+        return customAPIsWidget(context);
+    case WidgetKind::rss:
+        return rssWidget(context);
+    case WidgetKind::openai:
+    case WidgetKind::claude:
+        return aiProviderWidget(kind, context);
+    case WidgetKind::analytics:
+        return analyticsWidget(context);
+    default: // the cards, which stand in rows of their own
+        return {};
+    }
+}
+
+} // namespace
+
+std::vector<WallpaperContentView::FlowRow>
+WallpaperContentView::flowRows(const std::vector<WidgetKind> &kinds) {
+    std::vector<FlowRow> rows;
+    std::vector<WidgetKind> pendingCards;
+    const auto flushCards = [&rows, &pendingCards] {
+        if (!pendingCards.empty()) {
+            rows.emplace_back(IntegrationCardsRow{std::move(pendingCards)});
+            pendingCards = {};
+        }
+    };
+    for (const WidgetKind kind : kinds) {
+        if (isIntegrationCard(kind)) {
+            pendingCards.push_back(kind);
+            continue;
+        }
+        flushCards();
+        rows.emplace_back(WidgetRow{kind});
+    }
+    flushCards();
+    return rows;
+}
+
+QString WallpaperContentView::identity(const FlowRow &row) {
+    if (const auto *widgetRow = std::get_if<WidgetRow>(&row)) {
+        return rawValue(widgetRow->kind);
+    }
+    QStringList raws;
+    for (const WidgetKind kind : std::get<IntegrationCardsRow>(row).kinds) {
+        raws << rawValue(kind);
+    }
+    return raws.join(u'+');
+}
+
+View WallpaperContentView::body(const std::vector<WidgetKind> &kinds) const {
+    std::vector<WidgetKind> flow = kinds;
+    const bool hasClock = std::erase(flow, WidgetKind::clock) > 0;
+    std::vector<View> children;
+    for (const FlowRow &row : flowRows(flow)) {
+        children.push_back(flowRow(row, {}));
+    }
+    if (hasClock) {
+        children.push_back(sizedWidget(WidgetKind::clock));
+    }
+    WallpaperStackLayout layout;
+    layout.maxHeight = std::max(m_available.height(), 1.0);
+    layout.anchorsLast = hasClock;
+    return wallpaperStack(layout, std::move(children));
+}
+
+View WallpaperContentView::flowRow(const FlowRow &row,
+                                   const std::set<QString> &excludedKeys) const {
+    if (const auto *widgetRow = std::get_if<WidgetRow>(&row)) {
+        return sizedWidget(widgetRow->kind);
+    }
+    std::vector<View> cards;
+    for (const IntegrationCardItem &item :
+         integrationCardStats(std::get<IntegrationCardsRow>(row).kinds, excludedKeys)) {
+        cards.push_back(integrationCard(item));
+    }
+    FrameSpec frame;
+    frame.maxWidth = m_available.width();
+    frame.horizontal = HorizontalAlignment::leading;
+    return cards.empty() ? View() : framed(columnFlow({}, std::move(cards)), frame);
+}
+
+std::vector<WallpaperContentView::IntegrationCardItem>
+WallpaperContentView::integrationCardStats(const std::vector<WidgetKind> &kinds,
+                                           const std::set<QString> &excludedKeys) const {
+    std::vector<IntegrationCardItem> items;
+    for (const WidgetKind kind : kinds) {
+        if (excludedKeys.contains(rawValue(kind))) {
+            continue;
+        }
+        for (const SimpleIntegrationStats &stats : *m_context.state.simpleStats) {
+            if (hasSucceeded(stats, kind)) {
+                items.push_back({kind, stats});
+            }
+        }
+    }
+    return items;
+}
+
+View WallpaperContentView::integrationCard(const IntegrationCardItem &item) const {
+    const SimpleIntegrationStats &stats = item.stats;
+    const auto chipText = [&stats](std::size_t place) {
+        return place < stats.chips.size() ? std::optional(stats.chips[place].text) : std::nullopt;
+    };
+    if (item.kind == WidgetKind::ahrefs) {
+        return AhrefsRatingCard{stats.headline, chipText(0).value_or(QString()),
+                                m_context.accounts.showAhrefsAttribution(stats.id),
+                                m_context.palette}
+            .body();
+    }
+    if (item.kind == WidgetKind::coingecko) {
+        return CryptoPriceCard{stats.headline, chipText(0).value_or(QString()), chipText(1),
+                               m_context.palette}
+            .body();
+    }
+    return IntegrationSummaryCard{summaryTitle(item.kind), stats.headline, stats.chips,
+                                  m_context.palette}
+        .body();
+}
+
+View WallpaperContentView::sizedWidget(WidgetKind kind) const {
+    switch (m_context.preferences.size(kind)) {
+    case WidgetSizeOption::small:
+        return scaledWidget({smallScale}, widget(kind));
+    case WidgetSizeOption::large:
+        return scaledWidget({largeScale}, widget(kind));
+    case WidgetSizeOption::medium:
+        break;
+    }
+    return widget(kind);
+}
+
+View WallpaperContentView::widget(WidgetKind kind) const {
+    switch (kind) {
+    case WidgetKind::clock:
+        return clockWidget(m_context);
+    case WidgetKind::weather:
+        return weatherWidget(m_context);
+    case WidgetKind::sun:
+        return sunWidget(m_context);
+    case WidgetKind::airQuality:
+        return airQualityWidget(m_context);
+    case WidgetKind::meeting:
+        return meetingWidget(m_context);
+    case WidgetKind::currentApp:
+        return currentAppWidget(m_context);
+    case WidgetKind::topApp:
+        return topAppWidget(m_context);
+    case WidgetKind::appRanking:
+        return appRankingWidget(m_context);
+    case WidgetKind::rhythm:
+        return rhythmWidget(m_context);
+    case WidgetKind::desktop:
+        return desktopWidget(m_context);
+    case WidgetKind::machine:
+        return machineWidget(m_context);
+    case WidgetKind::reminders:
+        return remindersWidget(m_context);
+    case WidgetKind::countdowns:
+        return countdownsWidget(m_context);
+    case WidgetKind::progress:
+        return progressWidget(m_context);
+    case WidgetKind::devices:
+        return devicesWidget(m_context);
+    case WidgetKind::quote:
+        return quoteWidget(m_context);
+    case WidgetKind::onThisDay:
+        return onThisDayWidget(m_context);
+    case WidgetKind::nasa:
+        return nasaWidget(m_context);
+    case WidgetKind::iss:
+        return issWidget(m_context);
+    default:
+        return accountWidget(kind, m_context);
+    }
+}
+
+} // namespace zeph

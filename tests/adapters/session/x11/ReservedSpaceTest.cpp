@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/x11/X11ReservedSpace.h"
+
+#include "X11Fixture.h"
+
+namespace zeph {
+
+namespace {
+
+const char *const kDockType = "_NET_WM_WINDOW_TYPE_DOCK";
+const QList<std::uint32_t> kThirtyAtTheTop{0, 0, 30, 0, 0, 0, 0, 0, 0, 1279, 0, 0};
+const QList<std::uint32_t> kFiftyAtTheTop{0, 0, 50, 0, 0, 0, 0, 0, 0, 1279, 0, 0};
+
+class ReservedSpaceTest : public X11OpenboxTest {
+protected:
+    xcb_window_t showDock() {
+        return client->show({.geometry = {0, 0, 1280, 30}, .type = kDockType, .name = "Dock"});
+    }
+    bool waitForTop(const X11ReservedSpace &space, int top) {
+        return waitUntil([&] { return space.margins(kWholeScreen) == QMargins(0, top, 0, 0); });
+    }
+};
+
+} // namespace
+
+TEST_F(ReservedSpaceTest, knowsAPanelThatIsThereAtTheStart) {
+    const xcb_window_t dock = showDock();
+    client->setNumbers(dock, "_NET_WM_STRUT_PARTIAL", kThirtyAtTheTop);
+    ASSERT_TRUE(waitUntil(
+        [&] { return client->numbers(client->root(), "_NET_CLIENT_LIST").contains(dock); }));
+    const X11ReservedSpace space(*connection);
+    EXPECT_EQ(space.margins(kWholeScreen), QMargins(0, 30, 0, 0));
+}
+
+TEST_F(ReservedSpaceTest, followsAPanelThatComesChangesAndGoes) {
+    X11ReservedSpace space(*connection);
+    int calls = 0;
+    space.setChangeHandler([&] { ++calls; });
+    EXPECT_EQ(space.margins(kWholeScreen), QMargins());
+    const xcb_window_t dock = showDock();
+    client->setNumbers(dock, "_NET_WM_STRUT", {0, 0, 30, 0});
+    EXPECT_TRUE(waitForTop(space, 30));
+    client->setNumbers(dock, "_NET_WM_STRUT_PARTIAL", kFiftyAtTheTop);
+    EXPECT_TRUE(waitForTop(space, 50));
+    client->destroy(dock);
+    EXPECT_TRUE(waitForTop(space, 0));
+    EXPECT_EQ(calls, 3);
+}
+
+TEST_F(ReservedSpaceTest, saysNothingOfWindowsThatReserveNothing) {
+    X11ReservedSpace space(*connection);
+    int calls = 0;
+    space.setChangeHandler([&] { ++calls; });
+    client->show({.geometry = {100, 100, 200, 200}, .name = "Plain"});
+    const xcb_window_t dock = showDock();
+    // Later than the windows above, so they have been read when this is known.
+    client->setNumbers(dock, "_NET_WM_STRUT_PARTIAL", kThirtyAtTheTop);
+    EXPECT_TRUE(waitForTop(space, 30));
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(X11Test, nothingIsReservedWithoutAWindowManager) {
+    client->setNumbers(client->root(), "_NET_WORKAREA", {0, 30, 1280, 770});
+    const X11ReservedSpace space(*connection);
+    EXPECT_EQ(space.margins(kWholeScreen), QMargins());
+}
+
+} // namespace zeph

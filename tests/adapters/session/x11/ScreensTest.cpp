@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/x11/X11Screens.h"
+
+#include "EdidBlock.h"
+#include "X11Fixture.h"
+
+#include <xcb/randr.h>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+class ScreensTest : public X11Test {
+protected:
+    ScreensTest() = default;
+    explicit ScreensTest(const XvfbSession::Options &options) : X11Test(options) {}
+
+    QByteArray xrandr(const QStringList &arguments) const {
+        return session.run(QStringList{u"xrandr"_s} + arguments);
+    }
+
+    void setMonitor(const QString &name, const QString &geometry, const QString &output) const {
+        ASSERT_FALSE(xrandr({u"--setmonitor"_s, name, geometry, output}).isNull());
+    }
+
+    void setResources(const QByteArray &resources) const {
+        xcb_change_property(connection->xcb(), XCB_PROP_MODE_REPLACE, connection->root(),
+                            XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8,
+                            static_cast<std::uint32_t>(resources.size()), resources.constData());
+        xcb_flush(connection->xcb());
+    }
+
+    /// Gives the only output an identity, as a plugged display has one.
+    void setEdid(const QByteArray &block) const {
+        const X11Reply<xcb_randr_get_screen_resources_current_reply_t> resources(
+            xcb_randr_get_screen_resources_current_reply(
+                connection->xcb(),
+                xcb_randr_get_screen_resources_current(connection->xcb(), connection->root()),
+                nullptr));
+        ASSERT_TRUE(resources && resources->num_outputs == 1);
+        xcb_randr_change_output_property(
+            connection->xcb(), *xcb_randr_get_screen_resources_current_outputs(resources.get()),
+            connection->intern("EDID"), XCB_ATOM_INTEGER, 8, XCB_PROP_MODE_REPLACE,
+            static_cast<std::uint32_t>(block.size()), block.constData());
+        xcb_flush(connection->xcb());
+    }
+};
+
+/// Displays that tell of changes.
+class FollowedScreensTest : public ScreensTest {
+protected:
+    void splitTheScreen() {
+        setMonitor(u"left"_s, u"640/100x800/100+0+0"_s, u"screen"_s);
+        setMonitor(u"right"_s, u"640/100x800/100+640+0"_s, u"none"_s);
+        ASSERT_TRUE(waitUntil([&] { return screens.all().size() == 2 && calls > 0; }));
+    }
+
+    X11Screens screens{*connection};
+    int calls = 0;
+    Subscription told = screens.subscribe([this] { ++calls; });
+};
+
+/// The same with panels.
+class PanelScreensTest : public FollowedScreensTest {
+protected:
+    PanelScreensTest() {
+        if (!session.startOpenbox()) {
+            throw std::runtime_error("openbox did not start");
+        }
+    }
+
+    /// A panel that keeps its own place free.
+    xcb_window_t showPanel(const QRect &place, const QList<std::uint32_t> &strut) {
+        const xcb_window_t window =
+            client->show({.geometry = place, .type = "_NET_WM_WINDOW_TYPE_DOCK", .name = "Panel"});
+        client->setNumbers(window, "_NET_WM_STRUT_PARTIAL", strut);
+        return window;
+    }
+
+    bool waitForFrames(const std::vector<QRectF> &frames) {
+        return waitUntil([&] {
+            const auto all = screens.all();
+            return std::equal(all.begin(), all.end(), frames.begin(), frames.end(),
+                              [](const Screen &screen, const QRectF &frame) {
+                                  return screen.visibleFrame == frame;
+                              });
+        });
+    }
+};
+
+} // namespace
+
+TEST_F(ScreensTest, describesTheDisplay) {
+    const X11Screens screens(*connection);
+    const auto all = screens.all();
+    ASSERT_EQ(all.size(), 1U);
+    EXPECT_EQ(all[0].frame, QRectF(0, 0, 1280, 800));
+    EXPECT_EQ(all[0].visibleFrame, all[0].frame);
+    EXPECT_EQ(all[0].deviceFrame, QRect(0, 0, 1280, 800));
+    EXPECT_EQ(all[0].scale, 1);
+    EXPECT_EQ(all[0].persistentID, u"screen"_s);
+    EXPECT_NE(all[0].displayID.value_or(0), 0U);
+    EXPECT_EQ(screens.main(), all[0]);
+}
+
+TEST_F(ScreensTest, knowsADisplayByItsOwnWords) {
+    setEdid(edidBlock("Panel 24", "SN-0042"));
+    const X11Screens screens(*connection);
+    EXPECT_EQ(screens.main()->persistentID, u"ACM Panel 24 SN-0042"_s);
+}
+
+TEST_F(ScreensTest, putsThePrimaryDisplayFirst) {
+    setMonitor(u"left"_s, u"640/100x800/100+0+0"_s, u"screen"_s);
+    setMonitor(u"*right"_s, u"640/100x800/100+640+0"_s, u"none"_s);
+    const X11Screens screens(*connection);
+    ASSERT_EQ(screens.all().size(), 2U);
+    EXPECT_EQ(screens.main()->persistentID, u"right"_s);
+    EXPECT_EQ(screens.all()[1].persistentID, u"left"_s);
+}
+
+TEST_F(ScreensTest, takesMirrorsForOneDisplay) {
+    setMonitor(u"one"_s, u"1280/300x800/200+0+0"_s, u"screen"_s);
+    setMonitor(u"other"_s, u"1280/300x800/200+0+0"_s, u"none"_s);
+    EXPECT_EQ(X11Screens(*connection).all().size(), 1U);
+}
+
+TEST_F(ScreensTest, hasPointsOfTheSizeThatTheResourcesSay) {
+    setResources("Xcursor.size:\t24\nXft.dpi:\t144\n");
+    const X11Screens screens(*connection);
+    EXPECT_EQ(screens.main()->scale, 1.5);
+    EXPECT_EQ(screens.main()->frame, QRectF(0, 0, 853, 533));
+    EXPECT_EQ(screens.main()->deviceFrame, QRect(0, 0, 1280, 800));
+}
+
+TEST_F(FollowedScreensTest, tellsOfAnotherScale) {
+    setResources("Xft.dpi:\t192\n");
+    EXPECT_TRUE(waitUntil([&] { return calls == 1 && screens.main()->scale == 2; }));
+    EXPECT_EQ(screens.main()->frame, QRectF(0, 0, 640, 400));
+    setResources("Xft.dpi:\t192\nXcursor.size:\t24\n");
+    setResources("Xft.dpi:\t96\n");
+    EXPECT_TRUE(waitUntil([&] { return screens.main()->scale == 1; }));
+    EXPECT_EQ(calls, 2) << "nothing of the screens had changed in between";
+}
+
+TEST_F(FollowedScreensTest, tellsOfAnotherIdentity) {
+    setEdid(edidBlock("Panel 24", "SN-0042"));
+    EXPECT_TRUE(waitUntil(
+        [&] { return calls == 1 && screens.main()->persistentID == u"ACM Panel 24 SN-0042"_s; }));
+}
+
+TEST_F(FollowedScreensTest, tellsOfANewSize) {
+    xrandr({u"--newmode"_s, u"small"_s, u"0"_s, u"1024"_s, u"0"_s, u"0"_s, u"1024"_s, u"768"_s,
+            u"0"_s, u"0"_s, u"768"_s});
+    xrandr({u"--addmode"_s, u"screen"_s, u"small"_s});
+    ASSERT_FALSE(xrandr({u"--output"_s, u"screen"_s, u"--mode"_s, u"small"_s}).isNull());
+    ASSERT_TRUE(waitUntil([&] {
+        const auto main = screens.main();
+        return calls > 0 && main && main->deviceFrame == QRect(0, 0, 1024, 768);
+    }));
+    EXPECT_EQ(screens.all()[0].frame, QRectF(0, 0, 1024, 768));
+}
+
+TEST_F(FollowedScreensTest, tellsOfDisplaysThatComeAndGo) {
+    splitTheScreen();
+    const auto both = screens.all();
+    EXPECT_NE(both[0].persistentID, both[1].persistentID);
+    EXPECT_NE(both[0].displayID, both[1].displayID);
+    const int callsBefore = calls;
+    xrandr({u"--delmonitor"_s, u"right"_s});
+    EXPECT_TRUE(waitUntil([&] { return screens.all().size() == 1 && calls > callsBefore; }));
+}
+
+TEST_F(FollowedScreensTest, hasNoScreenWhileTheOnlyDisplayIsOff) {
+    xrandr({u"--output"_s, u"screen"_s, u"--off"_s});
+    ASSERT_TRUE(waitUntil([&] { return screens.all().empty(); }));
+    EXPECT_EQ(screens.main(), std::nullopt);
+    xrandr({u"--output"_s, u"screen"_s, u"--auto"_s});
+    EXPECT_TRUE(waitUntil([&] { return screens.all().size() == 1; }));
+    EXPECT_EQ(calls, 2);
+}
+
+TEST_F(FollowedScreensTest, tellsSeveralListeners) {
+    int others = 0;
+    const Subscription other = screens.subscribe([&] { ++others; });
+    setResources("Xft.dpi:\t192\n");
+    EXPECT_TRUE(waitUntil([&] { return calls == 1; }));
+    EXPECT_EQ(others, 1);
+}
+
+TEST_F(PanelScreensTest, leavesOutAPanelOfALoneDisplay) {
+    const xcb_window_t panel =
+        showPanel({0, 0, 1280, 30}, {0, 0, 30, 0, 0, 0, 0, 0, 0, 1279, 0, 0});
+    EXPECT_TRUE(waitForFrames({QRectF(0, 30, 1280, 770)}));
+    ASSERT_TRUE(waitUntil([&] { return calls > 0; }));
+    client->destroy(panel);
+    EXPECT_TRUE(waitForFrames({QRectF(0, 0, 1280, 800)}));
+}
+
+TEST_F(PanelScreensTest, leavesOutThePanelsOfEachOfTwoDisplays) {
+    splitTheScreen();
+    const int callsBefore = calls;
+    showPanel({0, 0, 640, 30}, {0, 0, 30, 0, 0, 0, 0, 0, 0, 639, 0, 0});
+    EXPECT_TRUE(waitForFrames({QRectF(0, 30, 640, 770), QRectF(640, 0, 640, 800)}));
+    EXPECT_TRUE(waitUntil([&] { return calls > callsBefore; }));
+    const xcb_window_t other =
+        showPanel({640, 760, 640, 40}, {0, 0, 0, 40, 0, 0, 0, 0, 0, 0, 640, 1279});
+    EXPECT_TRUE(waitForFrames({QRectF(0, 30, 640, 770), QRectF(640, 0, 640, 760)}));
+    client->destroy(other);
+    EXPECT_TRUE(waitForFrames({QRectF(0, 30, 640, 770), QRectF(640, 0, 640, 800)}));
+}
+
+TEST_F(PanelScreensTest, keepsTheFrameUnderAPanelThatLeavesNoRoom) {
+    splitTheScreen();
+    showPanel({0, 0, 640, 790}, {0, 0, 790, 0, 0, 0, 0, 0, 0, 639, 0, 0});
+    showPanel({640, 0, 640, 20}, {0, 0, 20, 0, 0, 0, 0, 0, 640, 1279, 0, 0});
+    EXPECT_TRUE(waitForFrames({QRectF(0, 0, 640, 800), QRectF(640, 20, 640, 780)}));
+}
+
+TEST_F(PanelScreensTest, isNotToldOfWindowsThatLeaveTheVisibleFramesAsTheyAre) {
+    splitTheScreen();
+    showPanel({0, 0, 640, 30}, {0, 0, 30, 0, 0, 0, 0, 0, 0, 639, 0, 0});
+    ASSERT_TRUE(waitForFrames({QRectF(0, 30, 640, 770), QRectF(640, 0, 640, 800)}));
+    const int before = calls;
+    // Shallower than the one that is there.
+    showPanel({0, 0, 640, 20}, {0, 0, 20, 0, 0, 0, 0, 0, 0, 639, 0, 0});
+    showPanel({640, 0, 640, 25}, {0, 0, 25, 0, 0, 0, 0, 0, 640, 1279, 0, 0});
+    EXPECT_TRUE(waitForFrames({QRectF(0, 30, 640, 770), QRectF(640, 25, 640, 775)}));
+    EXPECT_EQ(calls, before + 1);
+}
+
+// A work area is told where panels are no windows too.
+TEST_F(FollowedScreensTest, leavesOutWhatIsNoWorkAreaOfALoneDisplay) {
+    client->setNumbers(client->root(), "_NET_WORKAREA", {10, 60, 1250, 700});
+    EXPECT_TRUE(
+        waitUntil([&] { return screens.main()->visibleFrame == QRectF(10, 60, 1250, 700); }));
+    splitTheScreen();
+    EXPECT_EQ(screens.main()->visibleFrame, screens.main()->frame);
+}
+
+namespace {
+
+class NoMonitorsTest : public ScreensTest {
+protected:
+    NoMonitorsTest() : ScreensTest({.serverArguments = {u"-extension"_s, u"RANDR"_s}}) {}
+};
+
+} // namespace
+
+TEST_F(NoMonitorsTest, aServerThatKnowsNoMonitorsHasOneScreen) {
+    const X11Screens screens(*connection);
+    ASSERT_EQ(screens.all().size(), 1U);
+    EXPECT_EQ(screens.main()->deviceFrame, QRect(0, 0, 1280, 800));
+    EXPECT_EQ(screens.main()->persistentID, u"screen"_s);
+}
+
+} // namespace zeph

@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "X11Fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+using WindowServerTest = X11Test;
+
+namespace {
+
+const QStringList kPicom{u"picom"_s,     u"--config"_s, u"/dev/null"_s,
+                         u"--backend"_s, u"xrender"_s,  u"--no-fading-openclose"_s};
+
+} // namespace
+
+TEST_F(WindowServerTest, refusesTransparencyWithoutACompositor) {
+    const auto surface = server->makeDesktopSurface(wholeScreen(), true);
+    EXPECT_FALSE(surface->isTransparent());
+    EXPECT_EQ(pixelsOf(*surface).format(), QImage::Format_RGB32);
+    EXPECT_TRUE(waitUntil([&] { return client->depth(windowOf(*surface)) == 24; }));
+}
+
+TEST_F(WindowServerTest, tellsOfACompositorThatStartsAndStops) {
+    int calls = 0;
+    const Subscription told = server->subscribeToCompositing([&] { ++calls; });
+    const pid_t picom = session.start(kPicom);
+    ASSERT_TRUE(waitUntil([&] { return calls == 1; }));
+    EXPECT_TRUE(server->makeDesktopSurface(wholeScreen(), true)->isTransparent());
+    EXPECT_FALSE(server->makeDesktopSurface(wholeScreen(), false)->isTransparent());
+    session.stop(picom);
+    ASSERT_TRUE(waitUntil([&] { return calls == 2; }));
+    EXPECT_FALSE(server->makeDesktopSurface(wholeScreen(), true)->isTransparent());
+}
+
+TEST_F(WindowServerTest, knowsOfACompositorThatRanBefore) {
+    int calls = 0;
+    const Subscription told = server->subscribeToCompositing([&] { ++calls; });
+    session.start(kPicom);
+    ASSERT_TRUE(waitUntil([&] { return calls == 1; }));
+    const auto another = X11WindowServer::create(*connection);
+    EXPECT_TRUE(another->makeDesktopSurface(wholeScreen(), true)->isTransparent());
+}
+
+TEST_F(WindowServerTest, letsTheDesktopShineThrough) {
+    int calls = 0;
+    const Subscription told = server->subscribeToCompositing([&] { ++calls; });
+    session.start(kPicom);
+    ASSERT_TRUE(waitUntil([&] { return calls == 1; }));
+    const auto surface = server->makeDesktopSurface(wholeScreen(), true);
+    ASSERT_EQ(pixelsOf(*surface).format(), QImage::Format_ARGB32_Premultiplied);
+    surface->show([](QImage &frame) {
+        frame.fill(Qt::transparent);
+        for (int x = 0; x < 100; ++x) {
+            for (int y = 0; y < 100; ++y) {
+                frame.setPixelColor(x, y, QColor(0, 0, 255, 128));
+            }
+        }
+        return QRegion(frame.rect());
+    });
+    client->show({.geometry = kWholeScreen, .colour = 0xFF0000});
+    surface->orderFront();
+    ASSERT_TRUE(waitUntil([&] { return client->isViewable(windowOf(*surface)); }));
+    client->raise(windowOf(*surface)); // without a window manager it lies below all windows
+    EXPECT_TRUE(waitUntil([&] {
+        const QRgb mixed = client->pixel({50, 50});
+        return std::abs(qRed(mixed) - 127) <= 2 && std::abs(qBlue(mixed) - 128) <= 2;
+    })) << std::hex
+        << client->pixel({50, 50});
+    EXPECT_EQ(client->pixel({640, 400}), 0xFF0000U);
+}
+
+TEST_F(WindowServerTest, coversNothingWithoutAWindowManager) {
+    client->show({.geometry = {100, 100, 200, 150}, .colour = 0xFF0000});
+    const auto surface = showSurface(Qt::blue);
+    EXPECT_EQ(client->pixel({200, 175}), 0xFF0000U);
+    EXPECT_EQ(client->stacking().first(), windowOf(*surface));
+}
+
+TEST_F(WindowServerTest, keepsItsPlaceWhenAWindowManagerStartsLater) {
+    const auto base =
+        client->show({.geometry = kWholeScreen, .colour = 0x552200, .type = kDesktopType});
+    const auto normal = client->show({.geometry = {100, 100, 200, 150}, .colour = 0xFF0000});
+    const auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    fill(*surface, Qt::blue);
+    surface->orderFront();
+    ASSERT_TRUE(session.startOpenbox());
+    ASSERT_TRUE(waitForPixel({640, 400}, Qt::blue));
+    EXPECT_TRUE(waitForPixel(client->geometry(normal).center(), Qt::red));
+    click({640, 400});
+    EXPECT_TRUE(waitUntil([&] { return client->takeClicks(base) > 0; }));
+}
+
+TEST_F(WindowServerTest, tellsOnceThatTheServerWentAway) {
+    int calls = 0;
+    const Subscription told = server->subscribeToLoss([&] { ++calls; });
+    const auto surface = showSurface(Qt::blue);
+    session.killServer();
+    ASSERT_TRUE(waitUntil([&] { return calls > 0; }));
+    fill(*surface, Qt::red);
+    surface->orderOut();
+    surface->setScreen(screen(QString(), 1, 100, 100));
+    runLoopFor(std::chrono::milliseconds(50));
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(WindowServerTest, noticesTheLossWithoutBeingAskedForAnything) {
+    int calls = 0;
+    const Subscription told = server->subscribeToLoss([&] { ++calls; });
+    session.killServer();
+    EXPECT_TRUE(waitUntil([&] { return calls == 1; }));
+}
+
+TEST(X11Connection, isNotMadeWithoutADisplay) {
+    EXPECT_EQ(X11Connection::open(":999999"), nullptr);
+}
+
+} // namespace zeph
