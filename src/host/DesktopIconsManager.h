@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/WorkOwner.h"
+
+#include <functional>
+
+namespace zeph {
+
+class Background;
+class DesktopShell;
+
+/// Hides and shows the icons of the desktop by the desktop's own setting. Main thread only; the
+/// desktop's tools run on another.
+class DesktopIconsManager {
+public:
+    DesktopIconsManager(DesktopShell &shell, const Background &background);
+
+    /// Whether this desktop has such a setting.
+    bool canHide() const;
+
+    /// Asks the desktop; `told` runs on the main thread.
+    void systemIconsVisible(std::function<void(bool)> told);
+
+    /// Brings the desktop to the wanted state; where the first write does not take effect, once
+    /// more, and no third time. Changes asked for meanwhile come after it, in order.
+    void applyHidden(bool hidden);
+
+private:
+    DesktopShell &m_shell;
+    const Background &m_background;
+    WorkOwner m_questions;
+    WorkOwner m_changes{1};
+};
+
+} // namespace zeph

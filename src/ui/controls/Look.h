@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "drawing/painting/SymbolLibrary.h"
+#include "ui/controls/Tokens.h"
+
+#include <QFont>
+#include <QPixmap>
+
+#include <chrono>
+
+class QWidget;
+
+namespace zeph::ui {
+
+/// What a text is for; each has its size, weight and line height.
+enum class TypeRole {
+    title,        ///< of a pane
+    version,      ///< on About
+    row,          ///< the title of a row or a card
+    body,         ///< running text, fields, menus
+    bodyStrong,   ///< the chosen tab
+    button,       ///< and values
+    segment,      ///< of a choice, not chosen
+    detail,       ///< under a title; status, hint, label of a field, link
+    detailStrong, ///< the first line of the sidebar's footer
+    note,         ///< under a field, state of a tile
+    section,      ///< small capitals above a group
+    fixed,        ///< paths and commands, in the system's own fixed font
+};
+
+/// How one of our windows looks: its colours, its scale and its symbols. The window owns it; every
+/// control in the window, popups included, finds it by `Look::of`.
+class Look {
+public:
+    /// Dresses `window`, which owns this object from outside: palette, font and the way to here.
+    Look(QWidget &window, Appearance appearance);
+    ~Look();
+    Look(const Look &) = delete;
+    Look &operator=(const Look &) = delete;
+
+    /// The look of the window that `widget` is in; a dark one for a widget in none.
+    static const Look &of(const QWidget &widget);
+
+    /// Changes to another appearance at once.
+    void setAppearance(Appearance appearance);
+    Appearance appearance() const { return m_appearance; }
+    const Tokens &tokens() const { return m_tokens; }
+
+    /// Without motion every duration is zero.
+    void setMotion(bool isWanted) { m_hasMotion = isWanted; }
+    std::chrono::milliseconds duration(std::chrono::milliseconds wanted) const;
+
+    /// The symbol `identifier`, `size` logical pixels square, in `color`, for the pixel ratio of
+    /// `widget`. From 28 on its lines are thinned, so that they stay as fine as a title's.
+    QPixmap symbol(const QWidget &widget, const QString &identifier, double size,
+                   const QColor &color) const;
+
+private:
+    Look(); // for widgets in no window
+
+    void dress();
+
+    QWidget *m_window = nullptr;
+    Appearance m_appearance = Appearance::dark;
+    Tokens m_tokens;
+    bool m_hasMotion = true;
+    mutable SymbolLibrary m_symbols;
+};
+
+/// How much larger than designed everything is: the size of the application's font, 10 points
+/// being 1.
+double scale();
+
+/// `measure`, in logical pixels at a font of 10 points, for the application's font.
+int scaled(double measure);
+
+QFont font(TypeRole role);
+
+/// The height of a line of that role, in logical pixels.
+int lineHeight(TypeRole role);
+
+} // namespace zeph::ui

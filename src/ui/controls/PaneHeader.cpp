@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "ui/controls/PaneHeader.h"
+
+#include "ui/controls/Look.h"
+#include "ui/controls/PillButton.h"
+#include "ui/controls/StatusLine.h"
+#include "ui/controls/SymbolView.h"
+#include "ui/controls/TextLabel.h"
+
+#include <QHBoxLayout>
+
+namespace zeph::ui {
+
+using namespace Qt::StringLiterals;
+
+PaneHeader::PaneHeader(const QString &title, const QString &subtitle, QWidget *parent)
+    : QWidget(parent),
+      m_title(new TextLabel(title, TypeRole::title, TextLabel::Ink::ink, this)),
+      m_status(new StatusLine(this)),
+      m_column(new QVBoxLayout(this)),
+      m_titleLine(new QHBoxLayout) {
+    m_column->setContentsMargins(0, 0, 0, 0);
+    m_column->setSpacing(scaled(4));
+    m_titleLine->addWidget(m_title, 1);
+    m_column->addLayout(m_titleLine);
+    if (!subtitle.isEmpty()) {
+        m_column->addWidget(new TextLabel(subtitle, TypeRole::body, TextLabel::Ink::second, this));
+    }
+    m_column->addWidget(m_status);
+}
+
+void PaneHeader::setBack(const QString &text, std::function<void()> action) {
+    auto *back = new PillButton(text, PillButton::Kind::plain, this);
+    back->setSymbol(u"chevron.left"_s);
+    connect(back, &QPushButton::clicked, this, std::move(action));
+    m_column->insertWidget(0, back, 0, Qt::AlignLeading);
+}
+
+void PaneHeader::setSymbol(const QString &identifier) {
+    m_titleLine->insertWidget(0, new SymbolView(identifier, 28));
+}
+
+void PaneHeader::setTitle(const QString &title) {
+    m_title->setText(title);
+}
+
+} // namespace zeph::ui

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPushButton>
+
+namespace zeph::ui {
+
+/// A card to press, two abreast: symbol, title, a line, and where it stands.
+class Tile : public QPushButton {
+public:
+    struct Words {
+        QString symbol;
+        QString title;
+        QString blurb;
+        QString stateSymbol = {};
+        QString state = {};      ///< empty for none
+        bool isAddition = false; ///< drawn as an outline
+    };
+
+    explicit Tile(Words words, QWidget *parent = nullptr);
+
+    void set(const Words &words);
+    const Words &words() const { return m_words; }
+
+    QSize sizeHint() const override;
+
+private:
+    Words m_words;
+};
+
+} // namespace zeph::ui
