@@ -21,6 +21,7 @@ struct Screen {
     QRectF visibleFrame; ///< `frame` without panels and docks
     double scale = 1;    ///< device pixels in a point
     QRect deviceFrame;   ///< `frame` in device pixels of the window system
+    QString name = {};   ///< for people: make and model, else the connector; empty when unknown
 
     bool operator==(const Screen &) const = default;
 };

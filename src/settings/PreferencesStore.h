@@ -33,6 +33,8 @@ public:
     WidgetPlacement placement(WidgetKind kind) const;
     bool isOn(WidgetKind kind) const { return placement(kind) != WidgetPlacement::off; }
     void set(WidgetPlacement placement, WidgetKind kind);
+    bool hasChosenPlacement(WidgetKind kind) const; ///< false while the default counts
+    bool hasChosenSize(WidgetKind kind) const;
     WidgetSizeOption size(WidgetKind kind) const;
     void setSize(WidgetSizeOption size, WidgetKind kind);
 

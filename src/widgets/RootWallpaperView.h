@@ -38,6 +38,9 @@ public:
     /// The backdrop of this moment as the picture holds it, absent where the desktop shows through.
     std::optional<AmbientBackground> backdrop(bool surfaceIsTransparent) const;
 
+    /// The widgets that a screen of `size` points has no room for, whole or in part, in order.
+    std::vector<WidgetKind> cutOff(const QSizeF &size) const;
+
     /// The picture for a screen of `size` points. In transparent mode there is no backdrop, unless
     /// the surface can't let the desktop show through.
     Scene scene(const QSizeF &size, bool surfaceIsTransparent) const;

@@ -57,6 +57,25 @@ public:
     /// Removes the account at once, and its secret as soon as the keyring lets it.
     void deleteConnection(const QUuid &id, SecretDone done = {});
 
+    /// Removes an account or an endpoint from its list, and leaves what the keyring has of it until
+    /// `settle` or the end of the program. A process that is cut off in between leaves no secret
+    /// of it: the next launch erases it. False when there is none with that id.
+    bool removeForNow(const QUuid &id);
+
+    /// Brings it back whole, where it stood. False when there is nothing to bring back.
+    bool restore(const QUuid &id);
+
+    /// The removal stands: what the keyring has of it is erased.
+    void settle(const QUuid &id, SecretDone done = {});
+
+    /// Whether the list of the endpoints is known; until then it can't be changed.
+    bool areCustomAPIsLoaded() const { return m_loaded == SecretOutcome::done; }
+
+    /// Takes over an account from elsewhere, which comes without its secret: in place of the one
+    /// with that id, which keeps its secret, or appended, and then ready only where the service
+    /// needs no key. Under an id that stands for another service here it gets a fresh one.
+    void takeOver(const IntegrationConnection &account);
+
     /// Keeps the secret of an account and enables the account, which is ready when the secret is
     /// in place. Nothing, or only white space, erases the secret and leaves the account enabled.
     /// A secret that the keyring does not take works until the program ends.

@@ -35,6 +35,9 @@ struct ServiceWords {
     QStringView valueLabel = {};       ///< of the second field; empty where there is none
     QStringView valuePlaceholder = {}; ///< a sample of it
     QLatin1StringView keyPage = {};    ///< address of the page where keys are made
+    QStringView keyWord = u"key";      ///< what the service calls it
+    QStringView valueLink = {};        ///< text of a link to where values are found
+    QLatin1StringView valuePage = {};  ///< the address of that
 };
 
 /// All that is known of one web service.

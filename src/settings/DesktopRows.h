@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/VirtualDesktops.h"
+#include "settings/PreferenceChoices.h"
+
+#include <optional>
+#include <vector>
+
+namespace zeph {
+
+/// A row of the choice of workspaces.
+struct DesktopRow {
+    std::optional<int> number; ///< absent for the row of all
+    QString title;
+    QString detail; ///< how many there are, or "current"
+    bool isChosen = false;
+
+    bool operator==(const DesktopRow &) const = default;
+};
+
+/// All of them first, then each; none where there is no choice, with one workspace or without any.
+std::vector<DesktopRow> desktopRows(const DesktopSelection &selection,
+                                    const std::vector<VirtualDesktop> &desktops);
+
+/// The choice after a click on a workspace. The last chosen one stays chosen; the first after
+/// "all" is chosen alone.
+DesktopSelection toggled(const DesktopSelection &selection, int number);
+
+} // namespace zeph
