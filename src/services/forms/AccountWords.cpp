@@ -38,7 +38,7 @@ AccountWords accountWords(const QString &provider) {
         words.keyLabel = told.keyPlaceholder.toString();
         words.valueLabel = told.valueLabel.toString();
         words.valuePlaceholder = told.valuePlaceholder.toString();
-        words.keyLink = link(u"Where to find your "_s + told.keyWord, told.keyPage);
+        words.keyLink = link(u"Where to find your %1"_s.arg(told.keyWord), told.keyPage);
         words.valueLink = link(told.valueLink.toString(), told.valuePage);
     }
     return words;
