@@ -3,7 +3,7 @@
 
 #include "services/custom/EndpointAddress.h"
 
-#include <QUrlQuery>
+#include <QStringList>
 
 namespace zeph {
 
@@ -14,13 +14,15 @@ QString openPart(const QString &address) {
     if (!url) {
         return {};
     }
-    QUrlQuery query;
-    for (const auto &[name, value] : QUrlQuery(*url).queryItems(QUrl::FullyEncoded)) {
-        query.addQueryItem(name, {});
+    QStringList names;
+    for (const QString &piece : url->query(QUrl::FullyEncoded).split(u'&')) {
+        if (piece.contains(u'=')) { // what stands alone may be a key as it is
+            names.append(piece.section(u'=', 0, 0) + u'=');
+        }
     }
     url->setUserInfo({});
     url->setFragment({});
-    url->setQuery(query.isEmpty() ? QString() : query.query(QUrl::FullyEncoded));
+    url->setQuery(names.isEmpty() ? QString() : names.join(u'&'));
     return url->toString(QUrl::FullyEncoded);
 }
 

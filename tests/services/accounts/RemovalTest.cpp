@@ -81,8 +81,8 @@ TEST_F(RemovalTest, anAccountComesBackWholeAndWhereItStood) {
     const auto second = addKept(u"polar"_s);
     const auto third = addKept(u"gumroad"_s);
     secrets.takeCalls();
-    EXPECT_TRUE(store->removeForNow(second.id));
     EXPECT_TRUE(store->removeForNow(first.id));
+    EXPECT_TRUE(store->removeForNow(second.id));
     EXPECT_TRUE(store->restore(second.id));
     EXPECT_TRUE(store->restore(first.id));
     settle();

@@ -69,6 +69,7 @@ public:
         store->setQuoteEnabled(false);
     }
 
+    using StoreFixture::add;
     using StoreFixture::defaults;
     using StoreFixture::launchAfterEnd;
     using StoreFixture::launchAndSettle;
