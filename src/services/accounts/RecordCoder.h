@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/UuidText.h"
+#include "services/web/Json.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -91,8 +92,9 @@ public:
     }
     /// A whole number inside 64 bits, in whatever way it is written.
     static bool read(const QJsonValue &json, qint64 &number) {
-        number = json.toInteger(0);
-        return number == json.toInteger(1); // the default comes back for everything else
+        const auto whole = json::integer(json);
+        number = whole.value_or(0);
+        return whole.has_value();
     }
     /// The hyphenated form in either case.
     static bool read(const QJsonValue &json, QUuid &id) {
