@@ -43,7 +43,7 @@ void UndoOffer::settle() {
 }
 
 /// The offer is over before its action runs, which may make the next one.
-void UndoOffer::end(std::function<void()> action) {
+void UndoOffer::end(const std::function<void()> &action) {
     if (!std::exchange(m_text, std::nullopt)) {
         return;
     }

@@ -42,7 +42,7 @@ public:
     void settle();
 
 private:
-    void end(std::function<void()> action);
+    void end(const std::function<void()> &action);
 
     RunLoop &m_runLoop;
     std::optional<QString> m_text;

@@ -52,7 +52,7 @@ SavePlan savePlan(const AccountForm &form, const IntegrationsStore &store) {
 }
 
 void saveAccount(const AccountForm &form, IntegrationsStore &store, PreferencesStore &preferences,
-                 SecretDone done) {
+                 const SecretDone &done) {
     if (!canSave(form, store)) {
         done(SecretOutcome::refused);
         return;

@@ -40,7 +40,7 @@ SavePlan savePlan(const AccountForm &form, const IntegrationsStore &store);
 /// user chose about that widget before. `done` is told how the key fared: in a later turn where
 /// one was typed, else within the call. Only with `done` may the form forget what was typed.
 void saveAccount(const AccountForm &form, IntegrationsStore &store, PreferencesStore &preferences,
-                 SecretDone done);
+                 const SecretDone &done);
 
 /// Switches a widget on unless the user chose about it before, and makes feeds small.
 void showFirstTime(const QString &provider, PreferencesStore &preferences);
