@@ -77,6 +77,10 @@ bool Interaction::eventFilter(QObject *object, QEvent *event) {
     case QEvent::EnabledChange:
         m_hover.jump(m_control->isEnabled() && m_control->underMouse() ? 1 : 0);
         break;
+    case QEvent::FontChange:
+    case QEvent::ApplicationFontChange:
+        m_control->updateGeometry();
+        break;
     case QEvent::Show:
     case QEvent::FocusIn:
     case QEvent::FocusOut:

@@ -13,6 +13,8 @@
 
 namespace zeph::ui {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double disabledOpacity = 0.42;
@@ -20,6 +22,13 @@ constexpr double ringWidth = 2;
 constexpr double ringGap = 2;
 constexpr double ringInset = 3; // of a ring inside
 constexpr double markWidth = 1.5;
+constexpr double hoverChange = 0.17;
+
+/// Drawings that mean another direction in a language that is read from the right.
+bool pointsSideways(const QString &identifier) {
+    return identifier == u"chevron.left"_s || identifier == u"chevron.right"_s ||
+           identifier == u"chevron.forward"_s || identifier == u"arrow.up.right.square"_s;
+}
 
 QPen markPen(const QColor &color) {
     return {color, markWidth * scale(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
@@ -142,6 +151,21 @@ void paintPlus(QPainter &painter, QPointF center, const QColor &color) {
     painter.drawLine(center - QPointF(0, half), center + QPointF(0, half));
 }
 
+void paintSymbol(QPainter &painter, const QWidget &widget, const QString &identifier,
+                 const QRectF &rect, const QColor &color) {
+    const QPixmap symbol = Look::of(widget).symbol(widget, identifier, rect.width(), color);
+    const QRectF place = onPixels(painter, rect);
+    if (widget.layoutDirection() == Qt::RightToLeft && pointsSideways(identifier)) {
+        painter.save();
+        painter.translate(place.right(), place.top());
+        painter.scale(-1, 1);
+        painter.drawPixmap(QPointF(0, 0), symbol);
+        painter.restore();
+        return;
+    }
+    painter.drawPixmap(place.topLeft(), symbol);
+}
+
 QColor blend(const QColor &from, const QColor &to, double fraction) {
     const auto part = static_cast<float>(std::clamp(fraction, 0.0, 1.0));
     // With premultiplied channels, so that a clear colour gives none of its hue.
@@ -155,6 +179,17 @@ QColor blend(const QColor &from, const QColor &to, double fraction) {
     };
     return QColor::fromRgbF(channel(from.redF(), to.redF()), channel(from.greenF(), to.greenF()),
                             channel(from.blueF(), to.blueF()), alpha);
+}
+
+QColor veiled(const QColor &color, double alpha) {
+    QColor result = color;
+    result.setAlphaF(static_cast<float>(alpha));
+    return result;
+}
+
+QColor hovered(const QColor &color, const Tokens &tokens, double amount) {
+    const bool isDark = tokens.ground.lightness() < 128;
+    return blend(color, isDark ? Qt::white : Qt::black, hoverChange * amount);
 }
 
 } // namespace zeph::ui

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/Tokens.h"
+
 #include <QColor>
 #include <QPainterPath>
 #include <QRectF>
@@ -58,7 +60,15 @@ void paintChevronDown(QPainter &painter, QPointF center, const QColor &color);
 void paintMinus(QPainter &painter, QPointF center, const QColor &color);
 void paintPlus(QPainter &painter, QPointF center, const QColor &color);
 
+/// The symbol `identifier` in `rect`. What points to a side points to the other from right to left.
+void paintSymbol(QPainter &painter, const QWidget &widget, const QString &identifier,
+                 const QRectF &rect, const QColor &color);
+
 /// Between two colours, alpha included.
 QColor blend(const QColor &from, const QColor &to, double fraction);
+/// `color` with `alpha` in place of its own.
+QColor veiled(const QColor &color, double alpha);
+/// What `tokens` lighten or darken a filled shape to while it is hovered by `amount`, 0 to 1.
+QColor hovered(const QColor &color, const Tokens &tokens, double amount);
 
 } // namespace zeph::ui
