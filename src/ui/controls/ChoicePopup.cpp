@@ -75,8 +75,9 @@ void ChoicePopup::place() {
 void ChoicePopup::fadeIn() {
     const auto duration = Look::of(*m_box).duration(popupDuration);
     m_fade.stop();
-    m_window->setWindowOpacity(1);
-    if (duration > std::chrono::milliseconds(0)) {
+    const bool hasMotion = duration > std::chrono::milliseconds(0);
+    m_window->setWindowOpacity(hasMotion ? 0 : 1);
+    if (hasMotion) {
         m_fade.setDuration(static_cast<int>(duration.count()));
         m_fade.start();
     }

@@ -17,7 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double disabledOpacity = 0.42;
 constexpr double ringWidth = 2;
 constexpr double ringGap = 2;
 constexpr double ringInset = 3; // of a ring inside

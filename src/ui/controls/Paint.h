@@ -28,7 +28,9 @@ struct Rounded {
 /// The shape with half circles at its ends.
 Rounded pill(const QRectF &rect);
 
-/// Paints `widget` with an antialiasing painter; a disabled one as a whole at 42 %.
+constexpr double disabledOpacity = 0.42;
+
+/// Paints `widget` with an antialiasing painter; a disabled one as a whole at that opacity.
 void paintControl(QWidget &widget, const std::function<void(QPainter &)> &paint);
 
 /// `rect`, meant for left to right, where it lies in `widget`.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/RevealedText.h"
 
+#include "ui/controls/ControlStyle.h"
+
 #include <QPainter>
 #include <QTextLine>
 #include <QTextOption>
@@ -24,7 +26,7 @@ void RevealedText::set(const Line &line, const QFont &font, const QRectF &place,
 
     const double wide = laid.naturalTextWidth();
     const double cursor = laid.cursorToX(line.cursor);
-    const double room = place.width() - 1; // the cursor takes a pixel
+    const double room = place.width() - ControlStyle::textCursorWidth();
     m_scrolled = std::clamp(m_scrolled, std::max(0.0, cursor - room), std::max(0.0, cursor));
     m_scrolled = std::min(m_scrolled, std::max(0.0, wide - room));
     const double start = isAtRight ? std::max(0.0, room - wide) : 0;
@@ -44,7 +46,7 @@ void RevealedText::paint(QPainter &painter, const QPalette &palette, bool hasCur
     }
     m_layout.draw(&painter, m_origin, selections);
     if (hasCursor) {
-        m_layout.drawCursor(&painter, m_origin, m_line.cursor);
+        m_layout.drawCursor(&painter, m_origin, m_line.cursor, ControlStyle::textCursorWidth());
     }
     painter.restore();
 }

@@ -4,6 +4,7 @@
 #include "ui/controls/IconButton.h"
 #include "ui/controls/Look.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -26,6 +27,7 @@ SecretField::SecretField(const QString &placeholder, QWidget *parent)
     setInputMethodHints(Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText |
                         Qt::ImhNoAutoUppercase);
     m_eye->setCursor(Qt::ArrowCursor);
+    m_eye->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the field
     connect(m_eye, &QPushButton::clicked, this, [this] { reveal(!m_isRevealed); });
     connect(this, &QLineEdit::textChanged, this, [this] { followText(); });
     followText();
@@ -102,6 +104,13 @@ void SecretField::changeEvent(QEvent *event) {
     TextField::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange) {
         placeEye();
+    }
+}
+
+// The toolkit would delete what it doesn't copy.
+void SecretField::keyPressEvent(QKeyEvent *event) {
+    if (!event->matches(QKeySequence::Cut)) {
+        TextField::keyPressEvent(event);
     }
 }
 

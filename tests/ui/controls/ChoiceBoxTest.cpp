@@ -108,8 +108,11 @@ TEST_F(ChoiceBoxTest, theWheelIsLeftToThePane) {
 TEST_F(ChoiceBoxTest, isReadAsAComboBoxWithWhatIsChosen) {
     box.setAccessibleName(u"Graph"_s);
     EXPECT_EQ(accessible(box).role(), QAccessible::ComboBox);
-    EXPECT_EQ(accessible(box).text(QAccessible::Name), u"Graph");
+    EXPECT_EQ(accessible(box).text(QAccessible::Name), u"Graph, Last year");
     EXPECT_EQ(accessible(box).text(QAccessible::Value), u"Last year");
+    EXPECT_FALSE(accessible(box).state().expanded);
+    accessible(box).actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_TRUE(accessible(box).state().expanded);
 }
 
 } // namespace zeph::ui
