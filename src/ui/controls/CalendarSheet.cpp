@@ -30,8 +30,10 @@ constexpr double sheetMargin = 6;
 CalendarSheet::CalendarSheet(QWidget &owner) : QCalendarWidget(&owner), m_owner(&owner) {
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
+    setLocale(QLocale(QLocale::English, QLocale::UnitedStates)); // as all of our texts
     setFirstDayOfWeek(QLocale::system().firstDayOfWeek());
     setGridVisible(false);
+    setAutoFillBackground(false);
     const int margin = scaled(sheetMargin);
     setContentsMargins(margin, margin, margin, margin);
     ControlStyle::dress(*this);
@@ -54,6 +56,11 @@ bool CalendarSheet::event(QEvent *event) {
 void CalendarSheet::showEvent(QShowEvent *event) {
     dress();
     QCalendarWidget::showEvent(event);
+}
+
+void CalendarSheet::resizeEvent(QResizeEvent *event) {
+    QCalendarWidget::resizeEvent(event);
+    cutCorners(*this, sheetRadius * scale());
 }
 
 void CalendarSheet::dress() {

@@ -21,6 +21,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void paintCell(QPainter *painter, const QRect &rect, QDate date) const override;
     void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void dress();

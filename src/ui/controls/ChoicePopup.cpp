@@ -70,6 +70,7 @@ void ChoicePopup::place() {
         std::clamp(left, screen.left(), std::max(screen.left(), screen.right() + 1 - wide)),
         std::clamp(top, screen.top(), std::max(screen.top(), screen.bottom() + 1 - high)), wide,
         high);
+    cutCorners(*m_window, popupRadius * scale());
 }
 
 void ChoicePopup::fadeIn() {

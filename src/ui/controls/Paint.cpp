@@ -3,6 +3,7 @@
 
 #include "ui/controls/Look.h"
 
+#include <QBitmap>
 #include <QPainter>
 #include <QPixmap>
 #include <QWidget>
@@ -70,6 +71,17 @@ void paintControl(QWidget &widget, const std::function<void(QPainter &)> &paint)
     inner.end();
     painter.setOpacity(disabledOpacity);
     painter.drawPixmap(0, 0, picture);
+}
+
+void cutCorners(QWidget &window, double radius) {
+    QBitmap covered(window.size());
+    covered.clear();
+    QPainter painter(&covered);
+    painter.setBrush(Qt::color1);
+    painter.setPen(QPen(Qt::color1, 1));
+    painter.drawPath(Rounded{window.rect(), radius}.path());
+    painter.end();
+    window.setMask(covered);
 }
 
 QRectF mirrored(const QWidget &widget, const QRectF &rect) {

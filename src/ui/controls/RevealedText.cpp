@@ -11,7 +11,7 @@
 
 namespace zeph::ui {
 
-void RevealedText::set(const Line &line, const QFont &font, const QRectF &place, bool isAtRight) {
+void RevealedText::set(const Line &line, const QFont &font, const QRectF &place) {
     m_line = line;
     m_place = place;
     m_layout.setText(line.text);
@@ -29,8 +29,7 @@ void RevealedText::set(const Line &line, const QFont &font, const QRectF &place,
     const double room = place.width() - ControlStyle::textCursorWidth();
     m_scrolled = std::clamp(m_scrolled, std::max(0.0, cursor - room), std::max(0.0, cursor));
     m_scrolled = std::min(m_scrolled, std::max(0.0, wide - room));
-    const double start = isAtRight ? std::max(0.0, room - wide) : 0;
-    m_origin = {place.left() + start - m_scrolled, place.center().y() - laid.height() / 2};
+    m_origin = {place.left() - m_scrolled, place.center().y() - laid.height() / 2};
 }
 
 void RevealedText::paint(QPainter &painter, const QPalette &palette, bool hasCursor) const {

@@ -80,8 +80,7 @@ QVariant SecretField::inputMethodQuery(Qt::InputMethodQuery property) const {
 void SecretField::layText() {
     const QMargins margins = textMargins() + QMargins(lineMargin, 0, lineMargin, 0);
     m_revealed.set({text(), cursorPosition(), std::max(0, selectionStart()), selectionLength()},
-                   font(), QRectF(rect().marginsRemoved(margins)),
-                   layoutDirection() == Qt::RightToLeft);
+                   font(), QRectF(rect().marginsRemoved(margins)));
 }
 
 void SecretField::paintEvent(QPaintEvent *event) {

@@ -79,6 +79,8 @@ TEST_F(ChoiceBoxTest, theListIsAMenuOfOursWithRoundCorners) {
     box.showPopup();
     const QImage picture = popup().grab().toImage();
     EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
+    EXPECT_FALSE(popup().mask().contains(QPoint(1, 1))) << "also where nothing shows through";
+    EXPECT_TRUE(popup().mask().contains(QPoint(6, 6)));
     EXPECT_EQ(picture.pixelColor(picture.width() / 2, 3), look.tokens().menu);
 }
 
