@@ -102,15 +102,14 @@ private:
         auto *toggle = new Switch;
         toggle->setChecked(true);
         line->addWidget(toggle);
-        auto *row =
-            new SettingRow({u"chart.line.uptrend.xyaxis"_s, u"ChartMogul"_s}, both);
+        auto *row = new SettingRow({u"chart.line.uptrend.xyaxis"_s, u"ChartMogul"_s}, both);
         auto *hint = new StatusLine;
         hint->show(StatusLine::Kind::hint,
                    u"Add this in Integrations to show it on your wallpaper."_s);
         row->addBelow(hint);
         card->addRow(row);
-        card->addRow(new SettingRow({u"ruler"_s, u"Units"_s}, new Segmented({u"Metric"_s,
-                                                                             u"Imperial"_s})));
+        card->addRow(
+            new SettingRow({u"ruler"_s, u"Units"_s}, new Segmented({u"Metric"_s, u"Imperial"_s})));
         numbers = new Switch;
         auto *plain = new SettingRow({{}, u"Show on wallpaper"_s}, numbers);
         card->addRow(plain);
