@@ -65,6 +65,7 @@ void paintMark(QPainter &painter, QAbstractButton &row, const QRectF &place) {
 void paintMarkRow(QPainter &painter, QAbstractButton &row, const QString &detail,
                   const Interaction &interaction) {
     const Tokens &tokens = Look::of(row).tokens();
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto); // "2 monitors" reads the same anywhere
     QColor hover = tokens.hover;
     hover.setAlphaF(hover.alphaF() * static_cast<float>(interaction.hover()));
     painter.fillRect(row.rect(), row.isDown() ? tokens.press : hover);
@@ -74,8 +75,10 @@ void paintMarkRow(QPainter &painter, QAbstractButton &row, const QString &detail
     paintMark(painter, row,
               mirrored(row, QRectF(scaled(markRowEdge), (height - side) / 2, side, side)));
 
-    const Qt::Alignment start = QStyle::visualAlignment(row.layoutDirection(), Qt::AlignLeft);
-    const Qt::Alignment end = QStyle::visualAlignment(row.layoutDirection(), Qt::AlignRight);
+    const Qt::Alignment start =
+        QStyle::visualAlignment(row.layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute;
+    const Qt::Alignment end =
+        QStyle::visualAlignment(row.layoutDirection(), Qt::AlignRight) | Qt::AlignAbsolute;
     const QFontMetrics words(font(TypeRole::detail));
     const int wordWidth = detail.isEmpty() ? 0 : words.horizontalAdvance(detail) + 1;
     const int wordStart = row.width() - scaled(markRowEdge) - wordWidth;

@@ -23,13 +23,6 @@ constexpr double ringGap = 2;
 constexpr double ringInset = 3; // of a ring inside
 constexpr double markWidth = 1.5;
 constexpr double hoverChange = 0.17;
-
-/// Drawings that mean another direction in a language that is read from the right.
-bool pointsSideways(const QString &identifier) {
-    return identifier == u"chevron.left"_s || identifier == u"chevron.right"_s ||
-           identifier == u"chevron.forward"_s || identifier == u"arrow.up.right.square"_s;
-}
-
 QPen markPen(const QColor &color) {
     return {color, markWidth * scale(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
 }
@@ -165,16 +158,7 @@ void paintPlus(QPainter &painter, QPointF center, const QColor &color) {
 void paintSymbol(QPainter &painter, const QWidget &widget, const QString &identifier,
                  const QRectF &rect, const QColor &color) {
     const QPixmap symbol = Look::of(widget).symbol(widget, identifier, rect.width(), color);
-    const QRectF place = onPixels(painter, rect);
-    if (widget.layoutDirection() == Qt::RightToLeft && pointsSideways(identifier)) {
-        painter.save();
-        painter.translate(place.right(), place.top());
-        painter.scale(-1, 1);
-        painter.drawPixmap(QPointF(0, 0), symbol);
-        painter.restore();
-        return;
-    }
-    painter.drawPixmap(place.topLeft(), symbol);
+    painter.drawPixmap(onPixels(painter, rect).topLeft(), symbol);
 }
 
 QColor blend(const QColor &from, const QColor &to, double fraction) {

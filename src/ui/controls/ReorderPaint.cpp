@@ -33,6 +33,7 @@ constexpr double slotInset = 12;
 void ReorderList::paintRow(QPainter &painter, const QRectF &area, int row) const {
     const Look &look = Look::of(*this);
     const Tokens &tokens = look.tokens();
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     const Row &words = m_rows[static_cast<std::size_t>(row)];
     const bool isHeld = m_hand && m_hand->row == row;
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
@@ -55,8 +56,8 @@ void ReorderList::paintRow(QPainter &painter, const QRectF &area, int row) const
     const double markStart = handleStart - scaled(handleToMark) - markWidth;
     const QFont titleFont = ui::font(TypeRole::row);
     const double titleWidth = std::max(0.0, markStart - scaled(handleToMark) - scaled(reorderText));
-    const Qt::Alignment start =
-        QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter;
+    const Qt::Alignment start = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
+                                Qt::AlignAbsolute | Qt::AlignVCenter;
     painter.setFont(titleFont);
     painter.setPen(tokens.ink);
     painter.drawText(place(scaled(reorderText), titleWidth, area.height()), start,

@@ -122,13 +122,15 @@ void SideBar::paintRow(QPainter &painter, int index) const {
     painter.setFont(used);
     painter.setPen(ink);
     painter.drawText(mirrored(*this, text),
-                     QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter,
+                     QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute |
+                         Qt::AlignVCenter,
                      QFontMetrics(used).elidedText(tabText(index), Qt::ElideRight, textWidth));
     painter.setPen(Qt::NoPen);
 }
 
 void SideBar::paintEvent(QPaintEvent *) {
     paintControl(*this, [this](QPainter &painter) {
+        painter.setLayoutDirection(Qt::LayoutDirectionAuto);
         for (int index = 0; index < count(); ++index) {
             paintRow(painter, index);
         }

@@ -110,13 +110,15 @@ void Tile::paintState(QPainter &painter, double y) const {
     painter.setFont(used);
     painter.setPen(look.tokens().ink);
     painter.drawText(mirrored(*this, QRectF(x, y, width, line)),
-                     QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignVCenter,
+                     QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute |
+                         Qt::AlignVCenter,
                      QFontMetrics(used).elidedText(m_words.state, Qt::ElideRight, width));
 }
 
 void Tile::paintTexts(QPainter &painter) const {
     const Tokens &tokens = Look::of(*this).tokens();
-    const Qt::Alignment start = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft);
+    const Qt::Alignment start =
+        QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute;
     const int width = textWidth(this->width());
     const double titleHeight = lineHeight(TypeRole::row);
     double y = m_words.blurb.isEmpty() && m_words.state.isEmpty() ? (height() - titleHeight) / 2
@@ -143,6 +145,7 @@ void Tile::paintTexts(QPainter &painter) const {
 
 void Tile::paintEvent(QPaintEvent *) {
     paintControl(*this, [this](QPainter &painter) {
+        painter.setLayoutDirection(Qt::LayoutDirectionAuto);
         const Look &look = Look::of(*this);
         const Tokens &tokens = look.tokens();
         if (m_words.isAddition) {

@@ -28,7 +28,7 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent) {
     QPalette see = palette();
     see.setColor(QPalette::Base, Qt::transparent); // painted below instead
     setPalette(see);
-    setTextMargins(scaled(lensStart + lensSize + lensToText) - 2, 0, scaled(lensStart), 0);
+    setTextMargins(directed(*this, lensStart + lensSize + lensToText - 2, 0, lensStart, 0));
 }
 
 QSize SearchField::sizeHint() const {

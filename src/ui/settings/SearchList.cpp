@@ -3,7 +3,9 @@
 
 #include "ui/controls/Look.h"
 
+#include <QGuiApplication>
 #include <QPainter>
+#include <QStyle>
 #include <QStyledItemDelegate>
 
 namespace zeph::ui {
@@ -59,7 +61,10 @@ private:
         painter.setFont(used);
         painter.setPen(color);
         const QString shown = QFontMetrics(used).elidedText(text, Qt::ElideRight, line.width());
-        painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeading, shown);
+        const Qt::Alignment start =
+            QStyle::visualAlignment(QGuiApplication::layoutDirection(), Qt::AlignLeft);
+        painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+        painter.drawText(line, Qt::AlignVCenter | start | Qt::AlignAbsolute, shown);
     }
 };
 

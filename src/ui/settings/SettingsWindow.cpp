@@ -80,7 +80,11 @@ SettingsWindow::SettingsWindow(std::vector<Tab> tabs, DesktopAppearance &appeara
     parts->addWidget(m_side);
     parts->addWidget(m_stack, 1);
 
-    m_side->onTab = [this](int index) { showTab(index); };
+    m_side->onTab = [this](int index) {
+        if (index != m_current) {
+            showTab(index);
+        }
+    };
     m_side->onQuery = [this](const QString &wanted) { search(wanted); };
     m_side->onFound = [this](const Findable &found) { jumpTo(found); };
     addShortcuts();
@@ -173,11 +177,14 @@ void SettingsWindow::changeEvent(QEvent *event) {
 void SettingsWindow::showEvent(QShowEvent *event) {
     QWidget::showEvent(event);
     if (!event->spontaneous() && !m_tabs.empty()) {
-        showTab(m_current);
+        if (m_stack->currentWidget() == nullptr) {
+            showTab(m_current);
+        } else {
+            shownAt(m_current).pane->willShow();
+        }
         if (focusWidget() == nullptr) {
             m_side->focusTabs();
         }
-        shownAt(m_current).pane->willShow();
     }
 }
 

@@ -201,23 +201,6 @@ TEST_F(StatusLineTest, isReadOutAsANotification) {
     EXPECT_EQ(accessible(line).text(QAccessible::Name), u"Stripe error 401");
 }
 
-TEST_F(StatusLineTest, aNewTextIsAnnouncedOnce) {
-    static int announcements = 0;
-    announcements = 0;
-    StatusLine &line = add(new StatusLine);
-    open();
-    line.show(StatusLine::Kind::busy, u"Asking Stripe…"_s);
-    QAccessible::setActive(true);
-    const auto before = QAccessible::installUpdateHandler([](QAccessibleEvent *event) {
-        announcements += event->type() == QAccessible::ObjectShow ? 1 : 0;
-    });
-    line.show(StatusLine::Kind::ok, u"Connected"_s);
-    line.show(StatusLine::Kind::ok, u"Connected"_s);
-    QAccessible::installUpdateHandler(before);
-    QAccessible::setActive(false);
-    EXPECT_EQ(announcements, 1);
-}
-
 TEST_F(StatusLineTest, anErrorWrapsToFourLinesAndCanBeMarked) {
     StatusLine &line = add(new StatusLine);
     line.setFixedWidth(200);
