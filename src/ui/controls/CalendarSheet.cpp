@@ -97,20 +97,18 @@ void CalendarSheet::dressParts() {
             button->setFont(ui::font(TypeRole::button));
         }
     }
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    setTurner(u"qt_calendar_prevmonth"_s, isMirrored, u"Previous month"_s);
-    setTurner(u"qt_calendar_nextmonth"_s, !isMirrored, u"Next month"_s);
+    setTurner(u"qt_calendar_prevmonth"_s, u"chevron.left"_s, u"Previous month"_s);
+    setTurner(u"qt_calendar_nextmonth"_s, u"chevron.right"_s, u"Next month"_s);
 }
 
-void CalendarSheet::setTurner(const QString &part, bool isToTheRight, const QString &name) {
+void CalendarSheet::setTurner(const QString &part, const QString &symbol, const QString &name) {
     auto *button = findChild<QToolButton *>(part);
     if (button == nullptr) {
         return;
     }
     const Look &look = Look::of(*m_owner);
     const int size = scaled(sheetSymbol);
-    const QPixmap right = look.symbol(*this, u"chevron.right"_s, size, look.tokens().second);
-    button->setIcon(isToTheRight ? right : right.transformed(QTransform::fromScale(-1, 1)));
+    button->setIcon(look.symbol(*this, symbol, size, look.tokens().second));
     button->setIconSize({size, size});
     button->setAccessibleName(name);
     button->setToolTip(name);

@@ -27,7 +27,7 @@ private:
     void dress();
     void dressParts();
     /// Gives the toolkit's button that is called `part` our chevron.
-    void setTurner(const QString &part, bool isToTheRight, const QString &name);
+    void setTurner(const QString &part, const QString &symbol, const QString &name);
 
     QWidget *m_owner;
     QDate m_today; ///< invalid while unknown

@@ -14,8 +14,6 @@
 
 namespace zeph::ui {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr double ringWidth = 2;
@@ -23,6 +21,7 @@ constexpr double ringGap = 2;
 constexpr double ringInset = 3; // of a ring inside
 constexpr double markWidth = 1.5;
 constexpr double hoverChange = 0.17;
+
 QPen markPen(const QColor &color) {
     return {color, markWidth * scale(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
 }
@@ -157,8 +156,8 @@ void paintPlus(QPainter &painter, QPointF center, const QColor &color) {
 
 void paintSymbol(QPainter &painter, const QWidget &widget, const QString &identifier,
                  const QRectF &rect, const QColor &color) {
-    const QPixmap symbol = Look::of(widget).symbol(widget, identifier, rect.width(), color);
-    painter.drawPixmap(onPixels(painter, rect).topLeft(), symbol);
+    painter.drawPixmap(onPixels(painter, rect).topLeft(),
+                       Look::of(widget).symbol(widget, identifier, rect.width(), color));
 }
 
 QColor blend(const QColor &from, const QColor &to, double fraction) {

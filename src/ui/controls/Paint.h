@@ -66,7 +66,7 @@ void paintChevronDown(QPainter &painter, QPointF center, const QColor &color);
 void paintMinus(QPainter &painter, QPointF center, const QColor &color);
 void paintPlus(QPainter &painter, QPointF center, const QColor &color);
 
-/// The symbol `identifier` in `rect`. What points to a side points to the other from right to left.
+/// The symbol `identifier` in `rect`.
 void paintSymbol(QPainter &painter, const QWidget &widget, const QString &identifier,
                  const QRectF &rect, const QColor &color);
 
