@@ -21,7 +21,7 @@ public:
     explicit NamedChoice(QComboBox &box) : QAccessibleWidget(&box, QAccessible::ComboBox) {}
 
     QString text(QAccessible::Text kind) const override {
-        const QString chosen = box().currentText();
+        QString chosen = box().currentText();
         switch (kind) {
         case QAccessible::Name:
             return box().accessibleName().isEmpty() ? chosen

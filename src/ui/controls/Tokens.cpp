@@ -205,6 +205,7 @@ QPalette Tokens::palette(Appearance appearance) const {
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         result.setColor(QPalette::Disabled, role, veil(ink, 0.42));
     }
+    result.setColor(QPalette::Disabled, QPalette::PlaceholderText, veil(third, 0.42));
     return result;
 }
 

@@ -4,6 +4,8 @@
 
 #include <QFocusFrame>
 
+#include <algorithm>
+
 namespace zeph::ui {
 
 using namespace Qt::StringLiterals;
@@ -48,6 +50,22 @@ TEST_F(TextFieldTest, aWrongEntryHasTheEdgeOfAnErrorAlsoWhileItIsTypedIn) {
 
     field.setWrong(false);
     EXPECT_EQ(edge(0), look.tokens().focus);
+}
+
+TEST_F(TextFieldTest, aDisabledFieldIsPaleWithItsPlaceholder) {
+    const auto strongest = [this] {
+        const QImage text = field.grab(QRect(12, 4, 100, 28)).toImage();
+        int lightest = 0;
+        for (int x = 0; x < text.width(); ++x) {
+            for (int y = 0; y < text.height(); ++y) {
+                lightest = std::max(lightest, text.pixelColor(x, y).lightness());
+            }
+        }
+        return lightest;
+    };
+    const int enabled = strongest();
+    field.setEnabled(false);
+    EXPECT_LT(strongest(), enabled * 0.7);
 }
 
 TEST_F(TextFieldTest, isReadAsAFieldWithItsText) {
