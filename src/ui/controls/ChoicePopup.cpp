@@ -51,10 +51,11 @@ ChoicePopup::ChoicePopup(QComboBox &box) : m_box(&box) {
 void ChoicePopup::place() {
     QAbstractItemView &view = *m_box->view();
     const int padding = scaled(popupPadding);
-    if (auto *frame = dynamic_cast<QFrame *>(m_window)) {
+    QWidget &window = *m_window;
+    if (auto *frame = dynamic_cast<QFrame *>(&window)) {
         frame->setFrameStyle(QFrame::NoFrame); // the style has given it one
     }
-    m_window->layout()->setContentsMargins(padding, padding, padding, padding);
+    window.layout()->setContentsMargins(padding, padding, padding, padding);
     const int rowHeight = std::max(1, view.sizeHintForRow(0));
     const QRect screen = m_box->screen()->availableGeometry();
     const QRect box(m_box->mapToGlobal(QPoint(0, 0)), m_box->size());
@@ -66,11 +67,11 @@ void ChoicePopup::place() {
     const int left = isMirrored ? box.left() : box.right() + 1 - wide;
     const int chosen = std::clamp(m_box->currentIndex(), 0, rows - 1);
     const int top = box.center().y() - padding - chosen * rowHeight - rowHeight / 2;
-    m_window->setGeometry(
+    window.setGeometry(
         std::clamp(left, screen.left(), std::max(screen.left(), screen.right() + 1 - wide)),
         std::clamp(top, screen.top(), std::max(screen.top(), screen.bottom() + 1 - high)), wide,
         high);
-    cutCorners(*m_window, popupRadius * scale());
+    cutCorners(window, popupRadius * scale());
 }
 
 void ChoicePopup::fadeIn() {
