@@ -167,21 +167,18 @@ void SettingsWindow::hugRightEdge(const Screen &screen) {
     move(placeAtRightEdge(visible, size() + edges));
 }
 
-void SettingsWindow::changeEvent(QEvent *event) {
+bool SettingsWindow::event(QEvent *event) {
     if (event->type() == QEvent::ApplicationPaletteChange) {
         m_look.refreshSoon();
     }
-    QWidget::changeEvent(event);
+    return QWidget::event(event);
 }
 
 void SettingsWindow::showEvent(QShowEvent *event) {
     QWidget::showEvent(event);
     if (!event->spontaneous() && !m_tabs.empty()) {
-        if (m_stack->currentWidget() == nullptr) {
-            showTab(m_current);
-        } else {
-            shownAt(m_current).pane->willShow();
-        }
+        showTab(m_current); // which tells the pane only while the window is seen
+        shownAt(m_current).pane->willShow();
         if (focusWidget() == nullptr) {
             m_side->focusTabs();
         }
@@ -206,9 +203,11 @@ void SettingsWindow::releaseMemory() {
 }
 
 void SettingsWindow::search(const QString &wanted) {
-    if (!wanted.trimmed().isEmpty()) {
-        makeNextPane();
+    if (wanted.trimmed().isEmpty()) {
+        m_side->setResults({});
+        return;
     }
+    makeNextPane();
     m_side->setResults(searchResults(findables(), wanted));
 }
 
