@@ -92,7 +92,7 @@ void PermissionsManager::requestLocation() {
     switch (statusOf(client)) {
     case LocationAuthorization::restricted:
     case LocationAuthorization::denied:
-        open(locationLink());
+        openOrShowOurs(locationLink());
         break;
     case LocationAuthorization::notDetermined:
         m_context.activateApplication();
@@ -122,7 +122,7 @@ void PermissionsManager::requestReminders() {
 void PermissionsManager::requestEntity(EntityType type, const QString &link) {
     const EventAccess status = m_context.calendarPermission.store().authorizationStatus(type);
     if (status == EventAccess::restricted || status == EventAccess::denied) {
-        open(link);
+        openOrShowOurs(link);
         return;
     }
     if (status != EventAccess::notDetermined) {
@@ -172,14 +172,17 @@ void PermissionsManager::withdrawReminders() {
     withdraw(m_context.consents.reminders);
 }
 
-void PermissionsManager::open(const QString &link) {
+bool PermissionsManager::open(const QString &link) {
     const QUrl url(link, QUrl::StrictMode);
-    if (!url.isValid()) {
-        return;
-    }
-    if (m_context.systemSettings.canOpen(url)) {
+    const bool canOpen = url.isValid() && m_context.systemSettings.canOpen(url);
+    if (canOpen) {
         m_context.systemSettings.open(url);
-    } else if (m_context.showPermissions) {
+    }
+    return canOpen;
+}
+
+void PermissionsManager::openOrShowOurs(const QString &link) {
+    if (!open(link) && m_context.showPermissions) {
         m_context.showPermissions();
     }
 }

@@ -33,8 +33,8 @@ struct PermissionsContext {
     RunLoop &runLoop;
     std::function<void()> activateApplication; ///< brings it in front of all others
     Consents &consents;
-    /// Shows where we ask for permissions ourselves: what a link opens on a desktop that has no
-    /// page for it. Nothing while it is empty.
+    /// Shows where we ask for permissions ourselves: what a settled refusal opens on a desktop that
+    /// has no page for it. Nothing while it is empty.
     std::function<void()> showPermissions = {};
 };
 
@@ -89,7 +89,8 @@ private:
 
     void withdraw(Consent &consent);
     void requestEntity(EntityType type, const QString &link);
-    void open(const QString &link);
+    bool open(const QString &link);
+    void openOrShowOurs(const QString &link);
 
     PermissionsContext m_context;
 };

@@ -285,6 +285,23 @@ TEST_F(PermissionsManagerTest, whatTheDesktopHasNoPageForOpensOurOwn) {
     EXPECT_EQ(showings, 1);
 }
 
+TEST_F(PermissionsManagerTest, aDeniedCalendarWithoutAPageOpensOurOwn) {
+    settings.hasPages = false;
+    store.access[EntityType::event] = EventAccess::denied;
+    manager->requestCalendar();
+    EXPECT_TRUE(settings.opened.isEmpty());
+    EXPECT_EQ(showings, 1);
+}
+
+TEST_F(PermissionsManagerTest, anAnswerThatIsStillAwaitedDoesNotOpenOurOwn) {
+    settings.hasPages = false;
+    manager->requestLocation();
+    manager->requestReminders();
+    loop.advance(5);
+    EXPECT_TRUE(settings.opened.isEmpty());
+    EXPECT_EQ(showings, 0) << "the same could only be asked for there once more";
+}
+
 TEST_F(PermissionsManagerTest, whatTheDesktopHasNoPageForOpensNothingWithoutOneOfOurs) {
     settings.hasPages = false;
     const auto without = PermissionsManager::make(
