@@ -58,7 +58,7 @@ Subscription PortalAppearance::subscribe(std::function<void()> handler) {
 }
 
 /// Nobody waits for it; should it come, its owner is noticed.
-void PortalAppearance::startPortal() {
+void PortalAppearance::startPortal() const {
     QDBusMessage call =
         QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
                                        u"org.freedesktop.DBus"_s, u"StartServiceByName"_s);

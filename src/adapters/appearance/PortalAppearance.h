@@ -34,7 +34,7 @@ private:
     void answered(const QDBusMessage &answer);
     void changed(const QDBusMessage &signal);
     void set(const Told &told);
-    void startPortal();
+    void startPortal() const;
 
     QDBusConnection m_bus;
     Told m_told;

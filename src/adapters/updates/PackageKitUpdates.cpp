@@ -255,7 +255,7 @@ void PackageKitUpdates::endInstall(const PackageOutcome &outcome) {
     }
 }
 
-void PackageKitUpdates::set(UpdateStatus status) {
+void PackageKitUpdates::set(const UpdateStatus &status) {
     if (std::exchange(m_status, status) != status) {
         m_changes.send();
     }

@@ -43,7 +43,7 @@ private:
     void setInstallProgress(int percent);
     void endCheck(const PackageOutcome &outcome);
     void endInstall(const PackageOutcome &outcome);
-    void set(UpdateStatus status);
+    void set(const UpdateStatus &status);
 
     QDBusConnection m_bus;
     QString m_executable;

@@ -242,6 +242,15 @@ TEST_F(PackageKitUpdatesTest, givesUpASearchAtOnce) {
     EXPECT_EQ(told, phases({Phase::checking, Phase::idle, Phase::checking, Phase::available}));
 }
 
+TEST_F(PackageKitUpdatesTest, hearsNothingOfWhatWasGivenUpThoughItHadAnAnswer) {
+    bus.stop();
+    BusConnection nowhere(bus.address());
+    updates = std::make_unique<PackageKitUpdates>(nowhere.bus(), u"/usr/bin/tavi"_s);
+    updates->checkForUpdates(); // which is answered in the next turn
+    updates->cancel();
+    EXPECT_FALSE(eventually([&] { return updates->status() != UpdateStatus(); }, 100));
+}
+
 TEST_F(PackageKitUpdatesTest, installsWhatItFoundAfterATrial) {
     find();
     service.answers[u"UpdatePackages"_s].percentages = {30};
