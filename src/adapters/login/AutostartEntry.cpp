@@ -19,7 +19,7 @@ namespace zeph {
 
 namespace {
 
-constexpr qint64 kMostBytes = 64 * 1024;
+constexpr qint64 kMostBytes = 65'536;
 
 QString fileIn(const QString &configFolder) {
     return configFolder + u"/autostart/com.tavi.Tavi.desktop"_s;
