@@ -47,10 +47,12 @@ bool truthIn(GKeyFile *file, const char *key, bool otherwise) {
 /// Null when the bytes are no entry of an application.
 KeyFile entryIn(const QByteArray &bytes) {
     KeyFile file = emptyFile();
-    const bool isRead =
-        !bytes.isEmpty() &&
-        g_key_file_load_from_data(file.get(), bytes.constData(), static_cast<gsize>(bytes.size()),
-                                  G_KEY_FILE_NONE, nullptr) != FALSE;
+    // The library also takes what no desktop would.
+    const auto size = static_cast<gsize>(bytes.size());
+    const bool isText = g_utf8_validate(bytes.constData(), bytes.size(), nullptr) != FALSE;
+    const bool isRead = isText && size > 0 &&
+                        g_key_file_load_from_data(file.get(), bytes.constData(), size,
+                                                  G_KEY_FILE_NONE, nullptr) != FALSE;
     // A file that only hides another one may say nothing else.
     const bool isEntry = isRead && (textIn(file.get(), "Type") == u"Application"_s ||
                                     truthIn(file.get(), "Hidden", false));

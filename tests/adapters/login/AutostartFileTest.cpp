@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
@@ -43,10 +45,15 @@ TEST(AutostartFile, mayHideAndSayNothingElse) {
 }
 
 TEST(AutostartFile, isNoEntryOfAnythingElse) {
-    for (const QByteArray bytes : {"", "Type=Application", "[Desktop Entry]\nType=Link\nURL=a\n",
-                                   "[Other]\nType=Application\n", "\0\xff\xfe"}) {
-        EXPECT_FALSE(readAutostart(bytes)) << bytes.constData();
-        EXPECT_FALSE(switchAutostart(bytes, true)) << bytes.constData();
+    using namespace std::string_literals;
+    for (const std::string &text :
+         {""s, "Type=Application"s, "[Desktop Entry]\nType=Link\nURL=a\n"s,
+          "[Other]\nType=Application\n"s, "[Desktop Entry]\xa1\nType=Application\n"s,
+          "[Desktop Entry]\nType=Application\nName=\xff\n"s,
+          "[Desktop Entry]\0\nType=Application\n"s}) {
+        const auto bytes = QByteArray::fromStdString(text);
+        EXPECT_FALSE(readAutostart(bytes)) << text;
+        EXPECT_FALSE(switchAutostart(bytes, true)) << text;
     }
 }
 
