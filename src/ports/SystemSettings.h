@@ -7,9 +7,9 @@ class QUrl;
 
 namespace zeph {
 
-/// The desktop's own settings program. Its pages go by links of our own, `zeph-settings:PAGE`, where
-/// PAGE is "accessibility", "location", "calendar", "reminders" or "privacy". Main thread only;
-/// nothing here waits.
+/// The desktop's own settings program. Its pages go by links of our own, `zeph-settings:PAGE`,
+/// where PAGE is "accessibility", "location", "calendar", "reminders" or "privacy". Main thread
+/// only; nothing here waits.
 class SystemSettings : public Port {
 public:
     /// Whether this desktop has a page for that.

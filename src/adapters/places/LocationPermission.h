@@ -32,8 +32,8 @@ public:
     /// given anew.
     void refuse();
 
-    /// What is known of the service that is asked, to tell the user. A refusal is forgotten when the
-    /// consent is given anew.
+    /// What is known of the service that is asked, to tell the user. A refusal is forgotten when
+    /// the consent is given anew.
     LocationHindrance hindrance() const { return m_hindrance; }
     void setHindrance(LocationHindrance hindrance) { m_hindrance = hindrance; }
 
