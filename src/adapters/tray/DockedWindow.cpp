@@ -21,7 +21,7 @@ namespace zeph {
 namespace {
 
 constexpr int usualSide = 24;
-constexpr int leastSide = 16;
+constexpr int leastSide = 22; // of what a panel of the usual height has room for
 constexpr std::uint8_t depthWithAlpha = 32;
 constexpr std::string_view windowClass{"tavi\0com.tavi.Tavi\0", 19};
 
@@ -194,7 +194,7 @@ void DockedWindow::draw() {
     if (m_colours != XCB_NONE) {
         QImage ground(m_size, QImage::Format_ARGB32_Premultiplied);
         ground.fill(Qt::transparent);
-        drawOver(std::move(ground));
+        show(std::move(ground), m_ink ? inkedPicture(mask(), *m_ink) : seamedPicture(mask(), 1));
         return;
     }
     // What the tray paints behind us is to be seen beneath.
@@ -214,7 +214,8 @@ void DockedWindow::draw() {
                               static_cast<std::size_t>(xcb_get_image_data_length(reply)) == bytes;
             if (fits) { // otherwise the window is off the screen
                 std::memcpy(ground.bits(), xcb_get_image_data(reply), bytes);
-                drawOver(std::move(ground));
+                const QColor ink = m_ink.value_or(inkOn(ground));
+                show(std::move(ground), inkedPicture(mask(), ink));
             }
             if (std::exchange(m_drawsAgain, false)) {
                 draw();
@@ -222,8 +223,7 @@ void DockedWindow::draw() {
         });
 }
 
-void DockedWindow::drawOver(QImage ground) {
-    const QImage symbol = picture();
+void DockedWindow::show(QImage ground, const QImage &symbol) {
     QPainter painter(&ground);
     painter.drawImage((ground.width() - symbol.width()) / 2,
                       (ground.height() - symbol.height()) / 2, symbol);
@@ -236,11 +236,10 @@ void DockedWindow::drawOver(QImage ground) {
 }
 
 /// With a twelfth of the side left free all around, as other symbols of trays have it.
-QImage DockedWindow::picture() const {
+QImage DockedWindow::mask() const {
     const int side = std::min(m_size.width(), m_size.height());
     const int margin = std::max(1, side / 12);
-    const QImage mask = m_tools.drawSymbol(m_facts.symbol, std::max(1, side - 2 * margin));
-    return m_ink ? inkedPicture(mask, *m_ink) : seamedPicture(mask, 1);
+    return m_tools.drawSymbol(m_facts.symbol, std::max(1, side - 2 * margin));
 }
 
 } // namespace zeph

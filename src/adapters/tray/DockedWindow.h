@@ -30,8 +30,8 @@ private:
     void askToDock(xcb_window_t tray);
     void clicked(const xcb_button_release_event_t &release);
     void draw();
-    void drawOver(QImage ground);
-    QImage picture() const;
+    void show(QImage ground, const QImage &symbol);
+    QImage mask() const;
 
     const TrayFacts &m_facts;
     const TrayTools &m_tools;

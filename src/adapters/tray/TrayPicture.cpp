@@ -9,6 +9,7 @@ namespace {
 
 constexpr QRgb lightInk = 0xFFF3F0EC;
 constexpr QRgb darkInk = 0xFF101126;
+constexpr qint64 middleGray = 128;
 
 } // namespace
 
@@ -19,6 +20,17 @@ QImage inkedPicture(const QImage &mask, const QColor &ink) {
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
     painter.drawImage(0, 0, mask);
     return picture;
+}
+
+QColor inkOn(const QImage &ground) {
+    qint64 sum = 0;
+    for (int y = 0; y < ground.height(); ++y) {
+        for (int x = 0; x < ground.width(); ++x) {
+            sum += qGray(ground.pixel(x, y));
+        }
+    }
+    const qint64 pixels = qint64{ground.width()} * ground.height();
+    return QColor::fromRgb(sum < middleGray * pixels ? lightInk : darkInk);
 }
 
 QImage seamedPicture(const QImage &mask, int seam) {

@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QGuiApplication>
+#include <QPointer>
 #include <QWindow>
 #include <QtGui/qguiapplication_platform.h>
 
@@ -118,9 +119,19 @@ bool X11ApplicationPolicy::eventFilter(QObject *object, QEvent *event) {
     // Each time before the window goes on the screen: managers erase the state of one that is
     // taken off it.
     if (event->type() == QEvent::Show && object->isWindowType()) {
-        const auto &window = static_cast<const QWindow &>(*object);
+        auto &window = static_cast<QWindow &>(*object);
         if (isOfOurs(window) && window.handle() != nullptr) {
             writeState(window);
+            // And once more after that, since one that is still busy taking the window off erases
+            // what was written for this time.
+            QMetaObject::invokeMethod(
+                this,
+                [this, shown = QPointer<QWindow>(&window)] {
+                    if (shown && shown->isVisible()) {
+                        askForState(*shown);
+                    }
+                },
+                Qt::QueuedConnection);
         }
     }
     return QObject::eventFilter(object, event);

@@ -28,12 +28,12 @@ protected:
     }
 
     /// Of one colour, at the top left of the screen.
-    void startTray() {
-        tray = session.start({u"trayer"_s, u"--edge"_s,        u"top"_s,      u"--align"_s,
-                              u"left"_s,   u"--width"_s,       u"200"_s,      u"--widthtype"_s,
-                              u"pixel"_s,  u"--height"_s,      u"32"_s,       u"--heighttype"_s,
-                              u"pixel"_s,  u"--transparent"_s, u"true"_s,     u"--alpha"_s,
-                              u"0"_s,      u"--tint"_s,        u"0x3050A0"_s, u"--distance"_s,
+    void startTray(const QString &colour = u"0x3050A0"_s) {
+        tray = session.start({u"trayer"_s, u"--edge"_s,        u"top"_s,  u"--align"_s,
+                              u"left"_s,   u"--width"_s,       u"200"_s,  u"--widthtype"_s,
+                              u"pixel"_s,  u"--height"_s,      u"32"_s,   u"--heighttype"_s,
+                              u"pixel"_s,  u"--transparent"_s, u"true"_s, u"--alpha"_s,
+                              u"0"_s,      u"--tint"_s,        colour,    u"--distance"_s,
                               u"0"_s});
         ASSERT_GT(tray, 0);
     }
@@ -111,10 +111,16 @@ TEST_F(DockedItemTest, theSymbolLiesOnThePanelsOwnGround) {
     startTray();
     make();
     ASSERT_TRUE(waitUntil([this] { return isShown() && countPixels(220, 255) > 20; }));
-    EXPECT_GT(countPixels(0, 40), 20) << "the seam";
     const QRgb panel = client->pixel(place().topRight() + QPoint(40, 0));
     EXPECT_NEAR(qBlue(panel), 0xA0, 2) << "the panel's own colour";
     EXPECT_EQ(client->pixel(place().topLeft()), panel) << "it shows beside the symbol";
+}
+
+TEST_F(DockedItemTest, theSymbolIsDarkOnALightPanel) {
+    startTray(u"0xF0F0F0"_s);
+    make();
+    ASSERT_TRUE(waitUntil([this] { return isShown() && countPixels(0, 40) > 20; }));
+    EXPECT_GT(countPixels(220, 255), 20) << "the panel beside it";
 }
 
 TEST_F(DockedItemTest, aClickOpensTheMenuWhereItIs) {

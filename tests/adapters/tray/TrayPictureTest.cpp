@@ -22,6 +22,14 @@ TEST(TrayPicture, inkCoversWhatTheMaskCovers) {
     EXPECT_EQ(qAlpha(picture.pixel(1, 2)), 0);
 }
 
+TEST(TrayPicture, theInkStandsOutFromItsGround) {
+    QImage ground(4, 4, QImage::Format_RGB32);
+    ground.fill(QColor(40, 40, 60));
+    EXPECT_GT(inkOn(ground).lightness(), 200);
+    ground.fill(QColor(240, 240, 230));
+    EXPECT_LT(inkOn(ground).lightness(), 60);
+}
+
 TEST(TrayPicture, aSeamIsDarkAllAroundTheLight) {
     const QImage picture = seamedPicture(dot(), 1);
     EXPECT_EQ(picture.size(), QSize(7, 7));

@@ -70,7 +70,7 @@ TEST_F(X11ApplicationPolicyTest, aWindowThatIsShownAgainStaysOut) {
     window.hide();
     ASSERT_TRUE(waitUntil([this] { return !isOnScreen(window); }));
     show(window);
-    EXPECT_FALSE(isListed(window));
+    EXPECT_TRUE(waitUntil([this] { return !isListed(window); }));
 }
 
 TEST_F(X11ApplicationPolicyTest, aWindowOnTheScreenFollowsTheProgram) {
@@ -89,7 +89,7 @@ TEST_F(X11ApplicationPolicyTest, aWindowThatIsShownAgainIsListedOnceTheProgramIs
     ASSERT_TRUE(waitUntil([this] { return !isOnScreen(window); }));
     policy.setActivationPolicy(ActivationPolicy::regular);
     show(window);
-    EXPECT_TRUE(isListed(window));
+    EXPECT_TRUE(waitUntil([this] { return isListed(window); }));
 }
 
 TEST_F(X11ApplicationPolicyTest, activationBringsTheWindowInFrontOfOtherPrograms) {
