@@ -209,6 +209,7 @@ int runProgram(char **arguments, const ProgramSettings &settings) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName(u"com.tavi.Tavi"_s);
+    QApplication::setApplicationName(u"com.tavi.Tavi"_s); // the class of the windows
     QApplication::setApplicationDisplayName(u"Tavi"_s);
     OwnFonts::use();
     const QApplication toolkit(argumentCount, arguments);

@@ -3,6 +3,9 @@
 
 #include "adapters/bus/ApplicationRequest.h"
 
+#include <QFile>
+#include <QRegularExpression>
+
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -47,6 +50,17 @@ TEST_F(RequestInboxTest, knowsTheActionsOfTheDesktopEntry) {
     inbox.take(action(u"quit"_s));
     EXPECT_THAT(delivered, ElementsAre(UserRequest::openSettings, UserRequest::checkForUpdates,
                                        UserRequest::quit));
+}
+
+TEST_F(RequestInboxTest, thereIsNoActionInTheDesktopEntryThatIsNotDone) {
+    QFile entry(QStringLiteral(ZEPH_RESOURCES "/com.tavi.Tavi.desktop"));
+    ASSERT_TRUE(entry.open(QIODevice::ReadOnly));
+    static const QRegularExpression actionsLine(u"\nActions=(.*);\n"_s);
+    const auto match = actionsLine.match(QString::fromUtf8(entry.readAll()));
+    ASSERT_TRUE(match.hasMatch());
+    for (const QString &name : match.captured(1).split(u';')) {
+        EXPECT_TRUE(userRequestOf(action(name))) << name.toStdString();
+    }
 }
 
 TEST_F(RequestInboxTest, ignoresActionsThatThereAreNot) {
