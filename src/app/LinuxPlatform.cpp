@@ -189,7 +189,8 @@ struct LinuxPlatform::Shell {
                     [this](const std::vector<MenuItem> &menu, QPoint position) {
                         ui::TrayMenu::popUp(menu, appearanceOf(appearance), position);
                     },
-                .iconName = installedTraySymbol()};
+                .iconName = installedTraySymbol(),
+                .keyNames = trayKeyNamesOf(qEnvironmentVariable("XDG_CURRENT_DESKTOP"))};
     }
 
     SymbolLibrary symbols;

@@ -82,7 +82,12 @@ QVariantMap menuProperties() {
             {u"IconThemePath"_s, QStringList()}};
 }
 
-QVariantMap lineProperties(const MenuItem &item) {
+QString keyName(const QString &key, TrayKeyNames names) {
+    const bool isWord = names == TrayKeyNames::words && key == u","_s;
+    return isWord ? u"comma"_s : key.toUpper();
+}
+
+QVariantMap lineProperties(const MenuItem &item, TrayKeyNames names) {
     if (item.text.isEmpty()) {
         return {{u"type"_s, u"separator"_s}};
     }
@@ -92,7 +97,7 @@ QVariantMap lineProperties(const MenuItem &item) {
         properties[u"enabled"_s] = false;
     }
     if (!item.key.isEmpty()) {
-        const QList<QStringList> shortcut{{u"Control"_s, item.key.toUpper()}};
+        const QList<QStringList> shortcut{{u"Control"_s, keyName(item.key, names)}};
         properties[u"shortcut"_s] = QVariant::fromValue(shortcut);
     }
     return properties;
@@ -105,7 +110,8 @@ QDBusMessage noSuchLine(const QDBusMessage &message, int id) {
 
 } // namespace
 
-MenuObject::MenuObject(std::vector<MenuItem> menu) : m_menu(std::move(menu)) {
+MenuObject::MenuObject(std::vector<MenuItem> menu, TrayKeyNames keyNames)
+    : m_menu(std::move(menu)), m_keyNames(keyNames) {
     menuwire::registerTypes();
 }
 
@@ -121,8 +127,9 @@ std::optional<QVariantMap> MenuObject::propertiesOf(int id, const QStringList &n
     if (!isLine(id)) {
         return std::nullopt;
     }
-    QVariantMap properties = id == 0 ? QVariantMap{{u"children-display"_s, u"submenu"_s}}
-                                     : lineProperties(m_menu.at(static_cast<std::size_t>(id) - 1));
+    QVariantMap properties =
+        id == 0 ? QVariantMap{{u"children-display"_s, u"submenu"_s}}
+                : lineProperties(m_menu.at(static_cast<std::size_t>(id) - 1), m_keyNames);
     if (!names.isEmpty()) {
         properties.removeIf([&](const auto &one) { return !names.contains(one.key()); });
     }

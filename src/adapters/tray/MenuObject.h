@@ -2,7 +2,7 @@
 #pragma once
 
 #include "adapters/tray/MenuWire.h"
-#include "ports/StatusBar.h"
+#include "adapters/tray/TrayTools.h"
 
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
@@ -13,7 +13,7 @@ namespace zeph {
 /// It never changes. Its lines are numbered from 1 on; 0 is the menu itself.
 class MenuObject : public QDBusVirtualObject {
 public:
-    explicit MenuObject(std::vector<MenuItem> menu);
+    MenuObject(std::vector<MenuItem> menu, TrayKeyNames keyNames);
 
     QString introspect(const QString &path) const override;
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
@@ -28,6 +28,7 @@ private:
     bool isLine(int id) const;
 
     std::vector<MenuItem> m_menu;
+    TrayKeyNames m_keyNames;
 };
 
 } // namespace zeph

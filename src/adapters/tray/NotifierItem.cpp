@@ -34,7 +34,7 @@ NotifierItem::NotifierItem(QDBusConnection bus, const TrayFacts &facts, const Tr
     : m_bus(std::move(bus)),
       m_changed(std::move(changed)),
       m_item(facts, tools),
-      m_menu(facts.menu),
+      m_menu(facts.menu, tools.keyNames),
       m_watcher(m_bus, watcherInterface, [this] { watcherChanged(); }) {
     if (!m_bus.isConnected()) {
         m_host = Host::absent;

@@ -43,7 +43,8 @@ protected:
     BusConnection program{bus.address()};
     BusConnection panel{bus.address()};
     TrayExample example;
-    std::unique_ptr<MenuObject> menu = std::make_unique<MenuObject>(example.facts.menu);
+    std::unique_ptr<MenuObject> menu =
+        std::make_unique<MenuObject>(example.facts.menu, TrayKeyNames::characters);
 };
 
 TEST_F(MenuObjectTest, tellsItsLinesInOrder) {
@@ -73,6 +74,28 @@ TEST_F(MenuObjectTest, tellsTheKeys) {
         qdbus_cast<QList<QStringList>>(whole.children.at(2).properties[u"shortcut"_s]);
     EXPECT_EQ(keys, (QList<QStringList>{{u"Control"_s, u","_s}}));
     EXPECT_FALSE(whole.children.at(3).properties.contains(u"shortcut"_s));
+}
+
+TEST_F(MenuObjectTest, namesTheKeysAsThePanelReadsThem) {
+    program.bus().unregisterObject(u"/MenuBar"_s);
+    menu =
+        std::make_unique<MenuObject>(std::vector<MenuItem>{{.text = u"Settings"_s, .key = u","_s},
+                                                           {.text = u"Quit"_s, .key = u"q"_s}},
+                                     TrayKeyNames::words);
+    program.bus().registerVirtualObject(u"/MenuBar"_s, menu.get());
+    const Layout whole = layout(0, -1);
+    const auto keysOf = [&](int index) {
+        return qdbus_cast<QList<QStringList>>(whole.children.at(index).properties[u"shortcut"_s]);
+    };
+    EXPECT_EQ(keysOf(0), (QList<QStringList>{{u"Control"_s, u"comma"_s}}));
+    EXPECT_EQ(keysOf(1), (QList<QStringList>{{u"Control"_s, u"Q"_s}}));
+}
+
+TEST(TrayKeyNames, panelsOfQtDesktopsReadCharacters) {
+    EXPECT_EQ(trayKeyNamesOf(u"KDE"_s), TrayKeyNames::characters);
+    EXPECT_EQ(trayKeyNamesOf(u"ubuntu:lxqt"_s), TrayKeyNames::characters);
+    EXPECT_EQ(trayKeyNamesOf(u"XFCE"_s), TrayKeyNames::words);
+    EXPECT_EQ(trayKeyNamesOf({}), TrayKeyNames::words);
 }
 
 TEST_F(MenuObjectTest, tellsNoMoreThanItIsAskedFor) {
