@@ -10,6 +10,8 @@
 #include <QPointer>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace zeph::ui {
 
 using namespace Qt::StringLiterals;
@@ -36,6 +38,7 @@ TrayMenu::TrayMenu(const std::vector<MenuItem> &items, Appearance appearance)
     : m_look(*this, appearance) {
     setStyle(&m_style);
     setAttribute(Qt::WA_TranslucentBackground);
+    int keyWidth = 0;
     for (const MenuItem &item : items) {
         if (item.text.isEmpty()) {
             addSeparator();
@@ -45,11 +48,15 @@ TrayMenu::TrayMenu(const std::vector<MenuItem> &items, Appearance appearance)
         QAction *const line = addAction(text.replace(u'&', u"&&"_s));
         line->setEnabled(item.action != nullptr);
         if (!item.key.isEmpty()) {
-            line->setShortcut(QKeySequence(u"Ctrl+"_s + item.key));
+            const QKeySequence key(u"Ctrl+"_s + item.key);
+            const QString shown = key.toString(QKeySequence::NativeText);
+            keyWidth = std::max(keyWidth, fontMetrics().horizontalAdvance(shown));
+            line->setShortcut(key);
             line->setShortcutVisibleInContextMenu(true);
         }
         QObject::connect(line, &QAction::triggered, line, [action = item.action] { action(); });
     }
+    m_style.setKeyWidth(keyWidth);
 }
 
 void TrayMenu::popUp(const std::vector<MenuItem> &items, Appearance appearance,

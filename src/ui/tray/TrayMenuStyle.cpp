@@ -101,12 +101,12 @@ QSize TrayMenuStyle::sizeFromContents(ContentsType type, const QStyleOption *opt
     }
     const int least = scaled(menuWidth) - 2 * scaled(menuPadding);
     if (item->menuItemType == QStyleOptionMenuItem::Separator) {
-        return {least, scaled(separatorHeight)};
+        return {least - m_keyWidth, scaled(separatorHeight)};
     }
     const RowText row = textOf(*item);
     const int key = row.key.isEmpty() ? 0 : scaled(keyGap) + widthOf(row.key, TypeRole::detail);
     const int text = widthOf(row.text, TypeRole::body) + 2 * scaled(rowPadding);
-    return {std::max(least, text + key), scaled(rowHeight)};
+    return {std::max(least, text + key) - m_keyWidth, scaled(rowHeight)};
 }
 
 void TrayMenuStyle::drawControl(ControlElement element, const QStyleOption *option,

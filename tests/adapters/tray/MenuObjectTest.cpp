@@ -167,12 +167,15 @@ TEST_F(MenuObjectTest, neverChangesBeforeItIsShown) {
 
 TEST_F(MenuObjectTest, aChoiceMayEndTheMenu) {
     program.bus().unregisterObject(u"/MenuBar"_s);
-    menu = std::make_unique<MenuObject>(std::vector<MenuItem>{{.text = u"Quit"_s, .action = [this] {
-                                                                   example.chosen.append(u"quit"_s);
-                                                                   program.bus().unregisterObject(
-                                                                       u"/MenuBar"_s);
-                                                                   menu.reset();
-                                                               }}});
+    menu = std::make_unique<MenuObject>(
+        std::vector<MenuItem>{{.text = u"Quit"_s,
+                               .action =
+                                   [this] {
+                                       example.chosen.append(u"quit"_s);
+                                       program.bus().unregisterObject(u"/MenuBar"_s);
+                                       menu.reset();
+                                   }}},
+        TrayKeyNames::words);
     program.bus().registerVirtualObject(u"/MenuBar"_s, menu.get());
     EXPECT_EQ(click(1).type(), QDBusMessage::ReplyMessage) << "answered before";
     EXPECT_EQ(example.chosen, QStringList(u"quit"_s));
