@@ -7,6 +7,7 @@
 
 #include <QGuiApplication>
 #include <QRasterWindow>
+#include <QShowEvent>
 
 #include <gtest/gtest.h>
 
@@ -62,6 +63,16 @@ TEST_F(X11ApplicationPolicyTest, windowsOfAnAccessoryAreNotListed) {
     EXPECT_FALSE(isListed(window));
     EXPECT_TRUE(client.atomNames(static_cast<xcb_window_t>(window.winId()), "_NET_WM_STATE")
                     .indexOf("_NET_WM_STATE_SKIP_PAGER") < 0);
+}
+
+TEST_F(X11ApplicationPolicyTest, aWindowIsOutOfTheTaskBarBeforeItIsOnTheScreen) {
+    policy.setActivationPolicy(ActivationPolicy::accessory);
+    window.create();
+    EXPECT_TRUE(isListed(window));
+    QShowEvent aboutToBeShown;
+    QCoreApplication::sendEvent(&window, &aboutToBeShown);
+    EXPECT_TRUE(waitUntil([this] { return !isListed(window); })); // the toolkit sends it later
+    EXPECT_FALSE(isOnScreen(window));
 }
 
 TEST_F(X11ApplicationPolicyTest, aWindowThatIsShownAgainStaysOut) {
