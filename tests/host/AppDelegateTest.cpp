@@ -1,26 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 
-#include "adapters/bus/ApplicationRequest.h"
-#include "app/RequestInbox.h"
-#include "app/WindowParts.h"
-#include "base/NotificationCenter.h"
-#include "drawing/painting/QtTextMetrics.h"
-#include "drawing/painting/ScenePainter.h"
-#include "drawing/painting/SymbolLibrary.h"
-#include "host/DesktopWindow.h"
+#include "AppDelegateFixture.h"
 #include "services/accounts/AccountCoding.h"
-#include "services/accounts/IntegrationsStore.h"
-#include "services/accounts/Keychain.h"
-#include "services/web/Endpoints.h"
-#include "settings/PreferencesStore.h"
-#include "support/FakePlatform.h"
-#include "support/FakeShell.h"
-
-#include <gmock/gmock.h>
-
-#include <algorithm>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -29,69 +11,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class AppDelegateTest : public testing::Test, public FakePlatform {
-protected:
-    AppDelegateTest() {
-        screens.screens = {screen(u"A"_s, 1, 640, 400), screen(u"B"_s, 2, 640, 400, 640)};
-    }
-
-    void launch() {
-        delegate.applicationDidFinishLaunching();
-        loop.drain();
-    }
-
-    void settle() {
-        do {
-            executor.runAll();
-            loop.drain();
-        } while (executor.waiting() > 0);
-    }
-
-    std::vector<std::shared_ptr<SurfaceLog>> living() const {
-        std::vector<std::shared_ptr<SurfaceLog>> result;
-        std::copy_if(windowServer.logs.begin(), windowServer.logs.end(), std::back_inserter(result),
-                     [](const auto &log) { return log->alive; });
-        return result;
-    }
-
-    AppServices services() {
-        return {.platform = platform,
-                .notifications = notifications,
-                .preferences = preferences,
-                .usageStore = *usageStore,
-                .integrations = integrations,
-                .keychain = keychain,
-                .location = location,
-                .endpoints = endpoints,
-                .refreshPeriod = std::chrono::minutes(10),
-                .textMetrics = textMetrics,
-                .painter = painter,
-                .requests = requests,
-                .shellPorts = [this]() -> const ShellPorts & {
-                    shell.story.emplace_back("shell made");
-                    return shell.ports;
-                },
-                .makeWindows = [this](const WindowParts &) { return shell.makeWindows(); },
-                .terminate = [this] { ++terminations; }};
-    }
-
-    /// What the shell was asked to do since the last call.
-    ShellStory told() { return std::exchange(shell.story, {}); }
-
-    Endpoints endpoints;
-    FakeShell shell;
-    RequestInbox requests{RequestInbox::Start::byUser};
-    int terminations = 0;
-    NotificationCenter notifications;
-    PreferencesStore preferences{defaults, notifications, formatters};
-    QtTextMetrics textMetrics;
-    SymbolLibrary symbols;
-    ScenePainter painter{textMetrics, symbols};
-    Keychain keychain{secrets, defaults};
-    IntegrationsStore integrations{defaults, keychain, notifications, loop, executor};
-    AppDelegate delegate{services()};
-};
 
 TEST_F(AppDelegateTest, launchMovesTheSecretsOfAnEarlierVersionAwayFromTheMainThread) {
     delegate.applicationDidFinishLaunching();
@@ -379,67 +298,6 @@ TEST_F(AppDelegateTest, theNewSurfaceShowsBeforeTheOldOneGoes) {
     const std::vector<std::string> changeBack{"2 made", "2 presented", "2 shown", "1 hidden",
                                               "1 gone"};
     EXPECT_EQ(*windowServer.story, changeBack);
-}
-
-TEST_F(AppDelegateTest, theWallpaperIsThereBeforeTheShellIsMade) {
-    launch();
-    EXPECT_EQ(living().size(), 2U);
-    EXPECT_THAT(told(), IsEmpty());
-    loop.advance(0.1);
-    EXPECT_EQ(told().front(), "shell made");
-}
-
-TEST_F(AppDelegateTest, whatIsAskedBeforeTheShellIsThereIsDoneOnceItIs) {
-    defaults.set(u"zeph.onboarded"_s, true);
-    requests.take({.kind = ApplicationRequest::Kind::activate});
-    launch();
-    EXPECT_THAT(told(), IsEmpty());
-    loop.advance(0.1);
-    EXPECT_THAT(told(), ElementsAre("shell made", "accessory", "tray", "windows made", "settings"));
-}
-
-TEST_F(AppDelegateTest, beingStartedAgainOpensTheSettings) {
-    defaults.set(u"zeph.onboarded"_s, true);
-    launch();
-    loop.advance(0.1);
-    told();
-    requests.take({.kind = ApplicationRequest::Kind::activate});
-    EXPECT_THAT(told(), ElementsAre("windows made", "settings"));
-}
-
-TEST_F(AppDelegateTest, quittingByTheMenuSavesAndEnds) {
-    launch();
-    loop.advance(0.1);
-    workspace.activate(application(u"org.a"_s, u"A"_s));
-    loop.advance(5);
-    shell.statusBar.choose(u"Quit Tavi"_s);
-    EXPECT_EQ(terminations, 1);
-    const auto saved = usageStore->loadAppUsage(usageStore->dayKey(clock.now()));
-    EXPECT_EQ(saved.size(), 1U);
-    delegate.applicationWillTerminate();
-    EXPECT_EQ(usageStore->loadAppUsage(usageStore->dayKey(clock.now())), saved)
-        << "the second save writes the same";
-}
-
-TEST_F(AppDelegateTest, inputAllowedDuringTheOnboardingIsCountedFromItsEndOn) {
-    input.trusted = false;
-    launch();
-    loop.advance(0.1);
-    EXPECT_EQ(input.tapsMade, 0);
-    input.trusted = true; // as yet untold
-    shell.onboarding.onDone();
-    EXPECT_EQ(input.tapsMade, 1);
-}
-
-TEST_F(AppDelegateTest, theTrayIsLeftAtTheEnd) {
-    {
-        AppDelegate other{services()};
-        other.applicationDidFinishLaunching();
-        loop.advance(0.1);
-        EXPECT_EQ(shell.statusBar.items, 1);
-    }
-    EXPECT_EQ(shell.statusBar.items, 0);
-    requests.take({.kind = ApplicationRequest::Kind::activate}); // nobody is there to do it
 }
 
 TEST_F(AppDelegateTest, terminationPersistsAndTwiceIsHarmless) {
