@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 
+#include "app/ApplicationShell.h"
+#include "app/RequestInbox.h"
 #include "app/WebServices.h"
+#include "app/WindowParts.h"
 #include "base/Background.h"
 #include "base/NotificationCenter.h"
+#include "host/ApplicationWindows.h"
 #include "host/DesktopWindow.h"
 #include "host/ScreenSelection.h"
 #include "ports/Clock.h"
 #include "ports/Platform.h"
+#include "ports/RunLoop.h"
+#include "ports/ShellPorts.h"
 #include "ports/WindowServer.h"
 #include "sensing/SamplingCoordinator.h"
 #include "services/accounts/IntegrationsStore.h"
@@ -17,10 +23,14 @@
 #include "widgets/RootWallpaperView.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zeph {
 
 namespace {
+
+// By then the display system has the first frame, which nothing of the shell is to hold up.
+constexpr std::chrono::milliseconds shellRest{60};
 
 AccountChoices choicesOf(const IntegrationsStore &integrations) {
     return {.quoteEnabled = [&integrations] { return integrations.quoteEnabled(); },
@@ -38,20 +48,22 @@ AccountChoices choicesOf(const IntegrationsStore &integrations) {
 } // namespace
 
 AppDelegate::AppDelegate(AppServices services)
-    : m_services(services),
-      m_state(services.platform.clock.now()),
-      m_framing{services.preferences, services.platform.calendar, services.platform.formatters},
+    : m_services(std::move(services)),
+      m_state(m_services.platform.clock.now()),
+      m_framing{m_services.preferences, m_services.platform.calendar,
+                m_services.platform.formatters},
+      m_webServices(makeWebServices(m_services.platform, m_services.endpoints, m_framing)),
       m_rootView(std::make_unique<RootWallpaperView>(
-          m_state, services.preferences, services.usageStore, m_framing, services.textMetrics,
-          choicesOf(services.integrations))) {}
+          m_state, m_services.preferences, m_services.usageStore, m_framing, m_services.textMetrics,
+          choicesOf(m_services.integrations))) {}
 
 AppDelegate::~AppDelegate() = default;
 
 void AppDelegate::applicationDidFinishLaunching() {
     const Platform &platform = m_services.platform;
-    m_refresh = std::make_unique<IntegrationRefresh>(RefreshContext{
-        m_state, m_services.integrations, m_services.keychain, m_services.preferences,
-        platform.accountBackground, makeWebServices(platform, m_services.endpoints, m_framing)});
+    m_refresh = std::make_unique<IntegrationRefresh>(
+        RefreshContext{m_state, m_services.integrations, m_services.keychain,
+                       m_services.preferences, platform.accountBackground, m_webServices});
     m_coordinator = std::make_unique<SamplingCoordinator>(CoordinatorContext{
         m_state, platform, m_services.notifications, m_services.preferences, m_services.usageStore,
         m_services.location, m_services.endpoints, m_services.refreshPeriod, [this] {
@@ -69,6 +81,29 @@ void AppDelegate::applicationDidFinishLaunching() {
     observeChanges();
     updateInsets();
     redrawWindows();
+    platform.runLoop.after(shellRest, m_work.whileAlive([this] { launchShell(); }));
+}
+
+void AppDelegate::launchShell() {
+    const Platform &platform = m_services.platform;
+    const ShellPorts &ports = m_services.shellPorts();
+    m_shell = std::make_unique<ApplicationShell>(
+        ShellContext{.ports = ports,
+                     .defaults = platform.userDefaults,
+                     .background = platform.background,
+                     .inputEvents = platform.inputEvents,
+                     .makeWindows =
+                         [this, &ports] {
+                             return m_services.makeWindows(
+                                 {m_services, ports, m_state, *m_rootView, m_framing, m_webServices,
+                                  m_shell->launchAtLogin(), m_shell->desktopIcons()});
+                         },
+                     .startInput = [this] { m_coordinator->input().start(); },
+                     .persist = [this] { applicationWillTerminate(); },
+                     .terminate = m_services.terminate});
+    m_shell->launch();
+    m_services.requests.deliverTo(
+        m_work.whileAlive([this](UserRequest request) { m_shell->handle(request); }));
 }
 
 void AppDelegate::applicationWillTerminate() {

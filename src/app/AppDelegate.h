@@ -5,16 +5,20 @@
 #include "base/WorkOwner.h"
 #include "model/AppState.h"
 #include "ports/Screens.h"
+#include "services/refresh/IntegrationServices.h"
 #include "wording/FramingContext.h"
 
 #include <QStringList>
 
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <vector>
 
 namespace zeph {
 
+class ApplicationShell;
+class ApplicationWindows;
 class Calendar;
 class DesktopWindow;
 class IntegrationRefresh;
@@ -23,6 +27,7 @@ class Keychain;
 class LocationManager;
 class NotificationCenter;
 class PreferencesStore;
+class RequestInbox;
 class RootWallpaperView;
 class SamplingCoordinator;
 class ScenePainter;
@@ -30,6 +35,8 @@ class TextMetrics;
 class UsageStore;
 struct Endpoints;
 struct Platform;
+struct ShellPorts;
+struct WindowParts;
 
 /// What the delegate works with; everything outlives it.
 struct AppServices {
@@ -44,10 +51,16 @@ struct AppServices {
     std::chrono::milliseconds refreshPeriod; ///< of the web accounts
     const TextMetrics &textMetrics;
     ScenePainter &painter;
+    RequestInbox &requests;
+    std::function<const ShellPorts &()> shellPorts; ///< called once the first frame is shown
+    std::function<std::unique_ptr<ApplicationWindows>(const WindowParts &)>
+        makeWindows;                 ///< not before one is opened
+    std::function<void()> terminate; ///< has the program end
 };
 
-/// The spine of the process: owns the state, the coordinator and the desktop windows, launches
-/// them in order and rebuilds the windows when screens or selections change. Main thread only.
+/// The spine of the process: owns the state, the coordinator, the desktop windows and the shell,
+/// launches them in order and rebuilds the windows when screens or selections change. Main thread
+/// only.
 class AppDelegate {
 public:
     explicit AppDelegate(AppServices services);
@@ -55,6 +68,8 @@ public:
     AppDelegate(const AppDelegate &) = delete;
     AppDelegate &operator=(const AppDelegate &) = delete;
 
+    /// The wallpaper at once; tray, windows and all else of the shell after the first frame, and
+    /// then what the user asked for meanwhile.
     void applicationDidFinishLaunching();
 
     /// Saves today. Safe to call more than once, and before the launch finished.
@@ -73,11 +88,13 @@ private:
     void observeChanges();
     void redrawWindows();
     void updateInsets();
+    void launchShell();
     std::optional<Screen> primaryDesktopScreen() const;
 
     AppServices m_services;
     AppState m_state;
     FramingContext m_framing;
+    IntegrationServices m_webServices;
     std::unique_ptr<RootWallpaperView> m_rootView;
     std::unique_ptr<IntegrationRefresh> m_refresh;
     std::unique_ptr<SamplingCoordinator> m_coordinator;
@@ -85,6 +102,7 @@ private:
     QStringList m_builtScreenIDs;
     std::vector<Subscription> m_subscriptions;
     WorkOwner m_work;
+    std::unique_ptr<ApplicationShell> m_shell; // last: its windows show all the rest
 };
 
 } // namespace zeph

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/LinuxPlatform.h"
 
+#include "adapters/absent/AbsentServices.h"
 #include "adapters/apps/DesktopEntries.h"
 #include "adapters/bus/NetworkManagerWiFi.h"
 #include "adapters/calendar/EdsEventStore.h"
@@ -27,10 +28,16 @@
 #include "adapters/storage/JsonUserDefaults.h"
 #include "adapters/storage/LinuxDesktopFolder.h"
 #include "adapters/storage/UserDirs.h"
+#include "adapters/tray/DockedItem.h"
+#include "adapters/tray/LinuxStatusBar.h"
 #include "adapters/web/PluggedHttpClient.h"
+#include "adapters/windows/X11ApplicationPolicy.h"
 #include "base/Background.h"
+#include "drawing/painting/SymbolLibrary.h"
 #include "settings/Consents.h"
+#include "ui/tray/TrayMenu.h"
 
+#include <QApplication>
 #include <QDBusConnection>
 #include <QDir>
 #include <QFile>
@@ -45,6 +52,26 @@ namespace {
 constexpr int mostTasks = 16;
 
 const QString supplies = QStringLiteral("/sys/class/power_supply");
+
+const QString traySymbol = QStringLiteral("com.tavi.Tavi-symbolic");
+
+/// The tray's symbol where it is installed for the icon themes of the desktop, else nothing.
+QString installedTraySymbol() {
+    const QString found = QStandardPaths::locate(
+        QStandardPaths::GenericDataLocation,
+        QStringLiteral("icons/hicolor/symbolic/apps/%1.svg").arg(traySymbol));
+    return found.isEmpty() ? QString() : traySymbol;
+}
+
+ui::Appearance appearanceOf(const DesktopAppearance &desktop) {
+    if (desktop.wantsHighContrast()) {
+        return ui::Appearance::highContrast;
+    }
+    const bool isDark = desktop.scheme() == DesktopAppearance::Scheme::dark ||
+                        (desktop.scheme() == DesktopAppearance::Scheme::unknown &&
+                         QApplication::palette().color(QPalette::Window).lightness() < 128);
+    return isDark ? ui::Appearance::dark : ui::Appearance::light;
+}
 
 QByteArray fileName(const QString &path) {
     return QFile::encodeName(path);
@@ -135,6 +162,49 @@ struct LinuxPlatform::Adapters {
     Platform ports;
 };
 
+struct LinuxPlatform::Shell {
+    explicit Shell(Adapters &adapters)
+        : statusBar(QDBusConnection::sessionBus(), trayTools(),
+                    [](const TrayFacts &facts, const TrayTools &tools) {
+                        return DockedItem::make(facts, tools);
+                    }),
+          ports{.policy = policy,
+                .statusBar = statusBar,
+                .loginItem = loginItem,
+                .updates = updates,
+                .appearance = appearance,
+                .desktopShell = desktopShell,
+                .systemSettings = systemSettings,
+                .virtualDesktops = virtualDesktops,
+                .makeLocationClient = [&permission = adapters.locationPermission] {
+                    return std::make_unique<GeoClueLocationClient>(
+                        QDBusConnection::systemBus(), permission,
+                        [] { return zoneCity(SystemZone().id()); });
+                }} {}
+
+    TrayTools trayTools() {
+        return {.drawSymbol = [this](const QString &symbol,
+                                     int pixels) { return symbols.mask(symbol, pixels); },
+                .popUpMenu =
+                    [this](const std::vector<MenuItem> &menu, QPoint position) {
+                        ui::TrayMenu::popUp(menu, appearanceOf(appearance), position);
+                    },
+                .iconName = installedTraySymbol(),
+                .keyNames = trayKeyNamesOf(qEnvironmentVariable("XDG_CURRENT_DESKTOP"))};
+    }
+
+    SymbolLibrary symbols;
+    X11ApplicationPolicy policy;
+    absent::LoginItem loginItem;
+    absent::UpdateFramework updates;
+    absent::DesktopAppearance appearance;
+    absent::DesktopShell desktopShell;
+    absent::SystemSettings systemSettings;
+    absent::VirtualDesktops virtualDesktops;
+    LinuxStatusBar statusBar;
+    ShellPorts ports;
+};
+
 LinuxPlatform::LinuxPlatform(std::unique_ptr<Adapters> adapters)
     : m_adapters(std::move(adapters)) {}
 
@@ -156,6 +226,13 @@ LinuxPlatform::Created LinuxPlatform::create(const QString &defaultsPath, const 
 
 const Platform &LinuxPlatform::ports() const {
     return m_adapters->ports;
+}
+
+const ShellPorts &LinuxPlatform::shellPorts() {
+    if (!m_shell) {
+        m_shell = std::make_unique<Shell>(*m_adapters);
+    }
+    return m_shell->ports;
 }
 
 void LinuxPlatform::releaseTasks() {

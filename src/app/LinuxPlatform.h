@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ports/Platform.h"
+#include "ports/ShellPorts.h"
 
 #include <QString>
 
@@ -29,6 +30,9 @@ public:
 
     const Platform &ports() const;
 
+    /// Those of what stands around the wallpaper, made at the first call.
+    const ShellPorts &shellPorts();
+
     /// Lets tasks run, which wait at first so that they don't take the processor from the first
     /// frame.
     void releaseTasks();
@@ -43,9 +47,11 @@ public:
 private:
     struct Foundation;
     struct Adapters;
+    struct Shell;
     explicit LinuxPlatform(std::unique_ptr<Adapters> adapters);
 
     std::unique_ptr<Adapters> m_adapters;
+    std::unique_ptr<Shell> m_shell; // works with the adapters
 };
 
 } // namespace zeph

@@ -10,6 +10,8 @@
 #include "adapters/session/x11/X11Display.h"
 #include "adapters/storage/FolderLock.h"
 #include "app/LinuxPlatform.h"
+#include "app/RequestInbox.h"
+#include "app/Windows.h"
 #include "app/ZephApp.h"
 #include "base/NotificationCenter.h"
 #include "drawing/painting/OwnFonts.h"
@@ -74,7 +76,20 @@ void saveAtExit() {
     }
 }
 
-int runPrimary(const ProgramSettings &settings) {
+/// Not by quit(), which asks the windows first, and one of them may refuse.
+void endProgram() {
+    QCoreApplication::exit(EXIT_SUCCESS);
+}
+
+/// Takes the bus's word for it out of the environment, which other programs inherit.
+RequestInbox::Start takeStart() {
+    const bool isByBus = qEnvironmentVariableIsSet("DBUS_STARTER_BUS_TYPE");
+    qunsetenv("DBUS_STARTER_BUS_TYPE");
+    qunsetenv("DBUS_STARTER_ADDRESS");
+    return isByBus ? RequestInbox::Start::byRequest : RequestInbox::Start::byUser;
+}
+
+int runPrimary(const ProgramSettings &settings, RequestInbox &requests) {
     // Without a bus nobody else can tell that the program runs already, and two would write over
     // each other.
     const FolderLock lock(folder(QStandardPaths::GenericDataLocation), endPatience);
@@ -103,12 +118,25 @@ int runPrimary(const ProgramSettings &settings) {
     const QtTextMetrics textMetrics;
     SymbolLibrary symbols;
     ScenePainter painter(textMetrics, symbols);
-    ZephApp app(AppServices{ports, notifications, preferences, usageStore, integrations, keychain,
-                            location, settings.endpoints, settings.refreshPeriod, textMetrics,
-                            painter});
+    ZephApp app(AppServices{
+        .platform = ports,
+        .notifications = notifications,
+        .preferences = preferences,
+        .usageStore = usageStore,
+        .integrations = integrations,
+        .keychain = keychain,
+        .location = location,
+        .endpoints = settings.endpoints,
+        .refreshPeriod = settings.refreshPeriod,
+        .textMetrics = textMetrics,
+        .painter = painter,
+        .requests = requests,
+        .shellPorts = [platform]() -> const ShellPorts & { return platform->shellPorts(); },
+        .makeWindows = [](const WindowParts &parts) { return std::make_unique<Windows>(parts); },
+        .terminate = endProgram});
 
-    const UnixSignals signals([](int) { QCoreApplication::quit(); });
-    const Subscription loss = ports.windowServer.subscribeToLoss([] { QCoreApplication::quit(); });
+    const UnixSignals signals([](int) { endProgram(); });
+    const Subscription loss = ports.windowServer.subscribeToLoss(endProgram);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, [&app] { app.terminate(); });
     const std::function<void()> save = [&] {
         app.terminate();
@@ -168,6 +196,7 @@ bool isToRun(SingleInstance &instance) {
 } // namespace
 
 int runProgram(char **arguments, const ProgramSettings &settings) {
+    const RequestInbox::Start start = takeStart();
     avoidHungBuses(busPatience);
     auto display = std::make_unique<X11Display>();
     if (!display->isReachable()) {
@@ -180,15 +209,17 @@ int runProgram(char **arguments, const ProgramSettings &settings) {
     qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName(u"com.tavi.Tavi"_s);
+    QApplication::setApplicationName(u"com.tavi.Tavi"_s); // the class of the windows
     QApplication::setApplicationDisplayName(u"Tavi"_s);
     OwnFonts::use();
     const QApplication toolkit(argumentCount, arguments);
     display.reset();
 
-    SingleInstance instance(QDBusConnection::sessionBus(), [](const ApplicationRequest &) {
-        // Being started again asks for nothing that is here yet.
-    });
-    return isToRun(instance) ? runPrimary(settings) : EXIT_SUCCESS;
+    RequestInbox requests(start);
+    SingleInstance instance(
+        QDBusConnection::sessionBus(),
+        [&requests](const ApplicationRequest &request) { requests.take(request); });
+    return isToRun(instance) ? runPrimary(settings, requests) : EXIT_SUCCESS;
 }
 
 } // namespace zeph

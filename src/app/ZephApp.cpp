@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "app/ZephApp.h"
 
+#include <utility>
+
 namespace zeph {
 
-ZephApp::ZephApp(AppServices services) : m_delegate(services) {}
+ZephApp::ZephApp(AppServices services) : m_delegate(std::move(services)) {}
 
 void ZephApp::launch() {
     m_delegate.applicationDidFinishLaunching();

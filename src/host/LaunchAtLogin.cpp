@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "host/LaunchAtLogin.h"
 
-#include "base/Log.h"
 #include "ports/LoginItem.h"
+
+#include <cstdio>
 
 namespace zeph {
 
@@ -22,8 +23,9 @@ void LaunchAtLogin::setEnabled(bool enabled, std::function<void(bool)> done) {
     }
     m_item.setEnabled(enabled, [enabled, tell](const std::optional<QString> &error) {
         if (error) {
-            qCWarning(logSystem, "LaunchAtLogin: failed to %s: %s", enabled ? "enable" : "disable",
-                      qPrintable(*error));
+            std::printf("LaunchAtLogin: failed to %s: %s\n", enabled ? "enable" : "disable",
+                        qPrintable(*error));
+            std::fflush(stdout);
         }
         tell(!error);
     });

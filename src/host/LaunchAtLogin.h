@@ -15,7 +15,7 @@ public:
     bool isEnabled() const;
 
     /// `done` is told whether the wanted state holds at the end; where it does already, nothing is
-    /// asked of the system. A failure is logged.
+    /// asked of the system. A failure is printed.
     void setEnabled(bool enabled, std::function<void(bool holds)> done = {});
 
 private:

@@ -47,7 +47,7 @@ TEST_F(StartTest, endsAtOnceWhereTheProgramRunsAlready) {
     EXPECT_TRUE(second.endsWith(0, std::chrono::seconds(10))) << second.errors().toStdString();
     EXPECT_TRUE(first.isRunning());
     EXPECT_EQ(owner(), first.process());
-    EXPECT_EQ(client->findAll("Tavi").size(), 1);
+    EXPECT_EQ(wallpaperCount(), 1);
 }
 
 TEST_F(StartTest, takesThePlaceOfAProgramThatIsEnding) {
@@ -78,7 +78,7 @@ TEST_F(StartTest, endsAtOnceWhereTheProgramRunsThoughNoBusTellsOfIt) {
     bus.stop();
     const Program first(environment());
     ASSERT_TRUE(waitForWallpaper());
-    writeSettings("damaged");
+    writeSettingsFile("damaged");
     Program second(environment());
     EXPECT_TRUE(second.endsWith(0, std::chrono::seconds(10))) << second.errors().toStdString();
     EXPECT_TRUE(second.output().isEmpty()) << second.output().toStdString();

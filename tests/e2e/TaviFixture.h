@@ -13,10 +13,13 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <stdexcept>
 
@@ -44,6 +47,7 @@ protected:
         }
         QFile::setPermissions(path("runtime"),
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        writeSettings("{}");
     }
 
     QString path(const char *below) const { return home.filePath(QLatin1String(below)); }
@@ -79,11 +83,21 @@ protected:
             .toString(QStringLiteral("HH:mm"));
     }
 
+    /// Settings of a user who went through the first-run window, unless they tell otherwise.
     void writeSettings(const QByteArray &json) const {
+        QJsonObject settings = QJsonDocument::fromJson(json).object();
+        if (!settings.contains(QStringLiteral("zeph.onboarded"))) {
+            settings.insert(QStringLiteral("zeph.onboarded"), true);
+        }
+        writeSettingsFile(QJsonDocument(settings).toJson());
+    }
+
+    /// The bytes of the file of settings, whatever they are.
+    void writeSettingsFile(const QByteArray &bytes) const {
         QDir(path("config")).mkdir(QStringLiteral("Zeph"));
         QFile file(path("config/Zeph/defaults.json"));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(json), json.size());
+        ASSERT_EQ(file.write(bytes), bytes.size());
     }
 
     void startWindowManager() {
@@ -119,6 +133,17 @@ protected:
             },
             kPatience);
         return found;
+    }
+
+    bool isWallpaper(xcb_window_t window) const {
+        return client->atomNames(window, "_NET_WM_WINDOW_TYPE")
+            .contains("_NET_WM_WINDOW_TYPE_DESKTOP");
+    }
+
+    qsizetype wallpaperCount() const {
+        const QList<xcb_window_t> all = client->findAll("Tavi");
+        return std::count_if(all.begin(), all.end(),
+                             [this](xcb_window_t one) { return isWallpaper(one); });
     }
 
     QString databasePath() const { return path("data/Zeph/zeph.sqlite"); }

@@ -1,21 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/AppDelegate.h"
 
-#include "base/NotificationCenter.h"
-#include "drawing/painting/QtTextMetrics.h"
-#include "drawing/painting/ScenePainter.h"
-#include "drawing/painting/SymbolLibrary.h"
-#include "host/DesktopWindow.h"
+#include "AppDelegateFixture.h"
 #include "services/accounts/AccountCoding.h"
-#include "services/accounts/IntegrationsStore.h"
-#include "services/accounts/Keychain.h"
-#include "services/web/Endpoints.h"
-#include "settings/PreferencesStore.h"
-#include "support/FakePlatform.h"
-
-#include <gmock/gmock.h>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -24,44 +11,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class AppDelegateTest : public testing::Test, public FakePlatform {
-protected:
-    AppDelegateTest() {
-        screens.screens = {screen(u"A"_s, 1, 640, 400), screen(u"B"_s, 2, 640, 400, 640)};
-    }
-
-    void launch() {
-        delegate.applicationDidFinishLaunching();
-        loop.drain();
-    }
-
-    void settle() {
-        do {
-            executor.runAll();
-            loop.drain();
-        } while (executor.waiting() > 0);
-    }
-
-    std::vector<std::shared_ptr<SurfaceLog>> living() const {
-        std::vector<std::shared_ptr<SurfaceLog>> result;
-        std::copy_if(windowServer.logs.begin(), windowServer.logs.end(), std::back_inserter(result),
-                     [](const auto &log) { return log->alive; });
-        return result;
-    }
-
-    Endpoints endpoints;
-    NotificationCenter notifications;
-    PreferencesStore preferences{defaults, notifications, formatters};
-    QtTextMetrics textMetrics;
-    SymbolLibrary symbols;
-    ScenePainter painter{textMetrics, symbols};
-    Keychain keychain{secrets, defaults};
-    IntegrationsStore integrations{defaults, keychain, notifications, loop, executor};
-    AppDelegate delegate{AppServices{platform, notifications, preferences, *usageStore,
-                                     integrations, keychain, location, endpoints,
-                                     std::chrono::minutes(10), textMetrics, painter}};
-};
 
 TEST_F(AppDelegateTest, launchMovesTheSecretsOfAnEarlierVersionAwayFromTheMainThread) {
     delegate.applicationDidFinishLaunching();
@@ -85,9 +34,22 @@ TEST_F(AppDelegateTest, endpointsThatWereRefusedAtLaunchComeInWithALaterRefresh)
                 {u"custom_apis"_s, coding::json(std::vector<CustomAPIConfig>{config})});
     secrets.answer(SecretOutcome::refused);
     IntegrationsStore late{defaults, keychain, notifications, loop, executor};
-    AppDelegate asking{AppServices{platform, notifications, preferences, *usageStore, late,
-                                   keychain, location, endpoints, std::chrono::minutes(10),
-                                   textMetrics, painter}};
+    AppServices services{platform,
+                         notifications,
+                         preferences,
+                         *usageStore,
+                         late,
+                         keychain,
+                         location,
+                         endpoints,
+                         std::chrono::minutes(10),
+                         textMetrics,
+                         painter,
+                         requests,
+                         [this]() -> const ShellPorts & { return shell.ports; },
+                         [this](const WindowParts &) { return shell.makeWindows(); },
+                         [] {}};
+    AppDelegate asking{services};
     asking.applicationDidFinishLaunching();
     settle();
     EXPECT_TRUE(late.customAPIs().empty());

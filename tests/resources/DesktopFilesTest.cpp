@@ -23,21 +23,28 @@ QByteArray readResource(const QString &name) {
     return file.readAll();
 }
 
-/// The keys of the one group of a desktop entry; every line that is not one is a failure.
-QMap<QString, QString> desktopEntry() {
+/// The keys of a group of the desktop entry; every line of the entry that is neither a group nor a
+/// key is a failure.
+QMap<QString, QString> desktopEntry(const QString &group = u"Desktop Entry"_s) {
+    static const QRegularExpression groupLine(u"^\\[([A-Za-z -]+)\\]$"_s);
     static const QRegularExpression keyLine(u"^([A-Za-z0-9-]+)=(\\S.*\\S|\\S)$"_s);
-    QMap<QString, QString> keys;
+    QMap<QString, QMap<QString, QString>> groups;
     const QByteArray text = readResource(applicationId + u".desktop"_s);
     EXPECT_TRUE(text.endsWith('\n'));
-    QStringList lines = QString::fromUtf8(text).chopped(1).split(u'\n');
-    EXPECT_EQ(lines.takeFirst(), u"[Desktop Entry]");
-    for (const QString &line : lines) {
+    QString current;
+    for (const QString &line : QString::fromUtf8(text).chopped(1).split(u'\n')) {
+        const QRegularExpressionMatch opening = groupLine.match(line);
         const QRegularExpressionMatch match = keyLine.match(line);
-        EXPECT_TRUE(match.hasMatch()) << qPrintable(line);
-        EXPECT_FALSE(keys.contains(match.captured(1))) << qPrintable(line);
-        keys.insert(match.captured(1), match.captured(2));
+        EXPECT_TRUE(opening.hasMatch() || match.hasMatch() || line.isEmpty()) << qPrintable(line);
+        if (opening.hasMatch()) {
+            current = opening.captured(1);
+            EXPECT_FALSE(groups.contains(current)) << qPrintable(line);
+        } else if (match.hasMatch()) {
+            EXPECT_FALSE(groups[current].contains(match.captured(1))) << qPrintable(line);
+            groups[current].insert(match.captured(1), match.captured(2));
+        }
     }
-    return keys;
+    return groups[group];
 }
 
 /// What the metadata says once: the text or the attribute of an element below the root.
@@ -100,11 +107,13 @@ TEST(DesktopEntry, hasTheKeysOfAnApplication) {
 }
 
 TEST(DesktopEntry, usesOnlyKeysOfTheFormat) {
-    static const QSet<QString> known{u"Type"_s,        u"Version"_s,         u"Name"_s,
-                                     u"GenericName"_s, u"Comment"_s,         u"Exec"_s,
-                                     u"Icon"_s,        u"Terminal"_s,        u"Categories"_s,
-                                     u"Keywords"_s,    u"StartupNotify"_s,   u"StartupWMClass"_s,
-                                     u"NoDisplay"_s,   u"SingleMainWindow"_s};
+    static const QSet<QString> known{
+        u"Type"_s,           u"Version"_s,          u"Name"_s,
+        u"GenericName"_s,    u"Comment"_s,          u"Exec"_s,
+        u"Icon"_s,           u"Terminal"_s,         u"Categories"_s,
+        u"Keywords"_s,       u"StartupNotify"_s,    u"StartupWMClass"_s,
+        u"NoDisplay"_s,      u"SingleMainWindow"_s, u"Actions"_s,
+        u"DBusActivatable"_s};
     for (const QString &key : desktopEntry().keys()) {
         EXPECT_TRUE(known.contains(key)) << qPrintable(key);
     }
@@ -115,7 +124,7 @@ TEST(DesktopEntry, itsListsEndEachItemAndNameOneMainCategory) {
         u"AudioVideo"_s, u"Development"_s, u"Education"_s, u"Game"_s,   u"Graphics"_s, u"Network"_s,
         u"Office"_s,     u"Science"_s,     u"Settings"_s,  u"System"_s, u"Utility"_s};
     const QMap<QString, QString> keys = desktopEntry();
-    for (const QString &list : {u"Categories"_s, u"Keywords"_s}) {
+    for (const QString &list : {u"Categories"_s, u"Keywords"_s, u"Actions"_s}) {
         EXPECT_TRUE(keys[list].endsWith(u';')) << qPrintable(list);
     }
     int mains = 0;
@@ -123,6 +132,24 @@ TEST(DesktopEntry, itsListsEndEachItemAndNameOneMainCategory) {
         mains += mainCategories.contains(category) ? 1 : 0;
     }
     EXPECT_EQ(mains, 1);
+}
+
+TEST(DesktopEntry, itsActionsAreTheChoicesOfTheMenu) {
+    QStringList names;
+    for (const QString &action : desktopEntry()[u"Actions"_s].chopped(1).split(u';')) {
+        const QMap<QString, QString> keys = desktopEntry(u"Desktop Action "_s + action);
+        names.append(keys[u"Name"_s]);
+        EXPECT_FALSE(keys[u"Exec"_s].isEmpty()) << "for launchers that don't use the bus";
+    }
+    EXPECT_EQ(names,
+              QStringList({u"Settings & Permissions…"_s, u"Check for Updates…"_s, u"Quit Tavi"_s}));
+}
+
+TEST(DesktopEntry, theBusStartsTheProgramUnderItsName) {
+    EXPECT_EQ(desktopEntry()[u"DBusActivatable"_s], u"true");
+    const QByteArray service = readResource(applicationId + u".service.in"_s);
+    EXPECT_TRUE(service.contains("Name=com.tavi.Tavi\n"));
+    EXPECT_TRUE(service.contains("/tavi\n"));
 }
 
 TEST(DesktopEntry, namesTheApplicationIdForIconAndWindow) {
@@ -169,6 +196,23 @@ TEST(ApplicationIcon, fillsARoundedSquareAndLeavesItsCornersClear) {
     EXPECT_EQ(sky.alpha(), 255);
     EXPECT_GT(sky.blue(), sky.red());
     EXPECT_GT(sun.red(), sun.blue());
+}
+
+// Panels replace the fill of such an icon, and would fill an outline.
+TEST(TrayIcon, consistsOfFilledShapesAlone) {
+    const QByteArray text = readResource(applicationId + u"-symbolic.svg"_s);
+    EXPECT_FALSE(text.contains("stroke"));
+    EXPECT_FALSE(text.contains("fill=\"none\""));
+    QSvgRenderer renderer(text);
+    ASSERT_TRUE(renderer.isValid());
+    QImage image(48, 48, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    renderer.render(&painter);
+    painter.end();
+    EXPECT_EQ(qAlpha(image.pixel(24, 24)), 0) << "a ring, not a disc";
+    EXPECT_GT(qAlpha(image.pixel(24, 15)), 200);
+    EXPECT_GT(qAlpha(image.pixel(42, 24)), 100) << "a dot beside it";
 }
 
 } // namespace

@@ -13,10 +13,10 @@ struct ApplicationRequest {
     enum class Kind { activate, open, action };
 
     Kind kind = Kind::activate;
-    QStringList uris;         ///< of `open`
-    QString action;           ///< name of `action`
-    QVariantList parameters;  ///< of `action`
-    QVariantMap platformData; ///< such as an activation token; may be empty
+    QStringList uris = {};         ///< of `open`
+    QString action = {};           ///< name of `action`
+    QVariantList parameters = {};  ///< of `action`
+    QVariantMap platformData = {}; ///< such as an activation token; may be empty
 };
 
 } // namespace zeph

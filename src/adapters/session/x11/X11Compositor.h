@@ -1,30 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adapters/session/x11/X11EventListener.h"
-#include "base/ChangePublisher.h"
+#include "adapters/session/x11/X11Selection.h"
 
 #include <functional>
 
 namespace zeph {
 
 /// Whether a compositor blends the windows of the screen, followed without polling.
-class X11Compositor : private X11EventListener {
+class X11Compositor {
 public:
     explicit X11Compositor(X11Connection &connection);
 
-    bool isRunning() const { return m_owner != XCB_WINDOW_NONE; }
+    bool isRunning() const { return m_isRunning; }
 
     /// Calls `handler` whenever `isRunning` changed.
     [[nodiscard]] Subscription subscribe(std::function<void()> handler);
 
 private:
-    void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
-
-    xcb_atom_t m_selection;
-    xcb_window_t m_owner = XCB_WINDOW_NONE;
-    int m_firstEvent = -1; // of XFixes; negative when the server lacks it
+    X11Selection m_selection;
+    bool m_isRunning;
     ChangePublisher m_changes;
+    Subscription m_owners;
 };
 
 } // namespace zeph

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/settings/SettingsWindow.h"
+
+#include <vector>
+
+namespace zeph {
+
+namespace ui {
+struct SettingsContext;
+}
+
+/// The tab that tells of newer versions of the program.
+inline constexpr int updatesTab = 5;
+
+/// The tabs of the settings, in order. `context` outlives what they make.
+std::vector<ui::SettingsWindow::Tab> settingsTabs(const ui::SettingsContext &context);
+
+} // namespace zeph
