@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "app/LinuxPlatform.h"
 
-#include "adapters/absent/AbsentServices.h"
+#include "adapters/appearance/PortalAppearance.h"
 #include "adapters/apps/DesktopEntries.h"
 #include "adapters/bus/NetworkManagerWiFi.h"
 #include "adapters/calendar/EdsEventStore.h"
+#include "adapters/desktop/SettingsPages.h"
+#include "adapters/desktop/ToolDesktopShell.h"
 #include "adapters/focus/FocusSource.h"
 #include "adapters/focus/LinuxFocusFile.h"
 #include "adapters/kernel/ProcHostStatistics.h"
@@ -12,6 +14,8 @@
 #include "adapters/kernel/StatvfsVolume.h"
 #include "adapters/kernel/SystemClock.h"
 #include "adapters/locale/SystemZone.h"
+#include "adapters/login/AutostartEntry.h"
+#include "adapters/login/PortalLoginItem.h"
 #include "adapters/loop/QtRunLoop.h"
 #include "adapters/loop/QtTaskExecutor.h"
 #include "adapters/places/CityLister.h"
@@ -30,6 +34,7 @@
 #include "adapters/storage/UserDirs.h"
 #include "adapters/tray/DockedItem.h"
 #include "adapters/tray/LinuxStatusBar.h"
+#include "adapters/updates/PackageKitUpdates.h"
 #include "adapters/web/PluggedHttpClient.h"
 #include "adapters/windows/X11ApplicationPolicy.h"
 #include "base/Background.h"
@@ -71,6 +76,19 @@ ui::Appearance appearanceOf(const DesktopAppearance &desktop) {
                         (desktop.scheme() == DesktopAppearance::Scheme::unknown &&
                          QApplication::palette().color(QPalette::Window).lightness() < 128);
     return isDark ? ui::Appearance::dark : ui::Appearance::light;
+}
+
+QString currentDesktop() {
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+}
+
+std::unique_ptr<LoginItem> makeLoginItem(UserDefaults &defaults) {
+    const QString program = QCoreApplication::applicationFilePath();
+    if (runsInSandbox(program)) {
+        return std::make_unique<PortalLoginItem>(QDBusConnection::sessionBus(), defaults);
+    }
+    return std::make_unique<AutostartEntry>(
+        QStandardPaths::standardLocations(QStandardPaths::GenericConfigLocation), program);
 }
 
 QByteArray fileName(const QString &path) {
@@ -150,8 +168,8 @@ struct LinuxPlatform::Adapters {
     LinuxPowerSources powerSources{upower, supplies, background};
     BluezBatteries bluez{QDBusConnection::systemBus()};
     LinuxAccessories accessories{supplies, upower, bluez, runLoop};
-    LinuxFocusFile focusFile{focusSourceFor(qEnvironmentVariable("XDG_CURRENT_DESKTOP")),
-                             QDBusConnection::sessionBus(), background};
+    LinuxFocusFile focusFile{focusSourceFor(currentDesktop()), QDBusConnection::sessionBus(),
+                             background};
     EdsEventStore eventStore;
     LocationPermission locationPermission;
     GeoClueLocationClient locationClient{QDBusConnection::systemBus(), locationPermission,
@@ -164,18 +182,19 @@ struct LinuxPlatform::Adapters {
 
 struct LinuxPlatform::Shell {
     explicit Shell(Adapters &adapters)
-        : statusBar(QDBusConnection::sessionBus(), trayTools(),
+        : loginItem(makeLoginItem(adapters.defaults)),
+          statusBar(QDBusConnection::sessionBus(), trayTools(),
                     [](const TrayFacts &facts, const TrayTools &tools) {
                         return DockedItem::make(facts, tools);
                     }),
           ports{.policy = policy,
                 .statusBar = statusBar,
-                .loginItem = loginItem,
+                .loginItem = *loginItem,
                 .updates = updates,
                 .appearance = appearance,
-                .desktopShell = desktopShell,
+                .desktopShell = *desktopShell,
                 .systemSettings = systemSettings,
-                .virtualDesktops = virtualDesktops,
+                .virtualDesktops = adapters.session->virtualDesktops(),
                 .makeLocationClient = [&permission = adapters.locationPermission] {
                     return std::make_unique<GeoClueLocationClient>(
                         QDBusConnection::systemBus(), permission,
@@ -195,12 +214,13 @@ struct LinuxPlatform::Shell {
 
     SymbolLibrary symbols;
     X11ApplicationPolicy policy;
-    absent::LoginItem loginItem;
-    absent::UpdateFramework updates;
-    absent::DesktopAppearance appearance;
-    absent::DesktopShell desktopShell;
-    absent::SystemSettings systemSettings;
-    absent::VirtualDesktops virtualDesktops;
+    std::unique_ptr<LoginItem> loginItem;
+    PackageKitUpdates updates{QDBusConnection::systemBus(),
+                              QCoreApplication::applicationFilePath()};
+    PortalAppearance appearance{QDBusConnection::sessionBus()};
+    std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(currentDesktop());
+    SettingsPages systemSettings{
+        currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)};
     LinuxStatusBar statusBar;
     ShellPorts ports;
 };
@@ -233,6 +253,10 @@ const ShellPorts &LinuxPlatform::shellPorts() {
         m_shell = std::make_unique<Shell>(*m_adapters);
     }
     return m_shell->ports;
+}
+
+Consents &LinuxPlatform::consents() {
+    return m_adapters->foundation->consents;
 }
 
 void LinuxPlatform::releaseTasks() {

@@ -11,6 +11,8 @@
 
 namespace zeph {
 
+struct Consents;
+
 /// The ports of this machine: Linux with an X11 desktop. Main thread only; the application
 /// object has to exist.
 class LinuxPlatform {
@@ -32,6 +34,9 @@ public:
 
     /// Those of what stands around the wallpaper, made at the first call.
     const ShellPorts &shellPorts();
+
+    /// What the user allowed, which the adapters go by.
+    Consents &consents();
 
     /// Lets tasks run, which wait at first so that they don't take the processor from the first
     /// frame.

@@ -132,7 +132,10 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests) {
         .painter = painter,
         .requests = requests,
         .shellPorts = [platform]() -> const ShellPorts & { return platform->shellPorts(); },
-        .makeWindows = [](const WindowParts &parts) { return std::make_unique<Windows>(parts); },
+        .makeWindows =
+            [platform](const WindowParts &parts) {
+                return std::make_unique<Windows>(parts, platform->consents());
+            },
         .terminate = endProgram});
 
     const UnixSignals signals([](int) { endProgram(); });

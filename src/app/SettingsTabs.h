@@ -11,6 +11,9 @@ namespace ui {
 struct SettingsContext;
 }
 
+/// The tab where the user allows what the program may know.
+inline constexpr int permissionsTab = 4;
+
 /// The tab that tells of newer versions of the program.
 inline constexpr int updatesTab = 5;
 

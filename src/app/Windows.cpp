@@ -18,57 +18,63 @@
 
 namespace zeph {
 
-namespace {
-
-PermissionsContext permissionsOf(const WindowParts &parts, CalendarPermission &calendars) {
-    const Platform &platform = parts.services.platform;
-    return {.inputEvents = platform.inputEvents,
-            .locationClient = &platform.locationClient,
-            .makeLocationClient = parts.shell.makeLocationClient,
-            .calendarPermission = calendars,
-            .systemSettings = parts.shell.systemSettings,
-            .runLoop = platform.runLoop,
-            .activateApplication = [&policy = parts.shell.policy] { policy.activate(); }};
-}
-
-ui::SettingsContext contextOf(const WindowParts &parts, CalendarPermission &calendars,
-                              const ServiceCheck &serviceCheck) {
-    const AppServices &services = parts.services;
-    const Platform &platform = services.platform;
-    return {.preferences = services.preferences,
-            .integrations = services.integrations,
-            .state = parts.state,
-            .defaults = platform.userDefaults,
-            .notifications = services.notifications,
-            .runLoop = platform.runLoop,
-            .clock = platform.clock,
-            .framing = parts.framing,
-            .screens = platform.screens,
-            .virtualDesktops = parts.shell.virtualDesktops,
-            .appearance = parts.shell.appearance,
-            .permissions = PermissionsManager::make(permissionsOf(parts, calendars)),
-            .systemSettings = parts.shell.systemSettings,
-            .launchAtLogin = parts.launchAtLogin,
-            .desktopIcons = parts.desktopIcons,
-            .updates = parts.shell.updates,
-            .serviceCheck = serviceCheck,
-            .wallpaper = parts.wallpaper,
-            .painter = services.painter};
-}
-
-} // namespace
-
-Windows::Windows(const WindowParts &parts)
+Windows::Windows(const WindowParts &parts, Consents &consents)
     : m_parts(parts),
       m_calendarPermission(parts.services.platform.eventStore),
       m_serviceCheck(
           parts.services.platform.accountBackground,
           FetchTools{parts.webServices, parts.services.integrations, parts.services.keychain}),
-      m_context(contextOf(m_parts, m_calendarPermission, m_serviceCheck)) {
+      m_context(makeContext(consents)) {
     OwnFonts::takeAll(); // the windows have texts of the user's in them
 }
 
 Windows::~Windows() = default;
+
+PermissionsContext Windows::permissions(Consents &consents) {
+    const Platform &platform = m_parts.services.platform;
+    const ShellPorts &shell = m_parts.shell;
+    return {.inputEvents = platform.inputEvents,
+            .locationClient = &platform.locationClient,
+            .makeLocationClient = shell.makeLocationClient,
+            .calendarPermission = m_calendarPermission,
+            .systemSettings = shell.systemSettings,
+            .runLoop = platform.runLoop,
+            .activateApplication = [&policy = shell.policy] { policy.activate(); },
+            .consents = consents,
+            .showPermissions = m_work.whileAlive([this] { showPermissions(); })};
+}
+
+ui::SettingsContext Windows::makeContext(Consents &consents) {
+    const AppServices &services = m_parts.services;
+    const Platform &platform = services.platform;
+    return {.preferences = services.preferences,
+            .integrations = services.integrations,
+            .state = m_parts.state,
+            .defaults = platform.userDefaults,
+            .notifications = services.notifications,
+            .runLoop = platform.runLoop,
+            .clock = platform.clock,
+            .framing = m_parts.framing,
+            .screens = platform.screens,
+            .virtualDesktops = m_parts.shell.virtualDesktops,
+            .appearance = m_parts.shell.appearance,
+            .permissions = PermissionsManager::make(permissions(consents)),
+            .systemSettings = m_parts.shell.systemSettings,
+            .launchAtLogin = m_parts.launchAtLogin,
+            .desktopIcons = m_parts.desktopIcons,
+            .updates = m_parts.shell.updates,
+            .serviceCheck = m_serviceCheck,
+            .wallpaper = m_parts.wallpaper,
+            .painter = services.painter};
+}
+
+/// Unless they are what the user is looking at: the window stays where it was put.
+void Windows::showPermissions() {
+    if (!settings().isVisible() || settings().currentTab() != permissionsTab) {
+        settings().showTab(permissionsTab);
+        openSettings();
+    }
+}
 
 ui::SettingsWindow &Windows::settings() {
     if (!m_settings) {

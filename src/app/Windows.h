@@ -9,6 +9,9 @@
 
 namespace zeph {
 
+struct Consents;
+struct PermissionsContext;
+
 namespace ui {
 class OnboardingWindow;
 class SettingsWindow;
@@ -17,7 +20,8 @@ class SettingsWindow;
 /// The program's windows over the toolkit. Each is made when it is first opened.
 class Windows : public ApplicationWindows {
 public:
-    explicit Windows(const WindowParts &parts);
+    /// `consents` are those that the adapters go by.
+    Windows(const WindowParts &parts, Consents &consents);
     ~Windows() override;
 
     void openSettings() override;
@@ -26,15 +30,18 @@ public:
     void closeOnboarding() override;
 
 private:
+    ui::SettingsContext makeContext(Consents &consents);
+    PermissionsContext permissions(Consents &consents);
+    void showPermissions();
     ui::SettingsWindow &settings();
 
     WindowParts m_parts;
+    WorkOwner m_work;
     CalendarPermission m_calendarPermission;
     ServiceCheck m_serviceCheck;
     ui::SettingsContext m_context;
     std::unique_ptr<ui::SettingsWindow> m_settings;
     std::unique_ptr<ui::OnboardingWindow> m_onboarding;
-    WorkOwner m_work;
 };
 
 } // namespace zeph
