@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/controls/Card.h"
+#include "ui/settings/Pane.h"
+#include "ui/settings/SettingsContext.h"
+
+class QButtonGroup;
+
+namespace zeph::ui {
+
+class ColorWell;
+class PercentSlider;
+class Segmented;
+class TextLabel;
+
+/// What lies behind the widgets.
+class BackgroundCard : public Card {
+public:
+    explicit BackgroundCard(const SettingsContext &context, QWidget *parent = nullptr);
+
+    std::vector<SearchEntry> searchEntries() const;
+
+private:
+    QWidget *makeBody();
+    QWidget *makeColors();
+    QWidget *makeSwatches();
+    QWidget *makeOpacity();
+    void refresh();
+    void refreshColors();
+
+    SettingsContext m_context;
+    Segmented *m_mode;
+    TextLabel *m_description;
+    QButtonGroup *m_swatches; ///< in the order of the presets
+    TextLabel *m_colorName;
+    ColorWell *m_customColor;
+    PercentSlider *m_opacity;
+    QWidget *m_colors;       ///< shown with one colour
+    QWidget *m_transparency; ///< shown while the desktop shows through
+};
+
+} // namespace zeph::ui
