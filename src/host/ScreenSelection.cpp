@@ -34,20 +34,21 @@ std::optional<Screen> formerlyChosen(const QString &stored, const std::vector<Sc
 
 } // namespace
 
+std::optional<Screen> chosenScreen(const OneScreen &choice, const std::vector<Screen> &all) {
+    const auto chosen = std::find_if(all.begin(), all.end(), [&choice](const Screen &screen) {
+        return screen.persistentID == choice.identity;
+    });
+    return chosen == all.end() ? formerlyChosen(choice.identity, all) : std::optional(*chosen);
+}
+
 std::vector<Screen> selectedScreens(const DisplaySelection &selection, const Screens &screens) {
     std::vector<Screen> all = screens.all();
     const auto *one = std::get_if<OneScreen>(&selection);
     if (!one) {
         return all;
     }
-    const auto chosen = std::find_if(all.begin(), all.end(), [one](const Screen &screen) {
-        return screen.persistentID == one->identity;
-    });
-    if (chosen != all.end()) {
+    if (const auto chosen = chosenScreen(*one, all)) {
         return {*chosen};
-    }
-    if (const auto former = formerlyChosen(one->identity, all)) {
-        return {*former};
     }
     if (const auto main = screens.main()) {
         return {*main};

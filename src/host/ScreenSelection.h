@@ -14,6 +14,10 @@ namespace zeph {
 /// means the one screen with the rest of it.
 std::vector<Screen> selectedScreens(const DisplaySelection &selection, const Screens &screens);
 
+/// The screen that is meant by the choice of one, which may be written in a former way; absent
+/// while it is unplugged.
+std::optional<Screen> chosenScreen(const OneScreen &choice, const std::vector<Screen> &all);
+
 /// The identity that tells one built set of windows from another: the persistent identity, else
 /// the display number in decimal, else "main".
 QString builtIdentity(const Screen &screen);

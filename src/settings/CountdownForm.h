@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/TakenOut.h"
 #include "settings/CountdownEvent.h"
 
 #include <array>
@@ -42,13 +43,7 @@ struct CountdownRow {
 std::vector<CountdownRow> countdownRows(const std::vector<CountdownEvent> &events,
                                         const Formatters &formatters);
 
-/// An event that was taken out of the list, and where it stood.
-struct RemovedCountdown {
-    CountdownEvent event;
-    std::size_t place = 0;
-
-    bool operator==(const RemovedCountdown &) const = default;
-};
+using RemovedCountdown = TakenOut<CountdownEvent>;
 
 /// Takes an event out; absent when it is not there.
 std::optional<RemovedCountdown> removeCountdown(const QUuid &id, PreferencesStore &preferences);

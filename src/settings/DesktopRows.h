@@ -9,6 +9,8 @@
 
 namespace zeph {
 
+class PreferencesStore;
+
 /// A row of the choice of workspaces.
 struct DesktopRow {
     std::optional<int> number; ///< absent for the row of all
@@ -26,5 +28,8 @@ std::vector<DesktopRow> desktopRows(const DesktopSelection &selection,
 /// The choice after a click on a workspace. The last chosen one stays chosen; the first after
 /// "all" is chosen alone.
 DesktopSelection toggled(const DesktopSelection &selection, int number);
+
+/// Stores that choice; a click that changes nothing is not told of.
+void toggleDesktop(int number, PreferencesStore &preferences);
 
 } // namespace zeph

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "settings/PreferenceCoding.h"
 
+#include "base/UuidText.h"
+#include "base/WholeNumber.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -8,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -84,22 +88,12 @@ std::optional<std::map<QString, Case>> mapFromJson(const std::array<RawText<Case
     return values;
 }
 
-/// A base-10 integer: an optional sign and digits, without the spaces that Qt would forgive.
-std::optional<int> integer(const QString &piece) {
-    const bool isSigned = piece.startsWith(u'-') || piece.startsWith(u'+');
-    const auto digits = QStringView(piece).mid(isSigned ? 1 : 0);
-    const bool allDigits =
-        std::all_of(digits.begin(), digits.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
-    bool fits = false;
-    const int value = piece.toInt(&fits, 10);
-    return allDigits && fits ? std::optional(value) : std::nullopt;
-}
-
-/// The hyphenated form without braces, in either case.
-std::optional<QUuid> uuid(const QString &text) {
-    const QUuid id = QUuid::fromString(text);
-    const bool sameForm = id.toString(QUuid::WithoutBraces).compare(text, Qt::CaseInsensitive) == 0;
-    return sameForm ? std::optional(id) : std::nullopt;
+/// A number that a workspace can have.
+std::optional<int> desktopNumber(const QString &piece) {
+    const auto number = wholeNumber(piece);
+    const bool fits = number && *number >= std::numeric_limits<int>::min() &&
+                      *number <= std::numeric_limits<int>::max();
+    return fits ? std::optional(static_cast<int>(*number)) : std::nullopt;
 }
 
 bool isMissing(const QJsonValue &value) {
@@ -111,7 +105,7 @@ std::optional<CountdownEvent> countdown(const QJsonValue &json) {
     const QJsonValue title = json["title"_L1];
     const QJsonValue date = json["date"_L1];
     const QJsonValue recurrence = json["recurrence"_L1];
-    const auto knownId = isMissing(id) ? QUuid::createUuid() : uuid(id.toString());
+    const auto knownId = isMissing(id) ? QUuid::createUuid() : uuidFromText(id.toString());
     const auto knownRecurrence = isMissing(recurrence) ? CountdownRecurrence::none
                                                        : caseIn(recurrences, recurrence.toString());
     if (!title.isString() || !date.isDouble() || !knownId || !knownRecurrence) {
@@ -131,6 +125,9 @@ QString raw(BackgroundMode mode) {
 }
 QString raw(UnitSystem system) {
     return rawIn(unitSystems, system);
+}
+QString raw(CountdownRecurrence recurrence) {
+    return rawIn(recurrences, recurrence);
 }
 
 std::optional<WidgetLayoutMode> layoutMode(const QString &raw) {
@@ -167,7 +164,7 @@ QString text(const DesktopSelection &selection) {
 DesktopSelection desktopSelection(const QString &text) {
     SomeDesktops desktops;
     for (const QString &piece : text.split(u',', Qt::SkipEmptyParts)) {
-        if (const auto number = integer(piece)) {
+        if (const auto number = desktopNumber(piece)) {
             desktops.numbers.insert(*number);
         }
     }
@@ -216,7 +213,7 @@ std::optional<QByteArray> json(const std::vector<CountdownEvent> &countdowns) {
             return std::nullopt;
         }
         array.append(QJsonObject{
-            {u"id"_s, event.id.toString(QUuid::WithoutBraces).toUpper()},
+            {u"id"_s, uuidText(event.id)},
             {u"title"_s, event.title},
             {u"date"_s, event.date.secondsSince1970 - referenceDateSince1970},
             {u"recurrence"_s, rawIn(recurrences, event.recurrence)},

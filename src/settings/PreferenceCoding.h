@@ -19,6 +19,7 @@ namespace zeph::coding {
 QString raw(WidgetLayoutMode mode);
 QString raw(BackgroundMode mode);
 QString raw(UnitSystem system);
+QString raw(CountdownRecurrence recurrence);
 std::optional<WidgetLayoutMode> layoutMode(const QString &raw);
 std::optional<BackgroundMode> backgroundMode(const QString &raw);
 std::optional<UnitSystem> unitSystem(const QString &raw);

@@ -85,10 +85,17 @@ WidgetPlacement PreferencesStore::placement(WidgetKind kind) const {
 }
 
 void PreferencesStore::set(WidgetPlacement placement, WidgetKind kind) {
-    objectWillChange.send();
-    m_placements[rawValue(kind)] = placement;
-    m_defaults.set(placementsKey, coding::json(m_placements));
-    m_notifications.post(notifications::zephPreferencesChanged);
+    auto placements = m_placements;
+    placements[rawValue(kind)] = placement;
+    setPlacements(placements);
+}
+
+bool PreferencesStore::hasChosenPlacement(WidgetKind kind) const {
+    return m_placements.count(rawValue(kind)) > 0;
+}
+
+bool PreferencesStore::hasChosenSize(WidgetKind kind) const {
+    return m_sizes.count(rawValue(kind)) > 0;
 }
 
 WidgetSizeOption PreferencesStore::size(WidgetKind kind) const {
@@ -96,10 +103,17 @@ WidgetSizeOption PreferencesStore::size(WidgetKind kind) const {
 }
 
 void PreferencesStore::setSize(WidgetSizeOption size, WidgetKind kind) {
-    objectWillChange.send();
-    m_sizes[rawValue(kind)] = size;
-    m_defaults.set(sizesKey, coding::json(m_sizes));
-    m_notifications.post(notifications::zephPreferencesChanged);
+    auto sizes = m_sizes;
+    sizes[rawValue(kind)] = size;
+    setSizes(sizes);
+}
+
+void PreferencesStore::setPlacements(const std::map<QString, WidgetPlacement> &placements) {
+    change(m_placements, placements, placementsKey, coding::json(placements));
+}
+
+void PreferencesStore::setSizes(const std::map<QString, WidgetSizeOption> &sizes) {
+    change(m_sizes, sizes, sizesKey, coding::json(sizes));
 }
 
 void PreferencesStore::setLayoutMode(WidgetLayoutMode mode) {

@@ -33,10 +33,19 @@ public:
     WidgetPlacement placement(WidgetKind kind) const;
     bool isOn(WidgetKind kind) const { return placement(kind) != WidgetPlacement::off; }
     void set(WidgetPlacement placement, WidgetKind kind);
-    bool hasChosenPlacement(WidgetKind kind) const; ///< false while the default counts
+
+    /// Whether the user chose for this very widget; a choice for a widget that it was once one of
+    /// doesn't count.
+    bool hasChosenPlacement(WidgetKind kind) const;
     bool hasChosenSize(WidgetKind kind) const;
     WidgetSizeOption size(WidgetKind kind) const;
     void setSize(WidgetSizeOption size, WidgetKind kind);
+
+    /// What was chosen, by raw values; a widget without an entry has its default.
+    const std::map<QString, WidgetPlacement> &placements() const { return m_placements; }
+    void setPlacements(const std::map<QString, WidgetPlacement> &placements);
+    const std::map<QString, WidgetSizeOption> &sizes() const { return m_sizes; }
+    void setSizes(const std::map<QString, WidgetSizeOption> &sizes);
 
     WidgetLayoutMode layoutMode() const { return m_layoutMode; }
     void setLayoutMode(WidgetLayoutMode mode);

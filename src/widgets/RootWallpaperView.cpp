@@ -90,6 +90,13 @@ std::optional<AmbientBackground> RootWallpaperView::backdrop(bool surfaceIsTrans
     return background().picture(*m_state.now);
 }
 
+std::vector<WidgetKind> RootWallpaperView::cutOff(const QSizeF &size) const {
+    const WidgetContext context{m_state, m_preferences, m_usage, m_framing, palette(), m_accounts};
+    const auto kinds = WidgetLayoutCatalog::orderedKinds(
+        m_state, m_preferences, m_accounts.quoteEnabled(), m_framing.calendar);
+    return WallpaperContentView(context, contentArea(size).size()).cutOff(kinds, {m_metrics});
+}
+
 Scene RootWallpaperView::scene(const QSizeF &size, bool surfaceIsTransparent) const {
     Scene scene;
     scene.backdrop = backdrop(surfaceIsTransparent);

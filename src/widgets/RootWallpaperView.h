@@ -4,6 +4,7 @@
 #include "drawing/palette/Palette.h"
 #include "drawing/scene/Scene.h"
 #include "settings/PreferenceChoices.h"
+#include "settings/WidgetKind.h"
 #include "widgets/AccountChoices.h"
 #include "widgets/AmbientBackgroundView.h"
 #include "widgets/HiddenWidgetsLog.h"

@@ -3,7 +3,6 @@
 
 #include "drawing/view/FixedColumnFlow.h"
 #include "drawing/view/Views.h"
-#include "drawing/view/WallpaperStackLayout.h"
 #include "drawing/view/WidgetScaleLayout.h"
 #include "model/AppState.h"
 #include "settings/PreferencesStore.h"
@@ -23,6 +22,9 @@ namespace {
 
 constexpr double smallScale = 0.85;
 constexpr double largeScale = 1.3;
+
+/// What sums of sizes may be off by, in points.
+constexpr double hairsBreadth = 0.5;
 
 QString summaryTitle(WidgetKind kind) {
     switch (kind) {
@@ -78,6 +80,13 @@ View accountWidget(WidgetKind kind, const WidgetContext &context) {
     }
 }
 
+std::vector<WidgetKind> rowKinds(const WallpaperContentView::FlowRow &row) {
+    if (const auto *one = std::get_if<WallpaperContentView::WidgetRow>(&row)) {
+        return {one->kind};
+    }
+    return std::get<WallpaperContentView::IntegrationCardsRow>(row).kinds;
+}
+
 } // namespace
 
 std::vector<WallpaperContentView::FlowRow>
@@ -114,19 +123,53 @@ QString WallpaperContentView::identity(const FlowRow &row) {
 }
 
 View WallpaperContentView::body(const std::vector<WidgetKind> &kinds) const {
-    std::vector<WidgetKind> flow = kinds;
-    const bool hasClock = std::erase(flow, WidgetKind::clock) > 0;
-    std::vector<View> children;
-    for (const FlowRow &row : flowRows(flow)) {
-        children.push_back(flowRow(row, {}));
-    }
+    Flow all = flow(kinds);
+    return wallpaperStack(all.layout, std::move(all.views));
+}
+
+WallpaperContentView::Flow WallpaperContentView::flow(const std::vector<WidgetKind> &kinds) const {
+    Flow all;
+    all.layout.maxHeight = std::max(m_available.height(), 1.0);
+    std::vector<WidgetKind> flowing = kinds;
+    const bool hasClock = std::erase(flowing, WidgetKind::clock) > 0;
+    all.rows = flowRows(flowing);
     if (hasClock) {
-        children.push_back(sizedWidget(WidgetKind::clock));
+        all.rows.emplace_back(WidgetRow{WidgetKind::clock});
     }
-    WallpaperStackLayout layout;
-    layout.maxHeight = std::max(m_available.height(), 1.0);
-    layout.anchorsLast = hasClock;
-    return wallpaperStack(layout, std::move(children));
+    for (const FlowRow &row : all.rows) {
+        all.views.push_back(flowRow(row, {}));
+    }
+    all.layout.anchorsLast = hasClock;
+    return all;
+}
+
+std::vector<WidgetKind> WallpaperContentView::cutOff(const std::vector<WidgetKind> &kinds,
+                                                     const LayoutContext &layout) const {
+    const Flow all = flow(kinds);
+    WallpaperStackLayout stack = all.layout;
+    stack.anchorsLast = stack.anchorsLast && !all.views.back().isEmpty();
+    std::vector<const FlowRow *> rows;
+    std::vector<QSizeF> sizes;
+    for (std::size_t at = 0; at < all.views.size(); ++at) {
+        if (!all.views[at].isEmpty()) {
+            rows.push_back(&all.rows[at]);
+            sizes.push_back(all.views[at].measure({}, layout));
+        }
+    }
+    const auto arrangement = stack.arrange(sizes);
+    std::vector<WidgetKind> outside;
+    for (std::size_t at = 0; at < rows.size(); ++at) {
+        const QRectF &frame = arrangement.frames[at];
+        const bool isOutside = frame.right() > m_available.width() + hairsBreadth ||
+                               frame.bottom() > m_available.height() + hairsBreadth;
+        const bool isOverClock = stack.anchorsLast && at + 1 < rows.size() &&
+                                 frame.intersects(arrangement.frames.back());
+        if (isOutside || isOverClock) {
+            const auto kindsOfRow = rowKinds(*rows[at]);
+            outside.insert(outside.end(), kindsOfRow.begin(), kindsOfRow.end());
+        }
+    }
+    return outside;
 }
 
 View WallpaperContentView::flowRow(const FlowRow &row,

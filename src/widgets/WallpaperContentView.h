@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "drawing/view/View.h"
+#include "drawing/view/WallpaperStackLayout.h"
 #include "model/SimpleIntegrationStats.h"
 #include "settings/WidgetKind.h"
 #include "widgets/WidgetContext.h"
@@ -47,6 +47,10 @@ public:
     /// All of `kinds`, which stand in the order of the flow; the clock leaves it for its corner.
     View body(const std::vector<WidgetKind> &kinds) const;
 
+    /// The widgets of `kinds` that the content area has no room for, whole or in part, in order.
+    std::vector<WidgetKind> cutOff(const std::vector<WidgetKind> &kinds,
+                                   const LayoutContext &layout) const;
+
     /// The records that the cards of `kinds` show, kind by kind; those of a provider whose key is
     /// excluded are left out.
     std::vector<IntegrationCardItem>
@@ -65,6 +69,14 @@ public:
     View widget(WidgetKind kind) const;
 
 private:
+    /// What the stack holds: the views of the flow, and last the clock where there is one.
+    struct Flow {
+        std::vector<FlowRow> rows; ///< one a view that draws something
+        std::vector<View> views;
+        WallpaperStackLayout layout;
+    };
+    Flow flow(const std::vector<WidgetKind> &kinds) const;
+
     WidgetContext m_context;
     QSizeF m_available;
 };

@@ -71,6 +71,59 @@ TEST_F(WallpaperContent, withoutTheClockNothingIsPinned) {
     EXPECT_LT(naturalSize(body).height(), 200);
 }
 
+TEST_F(WallpaperContent, whatFitsIsNotCutOff) {
+    EXPECT_TRUE(content.cutOff({}, {metrics}).empty());
+    EXPECT_TRUE(
+        content.cutOff({WidgetKind::meeting, WidgetKind::machine, WidgetKind::clock}, {metrics})
+            .empty());
+}
+
+TEST_F(WallpaperContent, aWidgetExactlyAsLargeAsTheAreaIsNotCutOff) {
+    const QSizeF size = naturalSize(content.widget(WidgetKind::machine));
+    const auto cutOff = [this](const QSizeF &available) {
+        return WallpaperContentView(context, available).cutOff({WidgetKind::machine}, {metrics});
+    };
+    EXPECT_TRUE(cutOff(size).empty());
+    EXPECT_EQ(cutOff(size - QSizeF(1, 0)), std::vector{WidgetKind::machine});
+    EXPECT_EQ(cutOff(size - QSizeF(0, 1)), std::vector{WidgetKind::machine});
+}
+
+TEST_F(WallpaperContent, theColumnsBeyondTheRightEdgeAreCutOff) {
+    const double width = naturalSize(content.widget(WidgetKind::meeting)).width();
+    const WallpaperContentView narrow(context, {width, 60});
+    EXPECT_EQ(
+        narrow.cutOff({WidgetKind::meeting, WidgetKind::topApp, WidgetKind::weather}, {metrics}),
+        (std::vector{WidgetKind::topApp, WidgetKind::weather}));
+}
+
+TEST_F(WallpaperContent, aFirstWidgetThatReachesIntoTheClockIsCutOff) {
+    const double machine = naturalSize(content.widget(WidgetKind::machine)).height();
+    const double clock = naturalSize(content.widget(WidgetKind::clock)).height();
+    const std::vector kinds{WidgetKind::machine, WidgetKind::clock};
+    EXPECT_TRUE(
+        WallpaperContentView(context, {1200, machine + clock}).cutOff(kinds, {metrics}).empty());
+    EXPECT_EQ(WallpaperContentView(context, {1200, machine + clock - 2}).cutOff(kinds, {metrics}),
+              std::vector{WidgetKind::machine});
+}
+
+TEST_F(WallpaperContent, aBlockOfCardsIsCutOffAsAWhole) {
+    SimpleIntegrationStats stats;
+    stats.updated = at(9, 0);
+    stats.headline = u"h"_s;
+    stats.provider = u"reddit"_s;
+    SimpleIntegrationStats other = stats;
+    other.provider = u"bluesky"_s;
+    state.simpleStats = std::vector{stats, other};
+    const WallpaperContentView flat(context, {1200, 4});
+    EXPECT_EQ(flat.cutOff({WidgetKind::reddit, WidgetKind::bluesky}, {metrics}),
+              (std::vector{WidgetKind::reddit, WidgetKind::bluesky}));
+}
+
+TEST_F(WallpaperContent, whatDrawsNothingIsNotCutOff) {
+    const WallpaperContentView none(context, {0, 0});
+    EXPECT_TRUE(none.cutOff({WidgetKind::reddit, WidgetKind::quote}, {metrics}).empty());
+}
+
 TEST_F(WallpaperContent, withoutHeightEveryWidgetOpensItsOwnColumn) {
     const WallpaperContentView flat(context, {1200, 0});
     const View body = flat.body({WidgetKind::meeting, WidgetKind::machine, WidgetKind::progress});

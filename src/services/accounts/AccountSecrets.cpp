@@ -65,9 +65,19 @@ void AccountSecrets::keep(const QString &secret, const QUuid &id, SecretDone don
         });
 }
 
-void AccountSecrets::markConnected(const QUuid &id) {
+void AccountSecrets::mark(const QUuid &id, bool isConnected) {
     ++m_decisions[id];
-    m_defaults.set(configuredKey(id), true);
+    m_defaults.set(configuredKey(id), isConnected);
+}
+
+void AccountSecrets::noteRemoval(const QUuid &id) {
+    m_pending.removals.insert(id);
+    m_pending.save(m_defaults);
+}
+
+void AccountSecrets::forgetRemoval(const QUuid &id) {
+    m_pending.removals.erase(id);
+    m_pending.save(m_defaults);
 }
 
 void AccountSecrets::clear(const QUuid &id, SecretDone done) {
@@ -77,6 +87,7 @@ void AccountSecrets::clear(const QUuid &id, SecretDone done) {
 
 void AccountSecrets::erase(const QUuid &id, SecretDone done) {
     m_pending.erasures.insert(id);
+    m_pending.removals.erase(id); // in the same write: there is always one note of the two
     m_pending.save(m_defaults);
     QStringList names{secretAccount(id)};
     for (const auto &[provider, target] : m_pending.moves) {
@@ -117,6 +128,11 @@ void AccountSecrets::resume(const std::vector<IntegrationConnection> &accounts,
         return std::any_of(accounts.begin(), accounts.end(),
                            [&id](const auto &account) { return account.id == id; });
     };
+    for (const QUuid &id : std::exchange(m_pending.removals, {})) {
+        if (!isKept(id)) {
+            m_pending.erasures.insert(id);
+        }
+    }
     const auto moves = std::make_shared<std::vector<Move>>();
     for (const auto &[provider, id] : std::map(m_pending.moves)) {
         const bool isErased = m_pending.erasures.count(id) > 0;

@@ -28,14 +28,21 @@ public:
     /// the process ends, whatever the keyring says.
     void keep(const QString &secret, const QUuid &id, SecretDone done);
 
-    /// Marks the account as connected at once, without a secret.
-    void markConnected(const QUuid &id);
+    /// Marks the account at once, without a secret, as connected or not.
+    void mark(const QUuid &id, bool isConnected);
 
     /// Takes the mark of an account that stays at once, and erases its secret.
     void clear(const QUuid &id, SecretDone done);
 
     /// Erases the secret of an account that is gone; its mark is left as it is.
     void erase(const QUuid &id, SecretDone done);
+
+    /// Notes before an account goes that its secret stays until `erase`, so that the account can
+    /// come back. At the next launch its secret goes, if the account has not come back by then.
+    void noteRemoval(const QUuid &id);
+
+    /// The account came back.
+    void forgetRemoval(const QUuid &id);
 
     /// Does what was noted, and calls `moved` when a secret has come to one of the accounts. A
     /// keyring that refuses is not asked for the rest. Moves to accounts that never came to be

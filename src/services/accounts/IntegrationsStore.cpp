@@ -3,7 +3,6 @@
 
 #include "base/Blanks.h"
 #include "base/Console.h"
-#include "base/DamagedName.h"
 #include "base/NotificationCenter.h"
 #include "ports/RunLoop.h"
 #include "ports/UserDefaults.h"
@@ -28,38 +27,6 @@ const auto migratedKey = u"zeph.integrations.v2"_s;
 const auto removedCursorKey = u"zeph.integrations.removedCursor"_s;
 const auto deprecatedProvider = u"cursor"_s;
 
-template <typename Record>
-auto hasId(const QUuid &id) {
-    return [id](const Record &record) { return record.id == id; };
-}
-
-/// Keeps the endpoints under the first name that holds nothing else. What is there already is
-/// written once more, since the keychain may only remember it.
-SecretOutcome keepDamaged(Keychain &keychain, const QString &endpoints) {
-    auto outcome = SecretOutcome::done;
-    const QString name = unusedDamagedName(endpointsAccount(), [&](const QString &taken) {
-        const auto kept = keychain.get(taken);
-        outcome = kept.outcome;
-        return kept.value && kept.value != endpoints;
-    });
-    return outcome == SecretOutcome::done ? keychain.set(endpoints, name) : outcome;
-}
-
-/// What can't be understood is kept under another name, for whoever can mend it.
-SecretOutcome readCustomAPIs(Keychain &keychain, std::vector<CustomAPIConfig> &read) {
-    const auto text = keychain.get(endpointsAccount());
-    if (!text.value) {
-        return text.outcome;
-    }
-    auto configs = coding::customAPIs(text.value->toUtf8());
-    if (configs) {
-        read = std::move(*configs);
-        return SecretOutcome::done;
-    }
-    printLine(u"[Zeph] the custom endpoints in the keyring can't be read"_s);
-    return keepDamaged(keychain, *text.value);
-}
-
 } // namespace
 
 IntegrationsStore::IntegrationsStore(UserDefaults &defaults, Keychain &keychain,
@@ -72,12 +39,13 @@ IntegrationsStore::IntegrationsStore(UserDefaults &defaults, Keychain &keychain,
       m_queue(runLoop, executor),
       m_pending(PendingSecrets::read(defaults)),
       m_secrets(defaults, keychain, m_queue, m_pending),
+      m_endpoints(defaults, keychain, m_queue, m_pending, runLoop,
+                  {[this] { objectWillChange.send(); }, [this] { notifyChanged(); },
+                   // all else is being asked for since the launch
+                   [this] { post(notifications::zephCustomAPIsLoaded); }}),
       m_quoteEnabled(defaults.get<bool>(quoteEnabledKey).value_or(true)) {
     readConnections();
-    if (defaults.boolean(endpointsExistKey())) {
-        m_loaded = SecretOutcome::refused;
-        loadCustomAPIs();
-    }
+    m_endpoints.loadAtLaunch();
     if (m_areConnectionsRead) {
         migrateLegacyConnectionsIfNeeded();
         m_secrets.resume(m_connections, [this] { tellReadiness(); });
@@ -138,8 +106,7 @@ void IntegrationsStore::updateConnection(const IntegrationConnection &connection
 }
 
 bool IntegrationsStore::replace(const IntegrationConnection &connection) {
-    const auto place = std::find_if(m_connections.begin(), m_connections.end(),
-                                    hasId<IntegrationConnection>(connection.id));
+    const auto place = placeOf(m_connections, connection.id);
     if (place == m_connections.end()) {
         return false;
     }
@@ -151,8 +118,9 @@ bool IntegrationsStore::replace(const IntegrationConnection &connection) {
 
 void IntegrationsStore::deleteConnection(const QUuid &id, SecretDone done) {
     objectWillChange.send();
+    m_removed.erase(id);
     m_secrets.erase(id, std::move(done)); // noted before the list forgets whose secret it is
-    std::erase_if(m_connections, hasId<IntegrationConnection>(id));
+    std::erase_if(m_connections, [&id](const auto &account) { return account.id == id; });
     saveConnections();
     notifyChanged();
 }
@@ -166,8 +134,7 @@ void IntegrationsStore::setSecret(const std::optional<QString> &value, const QUu
         notifyChanged();
         return;
     }
-    const auto place =
-        std::find_if(m_connections.begin(), m_connections.end(), hasId<IntegrationConnection>(id));
+    const auto place = placeOf(m_connections, id);
     if (place != m_connections.end()) {
         IntegrationConnection enabled = *place;
         enabled.enabled = true;
@@ -182,7 +149,7 @@ void IntegrationsStore::setSecret(const std::optional<QString> &value, const QUu
 }
 
 void IntegrationsStore::markReady(const QUuid &id) {
-    m_secrets.markConnected(id);
+    m_secrets.mark(id, true);
     notifyChanged();
 }
 
@@ -201,91 +168,77 @@ void IntegrationsStore::saveConnections() {
 
 // Custom endpoints
 
-void IntegrationsStore::loadCustomAPIs() {
-    if (m_loaded == SecretOutcome::done || std::exchange(m_isLoading, true)) {
-        return;
-    }
-    const auto loaded = std::make_shared<CustomAPIs>();
-    m_queue.run([&keychain = m_keychain, loaded] { return readCustomAPIs(keychain, *loaded); },
-                [this, loaded](SecretOutcome outcome) {
-                    m_isLoading = false;
-                    m_loaded = outcome;
-                    if (outcome == SecretOutcome::done) {
-                        takeCustomAPIs(std::move(*loaded));
-                    }
-                });
-}
-
-void IntegrationsStore::takeCustomAPIs(CustomAPIs loaded) {
-    const auto removed = std::erase_if(loaded, [this](const CustomAPIConfig &config) {
-        return m_pending.endpoints.count(config.id) > 0;
-    });
-    objectWillChange.send();
-    m_customAPIs = std::move(loaded);
-    if (removed > 0) {
-        saveCustomAPIs({});
-        return;
-    }
-    m_pending.endpoints.clear();
-    m_pending.save(m_defaults);
-    if (!m_customAPIs.empty()) {
-        post(notifications::zephCustomAPIsLoaded); // all else is being asked for since the launch
-    }
-}
-
 void IntegrationsStore::upsertCustomAPI(const CustomAPIConfig &config, SecretDone done) {
-    const auto edit = [this, &config](CustomAPIs &configs) {
-        m_pending.endpoints.erase(config.id);
-        const auto place =
-            std::find_if(configs.begin(), configs.end(), hasId<CustomAPIConfig>(config.id));
-        place == configs.end() ? configs.push_back(config) : void(*place = config);
-    };
-    editCustomAPIs(edit, std::move(done));
+    m_endpoints.upsert({config}, std::move(done));
+}
+
+void IntegrationsStore::upsertCustomAPIs(const std::vector<CustomAPIConfig> &configs,
+                                         SecretDone done) {
+    m_endpoints.upsert(configs, std::move(done));
 }
 
 void IntegrationsStore::deleteCustomAPI(const QUuid &id, SecretDone done) {
-    const auto edit = [this, &id](CustomAPIs &configs) {
-        m_pending.endpoints.insert(id);
-        std::erase_if(configs, hasId<CustomAPIConfig>(id));
-    };
-    editCustomAPIs(edit, std::move(done));
+    m_endpoints.remove(id, std::move(done));
 }
 
-void IntegrationsStore::editCustomAPIs(const std::function<void(CustomAPIs &)> &edit,
-                                       SecretDone done) {
-    if (m_loaded != SecretOutcome::done) {
-        // What is kept must not be overwritten by a list that lacks it.
-        loadCustomAPIs();
-        m_runLoop.post(m_owner.whileAlive([done = std::move(done), outcome = m_loaded] {
-            if (done) {
-                done(outcome);
-            }
-        }));
-        return;
+// Removals that can be taken back
+
+bool IntegrationsStore::removeForNow(const QUuid &id) {
+    if (placeOf(m_connections, id) == m_connections.end()) {
+        return m_endpoints.removeForNow(id);
     }
     objectWillChange.send();
-    edit(m_customAPIs);
-    m_pending.save(m_defaults);
-    saveCustomAPIs(std::move(done));
+    m_secrets.noteRemoval(id); // before the list forgets whose secret it is
+    if (auto taken = takeOut(m_connections, id)) {
+        m_removed.insert_or_assign(id, std::move(*taken));
+    }
+    saveConnections();
+    notifyChanged();
+    return true;
 }
 
-void IntegrationsStore::saveCustomAPIs(SecretDone done) {
-    if (!m_customAPIs.empty()) {
-        m_defaults.set(endpointsExistKey(), true);
+bool IntegrationsStore::restore(const QUuid &id) {
+    auto removed = m_removed.extract(id);
+    if (!removed) {
+        return m_endpoints.restore(id);
     }
-    const auto text = QString::fromUtf8(coding::json(m_customAPIs));
-    m_queue.run([&keychain = m_keychain, text] { return keychain.set(text, endpointsAccount()); },
-                [this, write = ++m_customAPIWrites, done = std::move(done)](SecretOutcome outcome) {
-                    if (outcome == SecretOutcome::done && write == m_customAPIWrites) {
-                        m_defaults.set(endpointsExistKey(), !m_customAPIs.empty());
-                        m_pending.endpoints.clear();
-                        m_pending.save(m_defaults);
-                    }
-                    notifyChanged();
-                    if (done) {
-                        done(outcome);
-                    }
-                });
+    objectWillChange.send();
+    putBack(m_connections, std::move(removed.mapped()));
+    saveConnections();
+    m_secrets.forgetRemoval(id); // after the list knows again whose secret it is
+    notifyChanged();
+    return true;
+}
+
+void IntegrationsStore::settle(const QUuid &id, SecretDone done) {
+    if (m_removed.erase(id) > 0) {
+        m_secrets.erase(id, std::move(done));
+    } else if (!m_endpoints.settle(id, done) && done) {
+        m_runLoop.post(m_owner.whileAlive([done = std::move(done)] { done(SecretOutcome::done); }));
+    }
+}
+
+IntegrationConnection IntegrationsStore::takeOver(const IntegrationConnection &account) {
+    IntegrationConnection taken = account;
+    const auto removed = m_removed.find(taken.id);
+    if (removed != m_removed.end() && removed->second.record.provider == taken.provider) {
+        restore(taken.id);
+    }
+    const auto here = placeOf(m_connections, taken.id);
+    if (here != m_connections.end() && here->provider == taken.provider) {
+        updateConnection(taken);
+        return taken;
+    }
+    if (here != m_connections.end() || m_removed.count(taken.id) > 0) {
+        taken.id = QUuid::createUuid(); // or its service would be asked with another one's key
+    }
+    objectWillChange.send();
+    // First, since a deleted account leaves its mark behind.
+    m_secrets.mark(taken.id, !providers::needsKey(taken.provider));
+    m_connections.push_back(taken);
+    saveConnections();
+    notifyChanged();
+    return taken;
 }
 
 // Quote
@@ -314,6 +267,10 @@ void IntegrationsStore::post(const QString &name) {
 }
 
 bool IntegrationsStore::finish(std::chrono::milliseconds patience) {
+    for (const auto &[id, taken] : std::exchange(m_removed, {})) {
+        m_secrets.erase(id, {});
+    }
+    m_endpoints.settleAll();
     const bool isDone = m_queue.finish(patience);
     m_keychain.close();
     return isDone;
@@ -341,7 +298,7 @@ void IntegrationsStore::migrateLegacyConnectionsIfNeeded() {
     m_pending.save(m_defaults);
     for (const LegacyAccount &account : accounts) {
         if (account.needsNoSecret) {
-            m_secrets.markConnected(account.connection.id);
+            m_secrets.mark(account.connection.id, true);
         }
     }
     objectWillChange.send();

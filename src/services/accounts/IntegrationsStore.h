@@ -2,15 +2,17 @@
 #pragma once
 
 #include "base/ChangePublisher.h"
+#include "base/TakenOut.h"
 #include "base/WorkOwner.h"
 #include "services/accounts/AccountSecrets.h"
 #include "services/accounts/CustomAPIConfig.h"
+#include "services/accounts/EndpointList.h"
 #include "services/accounts/IntegrationConnection.h"
 #include "services/accounts/PendingSecrets.h"
 #include "services/accounts/SecretQueue.h"
 
 #include <chrono>
-#include <functional>
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -40,7 +42,7 @@ public:
     ChangePublisher objectWillChange;
 
     const std::vector<IntegrationConnection> &connections() const { return m_connections; }
-    const std::vector<CustomAPIConfig> &customAPIs() const { return m_customAPIs; }
+    const std::vector<CustomAPIConfig> &customAPIs() const { return m_endpoints.all(); }
     bool quoteEnabled() const { return m_quoteEnabled; }
 
     /// The accounts of one service, in stored order.
@@ -69,12 +71,13 @@ public:
     void settle(const QUuid &id, SecretDone done = {});
 
     /// Whether the list of the endpoints is known; until then it can't be changed.
-    bool areCustomAPIsLoaded() const { return m_loaded == SecretOutcome::done; }
+    bool areCustomAPIsLoaded() const { return m_endpoints.isLoaded(); }
 
     /// Takes over an account from elsewhere, which comes without its secret: in place of the one
     /// with that id, which keeps its secret, or appended, and then ready only where the service
-    /// needs no key. Under an id that stands for another service here it gets a fresh one.
-    void takeOver(const IntegrationConnection &account);
+    /// needs no key. Under an id that stands for another service here it gets a fresh one. Returns
+    /// what is there now.
+    IntegrationConnection takeOver(const IntegrationConnection &account);
 
     /// Keeps the secret of an account and enables the account, which is ready when the secret is
     /// in place. Nothing, or only white space, erases the secret and leaves the account enabled.
@@ -85,11 +88,14 @@ public:
     void markReady(const QUuid &id);
 
     /// Reads the custom endpoints unless that is done or under way; it may have been refused.
-    void loadCustomAPIs();
+    void loadCustomAPIs() { m_endpoints.load(); }
 
     /// Replaces the endpoint with that id, or appends it. Until the endpoints are loaded the list
     /// stays as it is, and `done` is told why.
     void upsertCustomAPI(const CustomAPIConfig &config, SecretDone done = {});
+
+    /// The same for several, which reach the keyring at once.
+    void upsertCustomAPIs(const std::vector<CustomAPIConfig> &configs, SecretDone done = {});
 
     /// Removes it from the list; the same holds.
     void deleteCustomAPI(const QUuid &id, SecretDone done = {});
@@ -108,15 +114,10 @@ public:
     bool finish(std::chrono::milliseconds patience);
 
 private:
-    using CustomAPIs = std::vector<CustomAPIConfig>;
-
     QString nextDefaultName(const QString &provider) const;
     bool replace(const IntegrationConnection &connection);
     void readConnections();
     void saveConnections();
-    void takeCustomAPIs(CustomAPIs loaded);
-    void editCustomAPIs(const std::function<void(CustomAPIs &)> &edit, SecretDone done);
-    void saveCustomAPIs(SecretDone done);
     void notifyChanged();
     void tellReadiness();
     void post(const QString &name);
@@ -131,14 +132,12 @@ private:
     SecretQueue m_queue;
     PendingSecrets m_pending;
     AccountSecrets m_secrets;
+    EndpointList m_endpoints;
     WorkOwner m_owner;
     std::vector<IntegrationConnection> m_connections;
-    CustomAPIs m_customAPIs;
+    std::map<QUuid, TakenOut<IntegrationConnection>> m_removed; ///< that can still be taken back
     bool m_quoteEnabled;
     bool m_areConnectionsRead = true;
-    bool m_isLoading = false;
-    SecretOutcome m_loaded = SecretOutcome::done; ///< what became of the endpoints' loading
-    int m_customAPIWrites = 0;
 };
 
 } // namespace zeph

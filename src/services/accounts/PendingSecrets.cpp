@@ -18,6 +18,7 @@ const auto pendingKey = u"zeph.integrations.pendingSecrets"_s;
 const auto moveName = u"move"_s;
 const auto eraseName = u"erase"_s;
 const auto endpointsName = u"eraseEndpoints"_s;
+const auto removalsName = u"eraseUnlessKept"_s;
 
 std::set<QUuid> ids(const QJsonValue &texts) {
     std::set<QUuid> ids;
@@ -44,7 +45,8 @@ void insert(QJsonObject &all, const QString &name, const std::set<QUuid> &ids) {
 PendingSecrets PendingSecrets::read(const UserDefaults &defaults) {
     const auto bytes = defaults.get<QByteArray>(pendingKey).value_or(QByteArray());
     const QJsonObject all = QJsonDocument::fromJson(bytes).object();
-    PendingSecrets pending{{}, ids(all.value(eraseName)), ids(all.value(endpointsName))};
+    PendingSecrets pending{
+        {}, ids(all.value(eraseName)), ids(all.value(endpointsName)), ids(all.value(removalsName))};
     const QJsonObject moves = all.value(moveName).toObject();
     for (auto move = moves.begin(); move != moves.end(); ++move) {
         if (const auto id = uuidFromText(move.value().toString())) {
@@ -65,6 +67,7 @@ void PendingSecrets::save(UserDefaults &defaults) const {
     }
     insert(all, eraseName, erasures);
     insert(all, endpointsName, endpoints);
+    insert(all, removalsName, removals);
     const auto stored = defaults.value(pendingKey);
     if (all.isEmpty() && stored) {
         defaults.remove(pendingKey);

@@ -18,6 +18,7 @@ struct PendingSecrets {
     std::map<QString, QUuid> moves = {}; ///< from the bare name of a service to an account
     std::set<QUuid> erasures = {};       ///< accounts whose secret is to go
     std::set<QUuid> endpoints = {};      ///< removed, while the list in the keyring still has them
+    std::set<QUuid> removals = {};       ///< accounts whose secret is to go unless they come back
 
     static PendingSecrets read(const UserDefaults &defaults);
 

@@ -26,6 +26,11 @@ bool isKeyless(const QString &provider) {
     return row && row->secret == Need::none;
 }
 
+bool needsKey(const QString &provider) {
+    const ServiceRow *const row = serviceRow(provider);
+    return !row || row->secret == Need::required;
+}
+
 bool needsValue(const QString &provider) {
     const ServiceRow *const row = serviceRow(provider);
     return row && row->value == Need::required;

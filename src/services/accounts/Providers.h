@@ -17,6 +17,9 @@ QStringList keyed();
 /// True for the services that are asked without a key.
 bool isKeyless(const QString &provider);
 
+/// True for the services that are not asked without a key, one that is not known among them.
+bool needsKey(const QString &provider);
+
 /// True for the services that need something beside the key, such as a user name.
 bool needsValue(const QString &provider);
 

@@ -78,7 +78,8 @@ constexpr auto rows = std::to_array<ServiceRow>({
                                    u"rate limits.",
                            .keyPlaceholder = u"Personal access token (optional)",
                            .valueLabel = u"Username (required)",
-                           .keyPage = "https://github.com/settings/tokens"_L1}},
+                           .keyPage = "https://github.com/settings/tokens"_L1,
+                           .keyWord = u"token"}},
     {.key = "chartmogul"_L1,
      .defaultName = "ChartMogul"_L1,
      .secret = Need::required,
@@ -182,7 +183,9 @@ constexpr auto rows = std::to_array<ServiceRow>({
                            .help = u"Track any coin from CoinGecko (e.g. bitcoin, solana). No key "
                                    u"needed.",
                            .valueLabel = u"Coin id",
-                           .valuePlaceholder = u"bitcoin"}},
+                           .valuePlaceholder = u"bitcoin",
+                           .valueLink = u"Find your coin id",
+                           .valuePage = "https://www.coingecko.com/en/all-cryptocurrencies"_L1}},
     {.key = "hackernews"_L1,
      .defaultName = "Hacker News"_L1,
      .value = Need::required,
@@ -241,7 +244,10 @@ constexpr auto rows = std::to_array<ServiceRow>({
                            .help = u"Live exchange rate from the European Central Bank "
                                    u"(Frankfurter). No key needed.",
                            .valueLabel = u"Pair",
-                           .valuePlaceholder = u"USD/INR"}},
+                           .valuePlaceholder = u"USD/INR",
+                           .valueLink = u"Supported currency codes",
+                           .valuePage = "https://www.ecb.europa.eu/stats/policy_and_exchange_rates/"
+                                        "euro_reference_exchange_rates/html/index.en.html"_L1}},
     {.key = "rss"_L1,
      .defaultName = "RSS feed"_L1,
      .value = Need::required,

@@ -3,6 +3,7 @@
 
 #include "base/Blanks.h"
 #include "ports/HttpClient.h"
+#include "services/custom/EndpointAddress.h"
 #include "services/web/Json.h"
 
 using namespace Qt::StringLiterals;
@@ -60,11 +61,11 @@ EndpointListing CustomAPIService::list(const CustomAPIConfig &config) const {
 
 QJsonValue CustomAPIService::fetchJSON(const QString &urlString,
                                        const std::vector<HTTPHeaderEntry> &headers) const {
-    const QUrl url(urlString, QUrl::StrictMode);
-    if (!url.isValid() || url.host().isEmpty()) {
+    const auto url = endpointAddress(urlString);
+    if (!url) {
         throw err(u"Invalid URL"_s);
     }
-    const HttpResponse response = m_http.send(request(url, headers));
+    const HttpResponse response = m_http.send(request(*url, headers));
     if (!response.isSuccess()) {
         throw err(u"HTTP %1"_s.arg(response.status));
     }

@@ -2,6 +2,7 @@
 #include "services/custom/JsonLeaves.h"
 
 #include "base/FixedDecimals.h"
+#include "base/WholeNumber.h"
 #include "services/web/Json.h"
 
 #include <QJsonDocument>
@@ -17,24 +18,6 @@ namespace zeph::CustomAPI {
 
 namespace {
 
-/// An optional sign and ASCII digits, without overflow. The library's own reading also takes
-/// blanks.
-std::optional<qint64> decimal(QStringView text) {
-    const bool isNegative = text.startsWith(u'-');
-    if (isNegative || text.startsWith(u'+')) {
-        text = text.sliced(1);
-    }
-    const bool hasOnlyDigits = std::all_of(text.begin(), text.end(), [](QChar character) {
-        return character >= u'0' && character <= u'9';
-    });
-    bool fits = false;
-    const qint64 number = text.toLongLong(&fits);
-    if (text.isEmpty() || !hasOnlyDigits || !fits) {
-        return std::nullopt;
-    }
-    return isNegative ? -number : number;
-}
-
 /// The value one step below `json`.
 std::optional<QJsonValue> child(const QJsonValue &json, const QString &piece) {
     if (json.isObject()) {
@@ -44,7 +27,7 @@ std::optional<QJsonValue> child(const QJsonValue &json, const QString &piece) {
     }
     if (json.isArray()) {
         const QJsonArray array = json.toArray();
-        const auto index = decimal(piece);
+        const auto index = wholeNumber(piece);
         const bool isInside = index && *index >= 0 && *index < array.size();
         return isInside ? std::optional<QJsonValue>(array.at(*index)) : std::nullopt;
     }

@@ -3,6 +3,7 @@
 
 #include "ports/SecureStore.h"
 #include "services/accounts/IntegrationConnection.h"
+#include "services/simple/rss/RSSService.h"
 
 #include <QString>
 #include <QUrl>
@@ -56,9 +57,7 @@ FormLink gitHubTokenLink();
 /// none is typed, and none was good enough to read it so far.
 bool needsTokenNote(const AccountForm &form, const AppState &state);
 
-/// How many of a feed's items are shown, and the bounds of that.
-inline constexpr qint64 fewestFeedItems = 1;
-inline constexpr qint64 mostFeedItems = 5;
+/// How many of a feed's items are shown, within the bounds of `RSSService`.
 qint64 feedItems(const IntegrationConnection &account);
 
 /// "Show latest 3 items"

@@ -53,6 +53,9 @@ struct CustomAPIDraft {
     /// "Last fetch: {error}" where the last one failed.
     std::optional<QString> lastFetch(const AppState &state) const;
 
+    /// The endpoint as it is called and stored: without outer blanks and without empty headers.
+    CustomAPIConfig prepared() const;
+
     bool canCall() const; ///< the address has a host
     bool canSave() const; ///< and there is a name
 
@@ -61,6 +64,9 @@ struct CustomAPIDraft {
     std::optional<QString> importCurl(const QString &command);
 
     void addHeader(); ///< an empty row
+
+    /// Whether the value at that path is a data point already.
+    bool hasField(const QString &path) const;
 
     /// Adds a data point, named after its path, unless the path is one already.
     void addField(const QString &path);

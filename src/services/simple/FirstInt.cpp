@@ -1,24 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "services/simple/FirstInt.h"
 
+#include "base/WholeNumber.h"
+
 #include <QRegularExpression>
 
-#include <algorithm>
-
 namespace zeph {
-
-namespace {
-
-std::optional<qint64> decimal(const QString &digits) {
-    const bool isPlain = std::all_of(digits.begin(), digits.end(), [](QChar character) {
-        return character >= u'0' && character <= u'9';
-    });
-    bool isNumber = false;
-    const qint64 number = digits.toLongLong(&isNumber);
-    return isPlain && isNumber ? std::optional(number) : std::nullopt;
-}
-
-} // namespace
 
 std::optional<qint64> firstInt(const QString &text, const QStringList &patterns,
                                Grouping grouping) {
@@ -37,7 +24,7 @@ std::optional<qint64> firstInt(const QString &text, const QStringList &patterns,
         if (grouping == Grouping::commas) {
             digits.remove(u',');
         }
-        if (auto number = decimal(digits)) {
+        if (auto number = hasOnlyDigits(digits) ? wholeNumber(digits) : std::nullopt) {
             return number;
         }
     }

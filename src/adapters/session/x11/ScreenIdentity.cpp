@@ -22,6 +22,15 @@ QString ownWords(const ScreenFacts &screen) {
     return words.join(u" "_s);
 }
 
+QString ownName(const ScreenFacts &screen) {
+    const QString model = screen.model.simplified();
+    if (!model.isEmpty()) {
+        return model;
+    }
+    const QString maker = screen.manufacturer.simplified();
+    return maker.isEmpty() ? screen.connector : maker + u' ' + screen.connector;
+}
+
 } // namespace
 
 std::vector<QString> screenIdentities(const std::vector<ScreenFacts> &screens) {
@@ -36,6 +45,21 @@ std::vector<QString> screenIdentities(const std::vector<ScreenFacts> &screens) {
         const bool isShared = std::count(plain.begin(), plain.end(), plain[i]) > 1;
         if ((!hasSerial || isShared) && plain[i] != screens[i].connector) {
             unique[i] += u" @"_s + screens[i].connector;
+        }
+    }
+    return unique;
+}
+
+std::vector<QString> screenNames(const std::vector<ScreenFacts> &screens) {
+    std::vector<QString> plain;
+    plain.reserve(screens.size());
+    std::transform(screens.begin(), screens.end(), std::back_inserter(plain), ownName);
+
+    std::vector<QString> unique = plain;
+    for (std::size_t i = 0; i < screens.size(); ++i) {
+        const bool isShared = std::count(plain.begin(), plain.end(), plain[i]) > 1;
+        if (isShared && plain[i] != screens[i].connector) {
+            unique[i] += u" (%1)"_s.arg(screens[i].connector);
         }
     }
     return unique;

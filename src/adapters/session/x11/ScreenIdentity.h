@@ -22,6 +22,11 @@ struct ScreenFacts {
 /// a serial number, whatever else is plugged, and those that several displays say of themselves.
 std::vector<QString> screenIdentities(const std::vector<ScreenFacts> &screens);
 
+/// What people call the displays, in the same order: the model, which most makers begin with their
+/// own name, else the letters of the maker and the connector, else the connector. The connector
+/// follows in brackets where several displays would have one name.
+std::vector<QString> screenNames(const std::vector<ScreenFacts> &screens);
+
 /// A number for the connector that is the same in every session. Never 0.
 quint32 connectorNumber(const QString &connector);
 

@@ -37,6 +37,7 @@ std::vector<Screen> X11Screens::describeAll() const {
     std::transform(monitors.begin(), monitors.end(), std::back_inserter(facts),
                    [](const X11Monitor &monitor) { return monitor.facts; });
     const auto identities = screenIdentities(facts);
+    const auto names = screenNames(facts);
     const ScaleSettings scales{m_monitors.resources(), qgetenv("QT_SCALE_FACTOR"),
                                qgetenv("QT_SCREEN_SCALE_FACTORS")};
     std::vector<Screen> screens;
@@ -44,6 +45,7 @@ std::vector<Screen> X11Screens::describeAll() const {
         screens.push_back(
             describe(monitors[i], identities[i],
                      screenScale(scales, facts[i].connector, static_cast<qsizetype>(i))));
+        screens.back().name = names[i];
     }
     return screens;
 }

@@ -24,11 +24,9 @@ HttpRequest feedRequest(const QString &url) {
 } // namespace
 
 SimpleCard feedCard(const RSSParser::Feed &feed, qint64 count) {
-    constexpr qint64 fewest = 1;
-    constexpr qint64 most = 5;
     SimpleCard card{feed.title.isEmpty() ? u"Feed"_s : feed.title};
-    for (const QString &title : feed.items.first(
-             std::min<qsizetype>(std::clamp(count, fewest, most), feed.items.size()))) {
+    for (const QString &title : feed.items.first(std::min<qsizetype>(
+             std::clamp(count, fewestFeedItems, mostFeedItems), feed.items.size()))) {
         card.chips.push_back({u"chevron.forward"_s, title});
     }
     return card;

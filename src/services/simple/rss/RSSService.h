@@ -9,7 +9,10 @@ namespace zeph {
 class Clock;
 class HttpClient;
 
-/// The feed's title above its first `count` items, at least 1 and at most 5 of them.
+inline constexpr qint64 fewestFeedItems = 1;
+inline constexpr qint64 mostFeedItems = 5;
+
+/// The feed's title above its first `count` items, within these bounds.
 SimpleCard feedCard(const RSSParser::Feed &feed, qint64 count);
 
 /// The latest titles of any RSS or Atom feed. Callable from any thread but the main one.

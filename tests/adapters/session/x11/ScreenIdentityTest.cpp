@@ -40,6 +40,20 @@ TEST(ScreenIdentity, tellsEqualSerialNumbersApartByTheirConnectors) {
               (std::vector{u"Acme P27 1 @DP-1"_s, u"Acme P27 2"_s, u"Acme P27 1 @DP-2"_s}));
 }
 
+TEST(ScreenNames, areTheModelElseTheMakerAndTheConnectorElseThatAlone) {
+    EXPECT_EQ(screenNames({{u"ACM"_s, u" Acme  P27 "_s, u"XY12"_s, u"DP-1"_s},
+                           {u"ACM"_s, QString(), u"7"_s, u"DP-2"_s},
+                           {QString(), u" "_s, QString(), u"VGA-1"_s}}),
+              (std::vector{u"Acme P27"_s, u"ACM DP-2"_s, u"VGA-1"_s}));
+}
+
+TEST(ScreenNames, ofTwinsNameTheirConnectors) {
+    EXPECT_EQ(screenNames({{u"ACM"_s, u"P27"_s, u"1"_s, u"DP-1"_s},
+                           {u"ACM"_s, u"P24"_s, u"2"_s, u"DP-3"_s},
+                           {u"ACM"_s, u"P27"_s, u"3"_s, u"DP-2"_s}}),
+              (std::vector{u"P27 (DP-1)"_s, u"P24"_s, u"P27 (DP-2)"_s}));
+}
+
 TEST(ScreenIdentity, numbersConnectorsTheSameInEveryProcess) {
     EXPECT_EQ(connectorNumber(u"DP-1"_s), connectorNumber(u"DP-1"_s));
     EXPECT_NE(connectorNumber(u"DP-1"_s), connectorNumber(u"DP-2"_s));
