@@ -7,11 +7,18 @@
 
 namespace zeph::ui {
 
+namespace {
+
+constexpr double indent = 2;
+constexpr double titleToLine = 2;
+
+} // namespace
+
 SectionLabel::SectionLabel(const QString &title, const QString &line, QWidget *parent)
     : QWidget(parent) {
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(scaled(2), scaled(30 - 14), 0, 0);
-    column->setSpacing(scaled(2));
+    column->setContentsMargins(directed(*this, indent, 0, 0, 0));
+    column->setSpacing(scaled(titleToLine));
     column->addWidget(new TextLabel(title, TypeRole::section, TextLabel::Ink::third, this));
     if (!line.isEmpty()) {
         column->addWidget(new TextLabel(line, TypeRole::detail, TextLabel::Ink::second, this));
