@@ -13,9 +13,9 @@ namespace zeph::ui {
 
 namespace {
 
-constexpr double cornerRadius = 16;
-constexpr double edge = 20;
-constexpr double textStart = 56;
+constexpr double cardRadius = 16;
+constexpr double cardEdge = 20;
+constexpr double cardTextStart = 56;
 constexpr double belowBody = 16;
 constexpr double belowMarks = 8;
 constexpr const char *bodyProperty = "zephBody";
@@ -29,7 +29,7 @@ int textStartOf(const QWidget *row) {
     if (const auto *setting = dynamic_cast<const SettingRow *>(row)) {
         return setting->textStart();
     }
-    return scaled(isMark(row) ? textStart : edge);
+    return scaled(isMark(row) ? cardTextStart : cardEdge);
 }
 
 } // namespace
@@ -46,7 +46,7 @@ void Card::addRow(QWidget *row) {
 
 void Card::addBody(QWidget *body) {
     body->setProperty(bodyProperty, true);
-    body->setContentsMargins(directed(*this, textStart, 0, edge, belowBody));
+    body->setContentsMargins(directed(*this, cardTextStart, 0, cardEdge, belowBody));
     m_rows->addWidget(body);
     m_rows->setContentsMargins(0, 0, 0, 0);
 }
@@ -74,14 +74,14 @@ void Card::paintEvent(QPaintEvent *) {
     const Tokens &tokens = look.tokens();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const Rounded shape{QRectF(rect()), cornerRadius * scale()};
+    const Rounded shape{QRectF(rect()), cardRadius * scale()};
     painter.fillPath(shape.path(), tokens.card);
     if (look.appearance() == Appearance::highContrast) {
         paintHairline(painter, shape, tokens.ink);
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
     for (const Line &line : lines()) {
-        const int length = width() - line.start - scaled(edge);
+        const int length = width() - line.start - scaled(cardEdge);
         const QRectF place = mirrored(*this, QRectF(line.start, line.y, length, hairline(painter)));
         painter.fillRect(onPixels(painter, place), tokens.line);
     }

@@ -17,18 +17,21 @@ namespace zeph::ui {
 
 namespace {
 
-constexpr double barWidth = 5;
-constexpr double gapToEdge = 5;
-constexpr double targetWidth = 16;
-constexpr double gapToEnds = 12;
-constexpr double leastThumb = 36;
-constexpr std::chrono::milliseconds fading(160);
+constexpr double overlayWidth = 5;
+constexpr double overlayToEdge = 5;
+constexpr double overlayTarget = 16;
+constexpr double overlayToEnds = 12;
+constexpr double leastOverlayThumb = 36;
+constexpr std::chrono::milliseconds overlayFading(160);
 constexpr std::chrono::milliseconds seenAfterScrolling(1000);
 
 } // namespace
 
 OverlayBar::OverlayBar(QAbstractScrollArea &area)
-    : QWidget(&area), m_area(area), m_bar(*area.verticalScrollBar()), m_opacity(*this, fading) {
+    : QWidget(&area),
+      m_area(area),
+      m_bar(*area.verticalScrollBar()),
+      m_opacity(*this, overlayFading) {
     area.setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area.installEventFilter(this);
     setFocusPolicy(Qt::NoFocus);
@@ -42,7 +45,7 @@ OverlayBar::OverlayBar(QAbstractScrollArea &area)
 }
 
 void OverlayBar::place() {
-    const int width = scaled(targetWidth);
+    const int width = scaled(overlayTarget);
     const bool isMirrored = m_area.layoutDirection() == Qt::RightToLeft;
     setGeometry(isMirrored ? 0 : m_area.width() - width, 0, width, m_area.height());
     setVisible(m_bar.maximum() > m_bar.minimum());
@@ -51,7 +54,7 @@ void OverlayBar::place() {
 }
 
 double OverlayBar::track() const {
-    return std::max(0.0, height() - 2 * gapToEnds * scale());
+    return std::max(0.0, height() - 2 * overlayToEnds * scale());
 }
 
 QRectF OverlayBar::thumb() const {
@@ -60,11 +63,11 @@ QRectF OverlayBar::thumb() const {
         return {};
     }
     const double part = m_bar.pageStep() / (range + m_bar.pageStep());
-    const double length = std::min(track(), std::max(leastThumb * scale(), track() * part));
+    const double length = std::min(track(), std::max(leastOverlayThumb * scale(), track() * part));
     const double y =
-        gapToEnds * scale() + (track() - length) * (m_bar.value() - m_bar.minimum()) / range;
-    return mirrored(*this,
-                    {width() - (gapToEdge + barWidth) * scale(), y, barWidth * scale(), length});
+        overlayToEnds * scale() + (track() - length) * (m_bar.value() - m_bar.minimum()) / range;
+    return mirrored(*this, {width() - (overlayToEdge + overlayWidth) * scale(), y,
+                            overlayWidth * scale(), length});
 }
 
 void OverlayBar::showForNow() {
@@ -115,7 +118,7 @@ void OverlayBar::mouseMoveEvent(QMouseEvent *event) {
     if (m_grip < 0 || free <= 0) {
         return;
     }
-    const double part = (event->position().y() - m_grip - gapToEnds * scale()) / free;
+    const double part = (event->position().y() - m_grip - overlayToEnds * scale()) / free;
     m_bar.setValue(m_bar.minimum() +
                    static_cast<int>(std::lround(part * (m_bar.maximum() - m_bar.minimum()))));
 }

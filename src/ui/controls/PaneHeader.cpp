@@ -19,8 +19,8 @@ constexpr double aboveTitle = 8; // where no way back stands there
 constexpr double backToTitle = 10;
 constexpr double titleToSubtitle = 4;
 constexpr double subtitleToStatus = 12;
-constexpr double symbolSize = 28;
-constexpr double symbolToTitle = 16;
+constexpr double headerSymbolSize = 28;
+constexpr double headerSymbolToTitle = 16;
 
 } // namespace
 
@@ -32,7 +32,7 @@ PaneHeader::PaneHeader(const QString &title, const QString &subtitle, QWidget *p
       m_titleLine(new QHBoxLayout) {
     m_column->setContentsMargins(0, scaled(aboveTitle), 0, 0);
     m_column->setSpacing(0);
-    m_titleLine->setSpacing(scaled(symbolToTitle));
+    m_titleLine->setSpacing(scaled(headerSymbolToTitle));
     m_titleLine->addWidget(m_title, 1);
     m_column->addLayout(m_titleLine);
     if (!subtitle.isEmpty()) {
@@ -56,9 +56,9 @@ void PaneHeader::setBack(const QString &text, std::function<void()> action) {
 }
 
 void PaneHeader::setSymbol(const QString &identifier) {
-    m_titleLine->insertWidget(0,
-                              new SymbolView(identifier, symbolSize, SymbolView::Ink::second, this),
-                              0, Qt::AlignVCenter);
+    m_titleLine->insertWidget(
+        0, new SymbolView(identifier, headerSymbolSize, SymbolView::Ink::second, this), 0,
+        Qt::AlignVCenter);
 }
 
 void PaneHeader::setTitle(const QString &title) {

@@ -9,16 +9,16 @@ namespace zeph::ui {
 
 namespace {
 
-constexpr double indent = 2;
-constexpr double titleToLine = 2;
+constexpr double sectionIndent = 2;
+constexpr double sectionTitleToLine = 2;
 
 } // namespace
 
 SectionLabel::SectionLabel(const QString &title, const QString &line, QWidget *parent)
     : QWidget(parent) {
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(directed(*this, indent, 0, 0, 0));
-    column->setSpacing(scaled(titleToLine));
+    column->setContentsMargins(directed(*this, sectionIndent, 0, 0, 0));
+    column->setSpacing(scaled(sectionTitleToLine));
     column->addWidget(new TextLabel(title, TypeRole::section, TextLabel::Ink::third, this));
     if (!line.isEmpty()) {
         column->addWidget(new TextLabel(line, TypeRole::detail, TextLabel::Ink::second, this));

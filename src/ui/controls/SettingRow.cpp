@@ -20,31 +20,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double edge = 20;
-constexpr double symbolSize = 20;
-constexpr double between = 16;
-constexpr double aboveText = 14;
+constexpr double rowEdge = 20;
+constexpr double rowSymbolSize = 20;
+constexpr double rowPartsGap = 16;
+constexpr double aboveRowText = 14;
 constexpr double aboveControl = 7;       // so that a row with a title and a switch is 48 high
 constexpr double aboveControlAlone = 10; // where there is no symbol
-constexpr double titleToDetail = 2;
+constexpr double rowTitleToDetail = 2;
 constexpr double textToBelow = 10;
 constexpr double stackedFrom = 1.4; // of the scale, the control goes below its texts
 
-/// How far the control's box ends from the card's edge, so that what is painted of it ends at the
-/// common line.
+/// How far the control's box ends from the card's rowEdge, so that what is painted of it ends at
+/// the common line.
 double endGap(const QWidget *control) {
     if (dynamic_cast<const Switch *>(control) != nullptr) {
         return 18; // its target is wider by 2 at each side
     }
     if (dynamic_cast<const IconButton *>(control) != nullptr) {
-        return 10; // its middle is on the axis 25 from the edge
+        return 10; // its middle is on the axis 25 from the rowEdge
     }
     const QLayout *parts = control->layout();
     if (parts == nullptr || parts->count() == 0) {
-        return edge;
+        return rowEdge;
     }
     const QWidget *last = parts->itemAt(parts->count() - 1)->widget();
-    return last == nullptr ? edge : endGap(last);
+    return last == nullptr ? rowEdge : endGap(last);
 }
 
 } // namespace
@@ -57,28 +57,29 @@ SettingRow::SettingRow(const Words &words, QWidget *control, QWidget *parent)
       m_below(new QVBoxLayout),
       m_hasSymbol(!words.symbol.isEmpty()) {
     const double outer = m_hasSymbol ? aboveControl : aboveControlAlone;
-    const double inner = aboveText - outer;
-    const double textIndent = m_hasSymbol ? symbolSize + between : 0;
+    const double inner = aboveRowText - outer;
+    const double textIndent = m_hasSymbol ? rowSymbolSize + rowPartsGap : 0;
     m_labels = labels(words.symbol, inner);
 
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(directed(*this, edge, outer, 0, outer));
+    column->setContentsMargins(directed(*this, rowEdge, outer, 0, outer));
     column->setSpacing(0);
     auto *top = new QHBoxLayout;
-    top->setContentsMargins(directed(*this, 0, 0, control == nullptr ? edge : endGap(control), 0));
-    top->setSpacing(scaled(between));
+    top->setContentsMargins(
+        directed(*this, 0, 0, control == nullptr ? rowEdge : endGap(control), 0));
+    top->setSpacing(scaled(rowPartsGap));
     top->addWidget(m_labels, 1, Qt::AlignVCenter);
     column->addLayout(top);
     if (control != nullptr && scale() < stackedFrom) {
         top->addWidget(control, 0, Qt::AlignVCenter);
     } else if (control != nullptr) {
         auto *under = new QHBoxLayout;
-        under->setContentsMargins(directed(*this, textIndent, 0, edge, 0));
+        under->setContentsMargins(directed(*this, textIndent, 0, rowEdge, 0));
         under->addWidget(control);
         under->addStretch(1);
         column->addLayout(under);
     }
-    m_below->setContentsMargins(directed(*this, textIndent, textToBelow - inner, edge, inner));
+    m_below->setContentsMargins(directed(*this, textIndent, textToBelow - inner, rowEdge, inner));
     m_below->setSpacing(scaled(textToBelow));
     column->addLayout(m_below);
     nameControl();
@@ -89,13 +90,13 @@ QWidget *SettingRow::labels(const QString &symbol, double inner) {
     widget->setAttribute(Qt::WA_TransparentForMouseEvents);
     auto *line = new QHBoxLayout(widget);
     line->setContentsMargins(0, scaled(inner), 0, scaled(inner));
-    line->setSpacing(scaled(between));
+    line->setSpacing(scaled(rowPartsGap));
     if (!symbol.isEmpty()) {
-        line->addWidget(new SymbolView(symbol, symbolSize, SymbolView::Ink::second, widget), 0,
+        line->addWidget(new SymbolView(symbol, rowSymbolSize, SymbolView::Ink::second, widget), 0,
                         Qt::AlignTop);
     }
     auto *texts = new QVBoxLayout;
-    texts->setSpacing(scaled(titleToDetail));
+    texts->setSpacing(scaled(rowTitleToDetail));
     texts->addWidget(m_title);
     texts->addWidget(m_detail);
     m_detail->setVisible(!m_detail->text().isEmpty());
@@ -104,7 +105,7 @@ QWidget *SettingRow::labels(const QString &symbol, double inner) {
 }
 
 int SettingRow::textStart() const {
-    return scaled(edge + (m_hasSymbol ? symbolSize + between : 0));
+    return scaled(rowEdge + (m_hasSymbol ? rowSymbolSize + rowPartsGap : 0));
 }
 
 void SettingRow::setTitle(const QString &title) {

@@ -14,17 +14,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double symbolSize = 16;
-constexpr double symbolToText = 8;
+constexpr double statusSymbolSize = 16;
+constexpr double statusSymbolToText = 8;
 constexpr int mostErrorLines = 4;
 
-struct Shape {
+struct StatusShape {
     QString symbol;
     SymbolView::Ink symbolInk;
     TextLabel::Ink textInk;
 };
 
-Shape shapeOf(StatusLine::Kind kind) {
+StatusShape statusShapeOf(StatusLine::Kind kind) {
     switch (kind) {
     case StatusLine::Kind::ok:
         return {u"checkmark.circle.fill"_s, SymbolView::Ink::ok, TextLabel::Ink::ink};
@@ -69,15 +69,15 @@ void offerAccessibleStatus() {
 
 StatusLine::StatusLine(QWidget *parent)
     : QWidget(parent),
-      m_symbol(new SymbolView(u"info.circle"_s, symbolSize, SymbolView::Ink::second, this)),
+      m_symbol(new SymbolView(u"info.circle"_s, statusSymbolSize, SymbolView::Ink::second, this)),
       m_text(new TextLabel({}, TypeRole::detail, TextLabel::Ink::ink, this)) {
     offerAccessibleStatus();
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(scaled(symbolToText));
+    row->setSpacing(scaled(statusSymbolToText));
     auto *symbolPlace = new QVBoxLayout; // level with the first line
-    symbolPlace->setContentsMargins(0, (lineHeight(TypeRole::detail) - scaled(symbolSize)) / 2, 0,
-                                    0);
+    symbolPlace->setContentsMargins(
+        0, (lineHeight(TypeRole::detail) - scaled(statusSymbolSize)) / 2, 0, 0);
     symbolPlace->addWidget(m_symbol, 0, Qt::AlignTop);
     row->addLayout(symbolPlace);
     row->addWidget(m_text, 1);
@@ -90,7 +90,7 @@ void StatusLine::show(Kind kind, const QString &text) {
         return;
     }
     m_kind = kind;
-    const Shape shape = shapeOf(kind);
+    const StatusShape shape = statusShapeOf(kind);
     m_symbol->set(shape.symbol, shape.symbolInk);
     m_text->setInk(shape.textInk);
     m_text->setMostLines(kind == Kind::error ? mostErrorLines : 0);

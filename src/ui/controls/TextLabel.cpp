@@ -20,7 +20,7 @@ constexpr double widestDetail = 440;
 constexpr double widestHint = 600;
 constexpr double leastWidth = 48;
 
-QColor colorOf(TextLabel::Ink ink, const Tokens &tokens) {
+QColor textColorOf(TextLabel::Ink ink, const Tokens &tokens) {
     switch (ink) {
     case TextLabel::Ink::ink:
         return tokens.ink;
@@ -160,7 +160,7 @@ void TextLabel::paintEvent(QPaintEvent *) {
             format.setBackground(veil);
             marked.append({start, end - start, format});
         }
-        painter.setPen(colorOf(m_ink, tokens));
+        painter.setPen(textColorOf(m_ink, tokens));
         lines.paint(painter, textArea(lines), visualAlignment(), marked);
     });
 }

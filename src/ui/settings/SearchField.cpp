@@ -12,17 +12,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double fieldHeight = 34;
+constexpr double searchHeight = 34;
 constexpr double lensStart = 12;
 constexpr double lensSize = 16;
 constexpr double lensToText = 8;
-constexpr double ringWidth = 2;
+constexpr double searchRing = 2;
 
 } // namespace
 
 SearchField::SearchField(QWidget *parent) : QLineEdit(parent) {
     setFrame(false);
-    setFixedHeight(scaled(fieldHeight));
+    setFixedHeight(scaled(searchHeight));
     setPlaceholderText(u"Search"_s);
     setAccessibleName(u"Search the settings"_s);
     QPalette see = palette();
@@ -32,7 +32,7 @@ SearchField::SearchField(QWidget *parent) : QLineEdit(parent) {
 }
 
 QSize SearchField::sizeHint() const {
-    return {scaled(180), scaled(fieldHeight)};
+    return {scaled(180), scaled(searchHeight)};
 }
 
 void SearchField::paintEvent(QPaintEvent *event) {
@@ -40,9 +40,9 @@ void SearchField::paintEvent(QPaintEvent *event) {
     const Tokens &tokens = look.tokens();
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(hasFocus() ? QPen(tokens.focus, scaled(ringWidth)) : QPen(Qt::NoPen));
+    painter.setPen(hasFocus() ? QPen(tokens.focus, scaled(searchRing)) : QPen(Qt::NoPen));
     painter.setBrush(tokens.fill);
-    const double inset = hasFocus() ? scaled(ringWidth) / 2.0 : 0;
+    const double inset = hasFocus() ? scaled(searchRing) / 2.0 : 0;
     const QRectF shape = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
     painter.drawRoundedRect(shape, shape.height() / 2, shape.height() / 2);
     const int side = scaled(lensSize);

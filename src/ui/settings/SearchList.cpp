@@ -12,11 +12,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double oneLine = 38;
-constexpr double twoLines = 52;
-constexpr double gap = 2;
-constexpr double padding = 12;
-constexpr double radius = 11;
+constexpr double resultHeight = 38;
+constexpr double placedResultHeight = 52;
+constexpr double resultGap = 2;
+constexpr double resultPadding = 12;
+constexpr double resultRadius = 11;
 constexpr int placeRole = Qt::UserRole;
 
 /// Paints a result; the stock one knows neither the second line nor our veils.
@@ -26,26 +26,26 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &index) const override {
         const bool isPlaced = !index.data(placeRole).toString().isEmpty();
-        return {0, scaled(isPlaced ? twoLines : oneLine) + scaled(gap)};
+        return {0, scaled(isPlaced ? placedResultHeight : resultHeight) + scaled(resultGap)};
     }
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override {
         const QWidget &list = *option.widget;
         const Tokens &tokens = Look::of(list).tokens();
-        const QRect row = option.rect.adjusted(0, 0, 0, -scaled(gap));
+        const QRect row = option.rect.adjusted(0, 0, 0, -scaled(resultGap));
         const bool isCurrent = (option.state & QStyle::State_Selected) != 0;
         if (isCurrent || (option.state & QStyle::State_MouseOver) != 0) {
             painter->setRenderHint(QPainter::Antialiasing);
             painter->setPen(Qt::NoPen);
             painter->setBrush(isCurrent ? tokens.fill : tokens.hover);
-            painter->drawRoundedRect(row, scaled(radius), scaled(radius));
+            painter->drawRoundedRect(row, scaled(resultRadius), scaled(resultRadius));
         }
         const QString place = index.data(placeRole).toString();
         const int lines =
             lineHeight(TypeRole::body) + (place.isEmpty() ? 0 : lineHeight(TypeRole::note));
-        QRect line(row.x() + scaled(padding), row.y() + (row.height() - lines) / 2,
-                   row.width() - 2 * scaled(padding), lineHeight(TypeRole::body));
+        QRect line(row.x() + scaled(resultPadding), row.y() + (row.height() - lines) / 2,
+                   row.width() - 2 * scaled(resultPadding), lineHeight(TypeRole::body));
         drawLine(*painter, line, index.data().toString(), TypeRole::body, tokens.ink);
         line.translate(0, line.height());
         line.setHeight(lineHeight(TypeRole::note));
@@ -101,7 +101,8 @@ void SearchList::paintEvent(QPaintEvent *event) {
         QPainter painter(viewport());
         painter.setFont(ui::font(TypeRole::detail));
         painter.setPen(Look::of(*this).tokens().second);
-        const QRect line(scaled(padding), scaled(10), viewport()->width() - 2 * scaled(padding),
+        const QRect line(scaled(resultPadding), scaled(10),
+                         viewport()->width() - 2 * scaled(resultPadding),
                          lineHeight(TypeRole::detail));
         painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeading, u"Nothing found."_s);
     }

@@ -19,9 +19,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double sideWidth = 208;
-constexpr double top = 24;
-constexpr double start = 16;
-constexpr double end = 12;
+constexpr double aboveSide = 24;
+constexpr double sideStart = 16;
+constexpr double sideEnd = 12;
 constexpr double searchToTabs = 14;
 constexpr double footerStart = 12;
 constexpr double logoSize = 34;
@@ -43,7 +43,7 @@ SettingsSide::SettingsSide(const std::vector<SideBar::Tab> &tabs, QWidget *paren
     m_middle->addWidget(m_results);
 
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(directed(*this, start, top, end, 0));
+    column->setContentsMargins(directed(*this, sideStart, aboveSide, sideEnd, 0));
     column->setSpacing(0);
     column->addWidget(m_field);
     column->addSpacing(scaled(searchToTabs));
@@ -148,7 +148,7 @@ bool SettingsSide::eventFilter(QObject *watched, QEvent *event) {
 /// On a low screen the tabs come first.
 void SettingsSide::resizeEvent(QResizeEvent *event) {
     QWidget::resizeEvent(event);
-    const int others = scaled(top) + m_field->sizeHint().height() + scaled(searchToTabs) +
+    const int others = scaled(aboveSide) + m_field->sizeHint().height() + scaled(searchToTabs) +
                        m_tabs->sizeHint().height();
     m_footer->setVisible(height() >= others + m_footer->sizeHint().height());
 }

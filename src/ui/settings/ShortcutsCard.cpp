@@ -19,10 +19,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double padding = 24;
-constexpr double rowGap = 8;
-constexpr double columnGap = 30;
-constexpr double cornerRadius = 16;
+constexpr double shortcutsPadding = 24;
+constexpr double shortcutsRowGap = 8;
+constexpr double shortcutsColumnGap = 30;
+constexpr double shortcutsRadius = 16;
 constexpr float dimming = 0.62F;
 
 struct Shortcut {
@@ -30,25 +30,25 @@ struct Shortcut {
     QString action;
 };
 
-QString named(const QKeySequence &keys) {
+QString keyNames(const QKeySequence &keys) {
     return keys.toString(QKeySequence::NativeText);
 }
 
 std::array<Shortcut, 9> shortcuts() {
     return {{
-        {u"%1 … %2"_s.arg(named(Qt::CTRL | Qt::Key_1), named(Qt::CTRL | Qt::Key_6)),
+        {u"%1 … %2"_s.arg(keyNames(Qt::CTRL | Qt::Key_1), keyNames(Qt::CTRL | Qt::Key_6)),
          u"Go to a tab"_s},
-        {named(Qt::CTRL | Qt::Key_F), u"Search the settings"_s},
-        {u"%1, %2"_s.arg(named(Qt::ALT | Qt::Key_Left), named(Qt::Key_Escape)),
+        {keyNames(Qt::CTRL | Qt::Key_F), u"Search the settings"_s},
+        {u"%1, %2"_s.arg(keyNames(Qt::ALT | Qt::Key_Left), keyNames(Qt::Key_Escape)),
          u"Go a step back"_s},
-        {u"%1, %2"_s.arg(named(Qt::Key_Tab), named(Qt::SHIFT | Qt::Key_Tab)),
+        {u"%1, %2"_s.arg(keyNames(Qt::Key_Tab), keyNames(Qt::SHIFT | Qt::Key_Tab)),
          u"Go to the next or the previous control"_s},
         {u"← ↑ → ↓"_s, u"Choose a tab, an option or a row"_s},
-        {named(Qt::Key_Space), u"Turn a switch, press a button, lift or drop a row"_s},
-        {u"%1, %2"_s.arg(named(Qt::ALT | Qt::Key_Up), named(Qt::ALT | Qt::Key_Down)),
+        {keyNames(Qt::Key_Space), u"Turn a switch, press a button, lift or drop a row"_s},
+        {u"%1, %2"_s.arg(keyNames(Qt::ALT | Qt::Key_Up), keyNames(Qt::ALT | Qt::Key_Down)),
          u"Move a row of the layout"_s},
-        {named(Qt::CTRL | Qt::Key_W), u"Close the window"_s},
-        {named(Qt::Key_F1), u"Show this list"_s},
+        {keyNames(Qt::CTRL | Qt::Key_W), u"Close the window"_s},
+        {keyNames(Qt::Key_F1), u"Show this list"_s},
     }};
 }
 
@@ -63,13 +63,14 @@ ShortcutsCard::ShortcutsCard(QWidget *parent) : QWidget(parent), m_card(new QWid
 
 void ShortcutsCard::addRows() {
     auto *column = new QVBoxLayout(m_card);
-    column->setContentsMargins(scaled(padding), scaled(padding), scaled(padding), scaled(padding));
-    column->setSpacing(scaled(rowGap * 2));
+    column->setContentsMargins(scaled(shortcutsPadding), scaled(shortcutsPadding),
+                               scaled(shortcutsPadding), scaled(shortcutsPadding));
+    column->setSpacing(scaled(shortcutsRowGap * 2));
     column->addWidget(
         new TextLabel(u"Keyboard shortcuts"_s, TypeRole::version, TextLabel::Ink::ink, m_card));
     auto *rows = new QGridLayout;
-    rows->setHorizontalSpacing(scaled(columnGap));
-    rows->setVerticalSpacing(scaled(rowGap));
+    rows->setHorizontalSpacing(scaled(shortcutsColumnGap));
+    rows->setVerticalSpacing(scaled(shortcutsRowGap));
     QStringList spoken;
     for (const Shortcut &shortcut : shortcuts()) {
         const int row = rows->rowCount();
@@ -146,7 +147,7 @@ void ShortcutsCard::paintEvent(QPaintEvent *) {
     painter.setBrush(tokens.menu);
     painter.setPen(QPen(tokens.hair, 1));
     painter.drawRoundedRect(QRectF(m_card->geometry()).adjusted(0.5, 0.5, -0.5, -0.5),
-                            scaled(cornerRadius), scaled(cornerRadius));
+                            scaled(shortcutsRadius), scaled(shortcutsRadius));
 }
 
 } // namespace zeph::ui
