@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "TwentyAccounts.h"
 #include "adapters/kernel/SystemClock.h"
 #include "adapters/loop/QtRunLoop.h"
 #include "adapters/loop/QtTaskExecutor.h"
@@ -85,42 +86,6 @@ long statusKiB(const QByteArray &name) {
     return 0;
 }
 
-std::vector<IntegrationConnection> twentyAccounts(const QString &root, UserDefaults &defaults,
-                                                  Keychain &keychain) {
-    const std::vector<std::pair<QString, QString>> kinds{{u"stripe"_s, {}},
-                                                         {u"stripe"_s, {}},
-                                                         {u"github"_s, u"mira"_s},
-                                                         {u"chartmogul"_s, {}},
-                                                         {u"lemonsqueezy"_s, {}},
-                                                         {u"dodo"_s, {}},
-                                                         {u"plausible"_s, u"a.org"_s},
-                                                         {u"trustmrr"_s, u"quiet"_s},
-                                                         {u"ahrefs"_s, u"a.org"_s},
-                                                         {u"coingecko"_s, u"bitcoin"_s},
-                                                         {u"hackernews"_s, u"mira"_s},
-                                                         {u"reddit"_s, u"mira"_s},
-                                                         {u"producthunt"_s, u"mira"_s},
-                                                         {u"bluesky"_s, u"mira"_s},
-                                                         {u"currency"_s, u"USD/INR"_s},
-                                                         {u"rss"_s, root + u"/feed/blog.atom"_s},
-                                                         {u"vercel"_s, {}},
-                                                         {u"netlify"_s, {}},
-                                                         {u"gumroad"_s, {}},
-                                                         {u"polar"_s, {}}};
-    std::vector<IntegrationConnection> accounts;
-    for (const auto &[provider, extra] : kinds) {
-        IntegrationConnection account;
-        account.id = QUuid::createUuid();
-        account.provider = provider;
-        account.extra = extra;
-        account.showContributionGraph = true;
-        defaults.set(configuredKey(account.id), true);
-        keychain.set(u"key"_s, secretAccount(account.id));
-        accounts.push_back(account);
-    }
-    return accounts;
-}
-
 /// Runs the event loop until every family has been assigned once more.
 void waitForFamilies(AppState &state) {
     int assigned = 0;
@@ -167,9 +132,13 @@ void measureRefresh() {
     NotificationCenter notifications;
     PreferencesStore preferences(fakes.defaults, notifications, fakes.formatters);
     Keychain keychain(fakes.secrets, fakes.defaults);
+    const auto accounts = twentyAccounts(root);
+    for (const IntegrationConnection &account : accounts) {
+        fakes.defaults.set(configuredKey(account.id), true);
+        keychain.set(u"key"_s, secretAccount(account.id));
+    }
     fakes.defaults.set(u"zeph.integrations.v2"_s, true);
-    fakes.defaults.set(u"zeph.integrations.connections"_s,
-                       coding::json(twentyAccounts(root, fakes.defaults, keychain)));
+    fakes.defaults.set(u"zeph.integrations.connections"_s, coding::json(accounts));
     IntegrationsStore store(fakes.defaults, keychain, notifications, loop, executor);
     AppState state(clock.now());
     const FramingContext framing{preferences, fakes.calendar, fakes.formatters};

@@ -44,7 +44,7 @@ const std::array<Row, widgetKindCount> &table() {
         {WidgetKind::openai, u"openai"_s, u"OpenAI"_s, u"brain"_s, onceAiUsage},
         {WidgetKind::claude, u"claude"_s, u"Claude spend"_s, u"sparkles"_s, onceAiUsage},
         {WidgetKind::quote, u"quote"_s, u"Quote of the day"_s, u"quote.bubble"_s, plain},
-        {WidgetKind::reminders, u"reminders"_s, u"Apple Reminders"_s, u"checklist"_s, offAtFirst},
+        {WidgetKind::reminders, u"reminders"_s, u"Reminders"_s, u"checklist"_s, offAtFirst},
         {WidgetKind::countdowns, u"countdowns"_s, u"Event countdowns"_s, u"calendar.badge.clock"_s, plain},
         {WidgetKind::progress, u"progress"_s, u"Month & year progress"_s, u"chart.bar.fill"_s, plain},
         {WidgetKind::devices, u"devices"_s, u"Device batteries"_s, u"airpodspro"_s, plain},

@@ -22,7 +22,7 @@ const std::vector<WidgetSection> &settingsSections() {
                 {clock, weather, sun, airQuality, meeting}),
         section(u"Focus & apps"_s, u"What you're doing and where your time goes"_s,
                 {currentApp, topApp, appRanking, rhythm, desktop}),
-        section(u"System"_s, u"Your Mac and connected devices"_s, {machine, devices, progress}),
+        section(u"System"_s, u"Your computer and connected devices"_s, {machine, devices, progress}),
         section(u"Calendar & tasks"_s, u"Reminders and countdowns"_s, {reminders, countdowns}),
         section(u"Inspiration"_s, u"A daily quote, history fact, or the ISS"_s,
                 {quote, onThisDay, iss}),

@@ -78,6 +78,7 @@ bool ContractServer::sawHeaderText(const QByteArray &text) const {
 
 void ContractServer::serve(LoopbackConnection &connection) {
     while (const auto request = connection.readRequest()) {
+        ++m_requests;
         {
             const std::scoped_lock lock(m_mutex);
             for (const HttpHeader &header : request->headers) {

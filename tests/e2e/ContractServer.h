@@ -24,11 +24,15 @@ public:
     /// Whether some request carried `text` in one of its headers.
     bool sawHeaderText(const QByteArray &text) const;
 
+    /// How many requests came so far.
+    int requestCount() const { return m_requests; }
+
 private:
     void serve(LoopbackConnection &connection);
     QByteArray answerTo(const ReceivedRequest &request) const;
 
     std::atomic<bool> m_isFailing = false;
+    std::atomic<int> m_requests = 0;
     mutable std::mutex m_mutex;
     QByteArray m_headers; // of all requests
     LoopbackServer m_server{[this](LoopbackConnection &connection) { serve(connection); }};

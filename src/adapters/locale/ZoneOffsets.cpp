@@ -67,6 +67,9 @@ const ZoneOffsets::Span &ZoneOffsets::spanAt(double instant) const {
     m_span.offset = m_zone.offsetFromUtc(date) * 1000.0;
     m_span.start = millisecondsOr(m_zone.previousTransition(date.addMSecs(1)), -kForever);
     m_span.end = millisecondsOr(m_zone.nextTransition(date), kForever);
+    if (m_span.end > kLargestInstant) {
+        m_span.end = kForever; // what lies beyond is looked up at the largest instant again
+    }
     return m_span;
 }
 

@@ -100,6 +100,14 @@ TEST(ZoneOffsets, leadBackFromTheWallTimeToItsFirstInstant) {
     EXPECT_EQ(instant("2024-10-27T03:00:00Z"), "2024-10-27T02:00:00.000Z");
 }
 
+TEST(ZoneOffsets, answerBeyondTheLargestInstantOfTheToolkit) {
+    const ZoneOffsets berlin(u"Europe/Berlin"_s);
+    for (const double far : {8.64e15, 8.7e15, 1e17, -8.7e15}) {
+        EXPECT_NEAR(berlin.instant(far), far, 26 * 3'600'000.0);
+        EXPECT_NEAR(berlin.wallTime(far), far, 26 * 3'600'000.0);
+    }
+}
+
 TEST(ZoneOffsets, understandOffsetsAndRules) {
     EXPECT_EQ(offsetOf(ZoneOffsets(u"UTC+05:30"_s), k2000), 5.5 * 3'600'000);
     const ZoneOffsets rule(u"CET-1CEST,M3.5.0,M10.5.0/3"_s);
