@@ -6,7 +6,7 @@
 namespace zeph {
 
 /// Every symbol that the program draws by identifier, in the order of QDir::Name.
-inline constexpr std::array<const char *, 122> symbolIdentifiers{
+inline constexpr std::array<const char *, 123> symbolIdentifiers{
     "airpodspro",
     "app.dashed",
     "aqi.medium",
@@ -68,6 +68,7 @@ inline constexpr std::array<const char *, 122> symbolIdentifiers{
     "doc.text",
     "dot.radiowaves.up.forward",
     "eye",
+    "eye.slash",
     "flame",
     "folder",
     "gearshape",
