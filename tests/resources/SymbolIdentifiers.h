@@ -6,7 +6,7 @@
 namespace zeph {
 
 /// Every symbol that the program draws by identifier, in the order of QDir::Name.
-inline constexpr std::array<const char *, 123> symbolIdentifiers{
+inline constexpr std::array<const char *, 127> symbolIdentifiers{
     "airpodspro",
     "app.dashed",
     "aqi.medium",
@@ -36,11 +36,13 @@ inline constexpr std::array<const char *, 123> symbolIdentifiers{
     "chart.line.uptrend.xyaxis",
     "chart.xyaxis.line",
     "checklist",
+    "checkmark",
     "checkmark.circle",
     "checkmark.circle.fill",
     "checkmark.seal",
     "checkmark.square.fill",
     "chevron.forward",
+    "chevron.left",
     "chevron.left.forwardslash.chevron.right",
     "chevron.right",
     "circle",
@@ -67,6 +69,7 @@ inline constexpr std::array<const char *, 123> symbolIdentifiers{
     "doc",
     "doc.text",
     "dot.radiowaves.up.forward",
+    "exclamationmark.triangle",
     "eye",
     "eye.slash",
     "flame",
@@ -87,6 +90,7 @@ inline constexpr std::array<const char *, 123> symbolIdentifiers{
     "lock.keyhole",
     "lock.shield",
     "magicmouse",
+    "magnifyingglass",
     "memorychip",
     "menubar.arrow.up.rectangle",
     "menubar.dock.rectangle",

@@ -23,6 +23,8 @@ public:
     Kind kind() const { return m_kind; }
 
 private:
+    void announce();
+
     Kind m_kind = Kind::hint;
     SymbolView *m_symbol;
     TextLabel *m_text;
