@@ -7,6 +7,7 @@
 #include "ports/LocationClient.h"
 #include "ports/RunLoop.h"
 #include "ports/SystemSettings.h"
+#include "settings/Consents.h"
 
 #include <QUrl>
 
@@ -47,19 +48,23 @@ PermissionsManager::PermissionsManager(PermissionsContext context) : m_context(s
 }
 
 QString PermissionsManager::accessibilityLink() {
-    return u"x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"_s;
+    return u"zeph-settings:accessibility"_s;
 }
 
 QString PermissionsManager::locationLink() {
-    return u"x-apple.systempreferences:com.apple.preference.security?Privacy_LocationServices"_s;
+    return u"zeph-settings:location"_s;
 }
 
 QString PermissionsManager::calendarLink() {
-    return u"x-apple.systempreferences:com.apple.preference.security?Privacy_Calendars"_s;
+    return u"zeph-settings:calendar"_s;
 }
 
 QString PermissionsManager::remindersLink() {
-    return u"x-apple.systempreferences:com.apple.preference.security?Privacy_Reminders"_s;
+    return u"zeph-settings:reminders"_s;
+}
+
+QString PermissionsManager::privacyLink() {
+    return u"zeph-settings:privacy"_s;
 }
 
 void PermissionsManager::refresh() {
@@ -70,6 +75,16 @@ void PermissionsManager::refresh() {
     locationGranted = statusOf(freshClient.get()) == LocationAuthorization::authorized;
     calendarGranted = store.authorizationStatus(EntityType::event) == EventAccess::fullAccess;
     remindersGranted = store.authorizationStatus(EntityType::reminder) == EventAccess::fullAccess;
+}
+
+LocationHindrance PermissionsManager::locationHindrance() const {
+    return m_context.locationClient == nullptr ? LocationHindrance::noService
+                                               : m_context.locationClient->hindrance();
+}
+
+void PermissionsManager::requestAccessibility() {
+    m_context.consents.input.set(ConsentState::granted);
+    accessibilityGranted = m_context.inputEvents.isTrusted();
 }
 
 void PermissionsManager::requestLocation() {
@@ -134,10 +149,38 @@ void PermissionsManager::requestEntity(EntityType type, const QString &link) {
     });
 }
 
+// Not "denied": that would send the next press on "Allow" to the system's settings, which know
+// nothing of an answer that is kept here.
+void PermissionsManager::withdraw(Consent &consent) {
+    consent.set(ConsentState::notDetermined);
+    refresh();
+}
+
+void PermissionsManager::withdrawAccessibility() {
+    withdraw(m_context.consents.input);
+}
+
+void PermissionsManager::withdrawLocation() {
+    withdraw(m_context.consents.location);
+}
+
+void PermissionsManager::withdrawCalendar() {
+    withdraw(m_context.consents.calendar);
+}
+
+void PermissionsManager::withdrawReminders() {
+    withdraw(m_context.consents.reminders);
+}
+
 void PermissionsManager::open(const QString &link) {
     const QUrl url(link, QUrl::StrictMode);
-    if (url.isValid()) {
+    if (!url.isValid()) {
+        return;
+    }
+    if (m_context.systemSettings.canOpen(url)) {
         m_context.systemSettings.open(url);
+    } else if (m_context.showPermissions) {
+        m_context.showPermissions();
     }
 }
 
