@@ -6,13 +6,11 @@
 #include "ui/controls/PercentSlider.h"
 #include "ui/controls/Segmented.h"
 #include "ui/controls/SettingRow.h"
-#include "ui/controls/Swatch.h"
 #include "ui/controls/TextLabel.h"
-#include "ui/settings/CheckOnly.h"
 #include "ui/settings/ColorWell.h"
 #include "ui/settings/LiveRefresh.h"
+#include "ui/settings/SwatchRow.h"
 
-#include <QButtonGroup>
 #include <QHBoxLayout>
 
 #include <algorithm>
@@ -70,7 +68,7 @@ BackgroundCard::BackgroundCard(const SettingsContext &context, QWidget *parent)
       m_context(context),
       m_mode(new Segmented({u"Solid"_s, u"Time of day"_s, u"Transparent"_s})),
       m_description(new TextLabel({}, TypeRole::detail, TextLabel::Ink::second)),
-      m_swatches(new QButtonGroup(this)),
+      m_swatches(new SwatchRow),
       m_colorName(new TextLabel({}, TypeRole::detail, TextLabel::Ink::ink)),
       m_customColor(new ColorWell(customColorTitle())),
       m_opacity(new PercentSlider),
@@ -104,7 +102,11 @@ QWidget *BackgroundCard::makeColors() {
     auto *column = new QVBoxLayout(colors);
     column->setContentsMargins(0, scaled(18), 0, 0);
     column->setSpacing(scaled(14));
-    column->addWidget(makeSwatches());
+    column->addWidget(m_swatches);
+    m_swatches->setAccessibleName(cardTitle());
+    m_swatches->onChosen = [this](const QString &hex) {
+        m_context.preferences.setBackgroundHex(hex);
+    };
     auto *line = new QHBoxLayout;
     line->setSpacing(scaled(12));
     line->addWidget(m_colorName, 1);
@@ -120,24 +122,6 @@ QWidget *BackgroundCard::makeColors() {
     return colors;
 }
 
-QWidget *BackgroundCard::makeSwatches() {
-    auto *row = new QWidget;
-    row->setAccessibleName(cardTitle());
-    auto *line = new QHBoxLayout(row);
-    line->setContentsMargins(0, 0, 0, 0);
-    line->setSpacing(scaled(8));
-    int index = 0;
-    for (const BackgroundPresets::Preset &preset : BackgroundPresets::all()) {
-        auto *swatch = new Swatch(preset.name, preset.hex);
-        m_swatches->addButton(swatch, index++);
-        line->addWidget(swatch);
-        connect(swatch, &QRadioButton::clicked, this,
-                [this, hex = preset.hex] { m_context.preferences.setBackgroundHex(hex); });
-    }
-    line->addStretch(1);
-    return row;
-}
-
 QWidget *BackgroundCard::makeOpacity() {
     auto *row = new QWidget;
     auto *line = new QHBoxLayout(row);
@@ -148,9 +132,8 @@ QWidget *BackgroundCard::makeOpacity() {
     line->addWidget(label);
     line->addWidget(m_opacity, 1);
     m_opacity->setAccessibleName(opacityTitle());
-    connect(m_opacity, &QSlider::valueChanged, this, [this](int percent) {
-        m_context.preferences.setTransparentDim(percent / percents);
-    });
+    connect(m_opacity, &QSlider::valueChanged, this,
+            [this](int percent) { m_context.preferences.setTransparentDim(percent / percents); });
     return row;
 }
 
@@ -170,13 +153,8 @@ void BackgroundCard::refresh() {
 void BackgroundCard::refreshColors() {
     const Color color = BackgroundPresets::colorFor(m_context.preferences.backgroundHex());
     m_customColor->setColor(shownColor(color));
-    const auto presets = BackgroundPresets::all();
-    const auto chosen =
-        std::find_if(presets.begin(), presets.end(),
-                     [hex = color.hexString()](const auto &preset) { return preset.hex == hex; });
-    const bool isPreset = chosen != presets.end();
-    checkOnly(*m_swatches, isPreset ? static_cast<int>(chosen - presets.begin()) : -1);
-    m_colorName->setText(isPreset ? chosen->name : color.hexString());
+    const QString preset = m_swatches->choose(color.hexString());
+    m_colorName->setText(preset.isEmpty() ? color.hexString() : preset);
 }
 
 std::vector<SearchEntry> BackgroundCard::searchEntries() const {

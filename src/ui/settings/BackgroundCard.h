@@ -5,13 +5,12 @@
 #include "ui/settings/Pane.h"
 #include "ui/settings/SettingsContext.h"
 
-class QButtonGroup;
-
 namespace zeph::ui {
 
 class ColorWell;
 class PercentSlider;
 class Segmented;
+class SwatchRow;
 class TextLabel;
 
 /// What lies behind the widgets.
@@ -24,7 +23,6 @@ public:
 private:
     QWidget *makeBody();
     QWidget *makeColors();
-    QWidget *makeSwatches();
     QWidget *makeOpacity();
     void refresh();
     void refreshColors();
@@ -32,7 +30,7 @@ private:
     SettingsContext m_context;
     Segmented *m_mode;
     TextLabel *m_description;
-    QButtonGroup *m_swatches; ///< in the order of the presets
+    SwatchRow *m_swatches;
     TextLabel *m_colorName;
     ColorWell *m_customColor;
     PercentSlider *m_opacity;

@@ -32,7 +32,8 @@ QString desktopFilesDetail(const QString &folder) {
 
 } // namespace
 
-BehaviorCard::BehaviorCard(const SettingsContext &context, QWidget *parent)
+BehaviorCard::BehaviorCard(const SettingsContext &context, const QString &desktopFolder,
+                           QWidget *parent)
     : Card(parent),
       m_context(context),
       m_login(new Switch),
@@ -43,7 +44,7 @@ BehaviorCard::BehaviorCard(const SettingsContext &context, QWidget *parent)
     addLoginRow();
     addTitlesRow();
     addClockRow();
-    addDesktopFilesRow();
+    addDesktopFilesRow(desktopFolder);
     refresh();
     auto *live = new LiveRefresh(*this, context.runLoop, [this] { refresh(); });
     live->follow(context.preferences.objectWillChange);
@@ -79,9 +80,9 @@ void BehaviorCard::addClockRow() {
             [this](bool isOn) { m_context.preferences.setUse24HourClock(isOn); });
 }
 
-void BehaviorCard::addDesktopFilesRow() {
+void BehaviorCard::addDesktopFilesRow(const QString &desktopFolder) {
     SettingRow *row = addSwitch(m_desktopFiles, u"folder"_s, u"Hide Desktop files"_s,
-                                desktopFilesDetail(m_context.desktopFolder));
+                                desktopFilesDetail(desktopFolder));
     connect(m_desktopFiles, &QCheckBox::clicked, this, [this](bool isOn) {
         m_context.defaults.set(hideIconsKey(), isOn);
         m_context.desktopIcons.applyHidden(isOn);

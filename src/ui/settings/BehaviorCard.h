@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/WorkOwner.h"
 #include "ui/controls/Card.h"
 #include "ui/settings/Pane.h"
 #include "ui/settings/SettingsContext.h"
@@ -15,7 +16,9 @@ class Switch;
 /// the files on the desktop.
 class BehaviorCard : public Card {
 public:
-    explicit BehaviorCard(const SettingsContext &context, QWidget *parent = nullptr);
+    /// `desktopFolder` is what people call it, such as "~/Desktop"; empty for a user without one.
+    BehaviorCard(const SettingsContext &context, const QString &desktopFolder,
+                 QWidget *parent = nullptr);
 
     std::vector<SearchEntry> searchEntries() const;
 
@@ -25,7 +28,7 @@ private:
     void addLoginRow();
     void addTitlesRow();
     void addClockRow();
-    void addDesktopFilesRow();
+    void addDesktopFilesRow(const QString &desktopFolder);
     void setOpensAtLogin(bool opens);
     void refresh();
 

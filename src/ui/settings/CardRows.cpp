@@ -2,21 +2,14 @@
 #include "ui/settings/CardRows.h"
 
 #include "ui/controls/Look.h"
+#include "ui/controls/Paint.h"
 
 #include <QPainter>
 #include <QVBoxLayout>
 
 namespace zeph::ui {
 
-namespace {
-
-constexpr double textStart = 56; // of a row, from the card's edge
-constexpr double cardPadding = 20;
-
-} // namespace
-
-CardRows::CardRows(Lines lines, QWidget *parent)
-    : QWidget(parent), m_lines(lines), m_rows(new QVBoxLayout(this)) {
+CardRows::CardRows(QWidget *parent) : QWidget(parent), m_rows(new QVBoxLayout(this)) {
     m_rows->setContentsMargins(0, 0, 0, 0);
     m_rows->setSpacing(0);
 }
@@ -46,16 +39,10 @@ void CardRows::removeFrom(int index) {
 
 void CardRows::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);
-    // One pixel of the device, which a line of width zero is.
-    painter.setPen(QPen(Look::of(*this).tokens().line, 0));
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    const int start = m_lines == Lines::whole ? 0 : scaled(textStart);
-    const int end = m_lines == Lines::whole ? 0 : scaled(cardPadding);
-    const int left = contentsRect().left() + (isMirrored ? end : start);
-    const int right = contentsRect().right() + 1 - (isMirrored ? start : end);
+    const QColor &color = Look::of(*this).tokens().line;
     for (int index = 1; index < count(); ++index) {
-        const double top = row(index)->y() + 0.5 / devicePixelRatioF();
-        painter.drawLine(QPointF(left, top), QPointF(right, top));
+        const QRectF line(0, row(index)->y(), width(), hairline(painter));
+        painter.fillRect(onPixels(painter, line), color);
     }
 }
 

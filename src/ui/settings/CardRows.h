@@ -7,14 +7,10 @@ class QVBoxLayout;
 
 namespace zeph::ui {
 
-/// Rows of a card that come and go, apart by hairlines.
+/// Rows that stand under the text of a card's row, and come and go, apart by hairlines.
 class CardRows : public QWidget {
 public:
-    /// Where the lines are: below the texts of rows that reach from edge to edge of the card, or
-    /// all along rows that stand under a text themselves.
-    enum class Lines { underTheText, whole };
-
-    explicit CardRows(Lines lines, QWidget *parent = nullptr);
+    explicit CardRows(QWidget *parent = nullptr);
 
     /// Below the others.
     void add(QWidget *row);
@@ -28,7 +24,6 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    Lines m_lines;
     QVBoxLayout *m_rows;
 };
 

@@ -12,7 +12,6 @@ namespace {
 
 constexpr double wellWidth = 48;
 constexpr double wellHeight = 30;
-constexpr double ringRoom = 4; // for the ring of the focus and the gap to it
 
 } // namespace
 
@@ -31,7 +30,7 @@ void ColorWell::setColor(const QColor &color) {
 }
 
 QSize ColorWell::sizeHint() const {
-    return {scaled(wellWidth + 2 * ringRoom), scaled(wellHeight + 2 * ringRoom)};
+    return {scaled(wellWidth), scaled(wellHeight)};
 }
 
 void ColorWell::ask() {
@@ -49,22 +48,11 @@ void ColorWell::ask() {
 }
 
 void ColorWell::paintEvent(QPaintEvent * /*event*/) {
-    const Tokens &tokens = Look::of(*this).tokens();
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const int room = scaled(ringRoom);
-    const QRectF well = QRectF(rect()).adjusted(room, room, -room, -room);
-    const double radius = well.height() / 2;
-    if (hasFocus() && m_showsFocus) {
-        constexpr double ringWidth = 2;
-        painter.setPen(QPen(tokens.focus, scaled(ringWidth)));
-        const double middle = room - scaled(ringWidth) / 2.0;
-        painter.drawRoundedRect(well.adjusted(-middle, -middle, middle, middle), radius + middle,
-                                radius + middle);
-    }
-    painter.setPen(QPen(tokens.edge, 1));
-    painter.setBrush(m_color);
-    painter.drawRoundedRect(well.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    paintControl(*this, [this](QPainter &painter) {
+        const Rounded well = pill(rect());
+        painter.fillPath(well.path(), m_color);
+        strokeInside(painter, well, 1, Look::of(*this).tokens().edge);
+    });
 }
 
 } // namespace zeph::ui

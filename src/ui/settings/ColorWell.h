@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/Interaction.h"
+
 #include <QPushButton>
 
 #include <functional>
@@ -28,6 +30,7 @@ private:
     void ask();
 
     QColor m_color;
+    Interaction m_interaction{*this, [this] { return pill(rect()); }};
 };
 
 } // namespace zeph::ui

@@ -2,11 +2,9 @@
 #include "ui/settings/DesktopsCard.h"
 
 #include "settings/PreferencesStore.h"
-#include "ui/controls/Look.h"
 #include "ui/controls/MarkRow.h"
 #include "ui/controls/SettingRow.h"
 #include "ui/controls/TextLabel.h"
-#include "ui/settings/CardRows.h"
 #include "ui/settings/LiveRefresh.h"
 
 namespace zeph::ui {
@@ -26,17 +24,13 @@ DesktopsCard::DesktopsCard(const SettingsContext &context, QWidget *parent)
     : Card(parent),
       m_context(context),
       m_onlyOne(new TextLabel(onlyOneDesktop(), TypeRole::detail, TextLabel::Ink::second)),
-      m_list(new CardRows(CardRows::Lines::underTheText)),
       m_all(new RadioRow({}, {})),
       m_entry{u"Show Tavi on desktops"_s,
               u"Your workspaces — keep Tavi on every one, or pick the ones you want it on."_s,
-              m_list} {
+              this} {
     addRow(new SettingRow({u"squares.below.rectangle"_s, m_entry.title, m_entry.detail}, nullptr));
     addBody(m_onlyOne);
-    addBody(m_list);
-    m_list->setContentsMargins(0, 0, 0, scaled(8)); // the rows reach from edge to edge
-    m_list->setAccessibleName(m_entry.title);
-    m_list->add(m_all);
+    addRow(m_all);
     m_all->setAutoExclusive(false); // it goes out when a workspace is chosen
     connect(m_all, &QRadioButton::clicked, this, [this] { chooseAll(); });
     refresh();
@@ -46,30 +40,37 @@ DesktopsCard::DesktopsCard(const SettingsContext &context, QWidget *parent)
 }
 
 void DesktopsCard::refresh() {
-    m_rows =
-        desktopRows(m_context.preferences.desktopSelection(), m_context.virtualDesktops.all());
+    m_rows = desktopRows(m_context.preferences.desktopSelection(), m_context.virtualDesktops.all());
     m_onlyOne->setVisible(m_rows.empty());
-    m_list->setVisible(!m_rows.empty());
-    const int count = static_cast<int>(m_rows.size());
-    if (count == 0) {
+    m_all->setVisible(!m_rows.empty());
+    const std::size_t count = m_rows.empty() ? 0 : m_rows.size() - 1;
+    while (m_shown.size() > count) {
+        m_shown.back()->hide();
+        m_shown.back()->deleteLater();
+        m_shown.pop_back();
+    }
+    if (m_rows.empty()) {
         return;
     }
-    m_list->removeFrom(count);
     m_all->setText(m_rows.front().title);
     m_all->setDetail(m_rows.front().detail);
     m_all->setChecked(m_rows.front().isChosen);
-    for (int index = 1; index < count; ++index) {
-        if (index == m_list->count()) {
-            auto *made = new CheckRow({}, {});
-            connect(made, &QCheckBox::clicked, this, [this, index] { toggle(index); });
-            m_list->add(made);
+    for (std::size_t index = 0; index < count; ++index) {
+        if (index == m_shown.size()) {
+            makeRow();
         }
-        const DesktopRow &row = m_rows[static_cast<std::size_t>(index)];
-        auto *shown = static_cast<CheckRow *>(m_list->row(index));
-        shown->setText(row.title);
-        shown->setDetail(row.detail);
-        shown->setChecked(row.isChosen);
+        const DesktopRow &row = m_rows[index + 1];
+        m_shown[index]->setText(row.title);
+        m_shown[index]->setDetail(row.detail);
+        m_shown[index]->setChecked(row.isChosen);
     }
+}
+
+void DesktopsCard::makeRow() {
+    auto *row = new CheckRow({}, {});
+    connect(row, &QCheckBox::clicked, this, [this, index = m_shown.size() + 1] { toggle(index); });
+    m_shown.push_back(row);
+    addRow(row);
 }
 
 void DesktopsCard::chooseAll() {
@@ -77,8 +78,8 @@ void DesktopsCard::chooseAll() {
     refresh(); // the mark of what is chosen already stays
 }
 
-void DesktopsCard::toggle(int index) {
-    if (const auto number = m_rows[static_cast<std::size_t>(index)].number) {
+void DesktopsCard::toggle(std::size_t index) {
+    if (const auto number = m_rows[index].number) {
         m_context.preferences.setDesktopSelection(
             toggled(m_context.preferences.desktopSelection(), *number));
         refresh(); // the last one stays chosen, whatever its own click made of its mark

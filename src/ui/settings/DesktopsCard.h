@@ -8,7 +8,6 @@
 
 namespace zeph::ui {
 
-class CardRows;
 class CheckRow;
 class RadioRow;
 class TextLabel;
@@ -23,12 +22,13 @@ public:
 private:
     void refresh();
     void chooseAll();
-    void toggle(int index);
+    void makeRow();
+    void toggle(std::size_t index); ///< of `m_rows`
 
     SettingsContext m_context;
     TextLabel *m_onlyOne; ///< in place of the rows
-    CardRows *m_list;
     RadioRow *m_all;
+    std::vector<CheckRow *> m_shown; ///< one a workspace
     std::vector<DesktopRow> m_rows;
     SearchEntry m_entry;
 };

@@ -2,10 +2,8 @@
 #include "ui/settings/DisplaysCard.h"
 
 #include "settings/PreferencesStore.h"
-#include "ui/controls/Look.h"
 #include "ui/controls/MarkRow.h"
 #include "ui/controls/SettingRow.h"
-#include "ui/settings/CardRows.h"
 #include "ui/settings/CheckOnly.h"
 #include "ui/settings/LiveRefresh.h"
 
@@ -18,14 +16,10 @@ using namespace Qt::StringLiterals;
 DisplaysCard::DisplaysCard(const SettingsContext &context, QWidget *parent)
     : Card(parent),
       m_context(context),
-      m_list(new CardRows(CardRows::Lines::underTheText)),
       m_group(new QButtonGroup(this)),
       m_entry{u"Show Tavi on"_s,
-              u"Pick a monitor, or show your wallpaper on every display at once."_s, m_list} {
+              u"Pick a monitor, or show your wallpaper on every display at once."_s, this} {
     addRow(new SettingRow({u"display.2"_s, m_entry.title, m_entry.detail}, nullptr));
-    addBody(m_list);
-    m_list->setContentsMargins(0, 0, 0, scaled(8)); // the rows reach from edge to edge
-    m_list->setAccessibleName(m_entry.title);
     connect(m_group, &QButtonGroup::idClicked, this, [this](int index) { choose(index); });
     refresh();
     auto *live = new LiveRefresh(*this, context.runLoop, [this] { refresh(); });
@@ -36,14 +30,19 @@ DisplaysCard::DisplaysCard(const SettingsContext &context, QWidget *parent)
 void DisplaysCard::refresh() {
     m_rows = displayRows(m_context.preferences.displaySelection(), m_context.screens);
     const int count = static_cast<int>(m_rows.size());
-    m_list->removeFrom(count);
+    while (static_cast<int>(m_shown.size()) > count) {
+        m_group->removeButton(m_shown.back());
+        m_shown.back()->hide();
+        m_shown.back()->deleteLater();
+        m_shown.pop_back();
+    }
     int chosen = -1;
     for (int index = 0; index < count; ++index) {
-        if (index == m_list->count()) {
+        if (index == static_cast<int>(m_shown.size())) {
             makeRow(index);
         }
         const DisplayRow &row = m_rows[static_cast<std::size_t>(index)];
-        auto *shown = static_cast<RadioRow *>(m_group->button(index));
+        RadioRow *shown = m_shown[static_cast<std::size_t>(index)];
         shown->setText(row.title);
         shown->setDetail(row.detail);
         chosen = row.isChosen ? index : chosen;
@@ -54,7 +53,8 @@ void DisplaysCard::refresh() {
 void DisplaysCard::makeRow(int index) {
     auto *row = new RadioRow({}, {});
     m_group->addButton(row, index);
-    m_list->add(row);
+    m_shown.push_back(row);
+    addRow(row);
 }
 
 void DisplaysCard::choose(int index) {

@@ -10,7 +10,7 @@ class QButtonGroup;
 
 namespace zeph::ui {
 
-class CardRows;
+class RadioRow;
 
 /// Which displays carry the wallpaper.
 class DisplaysCard : public Card {
@@ -25,8 +25,8 @@ private:
     void choose(int index);
 
     SettingsContext m_context;
-    CardRows *m_list;
     QButtonGroup *m_group; ///< the rows by their place
+    std::vector<RadioRow *> m_shown;
     std::vector<DisplayRow> m_rows;
     SearchEntry m_entry;
 };

@@ -28,4 +28,11 @@ void Pane::add(QWidget *widget, int gap) {
     m_column->insertWidget(m_column->count() - 1, widget);
 }
 
+void Pane::addFilling(QWidget *widget, int gap, int bottom) {
+    add(widget, gap);
+    delete m_column->takeAt(m_column->count() - 1); // the stretch
+    m_column->setStretchFactor(widget, 1);
+    m_column->setContentsMargins(0, scaled(columnTop), 0, scaled(bottom));
+}
+
 } // namespace zeph::ui

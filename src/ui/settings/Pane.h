@@ -24,6 +24,10 @@ public:
     /// Below the others, `gap` logical pixels apart.
     void add(QWidget *widget, int gap);
 
+    /// The same as the last one, which takes all the height that is left. `bottom` logical pixels
+    /// stay free below it.
+    void addFilling(QWidget *widget, int gap, int bottom);
+
     /// Everything in the pane that can be looked for, as it stands now.
     virtual std::vector<SearchEntry> searchEntries() { return {}; }
 
