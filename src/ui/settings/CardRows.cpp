@@ -3,6 +3,7 @@
 
 #include "ui/controls/Look.h"
 #include "ui/controls/Paint.h"
+#include "ui/settings/TabOrder.h"
 
 #include <QPainter>
 #include <QVBoxLayout>
@@ -17,6 +18,11 @@ CardRows::CardRows(QWidget *parent) : QWidget(parent), m_rows(new QVBoxLayout(th
 void CardRows::add(QWidget *row) {
     m_rows->addWidget(row);
     row->show(); // at once, so that the focus can go there
+    if (const int last = count() - 1; last > 0) {
+        visitAfter(*this->row(last - 1), *row);
+    } else {
+        visitFirst(*this, *row);
+    }
 }
 
 QWidget *CardRows::row(int index) const {

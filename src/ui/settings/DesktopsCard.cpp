@@ -6,6 +6,7 @@
 #include "ui/controls/SettingRow.h"
 #include "ui/controls/TextLabel.h"
 #include "ui/settings/LiveRefresh.h"
+#include "ui/settings/TabOrder.h"
 
 namespace zeph::ui {
 
@@ -69,8 +70,9 @@ void DesktopsCard::refresh() {
 void DesktopsCard::makeRow() {
     auto *row = new CheckRow({}, {});
     connect(row, &QCheckBox::clicked, this, [this, index = m_shown.size() + 1] { toggle(index); });
-    m_shown.push_back(row);
     addRow(row);
+    visitAfter(m_shown.empty() ? static_cast<QWidget &>(*m_all) : *m_shown.back(), *row);
+    m_shown.push_back(row);
 }
 
 void DesktopsCard::chooseAll() {

@@ -6,6 +6,7 @@
 #include "ui/controls/SettingRow.h"
 #include "ui/settings/CheckOnly.h"
 #include "ui/settings/LiveRefresh.h"
+#include "ui/settings/TabOrder.h"
 
 #include <QButtonGroup>
 
@@ -53,8 +54,11 @@ void DisplaysCard::refresh() {
 void DisplaysCard::makeRow(int index) {
     auto *row = new RadioRow({}, {});
     m_group->addButton(row, index);
-    m_shown.push_back(row);
     addRow(row);
+    if (!m_shown.empty()) {
+        visitAfter(*m_shown.back(), *row);
+    }
+    m_shown.push_back(row);
 }
 
 void DisplaysCard::choose(int index) {

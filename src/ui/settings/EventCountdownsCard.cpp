@@ -18,6 +18,7 @@
 #include "ui/settings/UndoLine.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 
 namespace zeph::ui {
 
@@ -54,7 +55,6 @@ EventCountdownsCard::EventCountdownsCard(const SettingsContext &context, QWidget
     connect(m_name, &QLineEdit::textChanged, this, [this] { refreshForm(); });
     connect(m_name, &QLineEdit::returnPressed, this, [this] { add(); });
     connect(m_add, &QPushButton::clicked, this, [this] { add(); });
-    refresh();
     refreshForm();
     auto *live = new LiveRefresh(*this, context.runLoop, [this] { refresh(); });
     live->follow(context.preferences.objectWillChange);
@@ -65,6 +65,7 @@ QWidget *EventCountdownsCard::makeBody() {
     auto *column = new QVBoxLayout(body);
     column->setSpacing(0);
     column->addWidget(m_list);
+    refresh(); // now, so that the Tab key comes to the rows before the form
     column->addWidget(m_undo);
     column->addSpacing(scaled(10));
     column->addLayout(makeForm());
@@ -82,6 +83,11 @@ QLayout *EventCountdownsCard::makeForm() {
     m_name->setAccessibleName(namePrompt());
     m_day->setAccessibleName(u"Event date"_s);
     m_recurrence->setAccessibleName(u"Recurrence"_s);
+    // A choice's own name is its current text, so that what it is for has to be told by a label.
+    auto *label = new QLabel(m_recurrence->accessibleName());
+    label->setBuddy(m_recurrence);
+    label->hide();
+    line->addWidget(label);
     return line;
 }
 

@@ -76,7 +76,7 @@ TEST_F(BackgroundCardTest, aColorOfOnesOwnMarksNoSwatch) {
     open();
     EXPECT_EQ(named<ColorWell>(u"Custom color"_s).color(), QColor(0x12, 0x34, 0x56));
     EXPECT_TRUE(says(u"#123456"_s));
-    for (const Swatch *swatch : window.findChildren<Swatch *>()) {
+    for (const Swatch *swatch : all<Swatch>()) {
         EXPECT_FALSE(swatch->isChecked());
     }
     click(named<Swatch>(u"Wine"_s)); // from where none is marked

@@ -11,8 +11,8 @@ namespace zeph::ui {
 
 class BehaviorCardTest : public PaneFixture {
 protected:
-    BehaviorCard &open(const QString &folder = u"~/Desktop"_s) {
-        return show(new BehaviorCard(paneContext(), folder));
+    BehaviorCard &open(const QString &desktop = u"~/Desktop"_s) {
+        return show(new BehaviorCard(paneContext(), desktop));
     }
 };
 

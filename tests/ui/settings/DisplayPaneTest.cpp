@@ -44,7 +44,7 @@ TEST_F(DisplayPaneTest, listsEveryWidgetOfEverySectionInOrder) {
         EXPECT_TRUE(says(section.subtitle));
     }
     QStringList shown;
-    for (const Switch *isOn : window.findChildren<Switch *>()) {
+    for (const Switch *isOn : all<Switch>()) {
         shown << isOn->accessibleName();
     }
     EXPECT_EQ(shown, expected);
@@ -105,7 +105,7 @@ TEST_F(DisplayPaneTest, followsAWidgetThatIsSwitchedElsewhere) {
 
 TEST_F(DisplayPaneTest, theHintOfAMissingAccountGoesWhenOneIsAdded) {
     openRow(WidgetKind::coingecko);
-    auto *row = window.findChildren<WidgetPlacementRow *>().front();
+    auto *row = all<WidgetPlacementRow>().front();
     EXPECT_FALSE(says(connectHint)); // the widget is off
     preferences.set(WidgetPlacement::always, WidgetKind::coingecko);
     row->refresh();

@@ -24,7 +24,7 @@ protected:
 
     QStringList titles() const {
         QStringList shown;
-        for (const RadioRow *row : window.findChildren<RadioRow *>()) {
+        for (const RadioRow *row : all<RadioRow>()) {
             if (row->isVisible()) {
                 shown << row->text();
             }
@@ -34,7 +34,7 @@ protected:
 
     QStringList chosen() const {
         QStringList marked;
-        for (const RadioRow *row : window.findChildren<RadioRow *>()) {
+        for (const RadioRow *row : all<RadioRow>()) {
             if (row->isVisible() && row->isChecked()) {
                 marked << row->text();
             }

@@ -28,7 +28,7 @@ protected:
         open();
     }
 
-    ReorderList &list() { return *window.findChild<ReorderList *>(); }
+    ReorderList &list() { return *all<ReorderList>().front(); }
 
     QStringList expectedRows() {
         QStringList ids;
@@ -130,7 +130,7 @@ TEST_F(LayoutPaneTest, showsTheWallpaperInBothModes) {
     open();
     const auto shown = [this] {
         int count = 0;
-        for (const auto *picture : window.findChildren<WallpaperThumbnail *>()) {
+        for (const auto *picture : all<WallpaperThumbnail>()) {
             count += picture->isVisible() ? 1 : 0;
         }
         return count;

@@ -10,6 +10,7 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace zeph::ui {
@@ -131,19 +132,32 @@ protected:
     /// The same, null without one.
     template <typename Control>
     Control *find(const QString &name) const {
+        const auto controls = all<Control>();
+        const auto found = std::find_if(controls.begin(), controls.end(), [&](Control *control) {
+            return control->isVisible() && spoken(*control) == name;
+        });
+        return found == controls.end() ? nullptr : *found;
+    }
+
+    /// All of a kind, shown or not. The toolkit's own search knows none of our kinds.
+    template <typename Control>
+    std::vector<Control *> all() const {
+        std::vector<Control *> found;
         for (QWidget *widget : window.findChildren<QWidget *>()) {
-            auto *control = dynamic_cast<Control *>(widget);
-            if (control != nullptr && control->isVisible() && spoken(*control) == name) {
-                return control;
+            if (auto *control = dynamic_cast<Control *>(widget)) {
+                found.push_back(control);
             }
         }
-        return nullptr;
+        return found;
     }
 
     /// Whether that text stands in the window.
     bool says(const QString &text) const { return find<TextLabel>(text) != nullptr; }
 
     static QString spoken(QWidget &widget) {
+        if (!widget.accessibleName().isEmpty()) {
+            return widget.accessibleName();
+        }
         QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(&widget);
         return interface == nullptr ? QString() : interface->text(QAccessible::Name);
     }

@@ -35,7 +35,7 @@ protected:
 
     /// The kind of the line that tells how it went, and its text.
     std::pair<StatusLine::Kind, QString> told() const {
-        const auto *line = window.findChild<StatusLine *>();
+        const auto *line = all<StatusLine>().front();
         return {line->kind(), line->isVisible() ? line->text() : QString()};
     }
 
