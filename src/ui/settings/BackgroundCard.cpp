@@ -88,6 +88,7 @@ BackgroundCard::BackgroundCard(const SettingsContext &context, QWidget *parent)
 QWidget *BackgroundCard::makeBody() {
     auto *body = new QWidget;
     auto *column = new QVBoxLayout(body);
+    column->setContentsMargins(0, 0, 0, 0); // the body has its own
     column->setSpacing(0);
     column->addWidget(m_mode, 0, Qt::AlignLeading);
     column->addSpacing(scaled(10));

@@ -63,6 +63,7 @@ EventCountdownsCard::EventCountdownsCard(const SettingsContext &context, QWidget
 QWidget *EventCountdownsCard::makeBody() {
     auto *body = new QWidget;
     auto *column = new QVBoxLayout(body);
+    column->setContentsMargins(0, 0, 0, 0); // the body has its own
     column->setSpacing(0);
     column->addWidget(m_list);
     refresh(); // now, so that the Tab key comes to the rows before the form

@@ -18,21 +18,27 @@ namespace {
 
 constexpr double markSize = 16;
 constexpr double markGap = 8;
+constexpr double iconButtonOverhang = 10; // it ends nearer to the card's edge than other controls
 
 } // namespace
 
 /// At the end of the row: a word with a mark and the way back, or the button that asks.
 struct PermissionRow::Control : QWidget {
     explicit Control(const QString &title)
-        : granted(new QWidget),
+        : asking(new QWidget),
+          granted(new QWidget),
           mark(new SymbolView(u"checkmark.circle.fill"_s, markSize, SymbolView::Ink::ok)),
           word(new TextLabel({}, TypeRole::detail, TextLabel::Ink::ink)),
           withdraw(new IconButton(u"xmark.circle"_s, u"Withdraw"_s)),
           allow(new PillButton(u"Allow"_s)) {
         auto *line = new QHBoxLayout(this);
         line->setContentsMargins(0, 0, 0, 0);
+        line->setSpacing(0);
+        line->addWidget(asking);
         line->addWidget(granted);
-        line->addWidget(allow);
+        auto *button = new QHBoxLayout(asking);
+        button->setContentsMargins(directed(*this, 0, 0, iconButtonOverhang, 0));
+        button->addWidget(allow);
         auto *parts = new QHBoxLayout(granted);
         parts->setContentsMargins(0, 0, 0, 0);
         parts->setSpacing(scaled(markGap));
@@ -44,6 +50,7 @@ struct PermissionRow::Control : QWidget {
         allow->setAccessibleName(u"Allow %1"_s.arg(title));
     }
 
+    QWidget *asking;
     QWidget *granted;
     SymbolView *mark;
     TextLabel *word;
@@ -67,7 +74,7 @@ void PermissionRow::show(bool isGranted, const PermissionState &state) {
     m_isGranted = isGranted;
     m_state->word->setText(state.word);
     m_state->granted->setVisible(isGranted);
-    m_state->allow->setVisible(!isGranted);
+    m_state->asking->setVisible(!isGranted);
     if (hadFocus) {
         button()->setFocus(); // the one that was pressed is gone
     }

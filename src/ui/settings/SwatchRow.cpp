@@ -2,6 +2,7 @@
 #include "ui/settings/SwatchRow.h"
 
 #include "drawing/palette/BackgroundPresets.h"
+#include "ui/controls/Accessible.h"
 #include "ui/controls/Look.h"
 #include "ui/controls/Swatch.h"
 #include "ui/settings/CheckOnly.h"
@@ -21,6 +22,7 @@ constexpr double swatchGap = 8;
 
 SwatchRow::SwatchRow(QWidget *parent)
     : QWidget(parent), m_swatches(new QButtonGroup(this)), m_grid(new QGridLayout(this)) {
+    announceAs(*this, QAccessible::Grouping);
     m_grid->setContentsMargins(0, 0, 0, 0);
     m_grid->setSpacing(scaled(swatchGap));
     for (const BackgroundPresets::Preset &preset : BackgroundPresets::all()) {

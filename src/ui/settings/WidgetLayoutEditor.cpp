@@ -87,7 +87,8 @@ QWidget *WidgetLayoutEditor::makeList() {
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(scaled(footerGap));
     m_list->setAccessibleName(u"Order of the widgets"_s);
-    m_list->setMinimumHeight(scaled(leastListHeight));
+    // As high as there is room for, up to all its rows; then it scrolls.
+    m_list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
     m_card->addRow(m_list);
     column->addWidget(m_card, 1);
     m_empty->setAlignment(Qt::AlignCenter);
@@ -95,6 +96,7 @@ QWidget *WidgetLayoutEditor::makeList() {
     column->addWidget(m_empty);
     m_footer->setLayout(makeFooter());
     column->addWidget(m_footer);
+    column->addStretch();
     return side;
 }
 
@@ -124,6 +126,9 @@ void WidgetLayoutEditor::refresh() {
             {rawValue(kind), icon(kind), title(kind), isCutOff ? u"does not fit"_s : QString()});
     }
     m_list->setRows(rows);
+    const int whole = m_list->sizeHint().height();
+    m_list->setMinimumHeight(std::min(scaled(leastListHeight), whole));
+    m_list->setMaximumHeight(whole);
     m_card->setVisible(!rows.empty());
     m_empty->setVisible(rows.empty());
     m_count->setText(layoutCountText(rows.size()));

@@ -24,11 +24,11 @@ protected:
         preferences.setBackgroundHex(u"#0D0F1F"_s);
         preferences.setUse24HourClock(true);
         paneLoginItem.enabled = true;
-        Screen harbor = screen(u"harbor"_s, 1, 3840, 2160);
+        Screen harbor = screen(u"harbor"_s, 1, 1920, 1080, 0, 2);
         harbor.name = u"Harbor 27"_s;
         Screen builtIn = screen(u"builtIn"_s, 2, 1920, 1200);
         builtIn.name = u"Built-in display"_s;
-        screens.screens = {builtIn, harbor};
+        screens.screens = {harbor, builtIn};
         virtualDesktops.desktops = {{1, {}, true}, {2, {}, false}, {3, {}, false}, {4, {}, false}};
         preferences.setDesktopSelection(SomeDesktops{{1, 2}});
     }
@@ -57,8 +57,8 @@ protected:
         for (const bool isDark : {true, false}) {
             appearance.wantedScheme =
                 isDark ? DesktopAppearance::Scheme::dark : DesktopAppearance::Scheme::light;
-            const QString look = isDark ? u"dark"_s : u"light"_s;
-            EXPECT_TRUE(matchesGolden(picture(tab, height), u"pane-%1-%2"_s.arg(name, look)));
+            const QString shade = isDark ? u"dark"_s : u"light"_s;
+            EXPECT_TRUE(matchesGolden(picture(tab, height), u"pane-%1-%2"_s.arg(name, shade)));
         }
     }
 
@@ -74,7 +74,7 @@ protected:
 };
 
 TEST_F(PanesGoldenTest, general) {
-    expectPictures(u"general"_s, 0, 1900);
+    expectPictures(u"general"_s, 0, 1840);
 }
 
 TEST_F(PanesGoldenTest, generalTimeOfDay) {
@@ -88,6 +88,15 @@ TEST_F(PanesGoldenTest, generalTransparent) {
 }
 
 TEST_F(PanesGoldenTest, widgets) {
+    for (const WidgetKind kind :
+         {WidgetKind::desktop, WidgetKind::reminders, WidgetKind::lemonsqueezy, WidgetKind::dodo,
+          WidgetKind::gumroad, WidgetKind::polar, WidgetKind::trustmrr, WidgetKind::ahrefs,
+          WidgetKind::hackernews, WidgetKind::reddit, WidgetKind::producthunt,
+          WidgetKind::bluesky}) {
+        preferences.set(WidgetPlacement::off, kind);
+    }
+    preferences.setSize(WidgetSizeOption::large, WidgetKind::countdowns);
+    state.deviceBatteries = std::vector<DeviceBattery>{};
     expectPictures(u"widgets"_s, 2, 2560);
 }
 
