@@ -162,8 +162,9 @@ std::vector<WidgetKind> WallpaperContentView::cutOff(const std::vector<WidgetKin
         const QRectF &frame = arrangement.frames[at];
         const bool isOutside = frame.right() > m_available.width() + hairsBreadth ||
                                frame.bottom() > m_available.height() + hairsBreadth;
-        const bool isOverClock = stack.anchorsLast && at + 1 < rows.size() &&
-                                 frame.intersects(arrangement.frames.back());
+        const bool isOverClock =
+            stack.anchorsLast && at + 1 < rows.size() &&
+            frame.adjusted(0, 0, 0, -hairsBreadth).intersects(arrangement.frames.back());
         if (isOutside || isOverClock) {
             const auto kindsOfRow = rowKinds(*rows[at]);
             outside.insert(outside.end(), kindsOfRow.begin(), kindsOfRow.end());

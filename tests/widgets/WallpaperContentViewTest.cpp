@@ -97,12 +97,12 @@ TEST_F(WallpaperContent, theColumnsBeyondTheRightEdgeAreCutOff) {
 }
 
 TEST_F(WallpaperContent, aFirstWidgetThatReachesIntoTheClockIsCutOff) {
-    const double machine = naturalSize(content.widget(WidgetKind::machine)).height();
-    const double clock = naturalSize(content.widget(WidgetKind::clock)).height();
+    const double above = naturalSize(content.widget(WidgetKind::machine)).height();
+    const double below = naturalSize(content.widget(WidgetKind::clock)).height();
     const std::vector kinds{WidgetKind::machine, WidgetKind::clock};
     EXPECT_TRUE(
-        WallpaperContentView(context, {1200, machine + clock}).cutOff(kinds, {metrics}).empty());
-    EXPECT_EQ(WallpaperContentView(context, {1200, machine + clock - 2}).cutOff(kinds, {metrics}),
+        WallpaperContentView(context, {1200, above + below}).cutOff(kinds, {metrics}).empty());
+    EXPECT_EQ(WallpaperContentView(context, {1200, above + below - 2}).cutOff(kinds, {metrics}),
               std::vector{WidgetKind::machine});
 }
 

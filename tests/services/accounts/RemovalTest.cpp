@@ -14,6 +14,12 @@ namespace {
 const auto pendingKey = u"zeph.integrations.pendingSecrets"_s;
 const auto existsKey = u"zeph.integrations.custom.exists"_s;
 
+/// Does everything within the call.
+class InlineExecutor : public TaskExecutor {
+public:
+    void run(std::function<void()> task) override { task(); }
+};
+
 /// Accounts and endpoints that are removed and may be taken back.
 class RemovalTest : public StoreFixture {
 protected:
@@ -136,15 +142,17 @@ TEST_F(RemovalTest, theEndOfTheProgramSettles) {
 
 TEST_F(RemovalTest, anEndInGoodOrderErasesBeforeItEnds) {
     const auto account = addKept(u"stripe"_s);
-    store->removeForNow(account.id);
-    executor.runAll();
-    secrets.takeCalls();
-    // The work that `finish` waits for is done by a thread; here by the loop of the test.
-    store->settle(account.id);
-    EXPECT_EQ(executor.waiting(), 1U);
-    settle();
-    EXPECT_THAT(secrets.takeCalls(),
-                ElementsAre(call("remove", account.id), legacyCall("remove", account.id)));
+    const auto endpoint = addEndpoint(u"a"_s);
+    InlineExecutor promptly;
+    Keychain own(secrets, defaults);
+    IntegrationsStore ending(defaults, own, notifications, loop, promptly);
+    loop.drain();
+    ending.removeForNow(account.id);
+    ending.removeForNow(endpoint.id);
+    EXPECT_TRUE(ending.finish(std::chrono::milliseconds(0)));
+    EXPECT_EQ(kept(account.id), std::nullopt);
+    EXPECT_THAT(keptEndpoints(), IsEmpty());
+    EXPECT_EQ(defaults.value(pendingKey), std::nullopt);
 }
 
 TEST_F(RemovalTest, anEndWithoutWarningErasesAtTheNextLaunch) {

@@ -101,6 +101,7 @@ TEST_F(ScreensTest, describesTheDisplay) {
     EXPECT_EQ(all[0].deviceFrame, QRect(0, 0, 1280, 800));
     EXPECT_EQ(all[0].scale, 1);
     EXPECT_EQ(all[0].persistentID, u"screen"_s);
+    EXPECT_EQ(all[0].name, u"screen"_s);
     EXPECT_NE(all[0].displayID.value_or(0), 0U);
     EXPECT_EQ(screens.main(), all[0]);
 }
@@ -109,6 +110,7 @@ TEST_F(ScreensTest, knowsADisplayByItsOwnWords) {
     setEdid(edidBlock("Panel 24", "SN-0042"));
     const X11Screens screens(*connection);
     EXPECT_EQ(screens.main()->persistentID, u"ACM Panel 24 SN-0042"_s);
+    EXPECT_EQ(screens.main()->name, u"Panel 24"_s);
 }
 
 TEST_F(ScreensTest, putsThePrimaryDisplayFirst) {
