@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAnimationDriver>
+#include <QCoreApplication>
 
 #include <chrono>
 
@@ -16,6 +17,7 @@ public:
     ManualAnimation &operator=(const ManualAnimation &) = delete;
 
     void passes(std::chrono::milliseconds time) {
+        QCoreApplication::processEvents(); // an animation begins in a later turn
         m_elapsed += time.count();
         advanceAnimation();
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <QApplication>
 #include <QFont>
+#include <QPalette>
 #include <QStyleFactory>
 
 #include <gmock/gmock.h>
@@ -13,5 +14,10 @@ int main(int argc, char **argv) {
     QFont designed(QStringLiteral("Inter"));
     designed.setPointSizeF(10);
     QApplication::setFont(designed);
+    // A highlight that is seen too little, so that the focus has a colour of ours.
+    QPalette colors;
+    colors.setColor(QPalette::Highlight, Qt::black);
+    QApplication::setPalette(colors);
+    QApplication::setCursorFlashTime(0);
     return RUN_ALL_TESTS();
 }

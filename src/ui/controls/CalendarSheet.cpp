@@ -5,8 +5,10 @@
 #include "ui/controls/Look.h"
 #include "ui/controls/Paint.h"
 
+#include <QEvent>
 #include <QIcon>
 #include <QPainter>
+#include <QTableView>
 #include <QTextCharFormat>
 #include <QToolButton>
 
@@ -20,18 +22,35 @@ namespace {
 
 constexpr double daySize = 28;
 constexpr double sheetSymbol = 16;
+constexpr double sheetRadius = 12;
+constexpr double sheetMargin = 6;
 
 } // namespace
 
 CalendarSheet::CalendarSheet(QWidget &owner) : QCalendarWidget(&owner), m_owner(&owner) {
     setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
     setHorizontalHeaderFormat(QCalendarWidget::SingleLetterDayNames);
+    setLocale(QLocale(QLocale::English, QLocale::UnitedStates)); // as all of our texts
     setFirstDayOfWeek(QLocale::system().firstDayOfWeek());
     setGridVisible(false);
+    setAutoFillBackground(false);
+    const int margin = scaled(sheetMargin);
+    setContentsMargins(margin, margin, margin, margin);
     ControlStyle::dress(*this);
     for (QWidget *part : findChildren<QWidget *>()) {
         ControlStyle::dress(*part);
     }
+}
+
+QSize CalendarSheet::sizeHint() const {
+    return {scaled(300), scaled(280)};
+}
+
+bool CalendarSheet::event(QEvent *event) {
+    if (event->type() == QEvent::ParentChange && window() != m_owner->window()) {
+        window()->setAttribute(Qt::WA_TranslucentBackground); // for round corners
+    }
+    return QCalendarWidget::event(event);
 }
 
 void CalendarSheet::showEvent(QShowEvent *event) {
@@ -39,13 +58,20 @@ void CalendarSheet::showEvent(QShowEvent *event) {
     QCalendarWidget::showEvent(event);
 }
 
+void CalendarSheet::resizeEvent(QResizeEvent *event) {
+    QCalendarWidget::resizeEvent(event);
+    cutCorners(*this, sheetRadius * scale());
+}
+
 void CalendarSheet::dress() {
     const Look &look = Look::of(*m_owner);
     const Tokens &tokens = look.tokens();
     QPalette colors = tokens.palette(look.appearance());
-    colors.setColor(QPalette::Base, tokens.menu);
-    colors.setColor(QPalette::AlternateBase, tokens.menu);
-    colors.setColor(QPalette::Window, tokens.menu);
+    for (const auto role : {QPalette::Base, QPalette::AlternateBase, QPalette::Window,
+                            QPalette::Highlight}) { // of the bar and of the chosen cell's square
+        colors.setColor(role, tokens.menu);
+    }
+    colors.setColor(QPalette::HighlightedText, tokens.ink);
     setPalette(colors);
     setFont(ui::font(TypeRole::body));
 
@@ -53,26 +79,50 @@ void CalendarSheet::dress() {
     names.setForeground(tokens.third);
     names.setFont(ui::font(TypeRole::detail));
     setHeaderTextFormat(names);
-    QTextCharFormat days;
-    days.setForeground(tokens.ink);
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) {
-        setWeekdayTextFormat(day, days); // not in red
+        setWeekdayTextFormat(day, names); // not in red
     }
-    setTurner(u"qt_calendar_prevmonth"_s, u"chevron.left"_s, u"Previous month"_s);
-    setTurner(u"qt_calendar_nextmonth"_s, u"chevron.right"_s, u"Next month"_s);
+    dressParts();
 }
 
-void CalendarSheet::setTurner(const QString &part, const QString &symbol, const QString &name) {
+void CalendarSheet::dressParts() {
+    if (auto *days = findChild<QTableView *>()) {
+        days->viewport()->setAutoFillBackground(false);
+    }
+    if (auto *bar = findChild<QWidget *>(u"qt_calendar_navigationbar"_s)) {
+        bar->setAutoFillBackground(false);
+    }
+    for (const QString &part : {u"qt_calendar_monthbutton"_s, u"qt_calendar_yearbutton"_s}) {
+        if (auto *button = findChild<QToolButton *>(part)) {
+            button->setFont(ui::font(TypeRole::button));
+        }
+    }
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    setTurner(u"qt_calendar_prevmonth"_s, isMirrored, u"Previous month"_s);
+    setTurner(u"qt_calendar_nextmonth"_s, !isMirrored, u"Next month"_s);
+}
+
+void CalendarSheet::setTurner(const QString &part, bool isToTheRight, const QString &name) {
     auto *button = findChild<QToolButton *>(part);
     if (button == nullptr) {
         return;
     }
     const Look &look = Look::of(*m_owner);
     const int size = scaled(sheetSymbol);
-    button->setIcon(look.symbol(*this, symbol, size, look.tokens().second));
+    const QPixmap right = look.symbol(*this, u"chevron.right"_s, size, look.tokens().second);
+    button->setIcon(isToTheRight ? right : right.transformed(QTransform::fromScale(-1, 1)));
     button->setIconSize({size, size});
     button->setAccessibleName(name);
     button->setToolTip(name);
+}
+
+void CalendarSheet::paintEvent(QPaintEvent *) {
+    const Tokens &tokens = Look::of(*m_owner).tokens();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const Rounded shape{rect(), sheetRadius * scale()};
+    painter.fillPath(shape.path(), tokens.menu);
+    paintHairline(painter, shape, tokens.hair);
 }
 
 void CalendarSheet::paintCell(QPainter *painter, const QRect &rect, QDate date) const {

@@ -13,14 +13,21 @@ public:
 
     void setToday(QDate today) { m_today = today; }
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
 protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void paintCell(QPainter *painter, const QRect &rect, QDate date) const override;
     void showEvent(QShowEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void dress();
-    /// Gives the toolkit's button that is called `part` our symbol.
-    void setTurner(const QString &part, const QString &symbol, const QString &name);
+    void dressParts();
+    /// Gives the toolkit's button that is called `part` our chevron.
+    void setTurner(const QString &part, bool isToTheRight, const QString &name);
 
     QWidget *m_owner;
     QDate m_today; ///< invalid while unknown

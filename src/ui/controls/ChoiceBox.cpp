@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/ChoiceBox.h"
 
+#include "ui/controls/Accessible.h"
 #include "ui/controls/ControlStyle.h"
 #include "ui/controls/Look.h"
 
@@ -24,6 +25,11 @@ constexpr double chevronRoom = 34;
 ChoiceBox::ChoiceBox(const QStringList &texts, QWidget *parent)
     : QComboBox(parent), m_popup(*this) {
     ControlStyle::dress(*this);
+    announceAs(*this, QAccessible::ComboBox);
+    connect(this, &QComboBox::currentTextChanged, this, [this] {
+        QAccessibleEvent changed(this, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&changed);
+    });
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     addItems(texts);

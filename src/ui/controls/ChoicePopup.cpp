@@ -70,13 +70,15 @@ void ChoicePopup::place() {
         std::clamp(left, screen.left(), std::max(screen.left(), screen.right() + 1 - wide)),
         std::clamp(top, screen.top(), std::max(screen.top(), screen.bottom() + 1 - high)), wide,
         high);
+    cutCorners(*m_window, popupRadius * scale());
 }
 
 void ChoicePopup::fadeIn() {
     const auto duration = Look::of(*m_box).duration(popupDuration);
     m_fade.stop();
-    m_window->setWindowOpacity(1);
-    if (duration > std::chrono::milliseconds(0)) {
+    const bool hasMotion = duration > std::chrono::milliseconds(0);
+    m_window->setWindowOpacity(hasMotion ? 0 : 1);
+    if (hasMotion) {
         m_fade.setDuration(static_cast<int>(duration.count()));
         m_fade.start();
     }

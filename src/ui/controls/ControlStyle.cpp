@@ -7,6 +7,8 @@
 #include <QStyleOption>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace zeph::ui {
 
 using namespace Qt::StringLiterals;
@@ -15,6 +17,7 @@ namespace {
 
 constexpr double partWidth = 36;  // of what opens a list or a calendar
 constexpr double partMargin = 10; // of the text before it
+constexpr double cursorWidth = 1.5;
 constexpr char16_t passwordDot = u'\u2022';
 
 } // namespace
@@ -30,7 +33,7 @@ void ControlStyle::dress(QWidget &widget) {
 void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
                                  QPainter *painter, const QWidget *widget) const {
     if (element != PE_PanelLineEdit && element != PE_FrameLineEdit &&
-        element != PE_FrameFocusRect) {
+        element != PE_FrameFocusRect && element != PE_IndicatorArrowDown) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
 }
@@ -47,6 +50,16 @@ int ControlStyle::styleHint(StyleHint hint, const QStyleOption *option, const QW
     default:
         return QProxyStyle::styleHint(hint, option, widget, data);
     }
+}
+
+int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption *option,
+                              const QWidget *widget) const {
+    return metric == PM_TextCursorWidth ? textCursorWidth()
+                                        : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+int ControlStyle::textCursorWidth() {
+    return std::max(1, scaled(cursorWidth));
 }
 
 QRect ControlStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option,

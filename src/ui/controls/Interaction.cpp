@@ -56,9 +56,7 @@ void Interaction::setMarked(bool isMarked) {
 }
 
 void Interaction::updateRing() {
-    if (m_ring) {
-        m_ring->update();
-    }
+    showRing();
 }
 
 bool Interaction::eventFilter(QObject *object, QEvent *event) {
@@ -76,6 +74,7 @@ bool Interaction::eventFilter(QObject *object, QEvent *event) {
         break;
     case QEvent::EnabledChange:
         m_hover.jump(m_control->isEnabled() && m_control->underMouse() ? 1 : 0);
+        showRing();
         break;
     case QEvent::FontChange:
     case QEvent::ApplicationFontChange:
@@ -124,7 +123,7 @@ void Interaction::followFocus(QObject &object, QEvent &event) {
 
 void Interaction::showRing() {
     const bool isWanted = m_shape && (m_isMarked || hasKeyboardFocus()) && m_control->isVisible() &&
-                          !m_control->isWindow();
+                          !m_control->isWindow() && !m_shape().rect.isEmpty();
     if (!isWanted) {
         delete m_ring.data();
         return;
@@ -135,7 +134,8 @@ void Interaction::showRing() {
     }
     m_ring = new Ring(*m_control, m_shape, [this] {
         const Tokens &tokens = Look::of(*m_control).tokens();
-        return hasKeyboardFocus() ? tokens.focus : tokens.accent;
+        const QColor color = hasKeyboardFocus() ? tokens.focus : tokens.accent;
+        return m_control->isEnabled() ? color : veiled(color, disabledOpacity);
     });
 }
 

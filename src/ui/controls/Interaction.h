@@ -31,7 +31,7 @@ public:
     void watch(QWidget &part);
     /// Shows a ring in the accent colour where the one of the focus would be.
     void setMarked(bool isMarked);
-    /// Paints the ring anew, after its shape has changed.
+    /// Shows the ring anew, or no longer, after its shape has changed.
     void updateRing();
 
     bool eventFilter(QObject *object, QEvent *event) override;

@@ -3,6 +3,7 @@
 
 #include "ui/controls/Look.h"
 
+#include <QBitmap>
 #include <QPainter>
 #include <QPixmap>
 #include <QWidget>
@@ -17,7 +18,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double disabledOpacity = 0.42;
 constexpr double ringWidth = 2;
 constexpr double ringGap = 2;
 constexpr double ringInset = 3; // of a ring inside
@@ -71,6 +71,17 @@ void paintControl(QWidget &widget, const std::function<void(QPainter &)> &paint)
     inner.end();
     painter.setOpacity(disabledOpacity);
     painter.drawPixmap(0, 0, picture);
+}
+
+void cutCorners(QWidget &window, double radius) {
+    QBitmap covered(window.size());
+    covered.clear();
+    QPainter painter(&covered);
+    painter.setBrush(Qt::color1);
+    painter.setPen(QPen(Qt::color1, 1));
+    painter.drawPath(Rounded{window.rect(), radius}.path());
+    painter.end();
+    window.setMask(covered);
 }
 
 QRectF mirrored(const QWidget &widget, const QRectF &rect) {

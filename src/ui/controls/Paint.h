@@ -28,8 +28,14 @@ struct Rounded {
 /// The shape with half circles at its ends.
 Rounded pill(const QRectF &rect);
 
-/// Paints `widget` with an antialiasing painter; a disabled one as a whole at 42 %.
+constexpr double disabledOpacity = 0.42;
+
+/// Paints `widget` with an antialiasing painter; a disabled one as a whole at that opacity.
 void paintControl(QWidget &widget, const std::function<void(QPainter &)> &paint);
+
+/// Cuts the corners of a translucent `window` off, for screens where nothing shows through. What is
+/// only partly covered stays, so that the edge is as smooth as before elsewhere.
+void cutCorners(QWidget &window, double radius);
 
 /// `rect`, meant for left to right, where it lies in `widget`.
 QRectF mirrored(const QWidget &widget, const QRectF &rect);

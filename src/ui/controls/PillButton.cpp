@@ -14,6 +14,7 @@ namespace {
 
 constexpr double buttonSymbol = 16;
 constexpr double symbolGap = 8;
+constexpr double hoveredDarkInk = 0.09; // of white lightens a dark fill
 constexpr double pressedPrimary = 0.16; // of the ground shows through
 constexpr double plainReach = 6;        // of the ring beyond a text without a shape
 
@@ -97,8 +98,10 @@ void PillButton::paintBack(QPainter &painter, const Tokens &tokens) const {
         return;
     }
     if (m_kind == Kind::primary) {
+        const bool isLight = tokens.ink.lightness() >= 128;
+        const double lighter = hover * (isLight ? 1 : hoveredDarkInk);
         painter.fillPath(shape.path(), isDown() ? blend(tokens.ink, tokens.ground, pressedPrimary)
-                                                : blend(tokens.ink, Qt::white, hover * 0.09));
+                                                : blend(tokens.ink, Qt::white, lighter));
         return;
     }
     painter.fillPath(shape.path(),

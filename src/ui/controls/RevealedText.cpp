@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/RevealedText.h"
 
+#include "ui/controls/ControlStyle.h"
+
 #include <QPainter>
 #include <QTextLine>
 #include <QTextOption>
@@ -9,7 +11,7 @@
 
 namespace zeph::ui {
 
-void RevealedText::set(const Line &line, const QFont &font, const QRectF &place, bool isAtRight) {
+void RevealedText::set(const Line &line, const QFont &font, const QRectF &place) {
     m_line = line;
     m_place = place;
     m_layout.setText(line.text);
@@ -24,11 +26,10 @@ void RevealedText::set(const Line &line, const QFont &font, const QRectF &place,
 
     const double wide = laid.naturalTextWidth();
     const double cursor = laid.cursorToX(line.cursor);
-    const double room = place.width() - 1; // the cursor takes a pixel
+    const double room = place.width() - ControlStyle::textCursorWidth();
     m_scrolled = std::clamp(m_scrolled, std::max(0.0, cursor - room), std::max(0.0, cursor));
     m_scrolled = std::min(m_scrolled, std::max(0.0, wide - room));
-    const double start = isAtRight ? std::max(0.0, room - wide) : 0;
-    m_origin = {place.left() + start - m_scrolled, place.center().y() - laid.height() / 2};
+    m_origin = {place.left() - m_scrolled, place.center().y() - laid.height() / 2};
 }
 
 void RevealedText::paint(QPainter &painter, const QPalette &palette, bool hasCursor) const {
@@ -44,7 +45,7 @@ void RevealedText::paint(QPainter &painter, const QPalette &palette, bool hasCur
     }
     m_layout.draw(&painter, m_origin, selections);
     if (hasCursor) {
-        m_layout.drawCursor(&painter, m_origin, m_line.cursor);
+        m_layout.drawCursor(&painter, m_origin, m_line.cursor, ControlStyle::textCursorWidth());
     }
     painter.restore();
 }

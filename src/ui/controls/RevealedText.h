@@ -20,7 +20,7 @@ public:
     };
 
     /// Sets `line` anew, scrolled from where it was so far that the cursor is in `place`.
-    void set(const Line &line, const QFont &font, const QRectF &place, bool isAtRight);
+    void set(const Line &line, const QFont &font, const QRectF &place);
 
     void paint(QPainter &painter, const QPalette &palette, bool hasCursor) const;
     /// The character boundary nearest to `x`.

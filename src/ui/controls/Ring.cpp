@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/Ring.h"
 
+#include "ui/controls/Look.h"
+
 #include <QPainter>
 #include <QProxyStyle>
 
@@ -9,6 +11,8 @@
 namespace zeph::ui {
 
 namespace {
+
+constexpr double shapeReach = 8; // of a shape beyond its control, at most
 
 /// Lays the frame above everything up to the window, so that no layout cuts it off, and leaves it
 /// whole, since the ring of a small shape lies within its control.
@@ -31,7 +35,7 @@ public:
         switch (metric) {
         case PM_FocusFrameHMargin:
         case PM_FocusFrameVMargin:
-            return static_cast<int>(std::ceil(ringReach()));
+            return static_cast<int>(std::ceil(ringReach() + shapeReach * scale()));
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
         }

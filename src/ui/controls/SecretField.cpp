@@ -4,6 +4,7 @@
 #include "ui/controls/IconButton.h"
 #include "ui/controls/Look.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -26,6 +27,7 @@ SecretField::SecretField(const QString &placeholder, QWidget *parent)
     setInputMethodHints(Qt::ImhHiddenText | Qt::ImhSensitiveData | Qt::ImhNoPredictiveText |
                         Qt::ImhNoAutoUppercase);
     m_eye->setCursor(Qt::ArrowCursor);
+    m_eye->setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the field
     connect(m_eye, &QPushButton::clicked, this, [this] { reveal(!m_isRevealed); });
     connect(this, &QLineEdit::textChanged, this, [this] { followText(); });
     followText();
@@ -78,8 +80,7 @@ QVariant SecretField::inputMethodQuery(Qt::InputMethodQuery property) const {
 void SecretField::layText() {
     const QMargins margins = textMargins() + QMargins(lineMargin, 0, lineMargin, 0);
     m_revealed.set({text(), cursorPosition(), std::max(0, selectionStart()), selectionLength()},
-                   font(), QRectF(rect().marginsRemoved(margins)),
-                   layoutDirection() == Qt::RightToLeft);
+                   font(), QRectF(rect().marginsRemoved(margins)));
 }
 
 void SecretField::paintEvent(QPaintEvent *event) {
@@ -102,6 +103,13 @@ void SecretField::changeEvent(QEvent *event) {
     TextField::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange) {
         placeEye();
+    }
+}
+
+// The toolkit would delete what it doesn't copy.
+void SecretField::keyPressEvent(QKeyEvent *event) {
+    if (!event->matches(QKeySequence::Cut)) {
+        TextField::keyPressEvent(event);
     }
 }
 

@@ -23,6 +23,7 @@ public:
     QVariant inputMethodQuery(Qt::InputMethodQuery property) const override;
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;

@@ -17,7 +17,6 @@ namespace {
 
 constexpr std::chrono::milliseconds firstRepeat(400);
 constexpr std::chrono::milliseconds nextRepeat(90);
-constexpr double endedOpacity = 0.42;
 
 } // namespace
 
@@ -145,7 +144,7 @@ void Stepper::paintHalf(QPainter &painter, Half half) const {
     painter.fillPath(pill(rect()).path(),
                      isPressed ? tokens.press : blend(tokens.button, tokens.buttonHover, hover));
     painter.restore();
-    painter.setOpacity(painter.opacity() * (canStep(half) ? 1 : endedOpacity));
+    painter.setOpacity(painter.opacity() * (canStep(half) ? 1 : disabledOpacity));
     const QColor ink = blend(tokens.second, tokens.ink, hover);
     if (half == Half::less) {
         paintMinus(painter, place.center(), ink);

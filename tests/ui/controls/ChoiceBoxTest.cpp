@@ -79,6 +79,8 @@ TEST_F(ChoiceBoxTest, theListIsAMenuOfOursWithRoundCorners) {
     box.showPopup();
     const QImage picture = popup().grab().toImage();
     EXPECT_EQ(picture.pixelColor(0, 0).alpha(), 0);
+    EXPECT_FALSE(popup().mask().contains(QPoint(1, 1))) << "also where nothing shows through";
+    EXPECT_TRUE(popup().mask().contains(QPoint(6, 6)));
     EXPECT_EQ(picture.pixelColor(picture.width() / 2, 3), look.tokens().menu);
 }
 
@@ -108,8 +110,11 @@ TEST_F(ChoiceBoxTest, theWheelIsLeftToThePane) {
 TEST_F(ChoiceBoxTest, isReadAsAComboBoxWithWhatIsChosen) {
     box.setAccessibleName(u"Graph"_s);
     EXPECT_EQ(accessible(box).role(), QAccessible::ComboBox);
-    EXPECT_EQ(accessible(box).text(QAccessible::Name), u"Graph");
+    EXPECT_EQ(accessible(box).text(QAccessible::Name), u"Graph, Last year");
     EXPECT_EQ(accessible(box).text(QAccessible::Value), u"Last year");
+    EXPECT_FALSE(accessible(box).state().expanded);
+    accessible(box).actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    EXPECT_TRUE(accessible(box).state().expanded);
 }
 
 } // namespace zeph::ui

@@ -30,6 +30,9 @@ void bring(QWidget &control, ControlSheet::State state) {
         return;
     case ControlSheet::State::focused:
         control.setFocus(Qt::TabFocusReason);
+        if (auto *field = dynamic_cast<QLineEdit *>(&control)) {
+            field->end(false);
+        }
         return;
     case ControlSheet::State::disabled:
         control.setEnabled(false);
@@ -39,10 +42,14 @@ void bring(QWidget &control, ControlSheet::State state) {
 
 } // namespace
 
-ControlSheet::ControlSheet(const QSize &size, Appearance appearance, double ratio)
+ControlSheet::ControlSheet(const QSize &size, Appearance appearance)
     : m_appearance(appearance),
-      m_picture((QSizeF(size) * ratio).toSize(), QImage::Format_ARGB32_Premultiplied) {
-    m_picture.setDevicePixelRatio(ratio);
+      m_picture((QSizeF(size) * qApp->devicePixelRatio()).toSize(),
+                QImage::Format_ARGB32_Premultiplied) {
+    m_picture.setDevicePixelRatio(qApp->devicePixelRatio());
+    QPalette colors = QApplication::palette(); // a highlight that is seen too little
+    colors.setColor(QPalette::Highlight, appearance == Appearance::light ? Qt::white : Qt::black);
+    QApplication::setPalette(colors);
     const Tokens tokens = Tokens::of(appearance, QApplication::palette());
     QLinearGradient sky(0, 0, 0, size.height());
     sky.setColorAt(0, tokens.skyTop);

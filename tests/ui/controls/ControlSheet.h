@@ -15,7 +15,8 @@ class ControlSheet {
 public:
     enum class State { normal, hovered, pressed, focused, disabled };
 
-    ControlSheet(const QSize &size, Appearance appearance, double ratio = 1);
+    /// At the pixel ratio of the display.
+    ControlSheet(const QSize &size, Appearance appearance);
 
     /// Paints `control` in `state` with its upper left corner at `place`, as large as it wants to
     /// be or `width` wide. Takes it.

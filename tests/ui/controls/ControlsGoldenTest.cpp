@@ -5,13 +5,9 @@
 #include "ui/controls/DateField.h"
 #include "ui/controls/IconButton.h"
 #include "ui/controls/LinkLabel.h"
-#include "ui/controls/PercentSlider.h"
+#include "ui/controls/OneOfEach.h"
 #include "ui/controls/PillButton.h"
-#include "ui/controls/SecretField.h"
-#include "ui/controls/SizeChoice.h"
-#include "ui/controls/Stepper.h"
-#include "ui/controls/Swatch.h"
-#include "ui/controls/Switch.h"
+#include "ui/controls/SampleControls.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -29,68 +25,10 @@ namespace {
 
 using State = ControlSheet::State;
 
+using namespace sample;
+
 constexpr QSize sheetSize{880, 1250};
 constexpr int column = 188; // where the controls stand
-
-Switch *switchThatIs(bool isOn) {
-    auto *control = new Switch;
-    control->setChecked(isOn);
-    return control;
-}
-
-Segmented *segmented(const QStringList &labels, int chosen) {
-    auto *control = new Segmented(labels);
-    control->choose(chosen);
-    return control;
-}
-
-SizeChoice *sizeChoice(int chosen) {
-    auto *control = new SizeChoice;
-    control->choose(chosen);
-    return control;
-}
-
-PercentSlider *slider(int value) {
-    auto *control = new PercentSlider;
-    control->setValue(value);
-    return control;
-}
-
-Stepper *stepper(int value) {
-    auto *control = new Stepper(1, 5);
-    control->setValue(value);
-    return control;
-}
-
-Swatch *swatch(const QString &hex, bool isChosen = false) {
-    auto *control = new Swatch(u"Colour"_s, hex);
-    control->setChecked(isChosen);
-    return control;
-}
-
-TextField *field(const QString &text, bool isWrong = false) {
-    auto *control = new TextField(u"e.g. Main store"_s);
-    control->setText(text);
-    control->setWrong(isWrong);
-    return control;
-}
-
-SecretField *secret(bool isRevealed) {
-    auto *control = new SecretField(u"Key"_s);
-    control->setText(u"rk_live_51Hx9wJqT2mB4z"_s);
-    if (isRevealed) {
-        QTest::mouseClick(control->findChild<IconButton *>(), Qt::LeftButton);
-    }
-    return control;
-}
-
-PillButton *button(const QString &text, PillButton::Kind kind) {
-    return new PillButton(text, kind);
-}
-
-LinkLabel *linkTo(const QString &text) {
-    return new LinkLabel(text, QUrl(u"https://example.org"_s));
-}
 
 void addChoices(ControlSheet &sheet) {
     const int y = 130;
@@ -185,39 +123,6 @@ QImage allStates(Appearance appearance) {
     return sheet.picture();
 }
 
-/// One of each, from right to left where `isMirrored`.
-QImage oneOfEach(Appearance appearance, double ratio, double enlarged, bool isMirrored) {
-    const auto at = [&](int x, int y) {
-        return QPoint(static_cast<int>(x * enlarged), static_cast<int>(y * enlarged));
-    };
-    const auto wide = [&](int width) { return static_cast<int>(width * enlarged); };
-    ControlSheet sheet((QSizeF(480, 300) * enlarged).toSize(), appearance, ratio);
-    const auto add = [&](const QPoint &place, QWidget *control, int width = 0) {
-        if (isMirrored) {
-            sheet.addMirrored(place, control, width);
-        } else {
-            sheet.add(place, control, State::normal, width);
-        }
-    };
-    add(at(16, 16), switchThatIs(true));
-    add(at(80, 16), switchThatIs(false));
-    add(at(150, 16), segmented({u"Metric"_s, u"Imperial"_s}, 0));
-    add(at(340, 18), sizeChoice(0));
-    add(at(16, 70), slider(35), wide(200));
-    add(at(250, 66), stepper(1));
-    add(at(350, 66), swatch(u"#1B4D36"_s, true));
-    add(at(16, 120), field(u"Main store"_s), wide(200));
-    add(at(236, 120), secret(true), wide(220));
-    add(at(16, 176), button(u"Save changes"_s, PillButton::Kind::primary));
-    auto *back = button(u"All integrations"_s, PillButton::Kind::plain);
-    back->setSymbol(u"chevron.right"_s);
-    add(at(160, 178), back);
-    add(at(320, 176), new ChoiceBox({u"Last year"_s}), wide(140));
-    add(at(16, 230), linkTo(u"Where to find your key"_s));
-    add(at(236, 230), new DateField(QDate(2027, 3, 14)));
-    return sheet.picture();
-}
-
 /// What opens from a control, over the ground of the window.
 QImage opened(QWidget &popup) {
     QImage picture(popup.size() + QSize(40, 40), QImage::Format_ARGB32_Premultiplied);
@@ -227,7 +132,6 @@ QImage opened(QWidget &popup) {
     return picture;
 }
 
-/// Letters may be drawn a little otherwise by another version of the font's renderer.
 constexpr GoldenOptions letters{.channelTolerance = 3, .allowedPixels = 12};
 
 } // namespace
@@ -242,17 +146,12 @@ TEST(ControlsGolden, inTheLight) {
 
 TEST(ControlsGolden, fromRightToLeft) {
     EXPECT_TRUE(
-        matchesGolden(oneOfEach(Appearance::dark, 2, 1, true), u"controls-mirrored"_s, letters));
-}
-
-TEST(ControlsGolden, onAFinerDisplay) {
-    EXPECT_TRUE(
-        matchesGolden(oneOfEach(Appearance::light, 1.5, 1, false), u"controls-fine"_s, letters));
+        matchesGolden(oneOfEach(Appearance::dark, 1, true), u"controls-mirrored"_s, letters));
 }
 
 TEST(ControlsGolden, withMoreContrast) {
-    EXPECT_TRUE(matchesGolden(oneOfEach(Appearance::highContrast, 1, 1, false),
-                              u"controls-contrast"_s, letters));
+    EXPECT_TRUE(matchesGolden(oneOfEach(Appearance::highContrast, 1, false), u"controls-contrast"_s,
+                              letters));
 }
 
 TEST(ControlsGolden, withALargerFont) {
@@ -261,7 +160,7 @@ TEST(ControlsGolden, withALargerFont) {
     for (const double enlarged : {1.5, 2.0}) {
         large.setPointSizeF(before.pointSizeF() * enlarged);
         QApplication::setFont(large);
-        EXPECT_TRUE(matchesGolden(oneOfEach(Appearance::dark, 1, enlarged, false),
+        EXPECT_TRUE(matchesGolden(oneOfEach(Appearance::dark, enlarged, false),
                                   u"controls-font-%1"_s.arg(enlarged * 100), letters));
     }
     QApplication::setFont(before);

@@ -73,7 +73,7 @@ TEST_F(DateFieldTest, aDayPickedIsTaken) {
 TEST_F(DateFieldTest, theCalendarHasOurColours) {
     QTest::keyClick(&field, Qt::Key_F4);
     EXPECT_EQ(calendar().palette().color(QPalette::Base), look.tokens().menu);
-    EXPECT_EQ(calendar().weekdayTextFormat(Qt::Sunday).foreground().color(), look.tokens().ink);
+    EXPECT_EQ(calendar().weekdayTextFormat(Qt::Sunday).foreground().color(), look.tokens().third);
     calendar().window()->close();
 }
 

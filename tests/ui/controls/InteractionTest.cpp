@@ -6,6 +6,7 @@
 
 #include <QEnterEvent>
 #include <QScrollArea>
+#include <QScrollBar>
 
 namespace zeph::ui {
 
@@ -114,9 +115,15 @@ TEST_F(InteractionTest, theRingScrollsWithWhatItIsAround) {
 
     inner->setFocus(Qt::TabFocusReason);
 
-    const QList<QFocusFrame *> rings = content->findChildren<QFocusFrame *>();
-    ASSERT_EQ(rings.size(), 1);
-    EXPECT_TRUE(rings.front()->geometry().contains(inner->geometry()));
+    ASSERT_EQ(rings().size(), 1);
+    const auto above = [&] {
+        return inner->mapTo(&window, QPoint()).y() - rings().front()->mapTo(&window, QPoint()).y();
+    };
+    EXPECT_TRUE(area.isAncestorOf(rings().front()));
+    const int before = above();
+    area.verticalScrollBar()->setValue(250);
+    QApplication::processEvents();
+    EXPECT_EQ(above(), before);
 }
 
 TEST_F(InteractionTest, hoveringGlidesForNinetyMilliseconds) {

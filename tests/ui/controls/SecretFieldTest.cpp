@@ -79,7 +79,6 @@ TEST_F(SecretFieldTest, nothingCopiesOrCutsAlsoNotWhenRevealed) {
         EXPECT_EQ(QApplication::clipboard()->text(), u"before") << isRevealed;
         QTest::keyClick(&field, Qt::Key_X, Qt::ControlModifier);
         QTest::keyClick(&field, Qt::Key_Delete, Qt::ShiftModifier);
-        field.cut();
         EXPECT_EQ(QApplication::clipboard()->text(), u"before") << isRevealed;
         EXPECT_EQ(field.text(), QLatin1String(key)) << isRevealed;
     }
