@@ -81,7 +81,7 @@ void BalancedText::wrap(double width) {
             break;
         }
         line.setLineWidth(width);
-        line.setPosition({0, std::round(y + (m_lineHeight - line.height()) / 2)});
+        line.setPosition({0, std::floor(y + (m_lineHeight - line.height()) / 2)});
     }
     m_layout.endLayout();
 }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::chrono::milliseconds liftDuration(120);
 constexpr double liftedSideways = 10;
-constexpr double liftedBy = 6;
+constexpr double liftedDown = 6; // so that the line of its place is seen
 constexpr double liftedRadius = 12;
 constexpr double shadowDrop = 10;
 constexpr double shadowBlur = 28;
@@ -56,7 +56,7 @@ void LiftedRow::paintEvent(QPaintEvent *) {
     const double up = m_lift.value();
     const double sideways = layoutDirection() == Qt::RightToLeft ? -liftedSideways : liftedSideways;
     const QRectF flat = QRectF(rect()).adjusted(room, room, -room, -room);
-    const Rounded shape{flat.translated(sideways * scale() * up, -liftedBy * scale() * up),
+    const Rounded shape{flat.translated(sideways * scale() * up, liftedDown * scale() * up),
                         liftedRadius * scale()};
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -198,18 +198,21 @@ QFont font(TypeRole role) {
     const Type type = typeOf(role);
     QFont result = role == TypeRole::fixed ? QFontDatabase::systemFont(QFontDatabase::FixedFont)
                                            : QFont(u"Inter"_s);
-    // Qt has no fractions of a pixel, but of a point.
-    result.setPointSizeF(type.size * scale() * pointsInAnInch / dotsPerInch());
+    const double pixels = type.size * scale();
+    result.setPointSizeF(pixels * pointsInAnInch / dotsPerInch());
     result.setWeight(static_cast<QFont::Weight>(type.weight));
-    if (type.spacing != 0) {
-        result.setLetterSpacing(QFont::PercentageSpacing, 100 + type.spacing);
+    // The toolkit draws letters at whole pixels only; the text is to be as wide as designed. Each
+    // is said, since what a font leaves open comes from the widget above.
+    if (type.spacing == 0) {
+        const double fitting = pixels / std::max(1.0, std::round(pixels));
+        result.setLetterSpacing(QFont::PercentageSpacing,
+                                role == TypeRole::fixed ? 100 : 100 * fitting);
+    } else {
+        result.setLetterSpacing(QFont::AbsoluteSpacing, pixels * type.spacing / 100);
     }
-    if (role == TypeRole::section) {
-        result.setCapitalization(QFont::AllUppercase);
-    }
-    if (type.size * scale() >= unhintedFrom) {
-        result.setHintingPreference(QFont::PreferNoHinting);
-    }
+    result.setCapitalization(role == TypeRole::section ? QFont::AllUppercase : QFont::MixedCase);
+    result.setHintingPreference(pixels >= unhintedFrom ? QFont::PreferNoHinting
+                                                       : QFont::PreferDefaultHinting);
     return result;
 }
 

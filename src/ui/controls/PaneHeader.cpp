@@ -39,10 +39,8 @@ PaneHeader::PaneHeader(const QString &title, const QString &subtitle, QWidget *p
         m_column->addSpacing(scaled(titleToSubtitle));
         m_column->addWidget(new TextLabel(subtitle, TypeRole::body, TextLabel::Ink::second, this));
     }
-    auto *statusPlace = new QVBoxLayout; // empty and without its gap while nothing is told
-    statusPlace->setContentsMargins(0, scaled(subtitleToStatus), 0, 0);
-    statusPlace->addWidget(m_status);
-    m_column->addLayout(statusPlace);
+    m_status->setContentsMargins(0, scaled(subtitleToStatus), 0, 0);
+    m_column->addWidget(m_status);
 }
 
 void PaneHeader::setBack(const QString &text, std::function<void()> action) {

@@ -33,9 +33,6 @@ constexpr double stackedFrom = 1.4; // of the scale, the control goes below its 
 /// How far the control's box ends from the card's rowEdge, so that what is painted of it ends at
 /// the common line.
 double endGap(const QWidget *control) {
-    if (dynamic_cast<const Switch *>(control) != nullptr) {
-        return 18; // its target is wider by 2 at each side
-    }
     if (dynamic_cast<const IconButton *>(control) != nullptr) {
         return 10; // its middle is on the axis 25 from the rowEdge
     }
@@ -54,7 +51,7 @@ SettingRow::SettingRow(const Words &words, QWidget *control, QWidget *parent)
       m_title(new TextLabel(words.title, TypeRole::row, TextLabel::Ink::ink, this)),
       m_detail(new TextLabel(words.detail, TypeRole::detail, TextLabel::Ink::second, this)),
       m_control(control),
-      m_below(new QVBoxLayout),
+      m_below(new QWidget(this)),
       m_hasSymbol(!words.symbol.isEmpty()) {
     const double outer = m_hasSymbol ? aboveControl : aboveControlAlone;
     const double inner = aboveRowText - outer;
@@ -79,9 +76,11 @@ SettingRow::SettingRow(const Words &words, QWidget *control, QWidget *parent)
         under->addStretch(1);
         column->addLayout(under);
     }
-    m_below->setContentsMargins(directed(*this, textIndent, textToBelow - inner, rowEdge, inner));
-    m_below->setSpacing(scaled(textToBelow));
-    column->addLayout(m_below);
+    auto *below = new QVBoxLayout(m_below);
+    below->setContentsMargins(directed(*this, textIndent, textToBelow - inner, rowEdge, inner));
+    below->setSpacing(scaled(textToBelow));
+    m_below->hide();
+    column->addWidget(m_below);
     nameControl();
 }
 
@@ -141,7 +140,27 @@ void SettingRow::nameControl() {
 }
 
 void SettingRow::addBelow(QWidget *widget) {
-    m_below->addWidget(widget);
+    m_below->layout()->addWidget(widget);
+    widget->installEventFilter(this);
+    showBelow();
+}
+
+/// What holds nothing to be seen takes no room.
+void SettingRow::showBelow() {
+    const QLayout &parts = *m_below->layout();
+    bool isWanted = false;
+    for (int index = 0; index < parts.count(); ++index) {
+        const QWidget *part = parts.itemAt(index)->widget();
+        isWanted = isWanted || (part != nullptr && !part->isHidden());
+    }
+    m_below->setVisible(isWanted);
+}
+
+bool SettingRow::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent) {
+        showBelow();
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 /// The switch of this row, which may stand beside others.

@@ -4,7 +4,6 @@
 #include <QWidget>
 
 class QAbstractButton;
-class QVBoxLayout;
 
 namespace zeph::ui {
 
@@ -36,12 +35,14 @@ public:
     int textStart() const;
 
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
     QWidget *labels(const QString &symbol, double inner);
     void nameControl();
+    void showBelow();
     QAbstractButton *switchHere() const;
     bool isOnTexts(const QPoint &point) const;
 
@@ -49,7 +50,7 @@ private:
     TextLabel *m_detail;
     QWidget *m_control;
     QWidget *m_labels = nullptr; ///< the symbol and the texts
-    QVBoxLayout *m_below;
+    QWidget *m_below;            ///< hidden while nothing in it shows
     bool m_hasSymbol;
     bool m_isPressed = false;
 };

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/StatusLine.h"
 
+#include "ui/controls/Accessible.h"
 #include "ui/controls/SymbolView.h"
 #include "ui/controls/TextLabel.h"
 
 #include <QAccessible>
-#include <QAccessibleWidget>
+#include <QEvent>
 #include <QHBoxLayout>
 
 namespace zeph::ui {
@@ -38,40 +39,14 @@ StatusShape statusShapeOf(StatusLine::Kind kind) {
     return {u"info.circle"_s, SymbolView::Ink::second, TextLabel::Ink::second};
 }
 
-/// A notification is what screen readers read out without taking the focus from anything.
-class AccessibleStatus : public QAccessibleWidget {
-public:
-    explicit AccessibleStatus(StatusLine &line)
-        : QAccessibleWidget(&line, QAccessible::Notification), m_line(line) {}
-
-    QString text(QAccessible::Text kind) const override {
-        return kind == QAccessible::Name ? m_line.text() : QAccessibleWidget::text(kind);
-    }
-
-    static QAccessibleInterface *of(const QString &, QObject *object) {
-        auto *line = dynamic_cast<StatusLine *>(object);
-        return line == nullptr ? nullptr : new AccessibleStatus(*line);
-    }
-
-private:
-    StatusLine &m_line;
-};
-
-void offerAccessibleStatus() {
-    static const bool isOffered = [] {
-        QAccessible::installFactory(AccessibleStatus::of);
-        return true;
-    }();
-    Q_UNUSED(isOffered);
-}
-
 } // namespace
 
 StatusLine::StatusLine(QWidget *parent)
     : QWidget(parent),
       m_symbol(new SymbolView(u"info.circle"_s, statusSymbolSize, SymbolView::Ink::second, this)),
       m_text(new TextLabel({}, TypeRole::detail, TextLabel::Ink::ink, this)) {
-    offerAccessibleStatus();
+    // What screen readers read out without taking the focus from anything.
+    announceAs(*this, QAccessible::Notification);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(scaled(statusSymbolToText));
@@ -96,20 +71,32 @@ void StatusLine::show(Kind kind, const QString &text) {
     m_text->setMostLines(kind == Kind::error ? mostErrorLines : 0);
     m_text->setSelectable(kind == Kind::error);
     m_text->setText(text);
+    setAccessibleName(text);
     const bool wasShown = !isHidden();
-    setVisible(!text.isEmpty());
+    showUnlessEmpty();
     if (wasShown && !text.isEmpty()) {
         announce();
     }
 }
 
+/// A line that has no place yet would become a window of its own.
+void StatusLine::showUnlessEmpty() {
+    if (!isWindow()) {
+        setVisible(!text().isEmpty());
+    }
+}
+
+bool StatusLine::event(QEvent *event) {
+    if (event->type() == QEvent::ParentChange) {
+        showUnlessEmpty();
+    }
+    return QWidget::event(event);
+}
+
 /// That a line appears is told by the toolkit; that it says something else, is told here.
 void StatusLine::announce() {
-    if (!isVisible() || !QAccessible::isActive()) {
-        return;
-    }
-    for (const auto change : {QAccessible::NameChanged, QAccessible::ObjectShow}) {
-        QAccessibleEvent event(this, change);
+    if (isVisible() && QAccessible::isActive()) {
+        QAccessibleEvent event(this, QAccessible::ObjectShow);
         QAccessible::updateAccessibility(&event);
     }
 }

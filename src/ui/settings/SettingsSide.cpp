@@ -87,6 +87,10 @@ void SettingsSide::setCurrent(int tab) {
     m_tabs->setCurrentIndex(tab);
 }
 
+void SettingsSide::focusTabs() {
+    m_tabs->setFocus(Qt::OtherFocusReason);
+}
+
 void SettingsSide::focusSearch() {
     m_field->setFocus(Qt::ShortcutFocusReason);
     m_field->selectAll();

@@ -24,6 +24,7 @@ public:
 
     void setCurrent(int tab);
 
+    void focusTabs();
     void focusSearch();
     /// Empties the search; the focus goes back to the tabs if it was in it.
     void endSearch();

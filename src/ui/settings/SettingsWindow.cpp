@@ -174,6 +174,9 @@ void SettingsWindow::showEvent(QShowEvent *event) {
     QWidget::showEvent(event);
     if (!event->spontaneous() && !m_tabs.empty()) {
         showTab(m_current);
+        if (focusWidget() == nullptr) {
+            m_side->focusTabs();
+        }
         shownAt(m_current).pane->willShow();
     }
 }
