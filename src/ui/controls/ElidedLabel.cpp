@@ -2,6 +2,7 @@
 #include "ui/controls/ElidedLabel.h"
 
 #include <QPainter>
+#include <QStyle>
 
 namespace zeph::ui {
 
