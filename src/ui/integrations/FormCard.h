@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/controls/Card.h"
+
+class QVBoxLayout;
+
+namespace zeph::ui {
+
+/// A card with a form on it: fields one below the other, apart from the card's edge.
+class FormCard : public Card {
+public:
+    explicit FormCard(QWidget *parent = nullptr);
+
+    /// Below the others, `gap` logical pixels apart.
+    void add(QWidget *widget, double gap = fieldGap);
+    /// The same for a control that stays as wide as it is.
+    void addAtStart(QWidget *widget, double gap = fieldGap);
+
+    static constexpr double fieldGap = 18;
+
+private:
+    void addGap(double gap);
+
+    QVBoxLayout *m_column;
+};
+
+} // namespace zeph::ui
