@@ -27,8 +27,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double tileGap = 12;
-constexpr double groupGap = 14; // the label brings the rest along
+constexpr double groupGap = 30;
 constexpr double singleColumnFrom = 1.4;
+
+int tileColumns() {
+    return scale() < singleColumnFrom ? 2 : 1;
+}
 
 /// The group that the custom endpoints stand in.
 bool holdsEndpoints(const CardGroup &group) {
@@ -47,6 +51,9 @@ CardsPage::CardsPage(const IntegrationsContext &context, PageActions actions, QW
         auto *grid = new QGridLayout(tiles);
         grid->setContentsMargins(0, 0, 0, 0);
         grid->setSpacing(scaled(tileGap));
+        if (group.cards.size() == 1 && tileColumns() > 1) { // no wider than where there are two
+            grid->addWidget(new QWidget(tiles), 0, 1);
+        }
         m_grids.push_back(grid);
         add(tiles, tileGap);
         if (holdsEndpoints(group)) {
@@ -153,7 +160,7 @@ void CardsPage::orderCards(const std::vector<CardGroup> &groups) {
 
 /// Keeps the cards that are there, since one may have the focus. True when one stands elsewhere.
 bool CardsPage::fill(QGridLayout &grid, const CardGroup &group) {
-    const int columns = scale() < singleColumnFrom ? 2 : 1;
+    const int columns = tileColumns();
     bool hasMoved = false;
     for (int index = 0; index < static_cast<int>(group.cards.size()); ++index) {
         const ServiceCard &words = group.cards[static_cast<std::size_t>(index)];

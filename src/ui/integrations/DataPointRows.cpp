@@ -5,6 +5,7 @@
 #include "ui/controls/ElidedLabel.h"
 #include "ui/controls/IconButton.h"
 #include "ui/controls/Look.h"
+#include "ui/controls/Paint.h"
 #include "ui/controls/TextField.h"
 #include "ui/integrations/FormCard.h"
 #include "ui/integrations/IntegrationsWords.h"
@@ -24,8 +25,7 @@ constexpr double pointRowGap = 8;
 constexpr double pointFieldGap = 14;
 constexpr double pointLabelWidth = 205;
 constexpr double pointsGap = 8;
-constexpr double pointsCardGap = 14;       // goes along when there is no card
-constexpr double pointButtonOverhang = 10; // beyond the form, so that its middle is on the axis
+constexpr double pointsCardGap = 14; // goes along when there is no card
 constexpr double pointsTitleInset = 2;
 
 void tell(const std::function<void()> &listener) {
@@ -52,13 +52,13 @@ DataPointRows::DataPointRows(QWidget &before, QWidget *parent)
     column->setContentsMargins(0, scaled(pointsCardGap), 0, 0);
     column->addWidget(card);
     auto *title = new TextLabel(words::dataPoints, TypeRole::detail, TextLabel::Ink::second, card);
-    title->setIndent(scaled(pointsTitleInset));
+    title->setContentsMargins(directed(*this, pointsTitleInset, 0, 0, 0));
     card->add(title);
     auto *rows = new QWidget(card);
     rows->setLayout(m_column);
     m_column->setContentsMargins(0, 0, 0, 0);
     m_column->setSpacing(scaled(pointRowGap));
-    card->add(rows, pointsGap);
+    card->addRows(rows, pointsGap);
     hide();
 }
 
@@ -90,7 +90,7 @@ void DataPointRows::addRow(const CustomAPIField &field) {
     const QString path = CustomAPIDraft::shownPath(field.jsonPath);
     auto *line = new QWidget(this);
     auto *layout = new QHBoxLayout(line);
-    layout->setContentsMargins(0, 0, -scaled(pointButtonOverhang), 0);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(scaled(pointFieldGap));
     auto *label = new TextField(words::nameLabel, line);
     label->setText(field.label);

@@ -3,6 +3,7 @@
 
 #include "services/accounts/CustomAPIConfig.h"
 #include "ui/controls/Look.h"
+#include "ui/controls/Paint.h"
 #include "ui/controls/StatusLine.h"
 #include "ui/controls/TextField.h"
 #include "ui/controls/TextLabel.h"
@@ -40,9 +41,9 @@ EndpointFields::EndpointFields(QWidget *parent)
     add(new LabelledField(words::endpointAddress, m_address, this));
     add(m_complaint, complaintGap);
     auto *label = new TextLabel(words::headers, TypeRole::detail, TextLabel::Ink::second, this);
-    label->setIndent(scaled(headersInset));
+    label->setContentsMargins(directed(*this, headersInset, 0, 0, 0));
     add(label, fieldGap - complaintGap);
-    add(m_headers, headersGap);
+    addRows(m_headers, headersGap);
     for (TextField *field : {m_name, m_address}) {
         connect(field, &QLineEdit::textEdited, this, [this] { call(onEdited); });
         connect(field, &QLineEdit::returnPressed, this, [this] { call(onEntered); });

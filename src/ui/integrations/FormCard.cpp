@@ -2,6 +2,7 @@
 #include "ui/integrations/FormCard.h"
 
 #include "ui/controls/Look.h"
+#include "ui/controls/Paint.h"
 
 #include <QVBoxLayout>
 
@@ -10,6 +11,7 @@ namespace zeph::ui {
 namespace {
 
 constexpr double formPadding = 20;
+constexpr double buttonRowPadding = 10; // at the end
 
 } // namespace
 
@@ -17,19 +19,25 @@ FormCard::FormCard(QWidget *parent) : Card(parent) {
     auto *form = new QWidget(this);
     m_column = new QVBoxLayout(form);
     const int padding = scaled(formPadding);
-    m_column->setContentsMargins(padding, padding, padding, padding);
+    m_column->setContentsMargins(0, padding, 0, padding);
     m_column->setSpacing(0);
     addRow(form);
 }
 
 void FormCard::add(QWidget *widget, double gap) {
-    addGap(gap);
-    m_column->addWidget(widget);
+    addInset(widget, gap, formPadding);
 }
 
-void FormCard::addAtStart(QWidget *widget, double gap) {
+void FormCard::addRows(QWidget *widget, double gap) {
+    addInset(widget, gap, buttonRowPadding);
+}
+
+void FormCard::addInset(QWidget *widget, double gap, double end) {
     addGap(gap);
-    m_column->addWidget(widget, 0, Qt::AlignLeading);
+    auto *line = new QHBoxLayout;
+    line->setContentsMargins(directed(*this, formPadding, 0, end, 0));
+    line->addWidget(widget);
+    m_column->addLayout(line);
 }
 
 void FormCard::addGap(double gap) {

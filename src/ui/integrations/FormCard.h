@@ -14,12 +14,13 @@ public:
 
     /// Below the others, `gap` logical pixels apart.
     void add(QWidget *widget, double gap = fieldGap);
-    /// The same for a control that stays as wide as it is.
-    void addAtStart(QWidget *widget, double gap = fieldGap);
+    /// The same for rows that end in a button, whose middle is on the axis of those of all cards.
+    void addRows(QWidget *widget, double gap = fieldGap);
 
     static constexpr double fieldGap = 18;
 
 private:
+    void addInset(QWidget *widget, double gap, double end);
     void addGap(double gap);
 
     QVBoxLayout *m_column;

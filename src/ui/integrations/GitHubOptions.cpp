@@ -20,7 +20,7 @@ namespace {
 
 constexpr double layoutsWidth = 170;
 constexpr double noteInset = 20;
-constexpr double noteLinkInset = 26;
+constexpr double noteLinkInset = 24;
 constexpr double noteLinkGap = 4;
 
 QStringList layoutLabels() {

@@ -21,7 +21,6 @@ namespace {
 constexpr double headerRowGap = 8;
 constexpr double headerFieldGap = 10;
 constexpr double headerNameWidth = 208;
-constexpr double headerButtonOverhang = 10; // beyond the form, so that its middle is on the axis
 constexpr double addHeaderGap = 10;
 
 } // namespace
@@ -106,7 +105,6 @@ HeaderRows::Row &HeaderRows::addRow(const HTTPHeaderEntry &header) {
         });
     }
     connect(remove, &QPushButton::clicked, this, [this, id = header.id] { this->remove(id); });
-    line->setContentsMargins(0, 0, -scaled(headerButtonOverhang), 0);
     m_column->addWidget(line);
     line->show();
     m_rows.push_back({header.id, line, name, value, remove});

@@ -30,6 +30,7 @@ inline const auto keyNote = u"Your desktop will ask for your login password to s
                             u"keyring. Tavi can only read keys saved for Tavi."_s;
 inline const auto active = u"Active"_s;
 inline const auto showOnWallpaper = u"Show on wallpaper"_s;
+inline const auto sizes = u"Display size: Small, Medium or Large"_s;
 inline const auto remove = u"Remove"_s;
 inline const auto saving = u"Saving…"_s;
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/integrations/LabelledField.h"
 
+#include "ui/controls/Paint.h"
 #include "ui/controls/TextLabel.h"
 
 #include <QLineEdit>
@@ -22,7 +23,7 @@ LabelledField::LabelledField(const QString &label, QLineEdit *field, QWidget *pa
     m_column->setContentsMargins(0, 0, 0, 0);
     m_column->setSpacing(0);
     auto *text = new TextLabel(label, TypeRole::detail, TextLabel::Ink::second, this);
-    text->setIndent(scaled(labelInset));
+    text->setContentsMargins(directed(*this, labelInset, 0, 0, 0));
     text->setBuddy(field);
     m_column->addWidget(text);
     m_column->addSpacing(scaled(labelGap));
@@ -33,7 +34,7 @@ LabelledField::LabelledField(const QString &label, QLineEdit *field, QWidget *pa
 void LabelledField::addNote(const QString &text) {
     m_column->addSpacing(scaled(noteGap));
     auto *note = new TextLabel(text, TypeRole::note, TextLabel::Ink::second, this);
-    note->setIndent(scaled(labelInset));
+    note->setContentsMargins(directed(*this, labelInset, 0, 0, 0));
     m_column->addWidget(note);
     m_field->setAccessibleDescription(text);
 }

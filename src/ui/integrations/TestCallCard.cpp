@@ -32,10 +32,10 @@ TestCallCard::TestCallCard(QWidget *parent)
     auto *content = new QWidget;
     auto *column = new QVBoxLayout(content);
     const int padding = scaled(callPadding);
-    column->setContentsMargins(0, padding, 0, padding);
+    column->setContentsMargins(0, padding, 0, scaled(listGap));
     column->setSpacing(scaled(listGap));
     auto *row = new QHBoxLayout;
-    row->setContentsMargins(padding, 0, padding, 0);
+    row->setContentsMargins(padding, 0, padding, padding - scaled(listGap));
     row->setSpacing(scaled(callSpacing));
     row->addWidget(m_run, 0, Qt::AlignTop);
     row->addWidget(m_status, 1, Qt::AlignVCenter);

@@ -45,7 +45,7 @@ void IntegrationsFixture::open() {
     check =
         std::make_unique<ServiceCheck>(background, FetchTools{std::move(asked), *store, keychain});
     pane = new IntegrationsPane(
-        {preferences, *store, state, loop, {preferences, calendar, formatters}, *check});
+        {preferences, *store, state, loop, {preferences, calendar, *wording}, *check});
     scroll = new PaneScroll(pane, &window);
     auto *column = new QVBoxLayout(&window);
     column->setContentsMargins(0, 0, 0, 0);

@@ -6,6 +6,7 @@
 #include "support/UtcCalendar.h"
 #include "ui/controls/Look.h"
 #include "ui/controls/PaneScroll.h"
+#include "ui/controls/Sky.h"
 #include "ui/integrations/IntegrationsPane.h"
 
 #include <QApplication>
@@ -55,9 +56,10 @@ protected:
     IntegrationConnection stored(const QUuid &id) const;
 
     UtcCalendar calendar;
+    const Formatters *wording = &formatters; ///< of numbers
     EndpointListing listing; ///< what an endpoint answers with
     std::unique_ptr<ServiceCheck> check;
-    QWidget window;
+    Sky window;
     Look look{window, Appearance::dark};
     PaneScroll *scroll = nullptr;
     IntegrationsPane *pane = nullptr;
