@@ -5,7 +5,6 @@
 #include "ui/controls/ElidedLabel.h"
 #include "ui/controls/IconButton.h"
 #include "ui/controls/Look.h"
-#include "ui/controls/Paint.h"
 #include "ui/controls/TextField.h"
 #include "ui/integrations/FormCard.h"
 #include "ui/integrations/IntegrationsWords.h"

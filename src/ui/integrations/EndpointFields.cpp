@@ -3,7 +3,6 @@
 
 #include "services/accounts/CustomAPIConfig.h"
 #include "ui/controls/Look.h"
-#include "ui/controls/Paint.h"
 #include "ui/controls/StatusLine.h"
 #include "ui/controls/TextField.h"
 #include "ui/controls/TextLabel.h"

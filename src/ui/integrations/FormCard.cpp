@@ -2,7 +2,6 @@
 #include "ui/integrations/FormCard.h"
 
 #include "ui/controls/Look.h"
-#include "ui/controls/Paint.h"
 
 #include <QVBoxLayout>
 

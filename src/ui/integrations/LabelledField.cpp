@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/integrations/LabelledField.h"
 
-#include "ui/controls/Paint.h"
+#include "ui/controls/Look.h"
 #include "ui/controls/TextLabel.h"
 
 #include <QLineEdit>
