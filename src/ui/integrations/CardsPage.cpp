@@ -87,7 +87,10 @@ std::vector<SearchEntry> CardsPage::searchEntries() const {
         for (const ServiceCard &card : group.cards) {
             const auto place = m_cards.find(card.id);
             if (place != m_cards.end()) {
-                entries.push_back({card.title, card.blurb, place->second});
+                entries.push_back({.title = card.title,
+                                   .detail = card.blurb,
+                                   .target = place->second,
+                                   .show = [this] { pane().select({}); }});
             }
         }
     }

@@ -25,7 +25,6 @@ constexpr double pointFieldGap = 14;
 constexpr double pointLabelWidth = 205;
 constexpr double pointsGap = 8;
 constexpr double pointsCardGap = 14; // goes along when there is no card
-constexpr double pointsTitleInset = 2;
 
 void tell(const std::function<void()> &listener) {
     if (listener) {
@@ -50,9 +49,7 @@ DataPointRows::DataPointRows(QWidget &before, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, scaled(pointsCardGap), 0, 0);
     column->addWidget(card);
-    auto *title = new TextLabel(words::dataPoints, TypeRole::detail, TextLabel::Ink::second, card);
-    title->setContentsMargins(directed(*this, pointsTitleInset, 0, 0, 0));
-    card->add(title);
+    card->addLabel(words::dataPoints);
     auto *rows = new QWidget(card);
     rows->setLayout(m_column);
     m_column->setContentsMargins(0, 0, 0, 0);

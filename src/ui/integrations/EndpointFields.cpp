@@ -2,10 +2,8 @@
 #include "ui/integrations/EndpointFields.h"
 
 #include "services/accounts/CustomAPIConfig.h"
-#include "ui/controls/Look.h"
 #include "ui/controls/StatusLine.h"
 #include "ui/controls/TextField.h"
-#include "ui/controls/TextLabel.h"
 #include "ui/integrations/CurlImport.h"
 #include "ui/integrations/HeaderRows.h"
 #include "ui/integrations/IntegrationsWords.h"
@@ -17,7 +15,6 @@ namespace {
 
 constexpr double complaintGap = 8;
 constexpr double headersGap = 6;
-constexpr double headersInset = 2;
 
 void call(const std::function<void()> &listener) {
     if (listener) {
@@ -39,9 +36,7 @@ EndpointFields::EndpointFields(QWidget *parent)
     add(new LabelledField(words::endpointName, m_name, this));
     add(new LabelledField(words::endpointAddress, m_address, this));
     add(m_complaint, complaintGap);
-    auto *label = new TextLabel(words::headers, TypeRole::detail, TextLabel::Ink::second, this);
-    label->setContentsMargins(directed(*this, headersInset, 0, 0, 0));
-    add(label, fieldGap - complaintGap);
+    addLabel(words::headers, fieldGap - complaintGap);
     addRows(m_headers, headersGap);
     for (TextField *field : {m_name, m_address}) {
         connect(field, &QLineEdit::textEdited, this, [this] { call(onEdited); });

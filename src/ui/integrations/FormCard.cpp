@@ -2,6 +2,7 @@
 #include "ui/integrations/FormCard.h"
 
 #include "ui/controls/Look.h"
+#include "ui/controls/TextLabel.h"
 
 #include <QVBoxLayout>
 
@@ -10,6 +11,7 @@ namespace zeph::ui {
 namespace {
 
 constexpr double formPadding = 20;
+constexpr double labelIndent = 2;
 constexpr double buttonRowPadding = 10; // at the end
 
 } // namespace
@@ -31,10 +33,15 @@ void FormCard::addRows(QWidget *widget, double gap) {
     addInset(widget, gap, buttonRowPadding);
 }
 
-void FormCard::addInset(QWidget *widget, double gap, double end) {
+void FormCard::addLabel(const QString &text, double gap) {
+    auto *label = new TextLabel(text, TypeRole::detail, TextLabel::Ink::second, this);
+    addInset(label, gap, formPadding, labelIndent);
+}
+
+void FormCard::addInset(QWidget *widget, double gap, double end, double indent) {
     addGap(gap);
     auto *line = new QHBoxLayout;
-    line->setContentsMargins(directed(*this, formPadding, 0, end, 0));
+    line->setContentsMargins(directed(*this, formPadding + indent, 0, end, 0));
     line->addWidget(widget);
     m_column->addLayout(line);
 }

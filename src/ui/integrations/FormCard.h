@@ -17,10 +17,13 @@ public:
     /// The same for rows that end in a button, whose middle is on the axis of those of all cards.
     void addRows(QWidget *widget, double gap = fieldGap);
 
+    /// What stands above rows and has no field of its own.
+    void addLabel(const QString &text, double gap = fieldGap);
+
     static constexpr double fieldGap = 18;
 
 private:
-    void addInset(QWidget *widget, double gap, double end);
+    void addInset(QWidget *widget, double gap, double end, double indent = 0);
     void addGap(double gap);
 
     QVBoxLayout *m_column;

@@ -23,9 +23,8 @@ LabelledField::LabelledField(const QString &label, QLineEdit *field, QWidget *pa
     m_column->setContentsMargins(0, 0, 0, 0);
     m_column->setSpacing(0);
     auto *text = new TextLabel(label, TypeRole::detail, TextLabel::Ink::second, this);
-    text->setContentsMargins(directed(*this, labelInset, 0, 0, 0));
     text->setBuddy(field);
-    m_column->addWidget(text);
+    addInset(text);
     m_column->addSpacing(scaled(labelGap));
     m_column->addWidget(field);
     field->setAccessibleName(label);
@@ -34,9 +33,15 @@ LabelledField::LabelledField(const QString &label, QLineEdit *field, QWidget *pa
 void LabelledField::addNote(const QString &text) {
     m_column->addSpacing(scaled(noteGap));
     auto *note = new TextLabel(text, TypeRole::note, TextLabel::Ink::second, this);
-    note->setContentsMargins(directed(*this, labelInset, 0, 0, 0));
-    m_column->addWidget(note);
+    addInset(note);
     m_field->setAccessibleDescription(text);
+}
+
+void LabelledField::addInset(QWidget *text) {
+    auto *line = new QHBoxLayout;
+    line->setContentsMargins(directed(*this, labelInset, 0, 0, 0));
+    line->addWidget(text);
+    m_column->addLayout(line);
 }
 
 void LabelledField::addBelow(QWidget *widget) {

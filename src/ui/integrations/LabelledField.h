@@ -22,6 +22,8 @@ public:
     void addBelow(QWidget *widget);
 
 private:
+    void addInset(QWidget *text);
+
     QLineEdit *m_field;
     QVBoxLayout *m_column;
 };

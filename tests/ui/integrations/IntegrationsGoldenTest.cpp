@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/locale/IcuFormatters.h"
 #include "golden/GoldenImage.h"
+#include "ui/controls/OverlayBar.h"
 #include "ui/integrations/IntegrationsFixture.h"
 
 #include <QAbstractButton>
@@ -20,6 +21,7 @@ class IntegrationsGoldenTest : public IntegrationsFixture {
 protected:
     IntegrationsGoldenTest() {
         look.setMotion(false);
+        QApplication::setCursorFlashTime(0);
         wording = &numbers;
     }
 
@@ -32,7 +34,17 @@ protected:
                                      ? content->heightForWidth(paneWidth)
                                      : content->sizeHint().height());
         turn();
+        hideScrollBar();
         return window.grab().toImage();
+    }
+
+    /// It goes by itself, some time after the last scrolling.
+    void hideScrollBar() {
+        for (QWidget *widget : window.findChildren<QWidget *>()) {
+            if (dynamic_cast<OverlayBar *>(widget) != nullptr) {
+                widget->hide();
+            }
+        }
     }
 
     testing::AssertionResult matches(const QString &name, Appearance appearance) {

@@ -147,6 +147,10 @@ TEST_F(IntegrationsPaneTest, everyCardCanBeLookedFor) {
         EXPECT_EQ(entry.target, button(entry.title)) << qPrintable(entry.title);
     }
     EXPECT_EQ(entries.front().detail, u"Revenue, MRR, customers"_s);
+    showEndpoint();
+    entries.front().show();
+    turn();
+    EXPECT_TRUE(entries.front().target->isVisible());
 }
 
 TEST_F(IntegrationsPaneTest, aSecondRemovalSettlesTheFirst) {
