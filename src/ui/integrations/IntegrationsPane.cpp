@@ -81,7 +81,7 @@ void IntegrationsPane::select(const IntegrationsSelection &selection) {
     }
     const IntegrationsSelection before = std::exchange(m_selection, selection);
     m_failure->clear();
-    show(makePage());
+    showPage(makePage());
     QWidget *const stop = m_page == m_cards ? m_cards->stopFor(before) : m_page->firstStop();
     scrollTo(m_page == m_cards ? m_cardsPlace : 0);
     if (stop != nullptr && (hadFocus || isVisible())) {
@@ -107,7 +107,7 @@ IntegrationsPage *IntegrationsPane::makePage() {
 }
 
 /// In place of the page that was shown. The notices go along, the page itself not.
-void IntegrationsPane::show(IntegrationsPage *page) {
+void IntegrationsPane::showPage(IntegrationsPage *page) {
     IntegrationsPage *const former = std::exchange(m_page, page);
     page->hold(m_notices);
     former->hide();

@@ -32,7 +32,7 @@ public:
 private:
     PageActions makeActions();
     IntegrationsPage *makePage();
-    void show(IntegrationsPage *page);
+    void showPage(IntegrationsPage *page);
     void offerUndo(const QUuid &id, const QString &title);
     void tellRemoval(SecretOutcome outcome);
     int scrolled() const;

@@ -28,7 +28,7 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem &, const QModelIndex &index) const override {
         const int width = m_list.viewport()->width();
-        return {width, m_list.rowHeight(index.row(), width)};
+        return {width, m_list.heightOf(index.row(), width)};
     }
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -80,9 +80,21 @@ RowList::RowList(const QString &name, QWidget *parent) : QListWidget(parent) {
 int RowList::heightForWidth(int width) const {
     int height = 0;
     for (int row = 0; row < count(); ++row) {
-        height += rowHeight(row, width);
+        height += heightOf(row, width);
     }
     return height;
+}
+
+/// A layout asks again and again.
+int RowList::heightOf(int row, int width) const {
+    if (width != m_measuredWidth) {
+        m_measuredWidth = width;
+        m_heights.clear();
+        for (int measured = 0; measured < count(); ++measured) {
+            m_heights.push_back(rowHeight(measured, width));
+        }
+    }
+    return m_heights.at(static_cast<std::size_t>(row));
 }
 
 QSize RowList::sizeHint() const {
@@ -94,6 +106,7 @@ QSize RowList::minimumSizeHint() const {
 }
 
 void RowList::setSentences(const QStringList &sentences) {
+    m_measuredWidth = -1;
     while (count() > sentences.size()) {
         delete takeItem(count() - 1);
     }
@@ -104,6 +117,7 @@ void RowList::setSentences(const QStringList &sentences) {
             item(row)->setText(sentences[row]);
         }
     }
+    m_measuredWidth = -1;
     scheduleDelayedItemsLayout(); // heights may be others
     updateGeometry();
     viewport()->update();
@@ -112,6 +126,11 @@ void RowList::setSentences(const QStringList &sentences) {
 /// What begins with a tag would otherwise be shown as rich text.
 void RowList::setRowToolTip(int row, const QString &text) {
     item(row)->setToolTip(u"<p>%1</p>"_s.arg(text.toHtmlEscaped()));
+}
+
+void RowList::changeEvent(QEvent *event) {
+    m_measuredWidth = -1; // the font may be another
+    QListWidget::changeEvent(event);
 }
 
 void RowList::keyPressEvent(QKeyEvent *event) {

@@ -6,6 +6,7 @@
 #include <QListWidget>
 
 #include <functional>
+#include <vector>
 
 namespace zeph::ui {
 
@@ -36,6 +37,7 @@ protected:
     /// Shows `text`, which may come from anywhere, as it is over a row.
     void setRowToolTip(int row, const QString &text);
 
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
@@ -46,7 +48,11 @@ private:
     void choose(int row);
     void revealCurrent();
 
+    int heightOf(int row, int width) const;
+
     Interaction m_interaction{*this};
+    mutable std::vector<int> m_heights; ///< of the rows at `m_measuredWidth`
+    mutable int m_measuredWidth = -1;   ///< -1 when they are to be measured anew
 };
 
 } // namespace zeph::ui
