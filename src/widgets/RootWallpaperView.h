@@ -3,6 +3,7 @@
 
 #include "drawing/palette/Palette.h"
 #include "drawing/scene/Scene.h"
+#include "settings/PreferenceChoices.h"
 #include "settings/WidgetKind.h"
 #include "settings/PreferenceChoices.h"
 #include "widgets/AccountChoices.h"

@@ -64,7 +64,7 @@ Type typeOf(TypeRole role) {
 constexpr int keptKilobytes = 1024; // of symbols
 
 /// Whether a symbol points to one side of what it stands beside.
-bool pointsSideways(const QString &identifier) {
+bool pointsSidewaysInLook(const QString &identifier) {
     return identifier == u"chevron.left" || identifier == u"chevron.right" ||
            identifier == u"chevron.forward" || identifier == u"arrow.up.right.square";
 }
@@ -146,7 +146,7 @@ QPixmap Look::symbol(const QWidget &widget, const QString &identifier, double si
                         thousandths(ratio),
                         thousandths(stroke),
                         color.rgba(),
-                        widget.layoutDirection() == Qt::RightToLeft && pointsSideways(identifier)};
+                        widget.layoutDirection() == Qt::RightToLeft && pointsSidewaysInLook(identifier)};
     if (const QPixmap *known = m_pictures.object(key)) {
         return *known;
     }
