@@ -6,7 +6,7 @@
 namespace zeph {
 
 /// Every symbol that the program draws by identifier, in the order of QDir::Name.
-inline constexpr std::array<const char *, 122> symbolIdentifiers{
+inline constexpr std::array<const char *, 127> symbolIdentifiers{
     "airpodspro",
     "app.dashed",
     "aqi.medium",
@@ -36,11 +36,13 @@ inline constexpr std::array<const char *, 122> symbolIdentifiers{
     "chart.line.uptrend.xyaxis",
     "chart.xyaxis.line",
     "checklist",
+    "checkmark",
     "checkmark.circle",
     "checkmark.circle.fill",
     "checkmark.seal",
     "checkmark.square.fill",
     "chevron.forward",
+    "chevron.left",
     "chevron.left.forwardslash.chevron.right",
     "chevron.right",
     "circle",
@@ -67,7 +69,9 @@ inline constexpr std::array<const char *, 122> symbolIdentifiers{
     "doc",
     "doc.text",
     "dot.radiowaves.up.forward",
+    "exclamationmark.triangle",
     "eye",
+    "eye.slash",
     "flame",
     "folder",
     "gearshape",
@@ -86,6 +90,7 @@ inline constexpr std::array<const char *, 122> symbolIdentifiers{
     "lock.keyhole",
     "lock.shield",
     "magicmouse",
+    "magnifyingglass",
     "memorychip",
     "menubar.arrow.up.rectangle",
     "menubar.dock.rectangle",

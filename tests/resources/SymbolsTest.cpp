@@ -258,6 +258,11 @@ TEST(Symbols, theSlashStandsFreeOfTheArrowThatItCuts) {
     EXPECT_EQ(separateParts(inkOf("location.slash", largeSize)), 4);
 }
 
+TEST(Symbols, theSlashStandsFreeOfTheEyeThatItCuts) {
+    EXPECT_EQ(separateParts(inkOf("eye", largeSize)), 2);
+    EXPECT_EQ(separateParts(inkOf("eye.slash", largeSize)), 5);
+}
+
 TEST(Symbols, anIdentifierWithoutADrawingGivesNoInk) {
     EXPECT_FALSE(QFile::exists(pathOf("no.such.symbol")));
     EXPECT_EQ(amountOf(inkOf("no.such.symbol", rowSize)), 0.0);

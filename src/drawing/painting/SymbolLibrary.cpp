@@ -6,6 +6,7 @@
 #include <QSvgRenderer>
 
 #include <algorithm>
+#include <cmath>
 #include <numeric>
 
 using namespace Qt::StringLiterals;
@@ -43,24 +44,38 @@ QImage reduced(const QImage &mask, int factor) {
     return result;
 }
 
-void drawRing(QPainter &painter, int pixels) {
+void drawRing(QPainter &painter, int pixels, double stroke) {
     const double unit = pixels / 24.0; // of the grid on which the symbols are drawn
-    painter.setPen(QPen(Qt::black, 1.5 * unit));
+    painter.setPen(QPen(Qt::black, stroke * unit));
     painter.drawEllipse(QRectF(6 * unit, 6 * unit, 12 * unit, 12 * unit));
 }
 
+/// The text of the drawing, its strokes as wide as they are wanted.
+QByteArray drawingOf(const QString &file, double stroke) {
+    QFile source(file);
+    if (file.isEmpty() || !source.open(QFile::ReadOnly)) {
+        return {};
+    }
+    QByteArray text = source.readAll();
+    if (stroke != SymbolLibrary::usualStroke) {
+        text.replace(R"(stroke-width="1.5")",
+                     R"(stroke-width=")" + QByteArray::number(stroke, 'f', 3) + '"');
+    }
+    return text;
+}
+
 /// Drawn larger and reduced, since Qt draws a pen of up to one pixel as a hairline.
-QImage drawnMask(const QString &file, int pixels) {
+QImage drawnMask(const QString &file, int pixels, double stroke) {
     const int side = pixels <= enlargedUpTo ? pixels * enlargement : pixels;
     QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
     image.fill(0);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     QSvgRenderer drawing;
-    if (!file.isEmpty() && drawing.load(file)) {
+    if (const QByteArray text = drawingOf(file, stroke); !text.isEmpty() && drawing.load(text)) {
         drawing.render(&painter, QRectF(0, 0, side, side));
     } else {
-        drawRing(painter, side);
+        drawRing(painter, side, stroke);
     }
     painter.end();
     return reduced(image.convertToFormat(QImage::Format_Alpha8), side / pixels);
@@ -78,12 +93,13 @@ bool SymbolLibrary::contains(const QString &identifier) const {
     return isPlainName(identifier) && QFile::exists(path(identifier));
 }
 
-QImage SymbolLibrary::mask(const QString &identifier, int pixels) {
-    const std::pair<QString, int> key(identifier, pixels);
+QImage SymbolLibrary::mask(const QString &identifier, int pixels, double stroke) {
+    const auto thousandths = static_cast<int>(std::lround(stroke * 1000));
+    const std::pair key(identifier, std::pair(pixels, thousandths));
     if (const QImage *known = m_masks.object(key)) {
         return *known;
     }
-    QImage made = drawnMask(contains(identifier) ? path(identifier) : QString(), pixels);
+    QImage made = drawnMask(contains(identifier) ? path(identifier) : QString(), pixels, stroke);
     m_masks.insert(key, new QImage(made), made.sizeInBytes());
     return made;
 }

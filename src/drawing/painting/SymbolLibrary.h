@@ -13,8 +13,15 @@ class SymbolLibrary {
 public:
     explicit SymbolLibrary(QString folder = QStringLiteral(":/symbols"));
 
-    /// An Alpha8 picture of `pixels` by `pixels`, drawn for just that size.
-    QImage mask(const QString &identifier, int pixels);
+    /// The width of the family's strokes, of the 24 units that a drawing is wide.
+    static constexpr double usualStroke = 1.5;
+
+    /// An Alpha8 picture of `pixels` by `pixels`, drawn for just that size, with strokes `stroke`
+    /// units wide.
+    QImage mask(const QString &identifier, int pixels, double stroke = usualStroke);
+
+    /// Gives the memory of the masks back.
+    void forget() { m_masks.clear(); }
 
     /// Whether there is a drawing for `identifier`.
     bool contains(const QString &identifier) const;
@@ -23,7 +30,7 @@ private:
     QString path(const QString &identifier) const;
 
     QString m_folder;
-    QCache<std::pair<QString, int>, QImage> m_masks;
+    QCache<std::pair<QString, std::pair<int, int>>, QImage> m_masks;
 };
 
 } // namespace zeph

@@ -2,10 +2,37 @@
 #include "ui/controls/Card.h"
 
 #include "ui/controls/Look.h"
+#include "ui/controls/MarkRow.h"
+#include "ui/controls/Paint.h"
+#include "ui/controls/SettingRow.h"
 
+#include <QPainter>
 #include <QVBoxLayout>
 
 namespace zeph::ui {
+
+namespace {
+
+constexpr double cardRadius = 16;
+constexpr double cardEdge = 20;
+constexpr double cardTextStart = 56;
+constexpr double belowBody = 16;
+constexpr double belowMarks = 8;
+constexpr const char *bodyProperty = "zephBody";
+
+bool isMark(const QWidget *row) {
+    return dynamic_cast<const RadioRow *>(row) != nullptr ||
+           dynamic_cast<const CheckRow *>(row) != nullptr;
+}
+
+int textStartOf(const QWidget *row) {
+    if (const auto *setting = dynamic_cast<const SettingRow *>(row)) {
+        return setting->textStart();
+    }
+    return scaled(isMark(row) ? cardTextStart : cardEdge);
+}
+
+} // namespace
 
 Card::Card(QWidget *parent) : QFrame(parent), m_rows(new QVBoxLayout(this)) {
     m_rows->setContentsMargins(0, 0, 0, 0);
@@ -14,11 +41,50 @@ Card::Card(QWidget *parent) : QFrame(parent), m_rows(new QVBoxLayout(this)) {
 
 void Card::addRow(QWidget *row) {
     m_rows->addWidget(row);
+    m_rows->setContentsMargins(0, 0, 0, isMark(row) ? scaled(belowMarks) : 0);
 }
 
 void Card::addBody(QWidget *body) {
-    body->setContentsMargins(scaled(56), 0, scaled(20), scaled(16));
+    body->setProperty(bodyProperty, true);
+    body->setContentsMargins(directed(*this, cardTextStart, 0, cardEdge, belowBody));
     m_rows->addWidget(body);
+    m_rows->setContentsMargins(0, 0, 0, 0);
+}
+
+std::vector<Card::Line> Card::lines() const {
+    std::vector<Line> result;
+    const QWidget *above = nullptr;
+    for (int index = 0; index < m_rows->count(); ++index) {
+        const QWidget *row = m_rows->itemAt(index)->widget();
+        if (row == nullptr || row->isHidden()) {
+            continue;
+        }
+        const bool isBody = row->property(bodyProperty).toBool();
+        const bool isApart = above != nullptr && !isBody && (!isMark(row) || isMark(above));
+        if (isApart) {
+            result.push_back({row->y(), textStartOf(row)});
+        }
+        above = row;
+    }
+    return result;
+}
+
+void Card::paintEvent(QPaintEvent *) {
+    const Look &look = Look::of(*this);
+    const Tokens &tokens = look.tokens();
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const Rounded shape{QRectF(rect()), cardRadius * scale()};
+    painter.fillPath(shape.path(), tokens.card);
+    if (look.appearance() == Appearance::highContrast) {
+        paintHairline(painter, shape, tokens.ink);
+    }
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    for (const Line &line : lines()) {
+        const int length = width() - line.start - scaled(cardEdge);
+        const QRectF place = mirrored(*this, QRectF(line.start, line.y, length, hairline(painter)));
+        painter.fillRect(onPixels(painter, place), tokens.line);
+    }
 }
 
 } // namespace zeph::ui

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/Interaction.h"
+
 #include <QPushButton>
 
 namespace zeph::ui {
@@ -12,9 +14,17 @@ public:
 
     void setSymbol(const QString &identifier);
     const QString &symbol() const { return m_symbol; }
+    void setName(const QString &name);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     QString m_symbol;
+    Interaction m_interaction{*this, [this] { return pill(rect()); }};
 };
 
 } // namespace zeph::ui

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/Interaction.h"
+
 #include <QPushButton>
 #include <QUrl>
 
@@ -18,8 +20,18 @@ public:
     /// Called with the page when pressed; opens it in the person's browser unless set otherwise.
     std::function<void(const QUrl &)> open;
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
 private:
+    double textWidth() const;
+    Rounded ringShape() const;
+
     QUrl m_page;
+    Interaction m_interaction{*this, [this] { return ringShape(); }};
 };
 
 } // namespace zeph::ui

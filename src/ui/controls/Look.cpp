@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/Look.h"
 
+#include "drawing/painting/OwnFonts.h"
+
 #include <QApplication>
 #include <QFontDatabase>
 #include <QPainter>
 #include <QScreen>
+#include <QToolTip>
 #include <QVariant>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 
 namespace zeph::ui {
@@ -57,6 +61,18 @@ Type typeOf(TypeRole role) {
     return {13.5, 20, QFont::Normal, 0};
 }
 
+constexpr int keptKilobytes = 1024; // of symbols
+
+/// Whether a symbol points to one side of what it stands beside.
+bool pointsSideways(const QString &identifier) {
+    return identifier == u"chevron.left" || identifier == u"chevron.right" ||
+           identifier == u"chevron.forward" || identifier == u"arrow.up.right.square";
+}
+
+int thousandths(double value) {
+    return static_cast<int>(std::lround(value * 1000));
+}
+
 constexpr double unhintedFrom = 20; // pixels
 constexpr double pointsInAnInch = 72;
 constexpr double designDotsPerInch = 96;
@@ -66,22 +82,23 @@ double dotsPerInch() {
     return screen == nullptr ? designDotsPerInch : screen->logicalDotsPerInchY();
 }
 
-QPixmap tinted(const QImage &mask, const QColor &color, double ratio) {
+QPixmap tinted(const QImage &mask, const QColor &color) {
     QImage image(mask.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(color);
     QPainter painter(&image);
     painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
     painter.drawImage(0, 0, mask);
     painter.end();
-    image.setDevicePixelRatio(ratio);
     return QPixmap::fromImage(std::move(image));
 }
 
 } // namespace
 
-Look::Look() : m_tokens(Tokens::of(Appearance::dark, QPalette())) {}
+Look::Look() : m_tokens(Tokens::of(Appearance::dark, QPalette())), m_pictures(keptKilobytes) {}
 
-Look::Look(QWidget &window, Appearance appearance) : m_window(&window), m_appearance(appearance) {
+Look::Look(QWidget &window, Appearance appearance)
+    : m_window(&window), m_appearance(appearance), m_pictures(keptKilobytes) {
+    OwnFonts::takeAll(); // people write in any script
     window.setProperty(lookProperty, QVariant::fromValue(static_cast<void *>(this)));
     dress();
 }
@@ -108,7 +125,10 @@ void Look::setAppearance(Appearance appearance) {
 
 void Look::dress() {
     m_tokens = Tokens::of(m_appearance, QApplication::palette());
-    m_window->setPalette(m_tokens.palette(m_appearance));
+    const QPalette palette = m_tokens.palette(m_appearance);
+    m_window->setPalette(palette);
+    QToolTip::setPalette(palette);
+    QToolTip::setFont(font(TypeRole::note));
     m_window->setFont(font(TypeRole::body));
     m_window->update();
 }
@@ -120,8 +140,39 @@ std::chrono::milliseconds Look::duration(std::chrono::milliseconds wanted) const
 QPixmap Look::symbol(const QWidget &widget, const QString &identifier, double size,
                      const QColor &color) const {
     const double ratio = widget.devicePixelRatioF();
-    const int pixels = static_cast<int>(std::lround(size * ratio));
-    return tinted(m_symbols.mask(identifier, pixels), color, ratio);
+    const double stroke = symbolStroke(size / scale());
+    const SymbolKey key{identifier,
+                        static_cast<int>(std::lround(size * ratio)),
+                        thousandths(ratio),
+                        thousandths(stroke),
+                        color.rgba(),
+                        widget.layoutDirection() == Qt::RightToLeft && pointsSideways(identifier)};
+    if (const QPixmap *known = m_pictures.object(key)) {
+        return *known;
+    }
+    const QImage mask = m_symbols.mask(identifier, key.pixels, stroke);
+    QPixmap made = tinted(key.isMirrored ? mask.mirrored(true, false) : mask, color);
+    made.setDevicePixelRatio(ratio);
+    const int kilobytes = 1 + made.width() * made.height() * 4 / 1024;
+    m_pictures.insert(key, new QPixmap(made), kilobytes);
+    return made;
+}
+
+void Look::forgetSymbols() {
+    m_pictures.clear();
+    m_symbols.forget();
+}
+
+double symbolStroke(double size) {
+    constexpr double thinnedFrom = 28;
+    constexpr double thinnestFrom = 56;
+    constexpr double thinned = 1.2;
+    constexpr double thinnest = 0.8;
+    if (size < thinnedFrom) {
+        return SymbolLibrary::usualStroke;
+    }
+    const double part = (size - thinnedFrom) / (thinnestFrom - thinnedFrom);
+    return std::lerp(thinned, thinnest, std::min(part, 1.0));
 }
 
 double scale() {
@@ -135,22 +186,33 @@ int scaled(double measure) {
     return static_cast<int>(std::lround(measure * scale()));
 }
 
+QMargins directed(const QWidget &widget, double start, double top, double end, double bottom) {
+    const QMargins margins(scaled(start), scaled(top), scaled(end), scaled(bottom));
+    if (widget.layoutDirection() == Qt::LeftToRight) {
+        return margins;
+    }
+    return {margins.right(), margins.top(), margins.left(), margins.bottom()};
+}
+
 QFont font(TypeRole role) {
     const Type type = typeOf(role);
     QFont result = role == TypeRole::fixed ? QFontDatabase::systemFont(QFontDatabase::FixedFont)
                                            : QFont(u"Inter"_s);
-    // Qt has no fractions of a pixel, but of a point.
-    result.setPointSizeF(type.size * scale() * pointsInAnInch / dotsPerInch());
+    const double pixels = type.size * scale();
+    result.setPointSizeF(pixels * pointsInAnInch / dotsPerInch());
     result.setWeight(static_cast<QFont::Weight>(type.weight));
-    if (type.spacing != 0) {
-        result.setLetterSpacing(QFont::PercentageSpacing, 100 + type.spacing);
+    // The toolkit draws letters at whole pixels only; the text is to be as wide as designed. Each
+    // is said, since what a font leaves open comes from the widget above.
+    if (type.spacing == 0) {
+        const double fitting = pixels / std::max(1.0, std::round(pixels));
+        result.setLetterSpacing(QFont::PercentageSpacing,
+                                role == TypeRole::fixed ? 100 : 100 * fitting);
+    } else {
+        result.setLetterSpacing(QFont::AbsoluteSpacing, pixels * type.spacing / 100);
     }
-    if (role == TypeRole::section) {
-        result.setCapitalization(QFont::AllUppercase);
-    }
-    if (type.size * scale() >= unhintedFrom) {
-        result.setHintingPreference(QFont::PreferNoHinting);
-    }
+    result.setCapitalization(role == TypeRole::section ? QFont::AllUppercase : QFont::MixedCase);
+    result.setHintingPreference(pixels >= unhintedFrom ? QFont::PreferNoHinting
+                                                       : QFont::PreferDefaultHinting);
     return result;
 }
 

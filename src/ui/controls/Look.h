@@ -4,7 +4,9 @@
 #include "drawing/painting/SymbolLibrary.h"
 #include "ui/controls/Tokens.h"
 
+#include <QCache>
 #include <QFont>
+#include <QMargins>
 #include <QPixmap>
 
 #include <chrono>
@@ -52,11 +54,28 @@ public:
     std::chrono::milliseconds duration(std::chrono::milliseconds wanted) const;
 
     /// The symbol `identifier`, `size` logical pixels square, in `color`, for the pixel ratio of
-    /// `widget`. From 28 on its lines are thinned, so that they stay as fine as a title's.
+    /// `widget`. From a designed size of 28 on its lines are thinned, so that they stay as fine as
+    /// a title's. Where one reads from right to left, chevrons and arrows point the other way.
     QPixmap symbol(const QWidget &widget, const QString &identifier, double size,
                    const QColor &color) const;
+    /// Gives the memory of the symbols back; they are drawn anew when needed.
+    void forgetSymbols();
 
 private:
+    struct SymbolKey {
+        QString identifier;
+        int pixels = 0;
+        int ratio = 0;  ///< in thousandths
+        int stroke = 0; ///< in thousandths of a unit
+        QRgb color = 0;
+        bool isMirrored = false;
+        bool operator==(const SymbolKey &) const = default;
+        friend size_t qHash(const SymbolKey &key, size_t seed) {
+            return qHashMulti(seed, key.identifier, key.pixels, key.ratio, key.stroke, key.color,
+                              key.isMirrored);
+        }
+    };
+
     Look(); // for widgets in no window
 
     void dress();
@@ -66,7 +85,11 @@ private:
     Tokens m_tokens;
     bool m_hasMotion = true;
     mutable SymbolLibrary m_symbols;
+    mutable QCache<SymbolKey, QPixmap> m_pictures; ///< of symbols, by kilobytes
 };
+
+/// How wide the strokes of a symbol of this designed size are, in units of its grid of 24.
+double symbolStroke(double size);
 
 /// How much larger than designed everything is: the size of the application's font, 10 points
 /// being 1.
@@ -74,6 +97,9 @@ double scale();
 
 /// `measure`, in logical pixels at a font of 10 points, for the application's font.
 int scaled(double measure);
+
+/// Margins at the designed scale, scaled, with start and end as one reads in `widget`.
+QMargins directed(const QWidget &widget, double start, double top, double end, double bottom);
 
 QFont font(TypeRole role);
 

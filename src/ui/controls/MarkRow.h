@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/Interaction.h"
+
 #include <QCheckBox>
 #include <QRadioButton>
 
@@ -14,8 +16,16 @@ public:
     void setDetail(const QString &detail);
     const QString &detail() const { return m_detail; }
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool hitButton(const QPoint &point) const override;
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     QString m_detail;
+    Interaction m_interaction{*this};
 };
 
 /// The same: any of many.
@@ -26,8 +36,16 @@ public:
     void setDetail(const QString &detail);
     const QString &detail() const { return m_detail; }
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool hitButton(const QPoint &point) const override;
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     QString m_detail;
+    Interaction m_interaction{*this};
 };
 
 } // namespace zeph::ui

@@ -13,8 +13,8 @@ namespace zeph::ui {
 class StatusLine;
 class TextLabel;
 
-/// The title and the line at the head of a pane; in an editor the way back above, the service's
-/// symbol beside, and a status line below.
+/// The title and the line at the head of a pane, 26 above what follows; in an editor the way back
+/// above, the symbol of the service beside, and a status line below.
 class PaneHeader : public QWidget {
 public:
     PaneHeader(const QString &title, const QString &subtitle, QWidget *parent = nullptr);

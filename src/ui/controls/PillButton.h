@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/Interaction.h"
+
 #include <QPushButton>
 
 namespace zeph::ui {
@@ -22,11 +24,22 @@ public:
     const QString &symbol() const { return m_symbol; }
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 
 private:
+    QFont textFont() const;
+    double padding() const;
+    Rounded ringShape() const;
+    void paintBack(QPainter &painter, const Tokens &tokens) const;
+    QColor inkOf(const Tokens &tokens) const;
+
     Kind m_kind;
     Height m_height = Height::normal;
     QString m_symbol;
+    Interaction m_interaction{*this, [this] { return ringShape(); }};
 };
 
 } // namespace zeph::ui

@@ -7,11 +7,18 @@
 
 namespace zeph::ui {
 
+namespace {
+
+constexpr double sectionIndent = 2;
+constexpr double sectionTitleToLine = 2;
+
+} // namespace
+
 SectionLabel::SectionLabel(const QString &title, const QString &line, QWidget *parent)
     : QWidget(parent) {
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(scaled(2), scaled(30 - 14), 0, 0);
-    column->setSpacing(scaled(2));
+    column->setContentsMargins(directed(*this, sectionIndent, 0, 0, 0));
+    column->setSpacing(scaled(sectionTitleToLine));
     column->addWidget(new TextLabel(title, TypeRole::section, TextLabel::Ink::third, this));
     if (!line.isEmpty()) {
         column->addWidget(new TextLabel(line, TypeRole::detail, TextLabel::Ink::second, this));

@@ -3,7 +3,7 @@
 
 #include <QWidget>
 
-class QVBoxLayout;
+class QAbstractButton;
 
 namespace zeph::ui {
 
@@ -11,7 +11,7 @@ class TextLabel;
 
 /// A symbol, a title with a line of detail, and the control that they are about. A click on the
 /// texts works a switch. The title becomes the control's accessible name, the detail its
-/// description.
+/// description; of a button that has a text of its own, both become the description.
 class SettingRow : public QWidget {
 public:
     struct Words {
@@ -31,14 +31,28 @@ public:
     /// Adds `widget` below the texts, such as a hint or a status line.
     void addBelow(QWidget *widget);
 
+    /// Where the texts start, in logical pixels from the leading edge.
+    int textStart() const;
+
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
+    QWidget *labels(const QString &symbol, double inner);
+    void nameControl();
+    void showBelow();
+    QAbstractButton *switchHere() const;
+    bool isOnTexts(const QPoint &point) const;
+
     TextLabel *m_title;
     TextLabel *m_detail;
     QWidget *m_control;
-    QVBoxLayout *m_texts;
+    QWidget *m_labels = nullptr; ///< the symbol and the texts
+    QWidget *m_below;            ///< hidden while nothing in it shows
+    bool m_hasSymbol;
+    bool m_isPressed = false;
 };
 
 } // namespace zeph::ui

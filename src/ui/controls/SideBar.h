@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/Interaction.h"
+
 #include <QTabBar>
+
+#include <vector>
 
 namespace zeph::ui {
 
@@ -16,7 +20,21 @@ public:
     explicit SideBar(const std::vector<Tab> &tabs, QWidget *parent = nullptr);
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     QSize tabSizeHint(int index) const override;
+    QSize minimumTabSizeHint(int index) const override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    Rounded row(int index) const;
+    void paintRow(QPainter &painter, int index) const;
+
+    std::vector<QString> m_symbols;
+    int m_hovered = -1;
+    Interaction m_interaction;
 };
 
 } // namespace zeph::ui

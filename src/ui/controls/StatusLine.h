@@ -22,7 +22,13 @@ public:
     QString text() const;
     Kind kind() const { return m_kind; }
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
+    void showUnlessEmpty();
+    void announce();
+
     Kind m_kind = Kind::hint;
     SymbolView *m_symbol;
     TextLabel *m_text;

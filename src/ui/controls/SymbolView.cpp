@@ -9,7 +9,7 @@ namespace zeph::ui {
 
 namespace {
 
-QColor colorOf(SymbolView::Ink ink, const Tokens &tokens) {
+QColor symbolColorOf(SymbolView::Ink ink, const Tokens &tokens) {
     switch (ink) {
     case SymbolView::Ink::ink:
         return tokens.ink;
@@ -44,7 +44,8 @@ void SymbolView::paintEvent(QPaintEvent *) {
     const Look &look = Look::of(*this);
     QPainter painter(this);
     painter.drawPixmap(
-        0, 0, look.symbol(*this, m_identifier, scaled(m_size), colorOf(m_ink, look.tokens())));
+        0, 0,
+        look.symbol(*this, m_identifier, scaled(m_size), symbolColorOf(m_ink, look.tokens())));
 }
 
 } // namespace zeph::ui

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ui/controls/Interaction.h"
+
 #include <QPushButton>
 
 namespace zeph::ui {
@@ -23,9 +25,20 @@ public:
     const Words &words() const { return m_words; }
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 
 private:
+    void paintTexts(QPainter &painter) const;
+    void paintState(QPainter &painter, double y) const;
+    Rounded shape() const;
+    int textWidth(int width) const;
+
     Words m_words;
+    Interaction m_interaction;
 };
 
 } // namespace zeph::ui

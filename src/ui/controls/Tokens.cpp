@@ -138,9 +138,17 @@ void raiseContrast(Tokens &tokens, const QPalette &desktop) {
     for (QColor *color : {&tokens.card, &tokens.field, &tokens.menu, &tokens.lift}) {
         *color = tokens.ground;
     }
+    for (QColor *color : {&tokens.fill, &tokens.hover, &tokens.press}) {
+        *color = veil(tokens.ink, static_cast<double>(color->alphaF()));
+    }
+    for (QColor *color : {&tokens.cardHover, &tokens.button, &tokens.buttonHover}) {
+        *color = veil(tokens.ink, color == &tokens.button ? 0.09 : 0.14);
+    }
     tokens.accent = desktop.color(QPalette::Highlight);
     tokens.onAccent = desktop.color(QPalette::HighlightedText);
-    tokens.accentInk = desktop.color(QPalette::Link);
+    tokens.accentInk = legible(desktop.color(QPalette::Link), tokens, tokens.ground);
+    tokens.ok = legible(tokens.ok, tokens, tokens.ground);
+    tokens.error = legible(tokens.error, tokens, tokens.ground);
     tokens.raised = mix(tokens.ground, tokens.ink, 0.25);
 }
 

@@ -9,7 +9,7 @@ namespace zeph::ui {
 
 namespace {
 
-constexpr double columnTop = 34;
+constexpr double columnTop = 26; // a header without a way back brings 8 more
 constexpr double columnBottom = 44;
 
 } // namespace

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "ui/settings/WindowPlace.h"
+
+#include <algorithm>
+
+namespace zeph::ui {
+
+namespace {
+
+constexpr int gapToEdge = 24;
+
+} // namespace
+
+QPoint placeAtRightEdge(const QRect &visible, const QSize &frame) {
+    const int right = visible.x() + visible.width();
+    const int bottom = visible.y() + visible.height();
+    const int below = std::max(0, visible.height() - frame.height()) / 2;
+    return {right - frame.width() - gapToEdge, bottom - below - frame.height()};
+}
+
+} // namespace zeph::ui
