@@ -51,8 +51,10 @@ QSize ChoiceBox::minimumSizeHint() const {
 
 void ChoiceBox::showPopup() {
     QComboBox::showPopup();
-    m_popup.place();
-    m_popup.fadeIn();
+    if (view()->isVisible()) {
+        m_popup.place();
+        m_popup.fadeIn();
+    }
 }
 
 void ChoiceBox::wheelEvent(QWheelEvent *event) {

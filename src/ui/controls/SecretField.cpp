@@ -106,6 +106,11 @@ void SecretField::changeEvent(QEvent *event) {
     }
 }
 
+void SecretField::hideEvent(QHideEvent *event) {
+    TextField::hideEvent(event);
+    reveal(false);
+}
+
 // The toolkit would delete what it doesn't copy.
 void SecretField::keyPressEvent(QKeyEvent *event) {
     if (!event->matches(QKeySequence::Cut)) {

@@ -9,8 +9,8 @@ namespace zeph::ui {
 class IconButton;
 
 /// A key or a password: hidden until the eye at its end is pressed, and hidden again as soon as the
-/// field is emptied. It can't be copied or dragged out of, the input method learns nothing of it,
-/// and a screen reader is told its length only.
+/// field is emptied or out of sight. It can't be copied or dragged out of, the input method learns
+/// nothing of it, and a screen reader is told its length only.
 ///
 /// To the toolkit it is a password at all times, which is what guards the clipboard, the selection
 /// and accessibility; revealing only paints the text in place of the dots.
@@ -27,6 +27,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;

@@ -62,6 +62,10 @@ void Stepper::step(Half half) {
 }
 
 void Stepper::stepOn() {
+    if (!isVisible() || !isEnabled()) {
+        m_pressed = Half::none; // nobody tells of the release
+        return;
+    }
     step(m_pressed);
     if (canStep(m_pressed)) {
         m_repeat.start(nextRepeat);

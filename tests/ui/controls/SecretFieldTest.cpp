@@ -67,6 +67,13 @@ TEST_F(SecretFieldTest, emptyingHidesAgain) {
     EXPECT_FALSE(field.isRevealed());
 }
 
+TEST_F(SecretFieldTest, aWindowThatIsOpenedAgainShowsNoSecret) {
+    reveal();
+    window.hide();
+    window.show();
+    EXPECT_FALSE(field.isRevealed());
+}
+
 TEST_F(SecretFieldTest, nothingCopiesOrCutsAlsoNotWhenRevealed) {
     for (const bool isRevealed : {false, true}) {
         if (isRevealed) {
@@ -145,6 +152,10 @@ TEST_F(SecretFieldTest, whatWasEmptiedCannotBeBroughtBack) {
     QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(field.text().isEmpty());
     field.redo();
+    EXPECT_TRUE(field.text().isEmpty());
+
+    field.setEchoMode(QLineEdit::Normal); // in which the toolkit undoes anything
+    field.undo();
     EXPECT_TRUE(field.text().isEmpty());
 }
 
