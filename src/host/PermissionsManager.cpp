@@ -7,6 +7,7 @@
 #include "ports/LocationClient.h"
 #include "ports/RunLoop.h"
 #include "ports/SystemSettings.h"
+#include "settings/Consents.h"
 
 #include <QUrl>
 
@@ -47,19 +48,23 @@ PermissionsManager::PermissionsManager(PermissionsContext context) : m_context(s
 }
 
 QString PermissionsManager::accessibilityLink() {
-    return u"x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"_s;
+    return u"zeph-settings:accessibility"_s;
 }
 
 QString PermissionsManager::locationLink() {
-    return u"x-apple.systempreferences:com.apple.preference.security?Privacy_LocationServices"_s;
+    return u"zeph-settings:location"_s;
 }
 
 QString PermissionsManager::calendarLink() {
-    return u"x-apple.systempreferences:com.apple.preference.security?Privacy_Calendars"_s;
+    return u"zeph-settings:calendar"_s;
 }
 
 QString PermissionsManager::remindersLink() {
-    return u"x-apple.systempreferences:com.apple.preference.security?Privacy_Reminders"_s;
+    return u"zeph-settings:reminders"_s;
+}
+
+QString PermissionsManager::privacyLink() {
+    return u"zeph-settings:privacy"_s;
 }
 
 void PermissionsManager::refresh() {
@@ -72,12 +77,22 @@ void PermissionsManager::refresh() {
     remindersGranted = store.authorizationStatus(EntityType::reminder) == EventAccess::fullAccess;
 }
 
+LocationHindrance PermissionsManager::locationHindrance() const {
+    return m_context.locationClient == nullptr ? LocationHindrance::noService
+                                               : m_context.locationClient->hindrance();
+}
+
+void PermissionsManager::requestAccessibility() {
+    m_context.consents.input.set(ConsentState::granted);
+    accessibilityGranted = m_context.inputEvents.isTrusted();
+}
+
 void PermissionsManager::requestLocation() {
     LocationClient *const client = m_context.locationClient;
     switch (statusOf(client)) {
     case LocationAuthorization::restricted:
     case LocationAuthorization::denied:
-        open(locationLink());
+        openOrShowOurs(locationLink());
         break;
     case LocationAuthorization::notDetermined:
         m_context.activateApplication();
@@ -107,7 +122,7 @@ void PermissionsManager::requestReminders() {
 void PermissionsManager::requestEntity(EntityType type, const QString &link) {
     const EventAccess status = m_context.calendarPermission.store().authorizationStatus(type);
     if (status == EventAccess::restricted || status == EventAccess::denied) {
-        open(link);
+        openOrShowOurs(link);
         return;
     }
     if (status != EventAccess::notDetermined) {
@@ -134,10 +149,41 @@ void PermissionsManager::requestEntity(EntityType type, const QString &link) {
     });
 }
 
-void PermissionsManager::open(const QString &link) {
+// Not "denied": that would send the next press on "Allow" to the system's settings, which know
+// nothing of an answer that is kept here.
+void PermissionsManager::withdraw(Consent &consent) {
+    consent.set(ConsentState::notDetermined);
+    refresh();
+}
+
+void PermissionsManager::withdrawAccessibility() {
+    withdraw(m_context.consents.input);
+}
+
+void PermissionsManager::withdrawLocation() {
+    withdraw(m_context.consents.location);
+}
+
+void PermissionsManager::withdrawCalendar() {
+    withdraw(m_context.consents.calendar);
+}
+
+void PermissionsManager::withdrawReminders() {
+    withdraw(m_context.consents.reminders);
+}
+
+bool PermissionsManager::open(const QString &link) {
     const QUrl url(link, QUrl::StrictMode);
-    if (url.isValid()) {
+    const bool canOpen = url.isValid() && m_context.systemSettings.canOpen(url);
+    if (canOpen) {
         m_context.systemSettings.open(url);
+    }
+    return canOpen;
+}
+
+void PermissionsManager::openOrShowOurs(const QString &link) {
+    if (!open(link) && m_context.showPermissions) {
+        m_context.showPermissions();
     }
 }
 

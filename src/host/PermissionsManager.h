@@ -12,11 +12,14 @@
 namespace zeph {
 
 class CalendarPermission;
+class Consent;
+struct Consents;
 class InputEvents;
 class LocationClient;
 class RunLoop;
 class SystemSettings;
 enum class EntityType;
+enum class LocationHindrance;
 
 /// What the permissions are asked of; everything outlives the manager and the run loop's tasks.
 struct PermissionsContext {
@@ -29,6 +32,10 @@ struct PermissionsContext {
     SystemSettings &systemSettings;
     RunLoop &runLoop;
     std::function<void()> activateApplication; ///< brings it in front of all others
+    Consents &consents;
+    /// Shows where we ask for permissions ourselves: what a settled refusal opens on a desktop that
+    /// has no page for it. Nothing while it is empty.
+    std::function<void()> showPermissions = {};
 };
 
 /// The granted states for whoever shows them, and the one place that asks for permissions or
@@ -54,20 +61,36 @@ public:
     static QString locationLink();
     static QString calendarLink();
     static QString remindersLink();
+    static QString privacyLink(); ///< of the page that leads to all of them
 
     /// Reads the four states anew.
     void refresh();
+
+    /// What keeps the true position away, to be told beside the state.
+    LocationHindrance locationHindrance() const;
+
+    /// On the user's action only: the system has no question of its own for it, so that the wish
+    /// is the answer.
+    void requestAccessibility();
 
     /// On the user's action only: each asks, or opens the settings when the answer is settled.
     void requestLocation();
     void requestCalendar();
     void requestReminders();
 
+    /// On the user's action only: takes back what was allowed here. It may be asked for again.
+    void withdrawAccessibility();
+    void withdrawLocation();
+    void withdrawCalendar();
+    void withdrawReminders();
+
 private:
     explicit PermissionsManager(PermissionsContext context);
 
+    void withdraw(Consent &consent);
     void requestEntity(EntityType type, const QString &link);
-    void open(const QString &link);
+    bool open(const QString &link);
+    void openOrShowOurs(const QString &link);
 
     PermissionsContext m_context;
 };

@@ -11,6 +11,7 @@ namespace zeph {
 
 class InputEvents;
 class Screens;
+class VirtualDesktops;
 class WindowServer;
 class Workspace;
 
@@ -22,6 +23,7 @@ public:
     virtual WindowServer &windowServer() = 0;
     virtual Workspace &workspace() = 0;
     virtual InputEvents &inputEvents() = 0;
+    virtual VirtualDesktops &virtualDesktops() = 0;
 };
 
 /// A session, or why there is none.

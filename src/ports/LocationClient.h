@@ -12,6 +12,14 @@ namespace zeph {
 /// Permission to know where the machine is; the numbers are part of the stored and shown state.
 enum class LocationAuthorization { notDetermined = 0, restricted = 1, denied = 2, authorized = 3 };
 
+/// What keeps the true position away, whatever the user allowed.
+enum class LocationHindrance {
+    none,      ///< nothing that is known of
+    refused,   ///< the system's location service refused
+    noAgent,   ///< the service waits for the desktop's agent, which there is none of
+    noService, ///< the system has no location service
+};
+
 /// What a location client tells; called on the main thread.
 class LocationClientDelegate : public Port {
 public:
@@ -27,6 +35,8 @@ public:
     /// Tells `delegate`, as others, until the subscription ends.
     [[nodiscard]] virtual Subscription subscribe(LocationClientDelegate &delegate) = 0;
     virtual LocationAuthorization authorizationStatus() const = 0;
+    /// After the system's last answer; it does not tell of a change by itself.
+    virtual LocationHindrance hindrance() const = 0;
     /// Asks for one fix, answered to every delegate later. Where the answer had to be a stand-in,
     /// the true fix is told as well when it comes.
     virtual void requestLocation() = 0;

@@ -2,10 +2,12 @@
 #include "host/PermissionsManager.h"
 
 #include "host/CalendarPermission.h"
+#include "settings/Consents.h"
 #include "support/FakeEventStore.h"
 #include "support/FakeInputEvents.h"
 #include "support/FakeLocation.h"
 #include "support/FakeSystemSettings.h"
+#include "support/FakeUserDefaults.h"
 #include "support/ManualRunLoop.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +43,8 @@ protected:
                                              fresh->status = systemLocation;
                                              return fresh;
                                          },
-                                         permission, settings, loop, [this] { ++activations; }});
+                                         permission, settings, loop, [this] { ++activations; },
+                                         consents, [this] { ++showings; }});
     }
 
     /// How often the manager assigns a property during `action`.
@@ -60,7 +63,10 @@ protected:
     FakeEventStore store;
     CalendarPermission permission{store};
     FakeSystemSettings settings;
+    FakeUserDefaults defaults;
+    Consents consents{defaults};
     int activations = 0;
+    int showings = 0;
     std::shared_ptr<PermissionsManager> manager;
 };
 
@@ -171,7 +177,7 @@ TEST_F(PermissionsManagerTest, locationAlreadyGrantedIsAskedForAFixWithoutComing
 
 TEST_F(PermissionsManagerTest, aMachineWithoutALocationSourceCountsAsRefusing) {
     const auto without = PermissionsManager::make(
-        {input, nullptr, [] { return nullptr; }, permission, settings, loop, [] {}});
+        {input, nullptr, [] { return nullptr; }, permission, settings, loop, [] {}, consents});
     EXPECT_FALSE(*without->locationGranted);
     without->requestLocation();
     EXPECT_EQ(settings.opened, QStringList{PermissionsManager::locationLink()});
@@ -260,15 +266,95 @@ TEST_F(PermissionsManagerTest, aRefreshOnlyLooksAtTheStates) {
 }
 
 TEST_F(PermissionsManagerTest, theLinksAreValid) {
-    EXPECT_EQ(PermissionsManager::accessibilityLink(),
-              u"x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility"_s);
-    EXPECT_EQ(
-        PermissionsManager::locationLink(),
-        u"x-apple.systempreferences:com.apple.preference.security?Privacy_LocationServices"_s);
-    EXPECT_EQ(PermissionsManager::calendarLink(),
-              u"x-apple.systempreferences:com.apple.preference.security?Privacy_Calendars"_s);
-    EXPECT_EQ(PermissionsManager::remindersLink(),
-              u"x-apple.systempreferences:com.apple.preference.security?Privacy_Reminders"_s);
+    EXPECT_EQ(PermissionsManager::accessibilityLink(), u"zeph-settings:accessibility"_s);
+    EXPECT_EQ(PermissionsManager::locationLink(), u"zeph-settings:location"_s);
+    EXPECT_EQ(PermissionsManager::calendarLink(), u"zeph-settings:calendar"_s);
+    EXPECT_EQ(PermissionsManager::remindersLink(), u"zeph-settings:reminders"_s);
+    EXPECT_EQ(PermissionsManager::privacyLink(), u"zeph-settings:privacy"_s);
+}
+
+TEST_F(PermissionsManagerTest, whatTheDesktopHasNoPageForOpensOurOwn) {
+    settings.hasPages = false;
+    location.status = LocationAuthorization::denied;
+    manager->requestLocation();
+    EXPECT_TRUE(settings.opened.isEmpty());
+    EXPECT_EQ(showings, 1);
+    settings.hasPages = true;
+    manager->requestLocation();
+    EXPECT_EQ(settings.opened, QStringList{PermissionsManager::locationLink()});
+    EXPECT_EQ(showings, 1);
+}
+
+TEST_F(PermissionsManagerTest, aDeniedCalendarWithoutAPageOpensOurOwn) {
+    settings.hasPages = false;
+    store.access[EntityType::event] = EventAccess::denied;
+    manager->requestCalendar();
+    EXPECT_TRUE(settings.opened.isEmpty());
+    EXPECT_EQ(showings, 1);
+}
+
+TEST_F(PermissionsManagerTest, anAnswerThatIsStillAwaitedDoesNotOpenOurOwn) {
+    settings.hasPages = false;
+    manager->requestLocation();
+    manager->requestReminders();
+    loop.advance(5);
+    EXPECT_TRUE(settings.opened.isEmpty());
+    EXPECT_EQ(showings, 0) << "the same could only be asked for there once more";
+}
+
+TEST_F(PermissionsManagerTest, whatTheDesktopHasNoPageForOpensNothingWithoutOneOfOurs) {
+    settings.hasPages = false;
+    const auto without = PermissionsManager::make(
+        {input, nullptr, [] { return nullptr; }, permission, settings, loop, [] {}, consents});
+    without->requestLocation();
+    EXPECT_TRUE(settings.opened.isEmpty());
+}
+
+TEST_F(PermissionsManagerTest, accessibilityIsGrantedByTheWishAlone) {
+    for (const ConsentState before : {ConsentState::notDetermined, ConsentState::denied}) {
+        consents.input.set(before);
+        input.trusted = true; // as the input does once the consent is there
+        EXPECT_EQ(changesDuring([this] { manager->requestAccessibility(); }), 1);
+        EXPECT_EQ(consents.input.state(), ConsentState::granted);
+        EXPECT_TRUE(*manager->accessibilityGranted);
+    }
+    EXPECT_EQ(activations, 0);
+    EXPECT_TRUE(settings.opened.isEmpty());
+}
+
+TEST_F(PermissionsManagerTest, accessibilityIsOnlyWhatTheInputMakesOfTheConsent) {
+    manager->requestAccessibility(); // a session whose input can't be followed
+    EXPECT_FALSE(*manager->accessibilityGranted);
+}
+
+TEST_F(PermissionsManagerTest, aWithdrawnPermissionIsOpenAgainAndReadAtOnce) {
+    const auto withdraws = [this](Consent &consent, auto withdraw) {
+        consent.set(ConsentState::granted);
+        const int changes = changesDuring([&] { (manager.get()->*withdraw)(); });
+        return changes == 4 && consent.state() == ConsentState::notDetermined;
+    };
+    EXPECT_TRUE(withdraws(consents.input, &PermissionsManager::withdrawAccessibility));
+    EXPECT_TRUE(withdraws(consents.location, &PermissionsManager::withdrawLocation));
+    EXPECT_TRUE(withdraws(consents.calendar, &PermissionsManager::withdrawCalendar));
+    EXPECT_TRUE(withdraws(consents.reminders, &PermissionsManager::withdrawReminders));
+}
+
+TEST_F(PermissionsManagerTest, withdrawingOneLeavesTheOthers) {
+    for (Consent *consent : std::initializer_list<Consent *>{
+             &consents.input, &consents.location, &consents.calendar, &consents.reminders}) {
+        consent->set(ConsentState::granted);
+    }
+    manager->withdrawCalendar();
+    EXPECT_TRUE(consents.input.isGranted());
+    EXPECT_TRUE(consents.location.isGranted());
+    EXPECT_FALSE(consents.calendar.isGranted());
+    EXPECT_TRUE(consents.reminders.isGranted());
+}
+
+TEST_F(PermissionsManagerTest, theHindranceIsThatOfTheClient) {
+    location.hindered = LocationHindrance::noAgent;
+    EXPECT_EQ(manager->locationHindrance(), LocationHindrance::noAgent);
+    EXPECT_EQ(make(nullptr)->locationHindrance(), LocationHindrance::noService);
 }
 
 } // namespace zeph

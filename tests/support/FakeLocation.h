@@ -14,6 +14,7 @@ public:
         return m_events.subscribe([this, &delegate] { m_tell(delegate); });
     }
     LocationAuthorization authorizationStatus() const override { return status; }
+    LocationHindrance hindrance() const override { return hindered; }
     void requestLocation() override { ++requests; }
     void requestWhenInUseAuthorization() override { ++authorizationRequests; }
 
@@ -25,6 +26,7 @@ public:
 
     int delegates = 0; ///< that subscribed until now
     LocationAuthorization status = LocationAuthorization::notDetermined;
+    LocationHindrance hindered = LocationHindrance::none;
     int requests = 0;
     int authorizationRequests = 0;
 

@@ -11,8 +11,10 @@ namespace zeph {
 /// A settings program that writes down what it was asked to open.
 class FakeSystemSettings : public SystemSettings {
 public:
+    bool canOpen(const QUrl & /*link*/) const override { return hasPages; }
     void open(const QUrl &link) override { opened.append(link.toString()); }
 
+    bool hasPages = true;
     QStringList opened;
 };
 

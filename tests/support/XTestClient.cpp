@@ -97,6 +97,13 @@ void XTestClient::setNumbers(xcb_window_t window, const QByteArray &property,
     xcb_flush(m_connection.get());
 }
 
+void XTestClient::setText(xcb_window_t window, const QByteArray &property, const QByteArray &text) {
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom(property),
+                        atom("UTF8_STRING"), 8, static_cast<std::uint32_t>(text.size()),
+                        text.constData());
+    xcb_flush(m_connection.get());
+}
+
 void XTestClient::raise(xcb_window_t window) {
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_connection.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);

@@ -42,6 +42,8 @@ public:
     /// Sets a property of cardinals.
     void setNumbers(xcb_window_t window, const QByteArray &property,
                     const QList<std::uint32_t> &values);
+    /// Sets a property of UTF-8 text.
+    void setText(xcb_window_t window, const QByteArray &property, const QByteArray &text);
     void raise(xcb_window_t window);
 
     /// Asks the window manager to give it the focus.

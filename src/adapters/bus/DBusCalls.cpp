@@ -4,6 +4,9 @@
 #include <QDBusArgument>
 #include <QDBusPendingCallWatcher>
 
+#include <algorithm>
+#include <array>
+
 namespace zeph {
 
 using namespace Qt::StringLiterals;
@@ -26,6 +29,16 @@ std::optional<QVariantMap> propertiesIn(const QDBusMessage &answer) {
         answer.type() == QDBusMessage::ReplyMessage && answer.signature() == u"a{sv}"_s;
     return areThere ? std::optional(qdbus_cast<QVariantMap>(answer.arguments().constFirst()))
                     : std::nullopt;
+}
+
+bool tellsOfNoService(const QString &errorName) {
+    const std::array beginnings{u"org.freedesktop.DBus.Error.ServiceUnknown"_s,
+                                u"org.freedesktop.DBus.Error.NameHasNoOwner"_s,
+                                u"org.freedesktop.DBus.Error.Disconnected"_s,
+                                u"org.freedesktop.DBus.Error.Spawn."_s,
+                                u"org.freedesktop.systemd1."_s};
+    return std::any_of(beginnings.begin(), beginnings.end(),
+                       [&](const QString &beginning) { return errorName.startsWith(beginning); });
 }
 
 } // namespace zeph

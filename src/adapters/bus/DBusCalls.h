@@ -23,4 +23,8 @@ void callAsync(const QDBusConnection &bus, const QDBusMessage &call, int timeout
 /// The properties in an answer to GetAll; absent for an error and for anything else.
 std::optional<QVariantMap> propertiesIn(const QDBusMessage &answer);
 
+/// Whether the error of this name says that the service is not there: it is not installed, can't be
+/// started, or is switched off as a unit of the system.
+bool tellsOfNoService(const QString &errorName);
+
 } // namespace zeph

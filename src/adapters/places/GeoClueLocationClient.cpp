@@ -30,6 +30,10 @@ LocationAuthorization GeoClueLocationClient::authorizationStatus() const {
     return m_permission.status();
 }
 
+LocationHindrance GeoClueLocationClient::hindrance() const {
+    return m_permission.hindrance();
+}
+
 void GeoClueLocationClient::requestLocation() {
     if (m_wantsFix) {
         return;
@@ -83,6 +87,7 @@ void GeoClueLocationClient::close() {
 
 void GeoClueLocationClient::started() {
     m_isStarted = true;
+    m_permission.setHindrance(LocationHindrance::none);
     if (m_wantsPermission) {
         granted(); // whoever hears it may want a fix
     }
@@ -109,6 +114,7 @@ void GeoClueLocationClient::failed(GeoClueFailure failure) {
         refused();
         break;
     case GeoClueFailure::absent:
+        m_permission.setHindrance(LocationHindrance::noService);
         if (m_wantsPermission) {
             granted();
         } else {
@@ -179,13 +185,22 @@ void GeoClueLocationClient::patienceEnded() {
     if (m_wantsPermission) {
         permissionPatienceEnded();
     } else {
+        noteMissingAgent();
         m_isOverdue = true;
         answerWithoutService();
     }
 }
 
+/// The service takes nobody in before it knows the agent.
+void GeoClueLocationClient::noteMissingAgent() {
+    if (m_session && !m_session->hasClient()) {
+        m_permission.setHindrance(LocationHindrance::noAgent);
+    }
+}
+
 void GeoClueLocationClient::permissionPatienceEnded() {
     if (!m_session->hasClient()) {
+        noteMissingAgent();
         close();
         granted();
     } else if (!std::exchange(m_isUserAsked, true)) {

@@ -44,6 +44,7 @@ public:
 
     Subscription subscribe(LocationClientDelegate &delegate) override;
     LocationAuthorization authorizationStatus() const override;
+    LocationHindrance hindrance() const override;
 
     /// One answer to all requests that are made before it: a fix, or a failure without permission
     /// and where not even the time zone has a city. Where the service told nothing in time it is
@@ -68,6 +69,7 @@ private:
     void answerWithoutService();
     void patienceEnded();
     void permissionPatienceEnded();
+    void noteMissingAgent();
     void consentChanged();
     void tellAuthorization();
     void tellFailure();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/places/GeoClueValues.h"
 
+#include "adapters/bus/DBusCalls.h"
 #include "adapters/places/GeoClueSession.h"
 
 #include <QMetaType>
@@ -33,17 +34,7 @@ GeoClueFailure failureOf(const QString &errorName) {
             return GeoClueFailure::refused;
         }
     }
-    // Not installed, not startable, or switched off as a unit of the system.
-    for (const QString &absence :
-         {u"org.freedesktop.DBus.Error.ServiceUnknown"_s,
-          u"org.freedesktop.DBus.Error.NameHasNoOwner"_s,
-          u"org.freedesktop.DBus.Error.Disconnected"_s, u"org.freedesktop.DBus.Error.Spawn."_s,
-          u"org.freedesktop.systemd1."_s}) {
-        if (errorName.startsWith(absence)) {
-            return GeoClueFailure::absent;
-        }
-    }
-    return GeoClueFailure::lost;
+    return tellsOfNoService(errorName) ? GeoClueFailure::absent : GeoClueFailure::lost;
 }
 
 std::optional<Coordinate> positionIn(const QVariantMap &location) {

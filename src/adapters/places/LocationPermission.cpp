@@ -25,16 +25,24 @@ LocationAuthorization LocationPermission::status() const {
 }
 
 void LocationPermission::grant() {
-    m_refusedAt.reset();
+    forgetRefusal();
     m_consent.set(ConsentState::granted);
 }
 
 void LocationPermission::refuse() {
     m_refusedAt = m_now();
+    m_hindrance = LocationHindrance::refused;
+}
+
+void LocationPermission::forgetRefusal() {
+    m_refusedAt.reset();
+    if (m_hindrance == LocationHindrance::refused) {
+        m_hindrance = LocationHindrance::none;
+    }
 }
 
 void LocationPermission::consentChanged() {
-    m_refusedAt.reset();
+    forgetRefusal();
     m_changes.send();
 }
 

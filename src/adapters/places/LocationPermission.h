@@ -32,6 +32,11 @@ public:
     /// given anew.
     void refuse();
 
+    /// What is known of the service that is asked, to tell the user. A refusal is forgotten when the
+    /// consent is given anew.
+    LocationHindrance hindrance() const { return m_hindrance; }
+    void setHindrance(LocationHindrance hindrance) { m_hindrance = hindrance; }
+
     /// Calls `handler` after the consent was given or withdrawn, until the subscription ends.
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) {
         return m_changes.subscribe(std::move(handler));
@@ -39,10 +44,12 @@ public:
 
 private:
     void consentChanged();
+    void forgetRefusal();
 
     Consent &m_consent;
     MonotonicNow m_now;
     std::optional<std::chrono::steady_clock::time_point> m_refusedAt;
+    LocationHindrance m_hindrance = LocationHindrance::none;
     ChangePublisher m_changes;
     Subscription m_subscription;
 };

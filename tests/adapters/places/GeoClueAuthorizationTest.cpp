@@ -34,6 +34,7 @@ TEST_F(GeoClueAuthorization, isGrantedWhenTheServiceStarts) {
     EXPECT_EQ(permission.status(), LocationAuthorization::authorized);
     EXPECT_TRUE(called(u"DeleteClient"_s)) << "nobody asked for a fix";
     EXPECT_EQ(delegate.answers(), 0U);
+    EXPECT_EQ(client->hindrance(), LocationHindrance::none);
 }
 
 TEST_F(GeoClueAuthorization, leadsToAFixInTheSameConversation) {
@@ -70,6 +71,7 @@ TEST_F(GeoClueAuthorization, isDeniedWhenTheUserRefuses) {
     EXPECT_EQ(defaults.writes, 0);
     client->requestWhenInUseAuthorization();
     EXPECT_EQ(callsSoFar().count(u"GetClient"_s), 1) << "the question is settled";
+    EXPECT_EQ(client->hindrance(), LocationHindrance::refused);
 }
 
 TEST_F(GeoClueAuthorization, mayBeAskedForAgainAMinuteAfterARefusal) {
@@ -135,6 +137,7 @@ TEST_F(GeoClueAuthorization, isTheUsersAloneWithoutAService) {
     ASSERT_TRUE(hasStatus(LocationAuthorization::authorized));
     ASSERT_TRUE(answered());
     EXPECT_EQ(delegate.fixes, (std::vector<std::vector<Coordinate>>{{zoneCity}}));
+    EXPECT_EQ(client->hindrance(), LocationHindrance::noService);
 }
 
 TEST_F(GeoClueAuthorization, isTheUsersAloneOnADesktopWithoutAnAgent) {
@@ -147,6 +150,7 @@ TEST_F(GeoClueAuthorization, isTheUsersAloneOnADesktopWithoutAnAgent) {
     ASSERT_TRUE(hasStatus(LocationAuthorization::authorized));
     ASSERT_TRUE(answered());
     EXPECT_EQ(delegate.fixes, (std::vector<std::vector<Coordinate>>{{zoneCity}}));
+    EXPECT_EQ(client->hindrance(), LocationHindrance::noAgent);
 }
 
 TEST_F(GeoClueAuthorization, letsAnAgentThatComesLateHaveTheLastWord) {
@@ -165,6 +169,22 @@ TEST_F(GeoClueAuthorization, letsAnAgentThatComesLateHaveTheLastWord) {
     EXPECT_EQ(delegate.failures, 1);
     EXPECT_EQ(delegate.statuses,
               (std::vector{LocationAuthorization::authorized, LocationAuthorization::denied}));
+}
+
+TEST_F(GeoClueAuthorization, ofAnEarlierStartFindsTheAgentMissingWhenAFixDoesNotCome) {
+    geoclue.appear();
+    geoclue.mute = {u"GetClient"_s};
+    listenWithConsent({.fix = std::chrono::milliseconds(100)}).requestLocation();
+    EXPECT_EQ(client->hindrance(), LocationHindrance::none);
+    ASSERT_TRUE(answered());
+    EXPECT_EQ(client->hindrance(), LocationHindrance::noAgent);
+}
+
+TEST_F(GeoClueAuthorization, findsNothingMissingWhenTheServiceOnlyHasNoFix) {
+    geoclue.appear();
+    listenWithConsent({.fix = std::chrono::milliseconds(100)}).requestLocation();
+    ASSERT_TRUE(answered());
+    EXPECT_EQ(client->hindrance(), LocationHindrance::none);
 }
 
 TEST_F(GeoClueAuthorization, asksNothingWhenItIsSettled) {

@@ -75,4 +75,25 @@ TEST_F(LocationPermissionTest, leavesTheUsersConsentToTheNextStartAfterARefusal)
     EXPECT_EQ(LocationPermission(consent).status(), LocationAuthorization::authorized);
 }
 
+TEST_F(LocationPermissionTest, remembersARefusalUntilTheConsentIsGivenAnew) {
+    EXPECT_EQ(permission.hindrance(), LocationHindrance::none);
+    permission.grant();
+    permission.refuse();
+    now += std::chrono::hours(1);
+    EXPECT_EQ(permission.hindrance(), LocationHindrance::refused);
+    permission.grant();
+    EXPECT_EQ(permission.hindrance(), LocationHindrance::none);
+    permission.refuse();
+    consent.set(ConsentState::denied);
+    EXPECT_EQ(permission.hindrance(), LocationHindrance::none);
+}
+
+TEST_F(LocationPermissionTest, keepsWhatElseIsMissingWhateverTheUserAnswers) {
+    permission.setHindrance(LocationHindrance::noAgent);
+    permission.grant();
+    EXPECT_EQ(permission.hindrance(), LocationHindrance::noAgent);
+    consent.set(ConsentState::denied);
+    EXPECT_EQ(permission.hindrance(), LocationHindrance::noAgent);
+}
+
 } // namespace zeph

@@ -28,6 +28,7 @@ X11Session::X11Session(std::unique_ptr<X11Connection> connection,
       m_windowServer(std::move(windowServer)),
       m_screens(*m_connection),
       m_workspace(*m_connection, surroundings.entries),
-      m_inputEvents(*m_connection, m_screens, surroundings.inputConsent) {}
+      m_inputEvents(*m_connection, m_screens, surroundings.inputConsent),
+      m_virtualDesktops(*m_connection) {}
 
 } // namespace zeph

@@ -4,6 +4,7 @@
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11InputEvents.h"
 #include "adapters/session/x11/X11Screens.h"
+#include "adapters/session/x11/X11VirtualDesktops.h"
 #include "adapters/session/x11/X11WindowServer.h"
 #include "adapters/session/x11/X11Workspace.h"
 #include "ports/DisplaySession.h"
@@ -26,6 +27,7 @@ public:
     WindowServer &windowServer() override { return *m_windowServer; }
     Workspace &workspace() override { return m_workspace; }
     InputEvents &inputEvents() override { return m_inputEvents; }
+    VirtualDesktops &virtualDesktops() override { return m_virtualDesktops; }
 
 private:
     X11Session(std::unique_ptr<X11Connection> connection,
@@ -36,6 +38,7 @@ private:
     X11Screens m_screens;
     X11Workspace m_workspace;
     X11InputEvents m_inputEvents;
+    X11VirtualDesktops m_virtualDesktops;
 };
 
 } // namespace zeph

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "host/PermissionWords.h"
+
+#include "ports/LocationClient.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+TEST(PermissionWords, sayWhetherItIsAllowed) {
+    EXPECT_EQ(permissionState(true), (PermissionState{u"Allowed"_s, {}}));
+    EXPECT_EQ(permissionState(false), (PermissionState{u"Not allowed"_s, {}}));
+}
+
+TEST(PermissionWords, ofALocationWithNothingInTheWayAreThoseOfAnyPermission) {
+    for (const bool isGranted : {true, false}) {
+        EXPECT_EQ(locationState(isGranted, LocationHindrance::none), permissionState(isGranted));
+    }
+}
+
+TEST(PermissionWords, tellTheServicesRefusalWhileItIsNotAllowed) {
+    EXPECT_EQ(locationState(false, LocationHindrance::refused),
+              (PermissionState{u"Not allowed"_s, u"Your desktop's location service refused."_s}));
+    EXPECT_EQ(locationState(true, LocationHindrance::refused).note, QString());
+}
+
+TEST(PermissionWords, tellWhatStandsInForAnAllowedLocation) {
+    EXPECT_EQ(locationState(true, LocationHindrance::noAgent),
+              (PermissionState{u"Allowed"_s, u"There is no location agent on this desktop, so the "
+                                             u"main city of your time zone stands in."_s}));
+    EXPECT_EQ(locationState(true, LocationHindrance::noService),
+              (PermissionState{u"Allowed"_s, u"There is no location service on this computer, so "
+                                             u"the main city of your time zone stands in."_s}));
+}
+
+TEST(PermissionWords, tellOfNoStandInBeforeItIsAllowed) {
+    for (const auto hindrance : {LocationHindrance::noAgent, LocationHindrance::noService}) {
+        EXPECT_EQ(locationState(false, hindrance), permissionState(false));
+    }
+}
+
+} // namespace zeph
