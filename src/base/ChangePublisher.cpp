@@ -15,7 +15,7 @@ ChangePublisher::ChangePublisher() : m_handlers(std::make_shared<Handlers>()) {}
 
 ChangePublisher::~ChangePublisher() = default;
 
-Subscription ChangePublisher::subscribe(std::function<void()> handler) {
+Subscription ChangePublisher::subscribe(std::function<void()> handler) const {
     const int id = m_handlers->nextId++;
     m_handlers->byId.emplace(id, std::move(handler));
     // The token carries no object: its deleter is what ends the subscription.

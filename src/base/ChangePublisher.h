@@ -24,8 +24,9 @@ public:
     ChangePublisher(const ChangePublisher &) = delete;
     ChangePublisher &operator=(const ChangePublisher &) = delete;
 
-    /// Calls `handler` on every `send` until the returned subscription ends.
-    [[nodiscard]] Subscription subscribe(std::function<void()> handler);
+    /// Calls `handler` on every `send` until the returned subscription ends. To listen changes
+    /// nothing: who may only look at an object may be told of its changes.
+    [[nodiscard]] Subscription subscribe(std::function<void()> handler) const;
 
     void send();
 

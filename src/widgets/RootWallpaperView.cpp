@@ -45,9 +45,19 @@ RootWallpaperView::RootWallpaperView(const AppState &state, const PreferencesSto
       m_metrics(metrics),
       m_accounts(std::move(accounts)) {}
 
+RootWallpaperView RootWallpaperView::withBackground(BackgroundMode mode) const {
+    RootWallpaperView view = *this;
+    view.m_background = mode;
+    return view;
+}
+
+BackgroundMode RootWallpaperView::backgroundMode() const {
+    return m_background.value_or(m_preferences.backgroundMode());
+}
+
 Palette RootWallpaperView::palette() const {
     const FocusState focus = *m_state.focus;
-    const BackgroundMode mode = m_preferences.backgroundMode();
+    const BackgroundMode mode = backgroundMode();
     if (mode == BackgroundMode::automatic) {
         const int hour = m_framing.calendar.components(*m_state.now).hour;
         return Palette::forMood(m_state.moodFraction(hour), focus);
@@ -74,7 +84,7 @@ QRectF RootWallpaperView::contentArea(const QSizeF &size) const {
 }
 
 std::optional<AmbientBackground> RootWallpaperView::backdrop(bool surfaceIsTransparent) const {
-    if (m_preferences.backgroundMode() == BackgroundMode::transparent && surfaceIsTransparent) {
+    if (backgroundMode() == BackgroundMode::transparent && surfaceIsTransparent) {
         return std::nullopt;
     }
     return background().picture(*m_state.now);
@@ -91,9 +101,11 @@ Scene RootWallpaperView::scene(const QSizeF &size, bool surfaceIsTransparent) co
         .body(WidgetLayoutCatalog::orderedKinds(m_state, m_preferences, quoteEnabled,
                                                 m_framing.calendar))
         .place(area, {m_metrics}, scene.items);
-    m_hiddenLog.update([&](WidgetKind kind) {
-        return hiddenReason(kind, m_state, m_preferences, quoteEnabled, m_framing.calendar);
-    });
+    if (!m_background) { // else the wallpaper itself tells
+        m_hiddenLog.update([&](WidgetKind kind) {
+            return hiddenReason(kind, m_state, m_preferences, quoteEnabled, m_framing.calendar);
+        });
+    }
     return scene;
 }
 

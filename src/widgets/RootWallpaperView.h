@@ -3,6 +3,7 @@
 
 #include "drawing/palette/Palette.h"
 #include "drawing/scene/Scene.h"
+#include "settings/PreferenceChoices.h"
 #include "widgets/AccountChoices.h"
 #include "widgets/AmbientBackgroundView.h"
 #include "widgets/HiddenWidgetsLog.h"
@@ -26,6 +27,9 @@ public:
                       const UsageStore &usage, const FramingContext &framing,
                       const TextMetrics &metrics, AccountChoices accounts);
 
+    /// The same wallpaper with another background than the preferences tell.
+    RootWallpaperView withBackground(BackgroundMode mode) const;
+
     /// The colours of this moment: of the day's mood in automatic mode, else of the user's colour.
     Palette palette() const;
 
@@ -43,13 +47,16 @@ public:
     Scene scene(const QSizeF &size, bool surfaceIsTransparent) const;
 
 private:
+    BackgroundMode backgroundMode() const;
+
     const AppState &m_state;
     const PreferencesStore &m_preferences;
     const UsageStore &m_usage;
     const FramingContext &m_framing;
     const TextMetrics &m_metrics;
     AccountChoices m_accounts;
-    mutable HiddenWidgetsLog m_hiddenLog; // follows what is drawn, and changes nothing of it
+    std::optional<BackgroundMode> m_background; // instead of the preferences'
+    mutable HiddenWidgetsLog m_hiddenLog;       // follows what is drawn, and changes nothing of it
 };
 
 } // namespace zeph

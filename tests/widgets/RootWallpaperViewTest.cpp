@@ -72,6 +72,18 @@ TEST_F(RootWallpaper, transparentModeFallsBackToABackdropOnAnOpaqueSurface) {
     EXPECT_TRUE(root.scene({1280, 800}, false).backdrop.has_value());
 }
 
+TEST_F(RootWallpaper, withAnotherBackgroundItIsTheSameWallpaperOnThatOne) {
+    preferences.setBackgroundMode(BackgroundMode::solid);
+    preferences.setBackgroundHex(u"#0A1A14"_s);
+    const RootWallpaperView daily = root.withBackground(BackgroundMode::automatic);
+    EXPECT_EQ(daily.palette(), Palette::forMood(state.moodFraction(9), FocusState::unknown));
+    EXPECT_FALSE(root.withBackground(BackgroundMode::transparent).backdrop(true).has_value());
+    EXPECT_EQ(root.withBackground(BackgroundMode::solid).palette(), root.palette());
+    EXPECT_EQ(daily.scene({1280, 800}, true).items.size(),
+              root.scene({1280, 800}, true).items.size());
+    EXPECT_EQ(preferences.backgroundMode(), BackgroundMode::solid);
+}
+
 TEST_F(RootWallpaper, energyRestsWhenIdleAndRisesWithTyping) {
     state.rhythm = InputRhythm{0, 0, 0, 0, 0};
     EXPECT_DOUBLE_EQ(root.background().energy, 0.25);
