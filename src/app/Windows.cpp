@@ -5,7 +5,9 @@
 #include "app/SettingsTabs.h"
 #include "drawing/painting/OwnFonts.h"
 #include "host/PermissionsManager.h"
+#include "host/ShownFolder.h"
 #include "ports/ApplicationPolicy.h"
+#include "ports/DesktopFolder.h"
 #include "ports/LocationClient.h"
 #include "ports/Platform.h"
 #include "ports/RunLoop.h"
@@ -13,6 +15,9 @@
 #include "ports/ShellPorts.h"
 #include "ui/onboarding/OnboardingWindow.h"
 #include "ui/settings/SettingsWindow.h"
+
+#include <QDir>
+#include <QFile>
 
 #include <utility>
 
@@ -78,8 +83,13 @@ void Windows::showPermissions() {
 
 ui::SettingsWindow &Windows::settings() {
     if (!m_settings) {
-        m_settings = std::make_unique<ui::SettingsWindow>(settingsTabs(m_context),
-                                                          m_context.appearance, m_context.runLoop);
+        const Platform &platform = m_parts.services.platform;
+        const auto folder = platform.desktopFolder.url();
+        const QString shown =
+            folder ? shownFolder(*folder, QFile::encodeName(QDir::homePath())) : QString();
+        m_settings = std::make_unique<ui::SettingsWindow>(
+            settingsTabs(m_context, shown, platform.background), m_context.appearance,
+            m_context.runLoop);
     }
     return *m_settings;
 }

@@ -5,7 +5,6 @@
 #include "drawing/scene/Scene.h"
 #include "settings/PreferenceChoices.h"
 #include "settings/WidgetKind.h"
-#include "settings/PreferenceChoices.h"
 #include "widgets/AccountChoices.h"
 #include "widgets/AmbientBackgroundView.h"
 #include "widgets/HiddenWidgetsLog.h"

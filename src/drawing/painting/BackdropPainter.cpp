@@ -2,6 +2,7 @@
 #include "drawing/painting/BackdropPainter.h"
 
 #include "base/StartedThread.h"
+#include "drawing/painting/DitherPattern.h"
 
 #include <QImage>
 #include <QRegion>
@@ -15,7 +16,6 @@ namespace zeph {
 namespace {
 
 constexpr int chunk = 256;  // pixels computed at once; small enough for the first cache
-constexpr int pattern = 8;  // side of the dither pattern
 constexpr int channels = 3; // red, green, blue
 
 // Pixels from which a second thread takes half: some milliseconds of work.
@@ -36,18 +36,6 @@ Light lightOf(const Color &color) {
     const quint32 argb = color.argb();
     return {static_cast<float>(argb >> 16 & 255U), static_cast<float>(argb >> 8 & 255U),
             static_cast<float>(argb & 255U)};
-}
-
-/// The threshold of the dither pattern at a place of it, between 0 and 1 with a mean of a half:
-/// the bits of x and of x xor y, interleaved from the lowest up.
-float threshold(int x, int y) {
-    unsigned rank = 0;
-    for (int bit = 0; bit < 3; ++bit) {
-        const unsigned across = static_cast<unsigned>(x) >> bit & 1U;
-        const unsigned down = static_cast<unsigned>(y) >> bit & 1U;
-        rank = rank << 2 | (across ^ down) << 1 | down;
-    }
-    return (static_cast<float>(rank) + 0.5F) / (pattern * pattern);
 }
 
 struct Disc {
@@ -75,7 +63,7 @@ ZEPH_WIDE void coverBy(const Disc &disc, int left, int count, float down, Remain
 struct Row {
     Light accent;     ///< under the veil, dither threshold left out
     Light difference; ///< from the accent to the gradient of this row, under the veil
-    std::array<float, chunk + pattern> thresholds;
+    std::array<float, chunk + ditherSide> thresholds;
 };
 
 ZEPH_WIDE void writePixels(const Row &row, const float *thresholds, const Remainder &remainder,
@@ -114,8 +102,9 @@ public:
             row.accent[channel] = m_accent[channel] * veil;
             row.difference[channel] = (gradient - m_accent[channel]) * veil;
         }
-        for (int x = 0; x < chunk + pattern; ++x) {
-            row.thresholds[static_cast<std::size_t>(x)] = threshold(x % pattern, y % pattern);
+        for (int x = 0; x < chunk + ditherSide; ++x) {
+            row.thresholds[static_cast<std::size_t>(x)] =
+                ditherThreshold(x % ditherSide, y % ditherSide);
         }
         return row;
     }
@@ -129,7 +118,7 @@ public:
                 coverBy(disc, left, count, down, remainder);
             }
         }
-        writePixels(row, row.thresholds.data() + left % pattern, remainder, count, pixels);
+        writePixels(row, row.thresholds.data() + left % ditherSide, remainder, count, pixels);
     }
 
 private:

@@ -57,6 +57,10 @@ Type typeOf(TypeRole role) {
         return {11, 16, QFont::DemiBold, 9};
     case TypeRole::fixed:
         return {12, 18, QFont::Normal, 0};
+    case TypeRole::lead:
+        return {14, 22, QFont::Normal, 0};
+    case TypeRole::strong:
+        return {14, 20, QFont::Medium, 0};
     }
     return {13.5, 20, QFont::Normal, 0};
 }

@@ -29,6 +29,8 @@ enum class TypeRole {
     note,         ///< under a field, state of a tile
     section,      ///< small capitals above a group
     fixed,        ///< paths and commands, in the system's own fixed font
+    lead,         ///< the paragraph that a page of the first start begins with
+    strong,       ///< the first line of two, in a list without controls
 };
 
 /// How one of our windows looks: its colours, its scale and its symbols. The window owns it; every

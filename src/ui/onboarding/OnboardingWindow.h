@@ -1,41 +1,57 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/ChangePublisher.h"
+#include "base/WorkOwner.h"
+#include "host/OnboardingFlow.h"
+#include "ui/controls/Look.h"
 #include "ui/settings/SettingsContext.h"
 
-#include <QCloseEvent>
 #include <QWidget>
 
 #include <functional>
 
 namespace zeph::ui {
 
-/// Stands in for the first-run window until it is there: an empty one of its size.
+class OnboardingView;
+
+/// The window of the first start. Closed and shown again, it stands where it stood.
 class OnboardingWindow : public QWidget {
 public:
-    OnboardingWindow(const SettingsContext & /*context*/, std::function<void()> onDone)
-        : m_onDone(std::move(onDone)) {
-        setWindowTitle(QStringLiteral("Welcome to Tavi"));
-        setFixedSize(470, 580);
-    }
+    /// `onDone` is called, in a turn of the loop of its own, when the user went through to the end;
+    /// it may end this window.
+    OnboardingWindow(const SettingsContext &context, std::function<void()> onDone);
+    ~OnboardingWindow() override;
+    OnboardingWindow(const OnboardingWindow &) = delete;
+    OnboardingWindow &operator=(const OnboardingWindow &) = delete;
 
+    /// Called whenever the window closes, which finishes nothing.
     std::function<void()> onClosed;
 
-    void present() {
-        show();
-        raise();
-    }
+    /// Shows the window in the middle of its screen, or brings it to the front.
+    void present();
+
+    OnboardingStep step() const { return m_flow.step(); }
+    OnboardingView &view() { return *m_view; }
 
 protected:
-    void closeEvent(QCloseEvent *event) override {
-        QWidget::closeEvent(event);
-        if (onClosed) {
-            onClosed();
-        }
-    }
+    void closeEvent(QCloseEvent *event) override;
+    bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
-    std::function<void()> m_onDone;
+    void dress();
+    void makeView();
+    void remakeSoon();
+    QSize wantedSize() const;
+
+    SettingsContext m_context;
+    OnboardingFlow m_flow;
+    Look m_look;
+    OnboardingView *m_view = nullptr;
+    bool m_remakes = false; // the view will be made anew
+    WorkOwner m_work;
+    Subscription m_subscription;
 };
 
 } // namespace zeph::ui

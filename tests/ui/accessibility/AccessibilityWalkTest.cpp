@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/bus/PrivateBus.h"
+#include "support/XvfbSession.h"
+
+#include <QProcess>
+#include <QStringList>
+
+#include <gmock/gmock.h>
+
+namespace zeph {
+
+using namespace Qt::StringLiterals;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsSupersetOf;
+
+namespace {
+
+/// A desktop with a bus for screen readers, on which one of our windows shows.
+class AccessibilityWalk : public testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(session.isRunning());
+        session.setVariable("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+        session.setVariable("XDG_RUNTIME_DIR", folder.path().toUtf8());
+        session.setVariable("GSETTINGS_BACKEND", "memory");
+        session.setVariable("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+        session.setVariable("QT_QPA_PLATFORM", "xcb");
+        ASSERT_TRUE(session.startOpenbox());
+        ASSERT_GT(session.start({u"/usr/libexec/at-spi-bus-launcher"_s, u"--launch-immediately"_s}),
+                  0);
+    }
+
+    /// What the walk through that window tells.
+    QStringList walk(const QString &window) {
+        EXPECT_GT(session.start({QStringLiteral(ZEPH_WINDOW_SHOW), window}), 0);
+        const QByteArray told = session.run(
+            {u"/bin/sh"_s, u"-c"_s,
+             u"/usr/bin/python3 "_s + QStringLiteral(ZEPH_ACCESSIBILITY_WALK) + u" || true"_s});
+        return QString::fromUtf8(told).split(u'\n', Qt::SkipEmptyParts);
+    }
+
+    static QStringList faults(const QStringList &lines) { return lines.filter(u"WRONG"_s); }
+    static QStringList stops(const QStringList &lines) {
+        QStringList names;
+        for (const QString &line : lines) {
+            if (line.startsWith(u"tab | ")) {
+                names << line.mid(6);
+            }
+        }
+        return names;
+    }
+
+    QTemporaryDir folder;
+    PrivateBus bus;
+    XvfbSession session;
+};
+
+} // namespace
+
+TEST_F(AccessibilityWalk, theWelcomeSaysWhatItIsAndHasOneStop) {
+    const QStringList told = walk(u"0"_s);
+    EXPECT_EQ(faults(told), QStringList()) << told.join(u'\n').toStdString();
+    EXPECT_THAT(told, IsSupersetOf({u"window | Welcome to Tavi"_s,
+                                    u"progress bar | Step 1 of 6 | enabled"_s,
+                                    u"push button | Continue | focusable enabled"_s}));
+    EXPECT_THAT(stops(told), ElementsAre(u"push button | Continue"_s));
+}
+
+TEST_F(AccessibilityWalk, aPermissionIsAskedForByButtonsOfTheirOwn) {
+    const QStringList told = walk(u"2"_s);
+    EXPECT_EQ(faults(told), QStringList()) << told.join(u'\n').toStdString();
+    EXPECT_THAT(told, Contains(u"label | Weather & sunrise | enabled"_s));
+    EXPECT_THAT(stops(told), ElementsAre(u"push button | Continue"_s, u"push button | Allow"_s,
+                                         u"push button | Back"_s));
+}
+
+TEST_F(AccessibilityWalk, backgroundsAreOneStopOfWhichOneIsChosen) {
+    const QStringList told = walk(u"4"_s);
+    EXPECT_EQ(faults(told), QStringList()) << told.join(u'\n').toStdString();
+    EXPECT_THAT(told, IsSupersetOf({u"radio button | Solid | focusable checked enabled"_s,
+                                    u"radio button | Time of day | focusable enabled"_s,
+                                    u"radio button | Transparent | focusable enabled"_s}));
+    EXPECT_THAT(stops(told), ElementsAre(u"push button | Continue"_s, u"radio button | Solid"_s,
+                                         u"push button | Back"_s));
+}
+
+TEST_F(AccessibilityWalk, everyControlOfTheSettingsIsNamedAndReached) {
+    const QStringList told = walk(u"settings"_s);
+    EXPECT_EQ(faults(told), QStringList()) << told.join(u'\n').toStdString();
+    EXPECT_THAT(told, IsSupersetOf({u"check box | Switch | focusable enabled"_s,
+                                    u"radio button | Metric | focusable enabled"_s,
+                                    u"slider | Slider | focusable enabled"_s,
+                                    u"spin button | Stepper | focusable enabled"_s,
+                                    u"password text | Secret | focusable enabled"_s,
+                                    u"radio button | Midnight | focusable enabled"_s,
+                                    u"push button | Remove | focusable enabled"_s,
+                                    u"list item | Sun, 2 of 2 | focusable enabled"_s}));
+    EXPECT_GT(stops(told).size(), 15);
+}
+
+} // namespace zeph
