@@ -22,8 +22,8 @@ TEST(EventDayTest, anEventThatComesOnceIsNotOverBeforeItsDayIs) {
 
 TEST(EventDayTest, anEventThatComesAgainBeginsWithItsDay) {
     const QDate day(2026, 6, 6);
-    for (const auto recurrence : {CountdownRecurrence::weekly, CountdownRecurrence::monthly,
-                                  CountdownRecurrence::yearly}) {
+    for (const auto recurrence :
+         {CountdownRecurrence::weekly, CountdownRecurrence::monthly, CountdownRecurrence::yearly}) {
         EXPECT_EQ(local(eventDate(day, recurrence)), QDateTime(day, QTime(0, 0)));
     }
 }

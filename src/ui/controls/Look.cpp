@@ -150,7 +150,8 @@ QPixmap Look::symbol(const QWidget &widget, const QString &identifier, double si
                         thousandths(ratio),
                         thousandths(stroke),
                         color.rgba(),
-                        widget.layoutDirection() == Qt::RightToLeft && pointsSidewaysInLook(identifier)};
+                        widget.layoutDirection() == Qt::RightToLeft &&
+                            pointsSidewaysInLook(identifier)};
     if (const QPixmap *known = m_pictures.object(key)) {
         return *known;
     }
