@@ -4,6 +4,7 @@
 #include "ui/controls/Look.h"
 #include "ui/controls/Paint.h"
 
+#include <QEvent>
 #include <QPainter>
 
 namespace zeph::ui {
@@ -38,9 +39,21 @@ LiftedRow::LiftedRow(QWidget &list, std::function<void(QPainter &, const QRectF 
     : QWidget(list.window()), m_list(list), m_paint(std::move(paint)), m_lift(*this, liftDuration) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
+    // Where the list moves with what lies around it, the row goes along.
+    for (QWidget *around = &list; !around->isWindow(); around = around->parentWidget()) {
+        around->installEventFilter(this);
+    }
+}
+
+bool LiftedRow::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::Move && !m_row.isNull()) {
+        place(m_row);
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void LiftedRow::place(const QRect &row) {
+    m_row = row;
     const int room = scaled(shadowRoom);
     const QPoint corner = m_list.mapTo(window(), row.topLeft());
     setGeometry(QRect(corner, row.size()).adjusted(-room, -room, room, room));

@@ -19,10 +19,12 @@ public:
     void place(const QRect &row);
 
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     QWidget &m_list;
+    QRect m_row; ///< where it would lie flat
     std::function<void(QPainter &, const QRectF &)> m_paint;
     Glide m_lift; ///< 0 flat, 1 in the hand
 };

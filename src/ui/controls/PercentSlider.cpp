@@ -117,7 +117,8 @@ void PercentSlider::paintEvent(QPaintEvent *) {
         const QRectF place(width() - scaled(valueWidth), 0, scaled(valueWidth), height());
         const bool isMirrored = layoutDirection() == Qt::RightToLeft;
         painter.drawText(mirrored(*this, place),
-                         Qt::AlignVCenter | (isMirrored ? Qt::AlignLeft : Qt::AlignRight),
+                         Qt::AlignVCenter | Qt::TextSingleLine |
+                             (isMirrored ? Qt::AlignLeft : Qt::AlignRight),
                          QString::number(sliderPosition()) + u'%');
     });
 }

@@ -171,13 +171,6 @@ void ReorderList::lift(int row, bool isByMouse) {
             paintRow(painter, area, row);
         }
     });
-    // Where the list moves with what scrolls around it, the row in the hand goes along.
-    for (QWidget *around = parentWidget(); around != nullptr; around = around->parentWidget()) {
-        if (const auto *area = dynamic_cast<QAbstractScrollArea *>(around)) {
-            connect(area->verticalScrollBar(), &QScrollBar::valueChanged, m_lifted.data(),
-                    [this] { placeLifted(); });
-        }
-    }
     if (isByMouse) {
         viewport()->setCursor(Qt::ClosedHandCursor);
     }

@@ -10,6 +10,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <utility>
+
 namespace zeph::ui {
 
 namespace {
@@ -21,9 +23,9 @@ constexpr std::chrono::milliseconds thumbDuration(180);
 Segmented::Segmented(const QStringList &labels, QWidget *parent)
     : Segmented(labels, Measures{}, parent) {}
 
-Segmented::Segmented(const QStringList &labels, const Measures &measures, QWidget *parent)
+Segmented::Segmented(const QStringList &labels, Measures measures, QWidget *parent)
     : QWidget(parent),
-      m_measures(measures),
+      m_measures(std::move(measures)),
       m_group(new QButtonGroup(this)),
       m_way(*this, thumbDuration) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

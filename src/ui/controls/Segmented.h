@@ -34,7 +34,7 @@ protected:
         std::vector<double> sizes = {}; ///< of the letters, one a segment; that of a segment else
     };
 
-    Segmented(const QStringList &labels, const Measures &measures, QWidget *parent);
+    Segmented(const QStringList &labels, Measures measures, QWidget *parent);
 
     QButtonGroup &group() { return *m_group; }
     void paintEvent(QPaintEvent *event) override;

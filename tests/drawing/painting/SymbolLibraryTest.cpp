@@ -41,6 +41,13 @@ TEST_F(SymbolLibraryTest, drawsItsFileAtTheSizeAskedFor) {
     }
 }
 
+TEST_F(SymbolLibraryTest, thinnerStrokesCoverLess) {
+    const QImage usual = symbols.mask(u"no.such"_s, 48);
+    const QImage thin = symbols.mask(u"no.such"_s, 48, 0.8);
+    EXPECT_NEAR(sum(thin), sum(usual) * 0.8 / SymbolLibrary::usualStroke, 0.05 * sum(usual));
+    EXPECT_EQ(symbols.mask(u"no.such"_s, 48), usual) << "each width is kept by itself";
+}
+
 TEST_F(SymbolLibraryTest, unknownSymbolIsARing) {
     EXPECT_FALSE(symbols.contains(u"no.such"_s));
     const QImage mask = symbols.mask(u"no.such"_s, 24);

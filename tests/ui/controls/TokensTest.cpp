@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/controls/Tokens.h"
+#include "ui/controls/Look.h"
 
 #include <gtest/gtest.h>
 
@@ -194,6 +194,15 @@ TEST(Tokens, highContrastCanBeLight) {
     EXPECT_GE(contrast(tokens.accentInk, tokens.ground), 4.5) << "a link that is too pale is inked";
 }
 
+TEST(Tokens, highContrastInksWhatCanNotBeReadOnTheUsersGround) {
+    QPalette desktop;
+    desktop.setColor(QPalette::Window, QColor(0xA8, 0xA8, 0xA8));
+    desktop.setColor(QPalette::WindowText, Qt::black);
+    const Tokens tokens = Tokens::of(Appearance::highContrast, desktop);
+    EXPECT_GE(contrast(tokens.ok, tokens.ground), 4.5);
+    EXPECT_GE(contrast(tokens.error, tokens.ground), 4.5);
+}
+
 TEST(Tokens, theStockPartsFit) {
     const Tokens tokens = dark();
     const QPalette palette = tokens.palette(Appearance::dark);
@@ -206,6 +215,14 @@ TEST(Tokens, theStockPartsFit) {
     EXPECT_GE(contrast(palette.color(QPalette::ToolTipText), palette.color(QPalette::ToolTipBase)),
               7);
     EXPECT_EQ(light().palette(Appearance::light).color(QPalette::ToolTipText), QColor(Qt::white));
+}
+
+TEST(Look, largeSymbolsHaveThinnerStrokes) {
+    EXPECT_EQ(symbolStroke(20), 1.5);
+    EXPECT_EQ(symbolStroke(27.9), 1.5);
+    EXPECT_DOUBLE_EQ(symbolStroke(28), 1.2);
+    EXPECT_DOUBLE_EQ(symbolStroke(56), 0.8);
+    EXPECT_DOUBLE_EQ(symbolStroke(90), 0.8);
 }
 
 TEST(Tokens, contrastIsThatOfTheGuidelines) {
