@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 class QVBoxLayout;
@@ -14,6 +15,8 @@ struct SearchEntry {
     QString title;
     QString detail; ///< searched as well
     QWidget *target = nullptr;
+    /// Brings the target into view on its pane; null where it always is.
+    std::function<void()> show = {};
 };
 
 /// What one tab of the settings shows: one column, header first. The window scrolls it.
