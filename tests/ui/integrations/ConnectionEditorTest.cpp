@@ -259,20 +259,6 @@ TEST_F(ConnectionEditorTest, whatIsTypedAndWhereStaysWhenTheStoreChanges) {
     EXPECT_FALSE(toggle(u"Active"_s)->isChecked());
 }
 
-TEST_F(ConnectionEditorTest, tellsThatTheAccountIsGoneAndComesBackWithIt) {
-    const auto id = connect(u"stripe"_s, u"sk"_s).id;
-    open();
-    showAccount(stored(id));
-    type(u"Display name"_s, u"Typed"_s);
-    ASSERT_TRUE(store->removeForNow(id));
-    turn();
-    EXPECT_TRUE(shows(u"This account was removed."_s));
-    EXPECT_EQ(field(u"Display name"_s), nullptr);
-    ASSERT_TRUE(store->restore(id));
-    turn();
-    EXPECT_EQ(field(u"Display name"_s)->text(), u"Typed"_s);
-}
-
 TEST_F(ConnectionEditorTest, aPausedAccountIsSavedAsSuch) {
     const auto id = connect(u"stripe"_s, u"sk"_s).id;
     open();
@@ -291,8 +277,6 @@ TEST_F(ConnectionEditorTest, enterInAFieldSaves) {
     key(Qt::Key_Return);
     EXPECT_TRUE(store->isReady(stored(account.id)));
 }
-
-// Services with forms of their own
 
 TEST_F(ConnectionEditorTest, gitHubAsksForATokenOnlyForTheGraph) {
     const auto id = connect(u"github"_s, std::nullopt, u"octo"_s).id;
@@ -379,52 +363,6 @@ TEST_F(ConnectionEditorTest, someServicesSayWhereTheirValuesAreFound) {
     EXPECT_NE(button(u"Find your coin id"_s), nullptr);
     addAccount(u"currency"_s);
     EXPECT_NE(button(u"Supported currency codes"_s), nullptr);
-}
-
-// Removal
-
-TEST_F(ConnectionEditorTest, aRemovedAccountCanBeBroughtBackWithItsKey) {
-    const auto id = connect(u"stripe"_s, u"sk"_s).id;
-    open();
-    showAccount(stored(id));
-    press(u"Remove"_s);
-    EXPECT_THAT(store->connections(), IsEmpty());
-    EXPECT_EQ(pane->selection().page, IntegrationsSelection::Page::accounts);
-    EXPECT_TRUE(shows(u"Removed My stripe."_s));
-    EXPECT_TRUE(button(u"Undo"_s)->hasFocus());
-    loop.advance(7.9);
-    turn();
-    press(u"Undo"_s);
-    settle();
-    EXPECT_TRUE(store->isReady(stored(id)));
-    EXPECT_THAT(secrets.entries(), SizeIs(1));
-    EXPECT_EQ(button(u"Undo"_s), nullptr);
-}
-
-TEST_F(ConnectionEditorTest, theKeyOfARemovedAccountIsErasedAfterEightSeconds) {
-    const auto id = connect(u"stripe"_s, u"sk"_s).id;
-    open();
-    showAccount(stored(id));
-    press(u"Remove"_s);
-    loop.advance(7.9);
-    settle();
-    EXPECT_THAT(secrets.entries(), SizeIs(1));
-    loop.advance(0.2);
-    settle();
-    EXPECT_THAT(secrets.entries(), IsEmpty());
-    EXPECT_EQ(button(u"Undo"_s), nullptr);
-}
-
-TEST_F(ConnectionEditorTest, aKeyThatCouldNotBeErasedIsTold) {
-    const auto id = connect(u"stripe"_s, u"sk"_s).id;
-    open();
-    showAccount(stored(id));
-    press(u"Remove"_s);
-    secrets.answer(SecretOutcome::refused);
-    loop.advance(8.1);
-    settle();
-    EXPECT_TRUE(shows(u"It is removed here. The keyring could not be opened, so its key is erased "
-                      "when Tavi starts again."_s));
 }
 
 // By keyboard
