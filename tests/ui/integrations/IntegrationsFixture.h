@@ -57,7 +57,7 @@ protected:
 
     UtcCalendar calendar;
     const Formatters *wording = &formatters; ///< of numbers
-    EndpointListing listing; ///< what an endpoint answers with
+    EndpointListing listing;                 ///< what an endpoint answers with
     std::unique_ptr<ServiceCheck> check;
     Sky window;
     Look look{window, Appearance::dark};
