@@ -6,6 +6,8 @@
 
 #include <QUrl>
 
+#include <csignal>
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
@@ -113,12 +115,17 @@ TEST_F(SettingsPagesTest, whichAreMissingOpenNothing) {
 }
 
 TEST_F(SettingsPagesTest, areNotWaitedFor) {
-    folder.install(u"gnome-control-center"_s, "echo >\"$FOLDER/called\"; exec /bin/sleep 60");
+    folder.install(u"gnome-control-center"_s,
+                   "echo $$ >\"$FOLDER/tmp\"; /bin/mv \"$FOLDER/tmp\" \"$FOLDER/called\"; "
+                   "exec /bin/sleep 60");
     installPage(u"applications/gnome-location-panel.desktop"_s);
     const QDeadlineTimer soon(30'000);
     pagesOf(u"GNOME"_s).open(link(u"location"_s));
     EXPECT_TRUE(eventually([&] { return QFile::exists(folder.path(u"called"_s)); }));
     EXPECT_FALSE(soon.hasExpired());
+    const pid_t page = folder.read(u"called"_s).trimmed().toInt();
+    ASSERT_GT(page, 1);
+    EXPECT_EQ(::kill(page, SIGKILL), 0);
 }
 
 } // namespace zeph
