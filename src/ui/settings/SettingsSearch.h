@@ -5,6 +5,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -15,7 +16,8 @@ struct Findable {
     QString title;
     QString detail;
     int tab = 0;
-    QPointer<QWidget> target = {}; ///< none for the tab itself
+    QPointer<QWidget> target = {};   ///< none for the tab itself
+    std::function<void()> show = {}; ///< brings the target into view on its pane; may be null
 };
 
 /// How well a text of this title and detail fits what is looked for, 0 being best; none when a

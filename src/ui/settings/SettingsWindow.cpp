@@ -233,7 +233,7 @@ std::vector<Findable> SettingsWindow::findables() const {
         all.push_back({m_tabs[index].title, {}, tab});
         if (m_shown[index].pane != nullptr) {
             for (const SearchEntry &entry : m_shown[index].pane->searchEntries()) {
-                all.push_back({entry.title, entry.detail, tab, entry.target});
+                all.push_back({entry.title, entry.detail, tab, entry.target, entry.show});
             }
         }
     }
@@ -242,9 +242,13 @@ std::vector<Findable> SettingsWindow::findables() const {
 
 void SettingsWindow::jumpTo(const Findable &found) {
     const QPointer<QWidget> target = found.target; // the search's end drops the results
+    const auto showTarget = found.show;
     const int tab = found.tab;
     m_side->endSearch();
     showTab(tab);
+    if (target != nullptr && showTarget) {
+        showTarget();
+    }
     if (target == nullptr) {
         return;
     }

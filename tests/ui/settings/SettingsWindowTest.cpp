@@ -163,6 +163,19 @@ TEST_F(SettingsWindowTest, escapeEndsTheSearchFirst) {
     EXPECT_EQ(QApplication::focusWidget(), &tabs());
 }
 
+TEST_F(SettingsWindowTest, aHiddenTargetIsBroughtIntoViewFirst) {
+    lookFor(u"show on wallpaper"_s); // makes the panes
+    SearchEntry &entry = made.panes[1]->entries.back();
+    entry.target->hide();
+    entry.show = [target = entry.target] { target->show(); };
+    lookFor(u"show on wallpaper "_s);
+    QTest::keyClick(&field(), Qt::Key_Down);
+    QTest::keyClick(&field(), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_TRUE(entry.target->isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), made.panes[1]->numbers);
+}
+
 TEST_F(SettingsWindowTest, aTargetThatIsGoneStillLeadsToItsTab) {
     lookFor(u"show on wallpaper"_s);
     QTest::keyClick(&field(), Qt::Key_Down);
