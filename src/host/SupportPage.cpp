@@ -4,7 +4,8 @@
 namespace zeph {
 
 QUrl supportPage() {
-    return QUrl(QStringLiteral(ZEPH_SUPPORT_URL), QUrl::StrictMode);
+    const QString configured = QStringLiteral(ZEPH_SUPPORT_URL);
+    return {configured, QUrl::StrictMode};
 }
 
 } // namespace zeph

@@ -88,12 +88,12 @@ void paintMarkRow(QPainter &painter, QAbstractButton &row, const QString &detail
     painter.setFont(titleFont);
     painter.setPen(tokens.ink);
     painter.drawText(mirrored(row, QRectF(scaled(markTextStart), 0, titleWidth, height)),
-                     start | Qt::AlignVCenter,
+                     drawFlags(start | Qt::AlignVCenter),
                      QFontMetrics(titleFont).elidedText(row.text(), Qt::ElideRight, titleWidth));
     painter.setFont(font(TypeRole::detail));
     painter.setPen(tokens.second);
-    painter.drawText(mirrored(row, QRectF(wordStart, 0, wordWidth, height)), end | Qt::AlignVCenter,
-                     detail);
+    painter.drawText(mirrored(row, QRectF(wordStart, 0, wordWidth, height)),
+                     drawFlags(end | Qt::AlignVCenter), detail);
     if (interaction.hasKeyboardFocus()) {
         paintRingInside(painter, {QRectF(row.rect()), markRingRadius * scale()}, tokens.focus);
     }

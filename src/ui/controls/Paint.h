@@ -37,6 +37,11 @@ void paintControl(QWidget &widget, const std::function<void(QPainter &)> &paint)
 /// only partly covered stays, so that the edge is as smooth as before elsewhere.
 void cutCorners(QWidget &window, double radius);
 
+/// `alignment` in the form that QPainter's texts take.
+inline int drawFlags(Qt::Alignment alignment) {
+    return static_cast<int>(alignment.toInt());
+}
+
 /// `rect`, meant for left to right, where it lies in `widget`.
 QRectF mirrored(const QWidget &widget, const QRectF &rect);
 

@@ -71,7 +71,7 @@ void PaneScroll::followFocus(QWidget *focused) {
 
 /// The stock area would bring what has the focus into view by its own measure.
 bool PaneScroll::focusNextPrevChild(bool next) {
-    return QWidget::focusNextPrevChild(next);
+    return QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void PaneScroll::resizeEvent(QResizeEvent *event) {

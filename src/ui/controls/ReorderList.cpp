@@ -185,6 +185,7 @@ void ReorderList::moveHand(int place) {
         return;
     }
     std::vector<double> seen;
+    seen.reserve(static_cast<std::size_t>(count()));
     for (int row = 0; row < count(); ++row) {
         seen.push_back(yOf(row));
     }

@@ -56,8 +56,8 @@ void ReorderList::paintRow(QPainter &painter, const QRectF &area, int row) const
     const double markStart = handleStart - scaled(handleToMark) - markWidth;
     const QFont titleFont = ui::font(TypeRole::row);
     const double titleWidth = std::max(0.0, markStart - scaled(handleToMark) - scaled(reorderText));
-    const Qt::Alignment start = QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
-                                Qt::AlignAbsolute | Qt::AlignVCenter;
+    const int start = drawFlags(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
+                                Qt::AlignAbsolute | Qt::AlignVCenter);
     painter.setFont(titleFont);
     painter.setPen(tokens.ink);
     painter.drawText(place(scaled(reorderText), titleWidth, area.height()), start,

@@ -122,8 +122,8 @@ void SideBar::paintRow(QPainter &painter, int index) const {
     painter.setFont(used);
     painter.setPen(ink);
     painter.drawText(mirrored(*this, text),
-                     QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute |
-                         Qt::AlignVCenter,
+                     drawFlags(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
+                               Qt::AlignAbsolute | Qt::AlignVCenter),
                      QFontMetrics(used).elidedText(tabText(index), Qt::ElideRight, textWidth));
     painter.setPen(Qt::NoPen);
 }

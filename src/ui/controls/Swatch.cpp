@@ -22,8 +22,8 @@ constexpr QRgb tickDark = 0xff1a1420;
 
 } // namespace
 
-Swatch::Swatch(const QString &name, const QString &hex, QWidget *parent)
-    : QRadioButton(name, parent), m_hex(hex) {
+Swatch::Swatch(const QString &name, QString hex, QWidget *parent)
+    : QRadioButton(name, parent), m_hex(std::move(hex)) {
     setToolTip(name);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QRadioButton::toggled, this,

@@ -13,7 +13,7 @@ namespace zeph::ui {
 /// choose.
 class Swatch : public QRadioButton {
 public:
-    Swatch(const QString &name, const QString &hex, QWidget *parent = nullptr);
+    Swatch(const QString &name, QString hex, QWidget *parent = nullptr);
 
     const QString &hex() const { return m_hex; }
 

@@ -46,7 +46,7 @@ QColor stateColor(const QString &symbol, const Tokens &tokens) {
 
 } // namespace
 
-Tile::Tile(Words words, QWidget *parent)
+Tile::Tile(const Words &words, QWidget *parent)
     : QPushButton(parent), m_interaction(*this, [this] { return shape(); }) {
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
@@ -110,8 +110,8 @@ void Tile::paintState(QPainter &painter, double y) const {
     painter.setFont(used);
     painter.setPen(look.tokens().ink);
     painter.drawText(mirrored(*this, QRectF(x, y, width, line)),
-                     QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) | Qt::AlignAbsolute |
-                         Qt::AlignVCenter,
+                     drawFlags(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
+                               Qt::AlignAbsolute | Qt::AlignVCenter),
                      QFontMetrics(used).elidedText(m_words.state, Qt::ElideRight, width));
 }
 
@@ -127,7 +127,7 @@ void Tile::paintTexts(QPainter &painter) const {
     painter.setFont(titleFont);
     painter.setPen(tokens.ink);
     painter.drawText(mirrored(*this, QRectF(scaled(tileTextStart), y, width, titleHeight)),
-                     start | Qt::AlignVCenter,
+                     drawFlags(start | Qt::AlignVCenter),
                      QFontMetrics(titleFont).elidedText(m_words.title, Qt::ElideRight, width));
     y += titleHeight;
     if (!m_words.blurb.isEmpty()) {

@@ -19,7 +19,7 @@ public:
         bool isAddition = false; ///< drawn as an outline
     };
 
-    explicit Tile(Words words, QWidget *parent = nullptr);
+    explicit Tile(const Words &words, QWidget *parent = nullptr);
 
     void set(const Words &words);
     const Words &words() const { return m_words; }

@@ -21,7 +21,7 @@ class TextField;
 /// Name, key and second value of an account, as far as its service asks for them.
 class AccountFields : public FormCard {
 public:
-    explicit AccountFields(const AccountWords &words, QWidget *parent = nullptr);
+    explicit AccountFields(const AccountWords &service, QWidget *parent = nullptr);
 
     /// Shows name and second value; what is the same already keeps its cursor.
     void show(const IntegrationConnection &account);

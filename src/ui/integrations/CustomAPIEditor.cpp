@@ -108,7 +108,7 @@ void CustomAPIEditor::edited() {
 
 std::optional<QString> CustomAPIEditor::importCurl(const QString &command) {
     collect();
-    const auto message = m_draft.importCurl(command);
+    auto message = m_draft.importCurl(command);
     if (!message) {
         m_fields->show(m_draft.config);
         refresh();

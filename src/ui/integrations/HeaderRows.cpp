@@ -137,7 +137,7 @@ void HeaderRows::orderRows() {
     orderStops(stops);
 }
 
-void HeaderRows::edited() {
+void HeaderRows::edited() const {
     if (onEdited) {
         onEdited();
     }

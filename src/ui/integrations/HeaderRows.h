@@ -36,7 +36,7 @@ private:
     Row &addRow(const HTTPHeaderEntry &header);
     void remove(const QUuid &id);
     void orderRows();
-    void edited();
+    void edited() const;
 
     QWidget &m_before;
     std::vector<Row> m_rows;

@@ -39,7 +39,6 @@ QScrollArea *scrollAreaAround(const QWidget &widget) {
 IntegrationsPane::IntegrationsPane(const IntegrationsContext &context, QWidget *parent)
     : Pane(parent),
       m_context(context),
-      m_column(nullptr),
       m_notices(new QWidget(this)),
       m_undo(new UndoLine(context.runLoop, m_notices)),
       m_failure(new StatusLine(m_notices)) {

@@ -40,7 +40,7 @@ private:
 
     IntegrationsContext m_context;
     IntegrationsSelection m_selection;
-    QVBoxLayout *m_column;
+    QVBoxLayout *m_column = nullptr;
     QWidget *m_notices; ///< under the header of the page that is shown
     UndoLine *m_undo;
     StatusLine *m_failure;

@@ -2,6 +2,7 @@
 #include "ui/settings/SearchList.h"
 
 #include "ui/controls/Look.h"
+#include "ui/controls/Paint.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -64,7 +65,7 @@ private:
         const Qt::Alignment start =
             QStyle::visualAlignment(QGuiApplication::layoutDirection(), Qt::AlignLeft);
         painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-        painter.drawText(line, Qt::AlignVCenter | start | Qt::AlignAbsolute, shown);
+        painter.drawText(line, drawFlags(Qt::AlignVCenter | start | Qt::AlignAbsolute), shown);
     }
 };
 

@@ -62,10 +62,10 @@ QFileDialog *makeDialog(QWidget &owner, const QString &title) {
 
 } // namespace
 
-SettingsFileCard::SettingsFileCard(const SettingsContext &context, const Background &files,
+SettingsFileCard::SettingsFileCard(SettingsContext context, const Background &files,
                                    QWidget *parent)
     : Card(parent),
-      m_context(context),
+      m_context(std::move(context)),
       m_files(files),
       m_export(new PillButton(u"Export…"_s)),
       m_import(new PillButton(u"Import…"_s)),

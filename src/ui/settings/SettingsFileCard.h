@@ -23,8 +23,7 @@ class StatusLine;
 class SettingsFileCard : public Card {
 public:
     /// `files` reads and writes, since the file can lie in a slow place.
-    SettingsFileCard(const SettingsContext &context, const Background &files,
-                     QWidget *parent = nullptr);
+    SettingsFileCard(SettingsContext context, const Background &files, QWidget *parent = nullptr);
 
     std::vector<SearchEntry> searchEntries() const { return {m_entry}; }
 

@@ -34,7 +34,9 @@ constexpr double ridgeStep = 2; // pixels between two points of an outline
 
 QPainterPath outline(const Ridge &ridge, const QSizeF &size) {
     QPainterPath path(QPointF(0, size.height()));
-    for (double x = 0; x <= size.width() + ridgeStep; x += ridgeStep) {
+    const int steps = static_cast<int>(size.width() / ridgeStep) + 1;
+    for (int step = 0; step <= steps; ++step) {
+        const double x = step * ridgeStep;
         const double along = ridge.phase + ridge.waves * x / size.width();
         const double wave = std::sin(along) + 0.35 * std::sin(2.7 * along);
         path.lineTo(x, size.height() * (1 - ridge.height - ridge.swing * wave));

@@ -40,11 +40,11 @@ WidgetPlacementRow::WidgetPlacementRow(WidgetKind kind, const SettingsContext &c
                                        QWidget *parent)
     : WidgetPlacementRow(kind, context, new Controls, parent) {}
 
-WidgetPlacementRow::WidgetPlacementRow(WidgetKind kind, const SettingsContext &context,
-                                       Controls *controls, QWidget *parent)
+WidgetPlacementRow::WidgetPlacementRow(WidgetKind kind, SettingsContext context, Controls *controls,
+                                       QWidget *parent)
     : SettingRow({icon(kind), zeph::title(kind)}, controls, parent),
       m_kind(kind),
-      m_context(context),
+      m_context(std::move(context)),
       m_isOn(controls->isOn),
       m_size(controls->size),
       m_hint(new StatusLine) {

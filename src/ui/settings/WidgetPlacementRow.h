@@ -26,7 +26,7 @@ public:
 private:
     struct Controls;
 
-    WidgetPlacementRow(WidgetKind kind, const SettingsContext &context, Controls *controls,
+    WidgetPlacementRow(WidgetKind kind, SettingsContext context, Controls *controls,
                        QWidget *parent);
 
     QString hint() const;
