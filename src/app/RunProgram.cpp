@@ -89,28 +89,29 @@ RequestInbox::Start takeStart() {
     return isByBus ? RequestInbox::Start::byRequest : RequestInbox::Start::byUser;
 }
 
-int runPrimary(const ProgramSettings &settings, RequestInbox &requests) {
-    // Without a bus nobody else can tell that the program runs already, and two would write over
-    // each other.
-    const FolderLock lock(folder(QStandardPaths::GenericDataLocation), endPatience);
-    if (lock.isHeldByAnother()) {
-        return EXIT_SUCCESS;
+/// Launches `app` and runs until the end, which `save` is for.
+int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const std::function<void()> &save) {
+    saveEverything = &save;
+    std::atexit(saveAtExit);
+    app.launch();
+    platform.ports().runLoop.after(tasksRest, [&platform] { platform.releaseTasks(); });
+    platform.ports().runLoop.after(startEnd, returnFreedMemory);
+    QCoreApplication::exec();
+    save();
+    saveEverything = nullptr;
+    if (!platform.finishTasks(tasksPatience)) {
+        // A task hangs in the system. Everything is saved, and it can't be waited for.
+        std::fflush(stdout);
+        _exit(EXIT_SUCCESS);
     }
-    const IcuCalendar calendar;
-    const IcuCalendar gregorian(u"en_US"_s);
-    const IcuFormatters formatters;
-    const LinuxPlatform::Created created =
-        LinuxPlatform::create(folder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s,
-                              calendar, gregorian, formatters);
-    if (!created.platform) {
-        std::fprintf(stderr, "tavi: %s\n", qPrintable(created.refusal));
-        return EXIT_FAILURE;
-    }
-    LinuxPlatform *platform = created.platform.get();
+    return EXIT_SUCCESS;
+}
+
+int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox &requests) {
     const Platform &ports = platform->ports();
     NotificationCenter notifications;
-    PreferencesStore preferences(ports.userDefaults, notifications, formatters);
-    UsageStore usageStore(folder(QStandardPaths::GenericDataLocation), ports.clock, calendar);
+    PreferencesStore preferences(ports.userDefaults, notifications, ports.formatters);
+    UsageStore usageStore(folder(QStandardPaths::GenericDataLocation), ports.clock, ports.calendar);
     Keychain keychain(ports.secureStore, ports.userDefaults);
     IntegrationsStore integrations(ports.userDefaults, keychain, notifications, ports.runLoop,
                                    ports.taskExecutor);
@@ -146,21 +147,28 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests) {
         platform->cancelRequests(); // they hold the threads that secrets may wait for
         integrations.finish(secretsPatience);
     };
-    saveEverything = &save;
-    std::atexit(saveAtExit);
+    return runToTheEnd(app, *platform, save);
+}
 
-    app.launch();
-    ports.runLoop.after(tasksRest, [platform] { platform->releaseTasks(); });
-    ports.runLoop.after(startEnd, returnFreedMemory);
-    QCoreApplication::exec();
-    save();
-    saveEverything = nullptr;
-    if (!platform->finishTasks(tasksPatience)) {
-        // A task hangs in the system. Everything is saved, and it can't be waited for.
-        std::fflush(stdout);
-        _exit(EXIT_SUCCESS);
+int runPrimary(const ProgramSettings &settings, RequestInbox &requests) {
+    // Without a bus nobody else can tell that the program runs already, and two would write over
+    // each other.
+    const FolderLock lock(folder(QStandardPaths::GenericDataLocation), endPatience);
+    if (lock.isHeldByAnother()) {
+        std::fputs("tavi: it runs already, and there is no session bus to call it by\n", stderr);
+        return EXIT_SUCCESS;
     }
-    return EXIT_SUCCESS;
+    const IcuCalendar calendar;
+    const IcuCalendar gregorian(u"en_US"_s);
+    const IcuFormatters formatters;
+    const LinuxPlatform::Created created =
+        LinuxPlatform::create(folder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s,
+                              calendar, gregorian, formatters);
+    if (!created.platform) {
+        std::fprintf(stderr, "tavi: %s\n", qPrintable(created.refusal));
+        return EXIT_FAILURE;
+    }
+    return runOn(created.platform.get(), settings, requests);
 }
 
 /// Tells a running program that it was started again, or takes its place when it is just ending.

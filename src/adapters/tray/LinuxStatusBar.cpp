@@ -46,9 +46,10 @@ private:
 
 } // namespace
 
-LinuxStatusBar::LinuxStatusBar(const QDBusConnection &sessionBus, TrayTools tools,
-                               MakeDocked makeDocked)
-    : m_bus(sessionBus), m_tools(std::move(tools)), m_makeDocked(std::move(makeDocked)) {}
+LinuxStatusBar::LinuxStatusBar(QDBusConnection sessionBus, TrayTools tools, MakeDocked makeDocked)
+    : m_bus(std::move(sessionBus)),
+      m_tools(std::move(tools)),
+      m_makeDocked(std::move(makeDocked)) {}
 
 std::unique_ptr<StatusItem> LinuxStatusBar::makeItem(const QString &symbol,
                                                      const QString &description,

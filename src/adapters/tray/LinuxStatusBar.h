@@ -15,7 +15,7 @@ public:
     using MakeDocked =
         std::function<std::unique_ptr<StatusItem>(const TrayFacts &, const TrayTools &)>;
 
-    LinuxStatusBar(const QDBusConnection &sessionBus, TrayTools tools, MakeDocked makeDocked);
+    LinuxStatusBar(QDBusConnection sessionBus, TrayTools tools, MakeDocked makeDocked);
 
     /// At most one at a time.
     std::unique_ptr<StatusItem> makeItem(const QString &symbol, const QString &description,

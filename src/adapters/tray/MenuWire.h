@@ -7,10 +7,8 @@
 #include <QString>
 #include <QVariantMap>
 
-namespace zeph {
-
 /// Lines of a menu as com.canonical.dbusmenu tells them.
-namespace menuwire {
+namespace zeph::menuwire {
 
 /// A line with those below it, as (ia{sv}av).
 struct Layout {
@@ -43,6 +41,4 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, Line &line);
 QDBusArgument &operator<<(QDBusArgument &argument, const Event &event);
 const QDBusArgument &operator>>(const QDBusArgument &argument, Event &event);
 
-} // namespace menuwire
-
-} // namespace zeph
+} // namespace zeph::menuwire

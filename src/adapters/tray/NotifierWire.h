@@ -6,10 +6,8 @@
 #include <QImage>
 #include <QString>
 
-namespace zeph {
-
 /// Facts of a tray's item as org.kde.StatusNotifierItem tells them.
-namespace notifierwire {
+namespace zeph::notifierwire {
 
 /// A picture as (iiay): ARGB32, the alpha byte first.
 struct Pixmap {
@@ -36,6 +34,4 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, Pixmap &pixmap);
 QDBusArgument &operator<<(QDBusArgument &argument, const ToolTip &toolTip);
 const QDBusArgument &operator>>(const QDBusArgument &argument, ToolTip &toolTip);
 
-} // namespace notifierwire
-
-} // namespace zeph
+} // namespace zeph::notifierwire

@@ -23,7 +23,7 @@ QString ownWords(const ScreenFacts &screen) {
 }
 
 QString ownName(const ScreenFacts &screen) {
-    const QString model = screen.model.simplified();
+    QString model = screen.model.simplified();
     if (!model.isEmpty()) {
         return model;
     }
