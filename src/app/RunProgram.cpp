@@ -89,6 +89,37 @@ RequestInbox::Start takeStart() {
     return isByBus ? RequestInbox::Start::byRequest : RequestInbox::Start::byUser;
 }
 
+/// A variable of the environment with another value, or without one, for a while. Programs that
+/// are started later inherit the user's own.
+class PassingVariable {
+public:
+    PassingVariable(const char *name, const QByteArray &value)
+        : m_name(name), m_wasSet(qEnvironmentVariableIsSet(name)), m_was(qgetenv(name)) {
+        value.isNull() ? qunsetenv(name) : qputenv(name, value);
+    }
+    ~PassingVariable() { m_wasSet ? qputenv(m_name, m_was) : qunsetenv(m_name); }
+    PassingVariable(const PassingVariable &) = delete;
+    PassingVariable &operator=(const PassingVariable &) = delete;
+
+private:
+    const char *m_name;
+    bool m_wasSet;
+    QByteArray m_was;
+};
+
+std::unique_ptr<QApplication> makeToolkit(int &argumentCount, char **arguments) {
+    // On a Wayland desktop too: the wallpaper's windows are X11 ones.
+    const PassingVariable platform("QT_QPA_PLATFORM", "xcb");
+    // A saved session would start the program a second time, beside its entry for the login.
+    const PassingVariable session("SESSION_MANAGER", QByteArray());
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setDesktopFileName(u"com.tavi.Tavi"_s);
+    QApplication::setApplicationName(u"com.tavi.Tavi"_s); // the class of the windows
+    QApplication::setApplicationDisplayName(u"Tavi"_s);
+    OwnFonts::use();
+    return std::make_unique<QApplication>(argumentCount, arguments);
+}
+
 /// Launches `app` and runs until the end, which `save` is for.
 int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const std::function<void()> &save) {
     saveEverything = &save;
@@ -216,14 +247,7 @@ int runProgram(char **arguments, const ProgramSettings &settings) {
     }
     // The program takes no options; the toolkit would take its own from the command line.
     int argumentCount = 1;
-    // On a Wayland desktop too: the wallpaper's windows are X11 ones.
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setDesktopFileName(u"com.tavi.Tavi"_s);
-    QApplication::setApplicationName(u"com.tavi.Tavi"_s); // the class of the windows
-    QApplication::setApplicationDisplayName(u"Tavi"_s);
-    OwnFonts::use();
-    const QApplication toolkit(argumentCount, arguments);
+    const auto toolkit = makeToolkit(argumentCount, arguments);
     display.reset();
 
     RequestInbox requests(start);

@@ -69,6 +69,7 @@ void PackageKitUpdates::install() {
         (m_status.phase != Phase::available && m_status.phase != Phase::refused)) {
         return;
     }
+    m_isToStop = false;
     ask({u"UpdatePackages"_s, {onlyTrusted | onTrial, QStringList{m_update}}},
         &PackageKitUpdates::haveTrial, [](int) {});
     set({.phase = Phase::installing, .version = m_status.version});
@@ -79,6 +80,7 @@ void PackageKitUpdates::cancel() {
         giveUp();
         set({});
     } else if (m_status.phase == Phase::installing) {
+        m_isToStop = true;
         m_transaction->cancel();
     }
 }
@@ -187,8 +189,8 @@ void PackageKitUpdates::haveTrial(const PackageOutcome &outcome) {
     const bool removesOthers =
         std::any_of(outcome.packages.begin(), outcome.packages.end(),
                     [](const ToldPackage &package) { return package.info == infoRemoving; });
-    if (outcome.kind != Kind::done) {
-        endInstall(outcome);
+    if (outcome.kind != Kind::done || m_isToStop) {
+        endInstall(outcome); // a trial may succeed although it was to stop
     } else if (removesOthers) {
         set({.phase = Phase::failed,
              .problem = u"Version %1 would remove other software, so it is left to your system's "

@@ -52,6 +52,7 @@ private:
     QString m_update; // the newer package, as the service names it
     ChangePublisher m_changes;
     std::unique_ptr<PackageKitTransaction> m_transaction; // the last one
+    bool m_isToStop = false;                              // the installation under way
     quint64 m_search = 0; // counts those that were given up, so that they are not heard any more
     QObject m_context;    // takes what is given up with it
 };

@@ -75,15 +75,16 @@ void saveAccount(const AccountForm &form, IntegrationsStore &store, PreferencesS
 }
 
 void showFirstTime(const QString &provider, PreferencesStore &preferences) {
-    const ServiceRow *const row = serviceRow(provider);
-    if (!row || !row->widget) {
+    const std::optional<WidgetKind> widget =
+        provider == u"stripe" ? WidgetKind::revenue : widgetKindFromRaw(provider);
+    if (!widget) {
         return;
     }
-    if (!preferences.hasChosenPlacement(*row->widget)) {
-        preferences.set(WidgetPlacement::always, *row->widget);
+    if (!preferences.hasChosenPlacement(*widget)) {
+        preferences.set(WidgetPlacement::always, *widget);
     }
-    if (*row->widget == WidgetKind::rss && !preferences.hasChosenSize(*row->widget)) {
-        preferences.setSize(WidgetSizeOption::small, *row->widget);
+    if (widget == WidgetKind::rss && !preferences.hasChosenSize(*widget)) {
+        preferences.setSize(WidgetSizeOption::small, *widget);
     }
 }
 

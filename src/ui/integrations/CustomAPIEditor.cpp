@@ -124,7 +124,7 @@ void CustomAPIEditor::runTest() {
     showAnswer();
     m_test->setRunning(true);
     m_call = std::make_unique<WorkOwner>();
-    context().serviceCheck.ask(*m_call, m_draft.config, [this](const EndpointListing &listing) {
+    context().serviceCheck.ask(*m_call, m_draft.prepared(), [this](const EndpointListing &listing) {
         m_listing = listing;
         m_test->setRunning(false);
         showAnswer();

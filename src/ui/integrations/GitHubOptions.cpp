@@ -64,16 +64,19 @@ void GitHubOptions::show(const IntegrationConnection &account) {
     const auto layout = contributionLayoutFromRaw(account.contributionLayout);
     const auto place = std::find(allContributionLayouts.begin(), allContributionLayouts.end(),
                                  layout.value_or(ContributionLayout::y1));
-    m_layouts->setCurrentIndex(
-        static_cast<int>(std::distance(allContributionLayouts.begin(), place)));
+    m_shownLayout = static_cast<int>(std::distance(allContributionLayouts.begin(), place));
+    m_layouts->setCurrentIndex(m_shownLayout);
     m_layoutRow->setVisible(account.showContributionGraph);
 }
 
 void GitHubOptions::collect(IntegrationConnection &account) const {
     account.showStats = m_stats->isChecked();
     account.showContributionGraph = m_graph->isChecked();
-    account.contributionLayout =
-        rawValue(allContributionLayouts.at(static_cast<std::size_t>(m_layouts->currentIndex())));
+    // An unknown layout, which shows as the first, stays unless another is chosen.
+    if (m_layouts->currentIndex() != m_shownLayout) {
+        account.contributionLayout = rawValue(
+            allContributionLayouts.at(static_cast<std::size_t>(m_layouts->currentIndex())));
+    }
 }
 
 void GitHubOptions::setNeedsToken(bool needsToken) {

@@ -36,6 +36,7 @@ private:
     Switch *m_stats;
     Switch *m_graph;
     ChoiceBox *m_layouts;
+    int m_shownLayout = 0; ///< index of what is stored
     SettingRow *m_layoutRow;
     QWidget *m_tokenNote;
 };

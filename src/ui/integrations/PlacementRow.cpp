@@ -52,10 +52,4 @@ void PlacementRow::refresh() {
     m_size->choose(static_cast<int>(m_preferences.size(m_kind)));
 }
 
-void PlacementRow::mouseReleaseEvent(QMouseEvent *event) {
-    if (rect().contains(event->pos())) {
-        m_switch->click();
-    }
-}
-
 } // namespace zeph::ui

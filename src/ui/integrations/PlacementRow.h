@@ -21,9 +21,6 @@ public:
     PlacementRow(PreferencesStore &preferences, RunLoop &runLoop, WidgetKind kind,
                  QWidget *parent = nullptr);
 
-protected:
-    void mouseReleaseEvent(QMouseEvent *event) override;
-
 private:
     void refresh();
 

@@ -70,8 +70,10 @@ void TestCallCard::setRunning(bool isRunning) {
 
 void TestCallCard::show(const TestAnswer &answer) {
     const bool hasValues = !answer.rows.empty();
-    m_status->show(answer.isError ? StatusLine::Kind::error : StatusLine::Kind::hint,
-                   hasValues ? QString() : answer.line);
+    if (!m_isRunning) {
+        m_status->show(answer.isError ? StatusLine::Kind::error : StatusLine::Kind::hint,
+                       hasValues ? QString() : answer.line);
+    }
     m_line->setText(hasValues ? answer.line : QString());
     m_line->setVisible(hasValues);
     std::vector<ValueList::Row> rows;

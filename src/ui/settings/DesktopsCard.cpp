@@ -81,8 +81,8 @@ void DesktopsCard::chooseAll() {
 
 void DesktopsCard::toggle(std::size_t index) {
     if (const auto number = m_rows[index].number) {
-        m_context.preferences.setDesktopSelection(
-            toggled(m_context.preferences.desktopSelection(), *number));
+        toggleDesktop(*number, m_context.preferences);
+        refresh(); // the last one stays chosen, whatever its own click made of its mark
     }
 }
 

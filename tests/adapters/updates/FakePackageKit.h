@@ -55,7 +55,8 @@ public:
             return send(message.createErrorReply(answer.callError, QStringLiteral("no")));
         }
         send(message.createReply());
-        tell(answer, !mute.contains(member) || (member == m_trialled && isTrial(message)));
+        tell(answer, !mute.contains(member) ||
+                         (member == m_trialled && isTrial(message) && !isMuteAboutTrials));
         return true;
     }
 
@@ -78,6 +79,7 @@ public:
 
     std::map<QString, Answer> answers; ///< by method; success without any
     std::optional<Answer> trial;       ///< of an installation that is only tried
+    bool isMuteAboutTrials = false;    ///< as well as about what `mute` names
     QStringList mute;                  ///< methods that do not end by themselves
     QStringList calls;                 ///< all but the making of transactions
     std::map<QString, QVariantList> arguments;

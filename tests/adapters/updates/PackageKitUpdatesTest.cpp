@@ -312,6 +312,22 @@ TEST_F(PackageKitUpdatesTest, keepsInstallingUntilTheServiceHasStopped) {
     EXPECT_EQ(updates->status().version, u"0.2.0"_s);
 }
 
+TEST_F(PackageKitUpdatesTest, installsNothingWhenItWasToStopDuringTheTrial) {
+    find();
+    service.mute = {u"UpdatePackages"_s};
+    service.isMuteAboutTrials = true;
+    updates->install();
+    ASSERT_TRUE(isAsked(u"UpdatePackages"_s));
+    updates->cancel();
+    ASSERT_TRUE(isAsked(u"Cancel"_s));
+    service.end(1);
+    ASSERT_TRUE(becomes(Phase::available));
+    EXPECT_EQ(service.calls.count(u"UpdatePackages"_s), 1);
+    service.mute.clear();
+    service.trial = FakePackageKit::Answer{};
+    EXPECT_TRUE(install(Phase::installed)) << "and may be installed after all";
+}
+
 TEST_F(PackageKitUpdatesTest, mayBeInstalledAlthoughItWasToStop) {
     find();
     service.mute = {u"UpdatePackages"_s};

@@ -61,6 +61,11 @@ TEST(WindowPlace, onASecondDisplayToo) {
     EXPECT_EQ(placeAtRightEdge(QRect(1920, 0, 1000, 700), QSize(880, 580)), QPoint(2920 - 904, 60));
 }
 
+TEST(WindowPlace, aWiderWindowStaysOnItsScreen) {
+    EXPECT_EQ(placeAtRightEdge(QRect(1920, 0, 880, 700), QSize(880, 580)).x(), 1920);
+    EXPECT_EQ(placeAtRightEdge(QRect(1920, 0, 890, 700), QSize(880, 580)).x(), 1920);
+}
+
 TEST(WindowPlace, aTallerWindowStandsOnTheLowerEdge) {
     EXPECT_EQ(placeAtRightEdge(QRect(0, 20, 1280, 500), QSize(880, 580)).y(), 20 + 500 - 580);
 }
