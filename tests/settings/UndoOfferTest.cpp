@@ -32,9 +32,9 @@ protected:
 
     ManualClock clock;
     ManualRunLoop loop{clock};
-    std::unique_ptr<UndoOffer> undo = std::make_unique<UndoOffer>(loop);
-    QStringList events;
+    QStringList events; // before the offer, which settles at its end
     int changes = 0;
+    std::unique_ptr<UndoOffer> undo = std::make_unique<UndoOffer>(loop);
 };
 
 TEST_F(UndoOfferTest, standsForEightSecondsAndThenSettles) {
