@@ -35,6 +35,7 @@ def go_through(desk, picture, only=()):
 def outcome_of(desk, name, module):
     """(passed, failed or not applicable; what was seen)"""
     begun = time.monotonic()
+    Failed.witness = lambda: photograph(desk, desk.room.folder / f"failed-{name}.jpg")
     try:
         desk.allow(name)
         seen = module.check(desk) or ""
@@ -50,8 +51,6 @@ def outcome_of(desk, name, module):
     except Exception as fault:  # A check that breaks has proven nothing.
         place = traceback.extract_tb(fault.__traceback__)[-1]
         outcome = FAILED, f"the check broke: {fault!r} in {Path(place.filename).name}:{place.lineno}"
-    if outcome[0] == FAILED:
-        photograph(desk, desk.room.folder / f"failed-{name}.jpg")
     if not getattr(module, "ENDS", False):
         tidy(desk)
     print(f"  {name}: {': '.join(filter(None, outcome))} ({time.monotonic() - begun:.1f} s)",

@@ -83,7 +83,7 @@ class Picture:
     def unlike(self, other):
         """How many pixels of a grid differ from those of another picture."""
         if (self.width, self.height) != (other.width, other.height):
-            return len(self.pixels)
+            return len(self.pixels) // 25
         return sum(not are_alike(self.at(x, y), other.at(x, y))
                    for y in range(0, self.height, 5) for x in range(0, self.width, 5))
 

@@ -14,6 +14,7 @@ class Tavi:
     def __init__(self, room, executable):
         self.room, self.executable = room, executable
         self.process = None
+        self.said = 0
         self.settings = {"zeph.onboarded": True, "zeph.background.hex": WALLPAPER_SETTING,
                          "zeph.clock.24h": True, "zeph.integrations.quote.enabled": False}
 
@@ -27,11 +28,16 @@ class Tavi:
         stored = json.loads(file.read_text(encoding="utf-8")) if file.exists() else {}
         file.write_text(json.dumps(stored | self.settings), encoding="utf-8")
         file.chmod(0o600)
+        self.said = len(self.log())
         self.process = self.room.start(self.executable,
                                        extra={"QT_LOGGING_RULES": "zeph.system.info=true"})
 
     def is_running(self):
         return self.process is not None and self.process.poll() is None
+
+    def has_spoken(self):
+        """Whether this run got as far as to look around. Before that a signal just kills it."""
+        return len(self.log()) > self.said
 
     def quit(self):
         """Asks it to end; true when it did, with status 0."""
