@@ -8,6 +8,9 @@ from .picture import WALLPAPER_SETTING
 from .waiting import wait_until
 
 
+LOGGING = {"QT_LOGGING_RULES": "zeph.system.info=true"}
+
+
 class Tavi:
     """One installation: its settings, and one run after the other."""
 
@@ -18,7 +21,7 @@ class Tavi:
         self.settings = {"zeph.onboarded": True, "zeph.background.hex": WALLPAPER_SETTING,
                          "zeph.clock.24h": True, "zeph.integrations.quote.enabled": False}
 
-    def start(self, **settings):
+    def start(self, environment, **settings):
         """Settings are given with `_` for the dots behind `zeph.`."""
         for name, value in settings.items():
             self.settings["zeph." + name.replace("_", ".")] = value
@@ -30,7 +33,7 @@ class Tavi:
         file.chmod(0o600)
         self.said = len(self.log())
         self.process = self.room.start(self.executable,
-                                       extra={"QT_LOGGING_RULES": "zeph.system.info=true"})
+                                       extra=LOGGING | environment)
 
     def is_running(self):
         return self.process is not None and self.process.poll() is None

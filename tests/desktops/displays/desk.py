@@ -21,6 +21,7 @@ class Desk:
     needs = []           # the programs without which the row can't run
     has_icons = False
     panel_edges = ()     # where the desktop itself has a panel: "top", "bottom"
+    program_environment = {}
     limits = {}          # name of a check: why it does not apply here
 
     def __init__(self, folder, executable):
@@ -160,7 +161,7 @@ class Desk:
         return window
 
     def start_program(self, **settings):
-        self.tavi.start(**settings)
+        self.tavi.start(self.program_environment, **settings)
 
     def end_program(self):
         if self.tavi.is_running() and not self.tavi.quit():
@@ -175,9 +176,18 @@ class Desk:
         for window in self.opened:
             window.close()
         self.opened.clear()
+        self.leave_workspace()
         if not self.tavi.is_running():
             self.start_program()
         wait_until(self.shows_wallpaper, 3)
+
+    def leave_workspace(self):
+        """Back to the first one."""
+        try:
+            if self.workspace():
+                self.go_to_workspace(0)
+        except NotApplicable:
+            pass
 
     def remember(self):
         """Looks at the desktop before the program was ever there."""

@@ -110,11 +110,11 @@ class X11Desk(Desk):
         return panel
 
     def workspace(self):
+        if not self.has_workspaces:
+            raise NotApplicable("it has no workspaces")
         return self.x11.number("_NET_CURRENT_DESKTOP") or 0
 
     def go_to_workspace(self, number):
-        if not self.has_workspaces:
-            raise NotApplicable("it has no workspaces")
         self.x11.go_to_workspace(number)
         prepare(lambda: self.workspace() == number, f"workspace {number + 1}")
 
@@ -168,5 +168,3 @@ class X11Desk(Desk):
             self.room.stop(self.desktop_process)
             self.start_desktop_program()
         super().tidy()
-        if self.has_workspaces and self.workspace():
-            self.go_to_workspace(0)
