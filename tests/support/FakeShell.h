@@ -171,7 +171,7 @@ public:
     void setActivationPolicy(ActivationPolicy policy) override {
         m_story.emplace_back(policy == ActivationPolicy::regular ? "regular" : "accessory");
     }
-    void activate() override { m_story.emplace_back("activate"); }
+    void activate(QWindow &) override { m_story.emplace_back("activate"); }
 
 private:
     ShellStory &m_story;
