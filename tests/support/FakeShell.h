@@ -79,8 +79,15 @@ public:
         done(problem);
     }
 
+    void renew(std::function<void(const std::optional<QString> &)> done) override {
+        ++renewals;
+        done(renewalProblem);
+    }
+
+    int renewals = 0; ///< how often it was to follow a program that was moved
     bool enabled = false;
     std::optional<QString> problem;
+    std::optional<QString> renewalProblem;
     std::vector<bool> wishes; ///< what was asked for, in order
 };
 
