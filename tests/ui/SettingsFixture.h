@@ -75,6 +75,9 @@ public:
         enabled = isWanted;
         done(std::nullopt);
     }
+    void renew(std::function<void(const std::optional<QString> &error)> done) override {
+        done(std::nullopt);
+    }
 
     bool enabled = false;
 };
