@@ -10,9 +10,12 @@
 
 #include <functional>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace zeph {
+
+class X11DesktopWindows;
 
 /// The program that draws the icons of the desktop, followed without polling. Asks the windows of
 /// its desktop for the notices about their structure: nobody else of this connection may ask those
@@ -35,7 +38,8 @@ public:
     };
 
     /// Asks for the present state without waiting for it: nothing is found until the replies came.
-    explicit X11DesktopProgram(X11Connection &connection);
+    /// `windows` outlives it.
+    X11DesktopProgram(X11Connection &connection, X11DesktopWindows &windows);
 
     /// What runs now; absent where nothing draws icons.
     const std::optional<Found> &found() const { return m_found; }
@@ -45,9 +49,24 @@ public:
 
 private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
+    bool isNews(std::uint8_t kind, const xcb_generic_event_t &event) const;
+    std::vector<xcb_window_t> windowsOfOthers() const;
+    void read();
+    void readCandidates(std::vector<xcb_window_t> candidates, xcb_pixmap_t pixmap);
+    void watch(const std::vector<xcb_window_t> &candidates);
+    static std::optional<Found> describe(const std::vector<xcb_window_t> &candidates,
+                                         const X11Connection::Replies &replies);
+    void readPixmap(Found found, xcb_pixmap_t pixmap);
+    void take(std::optional<Found> found);
 
+    X11DesktopWindows &m_windows;
+    std::vector<xcb_window_t> m_listed; // desktops of others, at the last look
+    std::set<xcb_window_t> m_watched;   // windows that tell us of their end
     std::optional<Found> m_found;
     ChangePublisher m_changes;
+    Subscription m_listing;
+    bool m_isReading = false;
+    bool m_readsAgain = false;
 };
 
 } // namespace zeph
