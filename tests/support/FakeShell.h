@@ -9,9 +9,9 @@
 #include "ports/ShellPorts.h"
 #include "ports/StatusBar.h"
 #include "ports/UpdateFramework.h"
-#include "ports/VirtualDesktops.h"
 #include "support/FakeLocation.h"
 #include "support/FakeSystemSettings.h"
+#include "support/FakeVirtualDesktops.h"
 
 #include <gtest/gtest.h>
 
@@ -149,18 +149,6 @@ public:
 
 private:
     ShellStory &m_story;
-};
-
-/// A desktop without workspaces.
-class FakeVirtualDesktops : public VirtualDesktops {
-public:
-    std::vector<VirtualDesktop> all() const override { return {}; }
-    Subscription subscribe(std::function<void()> handler) override {
-        return m_changes.subscribe(std::move(handler));
-    }
-
-private:
-    ChangePublisher m_changes;
 };
 
 /// Writes down what the program is to be.
