@@ -11,7 +11,6 @@
 #include "ports/UpdateFramework.h"
 #include "support/FakeLocation.h"
 #include "support/FakeSystemSettings.h"
-#include "support/FakeVirtualDesktops.h"
 
 #include <gtest/gtest.h>
 
@@ -201,7 +200,6 @@ public:
     FakeAppearance appearance;
     FakeDesktopShell desktopShell{story};
     FakeSystemSettings systemSettings;
-    FakeVirtualDesktops virtualDesktops;
     ShellPorts ports{.policy = policy,
                      .statusBar = statusBar,
                      .loginItem = loginItem,
@@ -209,7 +207,6 @@ public:
                      .appearance = appearance,
                      .desktopShell = desktopShell,
                      .systemSettings = systemSettings,
-                     .virtualDesktops = virtualDesktops,
                      .makeLocationClient = [] { return std::make_unique<FakeLocationClient>(); }};
 };
 
