@@ -150,7 +150,8 @@ struct LinuxPlatform::Adapters {
                 .httpClient = httpClient,
                 .secureStore = secureStore,
                 .screens = session->screens(),
-                .windowServer = session->windowServer()} {}
+                .windowServer = session->windowServer(),
+                .virtualDesktops = session->virtualDesktops()} {}
 
     std::unique_ptr<Foundation> foundation;
     std::unique_ptr<DisplaySession> session;
@@ -195,7 +196,6 @@ struct LinuxPlatform::Shell {
                 .appearance = appearance,
                 .desktopShell = *desktopShell,
                 .systemSettings = systemSettings,
-                .virtualDesktops = adapters.session->virtualDesktops(),
                 .makeLocationClient = [&permission = adapters.locationPermission] {
                     return std::make_unique<GeoClueLocationClient>(
                         QDBusConnection::systemBus(), permission,

@@ -62,7 +62,7 @@ ui::SettingsContext Windows::makeContext(Consents &consents) {
             .clock = platform.clock,
             .framing = m_parts.framing,
             .screens = platform.screens,
-            .virtualDesktops = m_parts.shell.virtualDesktops,
+            .virtualDesktops = platform.virtualDesktops,
             .appearance = m_parts.shell.appearance,
             .permissions = PermissionsManager::make(permissions(consents)),
             .systemSettings = m_parts.shell.systemSettings,

@@ -9,7 +9,6 @@
 #include "ports/ShellPorts.h"
 #include "ports/StatusBar.h"
 #include "ports/UpdateFramework.h"
-#include "ports/VirtualDesktops.h"
 #include "support/FakeLocation.h"
 #include "support/FakeSystemSettings.h"
 
@@ -158,18 +157,6 @@ private:
     ShellStory &m_story;
 };
 
-/// A desktop without workspaces.
-class FakeVirtualDesktops : public VirtualDesktops {
-public:
-    std::vector<VirtualDesktop> all() const override { return {}; }
-    Subscription subscribe(std::function<void()> handler) override {
-        return m_changes.subscribe(std::move(handler));
-    }
-
-private:
-    ChangePublisher m_changes;
-};
-
 /// Writes down what the program is to be.
 class FakeApplicationPolicy : public ApplicationPolicy {
 public:
@@ -220,7 +207,6 @@ public:
     FakeAppearance appearance;
     FakeDesktopShell desktopShell{story};
     FakeSystemSettings systemSettings;
-    FakeVirtualDesktops virtualDesktops;
     ShellPorts ports{.policy = policy,
                      .statusBar = statusBar,
                      .loginItem = loginItem,
@@ -228,7 +214,6 @@ public:
                      .appearance = appearance,
                      .desktopShell = desktopShell,
                      .systemSettings = systemSettings,
-                     .virtualDesktops = virtualDesktops,
                      .makeLocationClient = [] { return std::make_unique<FakeLocationClient>(); }};
 };
 

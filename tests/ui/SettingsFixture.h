@@ -14,7 +14,6 @@
 #include "ports/DesktopShell.h"
 #include "ports/LoginItem.h"
 #include "ports/UpdateFramework.h"
-#include "ports/VirtualDesktops.h"
 #include "services/accounts/IntegrationsStore.h"
 #include "services/accounts/Keychain.h"
 #include "services/refresh/ServiceCheck.h"
@@ -25,6 +24,7 @@
 #include "support/FakeScreens.h"
 #include "support/FakeSecureStore.h"
 #include "support/FakeSystemSettings.h"
+#include "support/FakeVirtualDesktops.h"
 #include "support/ManualRunLoop.h"
 #include "support/ManualTaskExecutor.h"
 #include "ui/settings/SettingsContext.h"
@@ -45,17 +45,6 @@ public:
     Scheme wantedScheme = Scheme::dark;
     bool highContrast = false;
     bool motion = false;
-    ChangePublisher changes;
-};
-
-class FakeVirtualDesktops : public VirtualDesktops {
-public:
-    std::vector<VirtualDesktop> all() const override { return desktops; }
-    Subscription subscribe(std::function<void()> handler) override {
-        return changes.subscribe(std::move(handler));
-    }
-
-    std::vector<VirtualDesktop> desktops;
     ChangePublisher changes;
 };
 

@@ -42,7 +42,8 @@ DesktopsCard::DesktopsCard(const SettingsContext &context, QWidget *parent)
 }
 
 void DesktopsCard::refresh() {
-    m_rows = desktopRows(m_context.preferences.desktopSelection(), m_context.virtualDesktops.all());
+    m_rows = desktopRows(m_context.preferences.desktopSelection(),
+                         snapshotOf(m_context.virtualDesktops.managedDisplays()).desktops);
     m_onlyOne->setVisible(m_rows.empty());
     m_all->setVisible(!m_rows.empty());
     const std::size_t count = m_rows.empty() ? 0 : m_rows.size() - 1;
