@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11Screens.h"
 
-#include "EdidBlock.h"
+#include "identity/EdidBlock.h"
 #include "X11Fixture.h"
 
 #include <xcb/randr.h>
