@@ -75,9 +75,11 @@ void WaylandOutput::follow(zxdg_output_manager_v1 &manager) {
         },
         [](void *self, zxdg_output_v1 * /*output*/, const char *name) {
             outputOf(self).m_names.connector = QString::fromUtf8(name);
+            outputOf(self).noteWithoutDone();
         },
         [](void *self, zxdg_output_v1 * /*output*/, const char *description) {
             outputOf(self).m_names.description = QString::fromUtf8(description);
+            outputOf(self).noteWithoutDone();
         }};
     zxdg_output_v1_add_listener(m_exact.get(), &listener, this);
 }

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <iterator>
 
+using namespace Qt::StringLiterals;
+
 namespace zeph {
 
 namespace {
@@ -107,6 +109,11 @@ void WaylandOutputs::update() {
     std::vector<OutputFacts> facts;
     std::transform(m_outputs.begin(), m_outputs.end(), std::back_inserter(facts),
                    [](const auto &output) { return output->facts(); });
+    for (std::size_t i = 0; i < facts.size(); ++i) {
+        if (facts[i].words.connector.isEmpty()) { // old compositors don't tell it
+            facts[i].words.connector = u"output-%1"_s.arg(i + 1);
+        }
+    }
     const auto described = screensOf(facts, m_abilities);
     const std::vector<Screen> before = all();
     m_screens.clear();
