@@ -3,8 +3,8 @@
 
 #include "base/WorkOwner.h"
 #include "drawing/painting/SceneRenderer.h"
-#include "ports/DrawingWay.h"
 #include "host/SpaceWindow.h"
+#include "ports/DrawingWay.h"
 #include "ports/Screens.h"
 
 #include <memory>
