@@ -15,7 +15,7 @@ def go_through(desk, picture, only=()):
     """The results of the checks by name; writes a picture of the desktop with the program.
 
     Raises NotReady when the desktop itself does not come up."""
-    results = {}
+    results, mechanism = {}, None
     try:
         desk.open()
         desk.remember()
@@ -25,9 +25,10 @@ def go_through(desk, picture, only=()):
             results[name] = outcome_of(desk, name, module)
             if name == "start":
                 desk.picture().write(picture)
+                mechanism = desk.tavi.mechanism()
             if results["start"][0] == FAILED:
                 break
-        return {"checks": results, "mechanism": desk.tavi.mechanism()}
+        return {"checks": results, "mechanism": mechanism}
     finally:
         desk.close()
 

@@ -56,9 +56,8 @@ class Tavi:
 
     def mechanism(self):
         """What it said last of how it draws here; None when it said nothing."""
-        lines = re.findall(r"^zeph\.system: (?:drawing|draws|The wallpaper is drawn)\b.*$",
-                           self.log(), re.M)
-        return lines[-1].removeprefix("zeph.system: ") if lines else None
+        sentences = re.findall(r"^zeph\.system: (.*\bTavi\b.*\.)$", self.log(), re.M)
+        return sentences[-1] if sentences else None
 
     def last_words(self):
         """The end of what it printed, for a report."""

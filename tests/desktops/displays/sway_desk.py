@@ -11,10 +11,9 @@ from .desk import Desk
 from .layer_surfaces import take_clicks
 from .terminal import Terminal
 
-FIRST, SECOND = "HEADLESS-1", "HEADLESS-2"
+FIRST = "HEADLESS-1"
 CONFIGURATION = f"""
 output {FIRST} mode --custom 1280x800 position 0 0
-output {SECOND} mode --custom 1280x720 position 1280 0
 default_border none
 default_floating_border none
 for_window [app_id="sample"] floating enable
@@ -135,15 +134,11 @@ class SwayDesk(Desk):
         prepare(lambda: (width, height) == self.screens()[0][2:], f"{width} by {height}")
 
     def add_screen(self):
-        if any(output["name"] == SECOND for output in self.asked("get_outputs")):
-            self.command("output", SECOND, "enable")
-        else:
-            self.command("create_output")
+        self.command("create_output")
         prepare(lambda: len(self.screens()) == 2, "the second display")
 
     def remove_screen(self):
-        self.command("output", SECOND, "disable")
-        prepare(lambda: len(self.screens()) == 1, "one display")
+        raise NotApplicable("an output without a monitor can't be taken away again")
 
     def replace_manager(self):
         """It reads its settings anew, which takes away and brings back much of it."""
