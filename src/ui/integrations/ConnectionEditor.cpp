@@ -215,7 +215,7 @@ void ConnectionEditor::showState() {
         m_bar->showState(!state.icon.isEmpty(), state.text);
     }
     if (m_gitHub != nullptr) {
-        m_gitHub->setNeedsToken(needsTokenNote(form, context().state));
+        m_gitHub->setNeedsToken(!m_hasKeptToken && needsTokenNote(form, context().state, isReady));
     }
 }
 
@@ -227,17 +227,20 @@ void ConnectionEditor::save() {
         return;
     }
     m_isKeeping = true;
+    const bool hasToken = !form.secret.trimmed().isEmpty();
     m_fields->setKeeping(true);
     m_bar->showFailure({});
-    saveAccount(form, context().integrations, context().preferences,
-                [editor = QPointer(this), tell = pane().tellFailure](SecretOutcome outcome) {
-                    const auto failure = keepingFailure(outcome);
-                    if (editor != nullptr) {
-                        editor->saved(failure);
-                    } else if (failure) {
-                        tell(*failure);
-                    }
-                });
+    saveAccount(
+        form, context().integrations, context().preferences,
+        [editor = QPointer(this), tell = pane().tellFailure, hasToken](SecretOutcome outcome) {
+            const auto failure = keepingFailure(outcome);
+            if (editor != nullptr) {
+                editor->m_hasKeptToken = editor->m_hasKeptToken || (hasToken && !failure);
+                editor->saved(failure);
+            } else if (failure) {
+                tell(*failure);
+            }
+        });
     refresh();
 }
 
