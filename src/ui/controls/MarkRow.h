@@ -16,6 +16,9 @@ public:
     void setDetail(const QString &detail);
     const QString &detail() const { return m_detail; }
 
+    /// Which of how many rows this is, for assistive technology; 0 where it stands alone.
+    void setPlace(int place, int count);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -25,6 +28,7 @@ protected:
 
 private:
     QString m_detail;
+    QString m_place; ///< as it is said
     Interaction m_interaction{*this};
 };
 
@@ -36,6 +40,9 @@ public:
     void setDetail(const QString &detail);
     const QString &detail() const { return m_detail; }
 
+    /// Which of how many rows this is, for assistive technology; 0 where it stands alone.
+    void setPlace(int place, int count);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -45,6 +52,7 @@ protected:
 
 private:
     QString m_detail;
+    QString m_place; ///< as it is said
     Interaction m_interaction{*this};
 };
 
