@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/integrations/ConnectionEditor.h"
 
+#include "base/Blanks.h"
 #include "model/AppState.h"
 #include "ports/RunLoop.h"
 #include "services/accounts/IntegrationsStore.h"
@@ -45,6 +46,14 @@ void follow(Value IntegrationConnection::*field, IntegrationConnection &form,
     }
 }
 
+/// Blanks around the second value are not kept.
+IntegrationConnection asStored(IntegrationConnection account) {
+    if (account.extra) {
+        account.extra = withoutOuterBlanks(*account.extra);
+    }
+    return account;
+}
+
 } // namespace
 
 ConnectionEditor::ConnectionEditor(const IntegrationsContext &context, PageActions actions,
@@ -66,6 +75,15 @@ ConnectionEditor::ConnectionEditor(const IntegrationsContext &context, PageActio
 
 QWidget *ConnectionEditor::firstStop() {
     return m_stored ? m_fields->firstStop() : nullptr;
+}
+
+/// A key that is on its way to the keyring is not lost with the form.
+bool ConnectionEditor::hasUnsaved() const {
+    if (!m_stored) {
+        return false;
+    }
+    const AccountForm form = this->form();
+    return asStored(form.account) != asStored(m_shown) || (!m_isKeeping && !form.secret.isEmpty());
 }
 
 QWidget *ConnectionEditor::makeForm(const QString &provider) {

@@ -25,6 +25,7 @@ public:
                      const QString &provider, const QUuid &id, QWidget *parent = nullptr);
 
     QWidget *firstStop() override;
+    bool hasUnsaved() const override;
 
     void refresh();
 
