@@ -4,7 +4,6 @@
 #include "adapters/desktop/RunTool.h"
 
 #include <QDeadlineTimer>
-#include <QProcess>
 #include <QThread>
 
 #include <utility>
@@ -60,8 +59,8 @@ ShellOutcome ProgramIcons::showIcons(const QString & /*earlier*/) {
     if (!m_isInstalled) {
         return ShellOutcome::unavailable;
     }
-    return QProcess::startDetached(m_program.program, m_program.desktopOn) ? ShellOutcome::done
-                                                                           : ShellOutcome::refused;
+    return startTool(m_program.program, m_program.desktopOn) ? ShellOutcome::done
+                                                             : ShellOutcome::refused;
 }
 
 ShellOutcome ProgramIcons::relaunch() {

@@ -34,6 +34,16 @@ std::optional<ToolAnswer> runTool(const QString &program, const QStringList &arg
                       QString::fromUtf8(tool.readAllStandardError()).trimmed()};
 }
 
+bool startTool(const QString &program, const QStringList &arguments) {
+    QProcess tool;
+    tool.setProgram(program);
+    tool.setArguments(arguments);
+    tool.setStandardInputFile(QProcess::nullDevice());
+    tool.setStandardOutputFile(QProcess::nullDevice());
+    tool.setStandardErrorFile(QProcess::nullDevice());
+    return tool.startDetached();
+}
+
 bool isProgramThere(const QString &name) {
     return !QStandardPaths::findExecutable(name).isEmpty();
 }

@@ -18,6 +18,10 @@ struct ToolAnswer {
 /// than ten seconds. Not on the main thread.
 std::optional<ToolAnswer> runTool(const QString &program, const QStringList &arguments);
 
+/// Starts a program that goes on running by itself, whatever becomes of this one; nobody listens to
+/// what it prints. False when it can't be started.
+bool startTool(const QString &program, const QStringList &arguments);
+
 /// Whether a program of that name can be found.
 bool isProgramThere(const QString &name);
 

@@ -3,8 +3,6 @@
 
 #include "adapters/desktop/RunTool.h"
 
-#include <QProcess>
-
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -16,14 +14,15 @@ namespace {
 /// Stands for a setting that nobody wrote yet.
 const QString absentValue = u"absent"_s;
 
-IconTool booleanSetting(const QString &desktopProgram, const QString &schema) {
-    const QString key = u"show-desktop-icons"_s;
+/// Values as the tool prints them, which it takes back as they are.
+IconTool desktopSetting(const QString &desktopProgram, const QString &schema, const QString &key,
+                        const QString &hidden, const QStringList &shown) {
     return {.desktopProgram = desktopProgram,
             .program = u"gsettings"_s,
             .read = {u"get"_s, schema, key},
             .write = {u"set"_s, schema, key},
-            .hiddenValue = u"false"_s,
-            .shownValues = {u"true"_s}};
+            .hiddenValue = hidden,
+            .shownValues = shown};
 }
 
 } // namespace
@@ -42,13 +41,18 @@ IconTool xfceIcons() {
             .absentError = u"does not exist"_s};
 }
 
+/// Whether they are on the first monitor, and whether on the others. Another setting,
+/// "show-desktop-icons", has no effect on files any more.
 IconTool cinnamonIcons() {
-    return booleanSetting(u"nemo-desktop"_s, u"org.nemo.desktop"_s);
+    return desktopSetting(u"nemo-desktop"_s, u"org.nemo.desktop"_s, u"desktop-layout"_s,
+                          u"'false::false'"_s,
+                          {u"'true::false'"_s, u"'true::true'"_s, u"'false::true'"_s});
 }
 
 /// Without icons the file manager has no window left, and may have ended.
 IconTool mateIcons() {
-    IconTool tool = booleanSetting(u"caja"_s, u"org.mate.background"_s);
+    IconTool tool = desktopSetting(u"caja"_s, u"org.mate.background"_s, u"show-desktop-icons"_s,
+                                   u"false"_s, {u"true"_s});
     tool.drawsAgain = {u"--no-default-window"_s};
     return tool;
 }
@@ -89,9 +93,8 @@ ShellOutcome SettingIcons::relaunch() {
         return ShellOutcome::unavailable;
     }
     if (m_wantsIcons && !m_tool.drawsAgain.isEmpty()) {
-        return QProcess::startDetached(m_tool.desktopProgram, m_tool.drawsAgain)
-                   ? ShellOutcome::done
-                   : ShellOutcome::refused;
+        return startTool(m_tool.desktopProgram, m_tool.drawsAgain) ? ShellOutcome::done
+                                                                   : ShellOutcome::refused;
     }
     return ShellOutcome::done;
 }

@@ -89,7 +89,7 @@ protected:
         EXPECT_TRUE(file.open(QFile::WriteOnly));
         file.write(R"(<schemalist>
             <schema id="org.nemo.desktop" path="/org/nemo/desktop/">
-                <key name="show-desktop-icons" type="b"><default>true</default></key>
+                <key name="desktop-layout" type="s"><default>'true::false'</default></key>
             </schema>
             <schema id="org.mate.background" path="/org/mate/desktop/background/">
                 <key name="show-desktop-icons" type="b"><default>true</default></key>
@@ -127,6 +127,8 @@ TEST_F(RealToolsTest, xfconfWithoutItsDaemonCannotBeRead) {
 
 TEST_F(RealGsettingsIcons, comeBack) {
     SettingIcons nemo(cinnamonIcons());
+    expectThereAndBack(nemo);
+    EXPECT_EQ(nemo.showIcons(u"'true::true'"_s), ShellOutcome::done);
     expectThereAndBack(nemo);
     SettingIcons caja(mateIcons());
     expectThereAndBack(caja);

@@ -103,18 +103,34 @@ TEST_F(SettingIconsTest, areShownAsTheDesktopDoesWhereNothingWasKept) {
 
 TEST_F(SettingIconsTest, ofCinnamonAndMateFollowTheirSetting) {
     installGsettings();
-    for (const auto &[tool, setting] :
-         {std::pair{cinnamonIcons(), u"org.nemo.desktop show-desktop-icons"_s},
-          std::pair{mateIcons(), u"org.mate.background show-desktop-icons"_s}}) {
+    struct Case {
+        IconTool tool;
+        QString setting;
+        QString shown;
+        QString hidden;
+    };
+    for (const Case &desktop :
+         {Case{cinnamonIcons(), u"org.nemo.desktop desktop-layout"_s, u"'true::true'"_s,
+               u"'false::false'"_s},
+          Case{mateIcons(), u"org.mate.background show-desktop-icons"_s, u"true"_s, u"false"_s}}) {
         QFile::remove(folder.path(u"calls"_s));
-        SettingIcons icons(tool);
+        SettingIcons icons(desktop.tool);
         EXPECT_EQ(icons.hideIcons(), ShellOutcome::done);
-        EXPECT_EQ(icons.iconSetting(), (IconSetting{false, u"false"_s}));
-        EXPECT_EQ(icons.showIcons(u"true"_s), ShellOutcome::done);
-        EXPECT_EQ(icons.iconSetting(), (IconSetting{true, u"true"_s}));
-        EXPECT_EQ(calls(), (QStringList{u"set "_s + setting + u" false"_s, u"get "_s + setting,
-                                        u"set "_s + setting + u" true"_s, u"get "_s + setting}));
+        EXPECT_EQ(icons.iconSetting(), (IconSetting{false, desktop.hidden}));
+        EXPECT_EQ(icons.showIcons(desktop.shown), ShellOutcome::done);
+        EXPECT_EQ(icons.iconSetting(), (IconSetting{true, desktop.shown}));
+        EXPECT_EQ(calls(), (QStringList{u"set %1 %2"_s.arg(desktop.setting, desktop.hidden),
+                                        u"get "_s + desktop.setting,
+                                        u"set %1 %2"_s.arg(desktop.setting, desktop.shown),
+                                        u"get "_s + desktop.setting}));
     }
+}
+
+TEST_F(SettingIconsTest, ofCinnamonAreOnTheFirstMonitorWhereNothingWasKept) {
+    installGsettings();
+    SettingIcons icons(cinnamonIcons());
+    EXPECT_EQ(icons.showIcons({}), ShellOutcome::done);
+    EXPECT_EQ(icons.iconSetting(), (IconSetting{true, u"'true::false'"_s}));
 }
 
 TEST_F(SettingIconsTest, ofMateNeedTheFileManagerThatMayHaveEnded) {
