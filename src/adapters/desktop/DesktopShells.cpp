@@ -32,7 +32,7 @@ std::vector<KnownDesktop> knownDesktops(const QStringList &dataFolders,
     };
     const auto program = [](DesktopProgram (*desktop)()) {
         return [desktop] {
-            return std::make_unique<ProgramIcons>(desktop(), &hasDesktopWindow, programPatience);
+            return std::make_unique<ProgramIcons>(desktop(), &lookForDesktop, programPatience);
         };
     };
     const auto extension = [&dataFolders] { return std::make_unique<ExtensionIcons>(dataFolders); };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/desktop/X11DesktopLook.h"
 #include "ports/DesktopShell.h"
 
 #include <QByteArray>
@@ -14,20 +15,24 @@ namespace zeph {
 /// A file manager that draws the desktop with its icons while it is told to.
 struct DesktopProgram {
     QString program;
-    QStringList desktopOff;
-    QStringList desktopOn;
+    QString profile;           ///< its set of settings, unless it runs with another one
     QByteArray windowInstance; ///< of the WM_CLASS of its desktop window
 };
 
 DesktopProgram lxdeDesktop();
 DesktopProgram lxqtDesktop();
 
+/// The profile in a program's command line, of which each word ends with a zero; empty without one,
+/// or when it is no plain name.
+QString profileIn(const QByteArray &commandLine);
+
 /// The icons of a desktop that has no setting for them: its program draws the desktop or does not,
-/// until the session ends. So with the next session they are hidden anew.
+/// until the session ends. So with the next session they are hidden anew. The setting's value is
+/// the program's profile.
 class ProgramIcons : public DesktopShell {
 public:
     /// Whether a window of that instance is a desktop; absent where nobody can tell.
-    using Look = std::function<std::optional<bool>(const QByteArray &instance)>;
+    using Look = std::function<std::optional<DesktopLook>(const QByteArray &instance)>;
 
     /// `patience` is how long `relaunch` waits for the program to follow.
     ProgramIcons(DesktopProgram program, Look look, std::chrono::milliseconds patience);

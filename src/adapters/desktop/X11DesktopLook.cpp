@@ -49,6 +49,11 @@ public:
                types.end();
     }
 
+    std::uint32_t process(xcb_window_t window) const {
+        const auto numbers = words(window, "_NET_WM_PID", XCB_ATOM_CARDINAL, 1);
+        return numbers.empty() ? 0 : numbers.front();
+    }
+
     QByteArray instance(xcb_window_t window) const {
         const auto reply = property(window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, mostClassLongs);
         if (!reply || reply->format != 8) {
@@ -93,16 +98,18 @@ private:
 
 } // namespace
 
-std::optional<bool> hasDesktopWindow(const QByteArray &instance) {
+std::optional<DesktopLook> lookForDesktop(const QByteArray &instance) {
     const WindowLook look;
     if (!look.isConnected()) {
         return std::nullopt;
     }
     const auto clients = look.clients();
-    const bool isThere = std::any_of(clients.begin(), clients.end(), [&](xcb_window_t window) {
+    const auto desktop = std::find_if(clients.begin(), clients.end(), [&](xcb_window_t window) {
         return look.instance(window) == instance && look.isDesktop(window);
     });
-    return look.isConnected() ? std::optional(isThere) : std::nullopt;
+    const DesktopLook found =
+        desktop == clients.end() ? DesktopLook{} : DesktopLook{true, look.process(*desktop)};
+    return look.isConnected() ? std::optional(found) : std::nullopt;
 }
 
 } // namespace zeph

@@ -7,9 +7,15 @@
 
 namespace zeph {
 
-/// Whether a window with this instance in its WM_CLASS is a desktop of the X display that the
-/// environment names; absent without one. Asks over a connection of its own and waits for the
+/// Whether a program draws the desktop.
+struct DesktopLook {
+    bool isDrawn = false;
+    quint32 process = 0; ///< the program's, 0 where it is not told
+};
+
+/// Looks for a window with this instance in its WM_CLASS that is a desktop of the X display that
+/// the environment names; absent without one. Asks over a connection of its own and waits for the
 /// answers, so not on the main thread.
-std::optional<bool> hasDesktopWindow(const QByteArray &instance);
+std::optional<DesktopLook> lookForDesktop(const QByteArray &instance);
 
 } // namespace zeph

@@ -21,19 +21,22 @@ TEST(X11DesktopLook, findsTheDesktopOfAProgramAmongItsWindows) {
                  .type = "_NET_WM_WINDOW_TYPE_DESKTOP",
                  .instance = "other",
                  .name = "files"});
-    EXPECT_EQ(hasDesktopWindow("files"), false);
+    ASSERT_TRUE(lookForDesktop("files"));
+    EXPECT_FALSE(lookForDesktop("files")->isDrawn);
     const auto desktop = client.show({.geometry = {900, 400, 200, 100},
                                       .type = "_NET_WM_WINDOW_TYPE_DESKTOP",
                                       .instance = "files",
-                                      .name = "Files"});
-    EXPECT_TRUE(waitUntil([] { return hasDesktopWindow("files") == true; }));
+                                      .name = "Files",
+                                      .process = 4711});
+    EXPECT_TRUE(waitUntil([] { return lookForDesktop("files")->isDrawn; }));
+    EXPECT_EQ(lookForDesktop("files")->process, 4711U);
     client.destroy(desktop);
-    EXPECT_TRUE(waitUntil([] { return hasDesktopWindow("files") == false; }));
+    EXPECT_TRUE(waitUntil([] { return !lookForDesktop("files")->isDrawn; }));
 }
 
 TEST(X11DesktopLook, tellsNothingWithoutADisplay) {
     const ScopedVariable display("DISPLAY", ":999999");
-    EXPECT_EQ(hasDesktopWindow("files"), std::nullopt);
+    EXPECT_FALSE(lookForDesktop("files"));
 }
 
 } // namespace zeph
