@@ -166,6 +166,11 @@ void AppDelegate::observeScreenChanges() {
             window->compositingChanged();
         }
     }));
+    m_subscriptions.push_back(m_services.platform.windowServer.subscribeToDrawingWay([this] {
+        for (const auto &window : m_desktopWindows) {
+            window->drawingWayChanged();
+        }
+    }));
 }
 
 void AppDelegate::observeSpaces() {

@@ -36,11 +36,18 @@ bool DesktopWindow::wantsTransparency() const {
 void DesktopWindow::makeSurface() {
     m_wantsTransparency = wantsTransparency();
     m_surface = m_server.makeDesktopSurface(m_screen, m_wantsTransparency);
+    m_mechanism = m_server.drawingWay().mechanism;
     m_renderer.invalidate();
 }
 
 void DesktopWindow::compositingChanged() {
     if (wantsTransparency()) {
+        rebuildSurface();
+    }
+}
+
+void DesktopWindow::drawingWayChanged() {
+    if (m_server.drawingWay().mechanism != m_mechanism) {
         rebuildSurface();
     }
 }

@@ -4,6 +4,7 @@
 #include "base/WorkOwner.h"
 #include "drawing/painting/SceneRenderer.h"
 #include "host/SpaceWindow.h"
+#include "ports/DrawingWay.h"
 #include "ports/Screens.h"
 
 #include <memory>
@@ -48,6 +49,10 @@ public:
     /// opaque one looks the same with and without.
     void compositingChanged();
 
+    /// To be called when wallpapers get onto this desktop in another way. Makes the surface anew
+    /// where that takes another mechanism.
+    void drawingWayChanged();
+
 private:
     bool wantsTransparency() const;
     void makeSurface();
@@ -63,6 +68,7 @@ private:
     SceneRenderer m_renderer;
     Screen m_screen;
     std::unique_ptr<DesktopSurface> m_surface;
+    DrawingMechanism m_mechanism = {}; // that the surface was made by
     bool m_wantsTransparency = false;
     const int m_windowNumber;
     SpaceBehavior m_spaceBehavior = SpaceBehavior::allSpaces;

@@ -78,8 +78,15 @@ public:
         done(problem);
     }
 
+    void renew(std::function<void(const std::optional<QString> &)> done) override {
+        ++renewals;
+        done(renewalProblem);
+    }
+
+    int renewals = 0; ///< how often it was to follow a program that was moved
     bool enabled = false;
     std::optional<QString> problem;
+    std::optional<QString> renewalProblem;
     std::vector<bool> wishes; ///< what was asked for, in order
 };
 
@@ -180,7 +187,7 @@ public:
     void setActivationPolicy(ActivationPolicy policy) override {
         m_story.emplace_back(policy == ActivationPolicy::regular ? "regular" : "accessory");
     }
-    void activate() override { m_story.emplace_back("activate"); }
+    void activate(QWindow &) override { m_story.emplace_back("activate"); }
 
 private:
     ShellStory &m_story;

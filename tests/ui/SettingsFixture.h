@@ -65,6 +65,9 @@ public:
         enabled = isWanted;
         done(std::nullopt);
     }
+    void renew(std::function<void(const std::optional<QString> &error)> done) override {
+        done(std::nullopt);
+    }
 
     bool enabled = false;
 };

@@ -29,6 +29,7 @@ DesktopsCard::DesktopsCard(const SettingsContext &context, QWidget *parent)
       m_entry{u"Show Tavi on desktops"_s,
               u"Your workspaces — keep Tavi on every one, or pick the ones you want it on."_s,
               this} {
+    setAccessibleName(m_entry.title);
     addRow(new SettingRow({u"squares.below.rectangle"_s, m_entry.title, m_entry.detail}, nullptr));
     addBody(m_onlyOne);
     addRow(m_all);

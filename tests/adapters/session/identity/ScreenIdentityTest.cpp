@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "adapters/session/x11/ScreenIdentity.h"
+#include "adapters/session/identity/ScreenIdentity.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "adapters/session/x11/Edid.h"
+#include "adapters/session/identity/Edid.h"
 
 #include <QtEndian>
 
