@@ -278,6 +278,32 @@ int XTestClient::depth(xcb_window_t window) const {
     return reply ? reply->depth : 0;
 }
 
+void XTestClient::killOwner(xcb_drawable_t drawable) {
+    const auto request = xcb_kill_client_checked(m_connection.get(), drawable);
+    own(xcb_request_check(m_connection.get(), request));
+}
+
+QSize XTestClient::size(xcb_drawable_t drawable) const {
+    const auto reply = own(xcb_get_geometry_reply(
+        m_connection.get(), xcb_get_geometry(m_connection.get(), drawable), nullptr));
+    return reply ? QSize(reply->width, reply->height) : QSize();
+}
+
+std::optional<std::uint32_t> XTestClient::pixelOf(xcb_pixmap_t pixmap, QPoint position) const {
+    const auto reply = own(xcb_get_image_reply(
+        m_connection.get(),
+        xcb_get_image(m_connection.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap,
+                      static_cast<std::int16_t>(position.x()),
+                      static_cast<std::int16_t>(position.y()), 1, 1, 0xFFFFFFFF),
+        nullptr));
+    if (!reply) {
+        return std::nullopt;
+    }
+    std::uint32_t pixel = 0;
+    std::memcpy(&pixel, xcb_get_image_data(reply.get()), sizeof pixel);
+    return pixel;
+}
+
 bool XTestClient::isViewable(xcb_window_t window) const {
     const auto reply = own(xcb_get_window_attributes_reply(
         m_connection.get(), xcb_get_window_attributes(m_connection.get(), window), nullptr));

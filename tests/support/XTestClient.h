@@ -9,6 +9,7 @@
 #include <xcb/xcb.h>
 
 #include <memory>
+#include <optional>
 
 namespace zeph {
 
@@ -38,6 +39,9 @@ public:
     /// Makes a window, puts it on the screen and waits until it is visible.
     xcb_window_t show(const Window &window);
     void destroy(xcb_window_t window);
+
+    /// Cuts off whoever made this, as the death of that program would.
+    void killOwner(xcb_drawable_t drawable);
 
     /// Sets a property of cardinals.
     void setNumbers(xcb_window_t window, const QByteArray &property,
@@ -85,6 +89,12 @@ public:
     QList<xcb_window_t> stacking() const;
     /// The top-level window that holds `window`.
     xcb_window_t frameOf(xcb_window_t window) const;
+
+    /// The size of a window or pixmap; empty when it is gone.
+    QSize size(xcb_drawable_t drawable) const;
+
+    /// One pixel of a pixmap with all its bits; absent when it is gone.
+    std::optional<std::uint32_t> pixelOf(xcb_pixmap_t pixmap, QPoint position) const;
 
     /// What is on the screen now.
     QImage screenshot(const QRect &area) const;

@@ -6,6 +6,7 @@
 #include <QAbstractEventDispatcher>
 
 #include <sys/socket.h>
+#include <xcb/damage.h>
 #include <xcb/randr.h>
 #include <xcb/record.h>
 #include <xcb/screensaver.h>
@@ -44,6 +45,8 @@ xcb_extension_t *handleOf(X11Extension extension) {
         return &xcb_randr_id;
     case X11Extension::sync:
         return &xcb_sync_id;
+    case X11Extension::damage:
+        return &xcb_damage_id;
     }
     return nullptr;
 }
@@ -68,9 +71,10 @@ std::unique_ptr<X11Connection> X11Connection::open(const QByteArray &display) {
     if (!screen) {
         return nullptr;
     }
-    for (const auto extension : {X11Extension::shm, X11Extension::shape, X11Extension::xfixes,
-                                 X11Extension::input, X11Extension::screensaver,
-                                 X11Extension::record, X11Extension::randr, X11Extension::sync}) {
+    for (const auto extension :
+         {X11Extension::shm, X11Extension::shape, X11Extension::xfixes, X11Extension::input,
+          X11Extension::screensaver, X11Extension::record, X11Extension::randr, X11Extension::sync,
+          X11Extension::damage}) {
         xcb_prefetch_extension_data(connection.get(), handleOf(extension));
     }
     return std::unique_ptr<X11Connection>(
