@@ -64,6 +64,7 @@ ui::SettingsContext Windows::makeContext(Consents &consents) {
             .clock = platform.clock,
             .framing = m_parts.framing,
             .screens = platform.screens,
+            .windowServer = platform.windowServer,
             .virtualDesktops = platform.virtualDesktops,
             .appearance = m_parts.shell.appearance,
             .permissions = PermissionsManager::make(permissions(consents)),

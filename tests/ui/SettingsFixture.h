@@ -25,6 +25,7 @@
 #include "support/FakeSecureStore.h"
 #include "support/FakeSystemSettings.h"
 #include "support/FakeVirtualDesktops.h"
+#include "support/FakeWindowServer.h"
 #include "support/ManualRunLoop.h"
 #include "support/ManualTaskExecutor.h"
 #include "ui/settings/SettingsContext.h"
@@ -94,6 +95,10 @@ protected:
         input.trusted = false;
         permissions->refresh();
         screens.screens = {screen(QStringLiteral("one"), 1, 1920, 1080)};
+        windowServer.setDrawingWay(
+            {DrawingMechanism::rootPixmap,
+             QStringLiteral("Xfce shares its desktop picture, so Tavi paints into it and your "
+                            "icons stay visible and clickable.")});
     }
 
     ui::SettingsContext context() {
@@ -106,6 +111,7 @@ protected:
                 .clock = clock,
                 .framing = framing,
                 .screens = screens,
+                .windowServer = windowServer,
                 .virtualDesktops = virtualDesktops,
                 .appearance = appearance,
                 .permissions = permissions,
@@ -125,6 +131,7 @@ protected:
     Keychain keychain{secrets, defaults};
     IntegrationsStore integrations{defaults, keychain, notificationCenter, loop, executor};
     FakeScreens screens;
+    FakeWindowServer windowServer;
     FakeVirtualDesktops virtualDesktops;
     FakeAppearance appearance;
     FakeInputEvents input;

@@ -103,6 +103,7 @@ protected:
                 .clock = known.clock,
                 .framing = known.framing,
                 .screens = known.screens,
+                .windowServer = known.windowServer,
                 .virtualDesktops = known.virtualDesktops,
                 .appearance = known.appearance,
                 .permissions = known.permissions,

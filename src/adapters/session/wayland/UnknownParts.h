@@ -32,7 +32,7 @@ public:
 /// Where the compositor has no workspaces, or does not tell of them.
 class NoVirtualDesktops : public VirtualDesktops {
 public:
-    std::vector<VirtualDesktop> all() const override { return {}; }
+    std::vector<ManagedDisplay> managedDisplays() const override { return {}; }
     Subscription subscribe(std::function<void()> /*handler*/) override { return {}; }
 };
 
