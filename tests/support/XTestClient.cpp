@@ -91,10 +91,23 @@ void XTestClient::destroy(xcb_window_t window) {
 
 void XTestClient::setNumbers(xcb_window_t window, const QByteArray &property,
                              const QList<std::uint32_t> &values) {
-    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom(property),
-                        XCB_ATOM_CARDINAL, 32, static_cast<std::uint32_t>(values.size()),
-                        values.constData());
+    setIds(window, property, XCB_ATOM_CARDINAL, values);
+}
+
+void XTestClient::setIds(xcb_window_t window, const QByteArray &property, xcb_atom_t type,
+                         const QList<std::uint32_t> &ids) {
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom(property), type, 32,
+                        static_cast<std::uint32_t>(ids.size()), ids.constData());
     xcb_flush(m_connection.get());
+}
+
+xcb_pixmap_t XTestClient::makePixmap(QSize size, std::uint8_t depth) {
+    const xcb_pixmap_t pixmap = xcb_generate_id(m_connection.get());
+    xcb_create_pixmap(m_connection.get(), depth, pixmap, m_screen->root,
+                      static_cast<std::uint16_t>(size.width()),
+                      static_cast<std::uint16_t>(size.height()));
+    xcb_flush(m_connection.get());
+    return pixmap;
 }
 
 void XTestClient::setText(xcb_window_t window, const QByteArray &property, const QByteArray &text) {

@@ -46,6 +46,12 @@ public:
     /// Sets a property of cardinals.
     void setNumbers(xcb_window_t window, const QByteArray &property,
                     const QList<std::uint32_t> &values);
+    /// The same of another type, such as windows or atoms.
+    void setIds(xcb_window_t window, const QByteArray &property, xcb_atom_t type,
+                const QList<std::uint32_t> &ids);
+    /// A pixmap of its own, which ends with it.
+    xcb_pixmap_t makePixmap(QSize size, std::uint8_t depth);
+
     /// Sets a property of UTF-8 text.
     void setText(xcb_window_t window, const QByteArray &property, const QByteArray &text);
     void raise(xcb_window_t window);

@@ -4,6 +4,7 @@
 #include "drawing/painting/BackdropPainter.h"
 #include "drawing/painting/QtTextMetrics.h"
 #include "drawing/painting/SymbolLibrary.h"
+#include "drawing/painting/SymbolsAhead.h"
 #include "drawing/scene/ItemBounds.h"
 #include "drawing/scene/Scene.h"
 
@@ -17,6 +18,10 @@ Tile symbolTile(const SymbolItem &item, double scale, SymbolLibrary &symbols) {
     const QRect square = snappedSquare(item.box, scale);
     return {tinted(symbols.mask(item.identifier, square.width()), item.color.argb()),
             square.topLeft()};
+}
+
+bool isSymbol(const DrawItem &item) {
+    return std::holds_alternative<SymbolItem>(item);
 }
 
 } // namespace
@@ -45,6 +50,24 @@ void ScenePainter::paintItems(const Scene &scene, const QRegion &clip, double sc
             blend(tile(item, scale, target.rect()), clip, target);
         }
     }
+}
+
+std::vector<Tile> ScenePainter::tiles(const Scene &scene, double scale, const QRect &surface) {
+    SymbolsAhead symbols(scene, scale, m_symbols);
+    std::vector<Tile> tiles(scene.items.size());
+    const auto make = [&](bool symbolsOnly) {
+        for (std::size_t index = 0; index < tiles.size(); ++index) {
+            const DrawItem &item = scene.items[index];
+            if (isSymbol(item) == symbolsOnly &&
+                surface.intersects(deviceBounds(item, scale, m_metrics))) {
+                tiles[index] = tile(item, scale, surface);
+            }
+        }
+    };
+    make(false);
+    symbols.finish();
+    make(true);
+    return tiles;
 }
 
 Tile ScenePainter::tile(const DrawItem &item, double scale, const QRect &surface) {

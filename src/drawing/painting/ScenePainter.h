@@ -5,6 +5,8 @@
 #include "drawing/painting/ShapeTiles.h"
 #include "drawing/painting/TextTiles.h"
 
+#include <vector>
+
 class QRegion;
 
 namespace zeph {
@@ -25,6 +27,11 @@ public:
     /// The two halves of `paint`: what lies under all items, and the items.
     void paintBackground(const Scene &scene, const QRegion &clip, QImage &target) const;
     void paintItems(const Scene &scene, const QRegion &clip, double scale, QImage &target);
+
+    /// The finished items of a surface that is painted whole, bottom to top; `blend` lays them
+    /// down. Needs no pixels of the surface, and so can be done while its background is being
+    /// painted.
+    std::vector<Tile> tiles(const Scene &scene, double scale, const QRect &surface);
 
     const QtTextMetrics &metrics() const { return m_metrics; }
 

@@ -47,18 +47,29 @@ bool SceneRenderer::tookBackdropAhead(const Scene &scene, const QImage &frame) {
            scene.backdrop == ahead->backdrop;
 }
 
+/// Paints all of `frame`; the items are made while another thread paints the backdrop.
+void SceneRenderer::renderAhead(const Scene &scene, QImage &frame, double scale) {
+    const std::vector<Tile> tiles = m_painter.tiles(scene, scale, frame.rect());
+    if (!tookBackdropAhead(scene, frame)) {
+        m_painter.paintBackground(scene, frame.rect(), frame);
+    }
+    for (const Tile &tile : tiles) {
+        blend(tile, frame.rect(), frame);
+    }
+}
+
 QRegion SceneRenderer::render(Scene scene, QImage &frame, double scale) {
-    const bool hasBackdrop = tookBackdropAhead(scene, frame);
     const SurfacePixels surface{frame.size(), scale};
     QRegion painted(frame.rect());
-    if (m_shown && m_shown->surface == surface && m_shown->format == frame.format()) {
-        painted = damage(m_shown->scene, scene, surface, m_painter.metrics());
-    }
-    if (!painted.isEmpty()) {
-        if (!hasBackdrop) {
-            m_painter.paintBackground(scene, painted, frame);
+    if (m_ahead) {
+        renderAhead(scene, frame, scale);
+    } else {
+        if (m_shown && m_shown->surface == surface && m_shown->format == frame.format()) {
+            painted = damage(m_shown->scene, scene, surface, m_painter.metrics());
         }
-        m_painter.paintItems(scene, painted, scale, frame);
+        if (!painted.isEmpty()) {
+            m_painter.paint(scene, painted, scale, frame);
+        }
     }
     for (const QRect &rect : painted) {
         m_paintedPixels += qint64{rect.width()} * rect.height();

@@ -48,6 +48,7 @@ private:
 
     struct Ahead;
 
+    void renderAhead(const Scene &scene, QImage &frame, double scale);
     bool tookBackdropAhead(const Scene &scene, const QImage &frame);
 
     ScenePainter &m_painter;

@@ -93,15 +93,28 @@ bool SymbolLibrary::contains(const QString &identifier) const {
     return isPlainName(identifier) && QFile::exists(path(identifier));
 }
 
+SymbolLibrary::Key SymbolLibrary::keyOf(const Wanted &wanted) {
+    const auto thousandths = static_cast<int>(std::lround(wanted.stroke * 1000));
+    return {wanted.identifier, {wanted.pixels, thousandths}};
+}
+
 QImage SymbolLibrary::mask(const QString &identifier, int pixels, double stroke) {
-    const auto thousandths = static_cast<int>(std::lround(stroke * 1000));
-    const std::pair key(identifier, std::pair(pixels, thousandths));
-    if (const QImage *known = m_masks.object(key)) {
+    const Wanted wanted{identifier, pixels, stroke};
+    if (const QImage *known = m_masks.object(keyOf(wanted))) {
         return *known;
     }
-    QImage made = drawnMask(contains(identifier) ? path(identifier) : QString(), pixels, stroke);
-    m_masks.insert(key, new QImage(made), made.sizeInBytes());
+    QImage made = drawn(wanted);
+    keep(wanted, made);
     return made;
+}
+
+QImage SymbolLibrary::drawn(const Wanted &wanted) const {
+    return drawnMask(contains(wanted.identifier) ? path(wanted.identifier) : QString(),
+                     wanted.pixels, wanted.stroke);
+}
+
+void SymbolLibrary::keep(const Wanted &wanted, const QImage &mask) {
+    m_masks.insert(keyOf(wanted), new QImage(mask), mask.sizeInBytes());
 }
 
 } // namespace zeph

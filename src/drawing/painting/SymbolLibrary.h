@@ -16,9 +16,25 @@ public:
     /// The width of the family's strokes, of the 24 units that a drawing is wide.
     static constexpr double usualStroke = 1.5;
 
+    /// A drawing at a size: what a mask is made of.
+    struct Wanted {
+        QString identifier;
+        int pixels;
+        double stroke = usualStroke;
+    };
+
     /// An Alpha8 picture of `pixels` by `pixels`, drawn for just that size, with strokes `stroke`
     /// units wide.
     QImage mask(const QString &identifier, int pixels, double stroke = usualStroke);
+
+    /// The same, drawn anew and not kept; safe on any thread.
+    QImage drawn(const Wanted &wanted) const;
+
+    /// Whether `mask` answers without drawing.
+    bool isKept(const Wanted &wanted) const { return m_masks.contains(keyOf(wanted)); }
+
+    /// Has `mask` answer what was `drawn`.
+    void keep(const Wanted &wanted, const QImage &mask);
 
     /// Gives the memory of the masks back.
     void forget() { m_masks.clear(); }
@@ -27,10 +43,13 @@ public:
     bool contains(const QString &identifier) const;
 
 private:
+    using Key = std::pair<QString, std::pair<int, int>>;
+
+    static Key keyOf(const Wanted &wanted);
     QString path(const QString &identifier) const;
 
     QString m_folder;
-    QCache<std::pair<QString, std::pair<int, int>>, QImage> m_masks;
+    QCache<Key, QImage> m_masks;
 };
 
 } // namespace zeph

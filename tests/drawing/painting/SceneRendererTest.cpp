@@ -65,6 +65,24 @@ TEST_F(SceneRendererTest, paintsTheSameWithABackdropPaintedAhead) {
     EXPECT_TRUE(other == frame);
 }
 
+TEST_F(SceneRendererTest, paintsTheSameWithItemsMadeAheadOfTheBackdrop) {
+    for (unsigned seed = 1; seed <= 20; ++seed) {
+        const Scene scene = RandomScenes(seed).scene();
+        for (const double scale : {1.0, 1.5}) {
+            QImage plain((QSizeF(320, 200) * scale).toSize(), frame.format());
+            SceneRenderer(painter).render(scene, plain, scale);
+            QImage ahead(plain.size(), plain.format());
+            ahead.fill(Qt::magenta);
+            SymbolLibrary undrawn(home.path());
+            ScenePainter other(metrics, undrawn);
+            SceneRenderer early(other);
+            early.paintAhead(AmbientBackground::still(Palette::forMood(0, FocusState::off)), ahead);
+            early.render(scene, ahead, scale);
+            EXPECT_TRUE(ahead == plain) << "seed " << seed << ", scale " << scale;
+        }
+    }
+}
+
 TEST_F(SceneRendererTest, paintsItsOwnBackdropOverAnotherThatWasPaintedAhead) {
     const Scene scene = oneChip(u"a"_s);
     renderer.render(scene, frame, 1);

@@ -110,6 +110,14 @@ const xcb_query_extension_reply_t *X11Connection::extension(X11Extension extensi
     return data && data->present != 0 ? data : nullptr;
 }
 
+std::uint32_t X11Connection::clientOf(std::uint32_t resource) const {
+    return resource & ~xcb_get_setup(xcb())->resource_id_mask;
+}
+
+bool X11Connection::isOwn(std::uint32_t resource) const {
+    return clientOf(resource) == clientOf(xcb_get_setup(xcb())->resource_id_base);
+}
+
 void X11Connection::selectOnRoot(std::uint32_t eventMask) {
     m_rootMask |= eventMask;
     xcb_change_window_attributes(xcb(), root(), XCB_CW_EVENT_MASK, &m_rootMask);
