@@ -28,7 +28,7 @@
 #include "adapters/power/LinuxPowerSources.h"
 #include "adapters/power/UPowerSources.h"
 #include "adapters/secret/SecretServiceStore.h"
-#include "adapters/session/x11/X11Session.h"
+#include "adapters/session/open/OpenSession.h"
 #include "adapters/storage/JsonUserDefaults.h"
 #include "adapters/storage/LinuxDesktopFolder.h"
 #include "adapters/storage/UserDirs.h"
@@ -234,8 +234,7 @@ LinuxPlatform::Created LinuxPlatform::create(const QString &defaultsPath, const 
                                              const Calendar &gregorian,
                                              const Formatters &formatters) {
     auto foundation = std::make_unique<Foundation>(defaultsPath);
-    OpenedSession opened =
-        X11Session::open({foundation->desktopEntries, foundation->consents.input});
+    OpenedSession opened = openSession({foundation->desktopEntries, foundation->consents.input});
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }

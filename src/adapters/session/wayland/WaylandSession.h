@@ -24,9 +24,8 @@ public:
     };
 
     /// Connects to the compositor of that name. Two round trips, each with a limit.
-    static OpenedSession
-    open(const Surroundings &surroundings, const QByteArray &display,
-         std::chrono::milliseconds patience = WaylandConnection::usualPatience);
+    static OpenedSession open(const Surroundings &surroundings, const QByteArray &display,
+                              std::chrono::milliseconds patience = compositorPatience);
 
     Screens &screens() override { return m_outputs; }
     WindowServer &windowServer() override { return m_windowServer; }
