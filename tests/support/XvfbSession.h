@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
-#include <QList>
-#include <QMap>
-#include <QStringList>
-
-#include <sys/types.h>
+#include "support/SessionPrograms.h"
 
 namespace zeph {
 
@@ -23,9 +18,6 @@ public:
 
     XvfbSession(); ///< with the default options
     explicit XvfbSession(const Options &options);
-    ~XvfbSession();
-    XvfbSession(const XvfbSession &) = delete;
-    XvfbSession &operator=(const XvfbSession &) = delete;
 
     /// False when the server did not come up within ten seconds.
     bool isRunning() const { return m_server > 0; }
@@ -37,28 +29,28 @@ public:
     bool startOpenbox();
 
     /// Starts a program of this display; answers its process id, or -1.
-    pid_t start(const QStringList &command);
+    pid_t start(const QStringList &command) { return m_programs.start(command); }
 
     /// Ends a process of this session and waits for its end.
-    void stop(pid_t process);
+    void stop(pid_t process) { m_programs.stop(process); }
 
     /// Runs a program of this display to its end; answers its output, or null when it fails.
-    QByteArray run(const QStringList &command) const;
+    QByteArray run(const QStringList &command) const { return m_programs.run(command); }
 
     /// Set in the environment of what is started from now on, an empty value for "not set".
-    void setVariable(const QByteArray &name, const QByteArray &value);
+    void setVariable(const QByteArray &name, const QByteArray &value) {
+        m_programs.setVariable(name, value);
+    }
 
     /// Ends the server as a crash would.
     void killServer();
 
 private:
     void startServer(const Options &options);
-    QByteArray firstLine(int descriptor) const;
 
     QByteArray m_display;
+    SessionPrograms m_programs; // the server first, so that it ends last
     pid_t m_server = -1;
-    QList<pid_t> m_children;
-    QMap<QByteArray, QByteArray> m_environment;
 };
 
 } // namespace zeph

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/open/OpenSession.h"
 
+#include "adapters/session/open/SwayParts.h"
 #include "adapters/session/wayland/WaylandSession.h"
 #include "adapters/session/x11/X11Session.h"
 #include "base/Log.h"
@@ -8,6 +9,19 @@
 using namespace Qt::StringLiterals;
 
 namespace zeph {
+
+namespace {
+
+/// By what the compositor offers beside the protocol.
+std::unique_ptr<SessionParts> makeSessionParts(const SessionSurroundings &surroundings) {
+    const QString sway = qEnvironmentVariable("SWAYSOCK");
+    if (!sway.isEmpty()) {
+        return std::make_unique<SwayParts>(surroundings.runLoop, surroundings.entries, sway);
+    }
+    return std::make_unique<UnknownParts>();
+}
+
+} // namespace
 
 OpenedSession openSession(const QByteArray &compositor, const SessionOpeners &openers) {
     if (compositor.isEmpty()) {
@@ -26,9 +40,15 @@ OpenedSession openSession(const QByteArray &compositor, const SessionOpeners &op
 }
 
 OpenedSession openSession(const SessionSurroundings &surroundings) {
+    const auto makeParts = [&surroundings](WaylandConnection & /*connection*/,
+                                           WaylandOutputs & /*outputs*/) {
+        return makeSessionParts(surroundings);
+    };
     return openSession(
         qgetenv("WAYLAND_DISPLAY"),
-        {[](const QByteArray &display) { return WaylandSession::open({}, display); },
+        {[&makeParts](const QByteArray &display) {
+             return WaylandSession::open(makeParts, display);
+         },
          [&surroundings] {
              return X11Session::open({surroundings.entries, surroundings.inputConsent});
          }});

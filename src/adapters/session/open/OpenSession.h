@@ -11,6 +11,7 @@ namespace zeph {
 
 class Consent;
 class DesktopEntries;
+class RunLoop;
 
 /// How to open the session of each display system; answers why where it can't be.
 struct SessionOpeners {
@@ -27,6 +28,7 @@ OpenedSession openSession(const QByteArray &compositor, const SessionOpeners &op
 struct SessionSurroundings {
     DesktopEntries &entries;
     Consent &inputConsent;
+    RunLoop &runLoop;
 };
 
 /// The session of the environment.

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11WindowReader.h"
 
+#include "adapters/apps/RunningProgram.h"
 #include "adapters/session/x11/X11Properties.h"
-
-#include <QFileInfo>
 
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
-
-using namespace Qt::StringLiterals;
 
 namespace zeph {
 
@@ -18,8 +15,6 @@ namespace {
 
 // The order of the requests, and so of the replies.
 enum Reply : std::size_t { type, windowClass, process, machine, gtkId, desktopFile };
-
-const QString kDeleted = u" (deleted)"_s;
 
 constexpr std::uint32_t kLongestText = 256; // in 4-byte units
 
@@ -34,14 +29,6 @@ bool isFromHere(const QString &machine) {
     std::array<char, 256> host{};
     return machine.isEmpty() || (gethostname(host.data(), host.size() - 1) == 0 &&
                                  machine == QString::fromLocal8Bit(host.data()));
-}
-
-QString programOf(std::uint32_t number) {
-    QString path = QFileInfo(u"/proc/%1/exe"_s.arg(number)).symLinkTarget();
-    if (path.endsWith(kDeleted)) {
-        path.chop(kDeleted.size()); // the package was upgraded while the program runs
-    }
-    return path.sliced(path.lastIndexOf(u'/') + 1);
 }
 
 } // namespace
@@ -74,7 +61,7 @@ WindowFacts windowFacts(const X11Connection &connection, const X11Connection::Re
     const auto processes = windowsIn(propertyIn(replies[Reply::process]));
     if (!processes.empty() && isFromHere(textIn(replies[Reply::machine]))) {
         facts.isOurs = processes.front() == static_cast<std::uint32_t>(getpid());
-        facts.hints.program = programOf(processes.front());
+        facts.hints.program = programOfProcess(processes.front());
     }
     facts.hints.gtkApplicationId = textIn(replies[Reply::gtkId]);
     facts.hints.desktopFile = textIn(replies[Reply::desktopFile]);

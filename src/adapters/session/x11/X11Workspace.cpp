@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11Workspace.h"
 
-#include "adapters/apps/DesktopEntries.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11Properties.h"
 #include "adapters/session/x11/X11WindowReader.h"
@@ -11,20 +10,10 @@
 
 namespace zeph {
 
-namespace {
-
-std::optional<QString> present(const QString &text) {
-    return text.isEmpty() ? std::nullopt : std::optional(text);
-}
-
-} // namespace
-
 X11Workspace::X11Workspace(X11Connection &connection, DesktopEntries &entries)
-    : X11EventListener(connection), m_entries(entries), m_entriesChanges(entries.subscribe([this] {
-          if (m_activeWindow != XCB_WINDOW_NONE) {
-              readWindow(m_activeWindow);
-          }
-      })) {
+    : X11EventListener(connection),
+      m_front(entries),
+      m_frontChanges(m_front.subscribe([this] { m_changes.send(); })) {
     connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
     readActiveWindow();
     connection.waitForReplies();
@@ -32,7 +21,11 @@ X11Workspace::X11Workspace(X11Connection &connection, DesktopEntries &entries)
 
 Subscription
 X11Workspace::subscribeToActivations(std::function<void(const RunningApplication &)> handler) {
-    return m_activations.subscribe([this, handler = std::move(handler)] { handler(*m_front); });
+    return m_front.subscribeToActivations(std::move(handler));
+}
+
+Subscription X11Workspace::subscribe(std::function<void()> handler) {
+    return m_changes.subscribe(std::move(handler));
 }
 
 void X11Workspace::handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) {
@@ -45,8 +38,7 @@ void X11Workspace::handleEvent(std::uint8_t kind, const xcb_generic_event_t &eve
     }
     if (notify.atom == connection().atom(X11Atom::netActiveWindow)) {
         readActiveWindow();
-    } else if (notify.atom == connection().atom(X11Atom::netClientList) &&
-               m_activeWindow != XCB_WINDOW_NONE) {
+    } else if (notify.atom == connection().atom(X11Atom::netClientList) && hasActiveWindow()) {
         checkThatWindowLives();
     }
 }
@@ -57,17 +49,23 @@ void X11Workspace::readActiveWindow() {
                         connection().atom(X11Atom::netActiveWindow), XCB_ATOM_WINDOW, 1);
     connection().whenReplied(*this, {request}, [this](const X11Connection::Replies &replies) {
         const auto windows = windowsIn(propertyIn(replies[0]));
-        const xcb_window_t window =
-            windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : windows.front();
-        if (std::exchange(m_activeWindow, window) == window) {
-            return; // some window managers write the same value again and again
-        }
-        if (window == XCB_WINDOW_NONE) {
-            setFront(std::nullopt);
-        } else {
-            readWindow(window);
-        }
+        setActiveWindow(windows.empty() ? xcb_window_t{XCB_WINDOW_NONE} : windows.front());
     });
+}
+
+void X11Workspace::setActiveWindow(xcb_window_t window) {
+    const xcb_window_t former = std::exchange(m_activeWindow, window);
+    if (former == window) {
+        return; // some window managers write the same value again and again
+    }
+    if (window != XCB_WINDOW_NONE) {
+        readWindow(window);
+    } else {
+        m_front.set(std::nullopt);
+    }
+    if (window == XCB_WINDOW_NONE || former == XCB_WINDOW_NONE) {
+        m_changes.send();
+    }
 }
 
 void X11Workspace::readWindow(xcb_window_t window) {
@@ -76,11 +74,7 @@ void X11Workspace::readWindow(xcb_window_t window) {
             return; // the next one is on its way
         }
         const WindowFacts facts = windowFacts(connection(), replies);
-        if (facts.isDesktop || facts.isOurs) {
-            setFront(std::nullopt);
-        } else {
-            findApplication(window, facts.hints);
-        }
+        m_front.set(facts.isDesktop || facts.isOurs ? std::nullopt : std::optional(facts.hints));
     };
     connection().whenReplied(*this, requestWindowFacts(connection(), window), take);
 }
@@ -94,34 +88,9 @@ void X11Workspace::checkThatWindowLives() {
     connection().whenReplied(*this, {request}, [this](const X11Connection::Replies &replies) {
         const auto windows = windowsIn(propertyIn(replies[0]));
         if (std::find(windows.begin(), windows.end(), m_activeWindow) == windows.end()) {
-            m_activeWindow = XCB_WINDOW_NONE;
-            setFront(std::nullopt);
+            setActiveWindow(XCB_WINDOW_NONE);
         }
     });
-}
-
-void X11Workspace::setFront(std::optional<RunningApplication> front) {
-    if (m_front == front) {
-        return;
-    }
-    m_front = std::move(front);
-    if (m_front) {
-        m_activations.send();
-    }
-}
-
-/// While the entries are read anew the application before stays in front, so that the new one does
-/// not count as two.
-void X11Workspace::findApplication(xcb_window_t window, const ApplicationHints &hints) {
-    m_entries.find(
-        hints, m_questions.whileAlive([this, window, windowClass = present(hints.windowClass)](
-                                          const auto *installed) {
-            if (m_activeWindow == window) {
-                setFront(installed ? RunningApplication{installed->identifier,
-                                                        installed->entry.name, installed->path}
-                                   : RunningApplication{windowClass, windowClass, std::nullopt});
-            }
-        }));
 }
 
 } // namespace zeph

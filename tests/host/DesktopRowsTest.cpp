@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "settings/DesktopRows.h"
+#include "host/DesktopRows.h"
 
 #include "settings/PreferencesFixture.h"
 
@@ -11,8 +11,12 @@ namespace zeph {
 
 namespace {
 
-const std::vector<VirtualDesktop> threeDesktops = {
-    {1, u"Mail"_s, false}, {2, {}, true}, {3, {}, false}};
+const std::vector<DesktopSpace> threeDesktops = {
+    {.id = 11, .index = 1}, {.id = 12, .index = 2, .isCurrent = true}, {.id = 13, .index = 3}};
+
+QString detailOfFirst(const std::vector<DesktopSpace> &desktops) {
+    return desktopRows(AllDesktops{}, desktops).at(1).detail;
+}
 
 TEST(DesktopRows, areTheRowOfAllAndOneAWorkspace) {
     EXPECT_THAT(desktopRows(AllDesktops{}, threeDesktops),
@@ -35,7 +39,37 @@ TEST(DesktopRows, areMarkedWhereChosen) {
 
 TEST(DesktopRows, areNoneWithoutAChoice) {
     EXPECT_THAT(desktopRows(AllDesktops{}, {}), IsEmpty());
-    EXPECT_THAT(desktopRows(SomeDesktops{{1}}, {{1, {}, true}}), IsEmpty());
+    EXPECT_THAT(desktopRows(SomeDesktops{{1}}, {{.id = 7, .isCurrent = true}}), IsEmpty());
+    EXPECT_THAT(desktopRows(AllDesktops{},
+                            {{.id = 7, .displayID = u"A"_s}, {.id = 8, .displayID = u"B"_s}}),
+                IsEmpty())
+        << "one on each of two displays";
+}
+
+TEST(DesktopRows, tellTheNamesThatSayMoreThanTheNumber) {
+    const DesktopSpace other{.id = 12, .index = 2};
+    EXPECT_EQ(detailOfFirst({{.id = 11, .name = u"Mail"_s}, other}), u"Mail"_s);
+    EXPECT_EQ(detailOfFirst({{.id = 11, .name = u"Mail"_s, .isCurrent = true}, other}),
+              u"Mail · current"_s);
+    EXPECT_EQ(detailOfFirst({{.id = 11, .name = u"1: web"_s}, other}), u"1: web"_s);
+    for (const auto &name : {u"1"_s, u" 1 "_s, u"Workspace 1"_s, u"Arbeitsfläche 1"_s}) {
+        EXPECT_EQ(detailOfFirst({{.id = 11, .name = name}, other}), QString())
+            << name.toStdString();
+    }
+    EXPECT_EQ(detailOfFirst({{.id = 11, .name = u"5"_s}, other}), u"5"_s)
+        << "it is counted as the first and called the fifth";
+}
+
+TEST(DesktopRows, standForTheSameNumberOfEveryDisplay) {
+    const std::vector<DesktopSpace> desktops = {
+        {.id = 1, .index = 1, .displayID = u"A"_s, .name = u"web"_s},
+        {.id = 2, .index = 2, .displayID = u"A"_s, .isCurrent = true},
+        {.id = 3, .index = 1, .displayID = u"B"_s, .name = u"mail"_s, .isCurrent = true},
+        {.id = 4, .index = 2, .displayID = u"B"_s}};
+    EXPECT_THAT(desktopRows(SomeDesktops{{2}}, desktops),
+                ElementsAre(DesktopRow{std::nullopt, u"All desktops"_s, u"2 desktops"_s, false},
+                            DesktopRow{1, u"Desktop 1"_s, u"web, mail · current"_s, false},
+                            DesktopRow{2, u"Desktop 2"_s, u"current"_s, true}));
 }
 
 TEST(DesktopToggle, startsAChoiceOfOneAfterAll) {

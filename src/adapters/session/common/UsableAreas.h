@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "base/ChangePublisher.h"
+#include "ports/Port.h"
+
+#include <QRectF>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace zeph {
+
+/// What panels leave of each output, where the display system itself does not tell clients. Main
+/// thread only.
+class UsableAreas : public Port {
+public:
+    /// In logical points of the whole layout; absent while it is not known, and for an output that
+    /// the desktop does not name so.
+    virtual std::optional<QRectF> usableArea(const QString &outputName) const = 0;
+
+    /// Calls `handler` after every change, until the subscription ends.
+    [[nodiscard]] virtual Subscription subscribe(std::function<void()> handler) = 0;
+};
+
+} // namespace zeph

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/sway/SwayWorkspace.h"
+
+#include "adapters/apps/RunningProgram.h"
+
+#include <unistd.h>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+ApplicationHints hintsOf(const SwayWindowFacts &window) {
+    ApplicationHints hints;
+    if (window.applicationId.isEmpty()) {
+        hints.windowClass = window.windowClass;
+        hints.windowInstance = window.windowInstance;
+    } else {
+        // By custom the name of the desktop entry; where it isn't, often its last part is.
+        hints.desktopFile = window.applicationId;
+        hints.gtkApplicationId = window.applicationId;
+        hints.windowClass = window.applicationId;
+    }
+    if (window.process > 0) {
+        hints.program = programOfProcess(window.process);
+    }
+    return hints;
+}
+
+} // namespace
+
+SwayWorkspace::SwayWorkspace(SwayIpc &ipc, DesktopEntries &entries)
+    : m_ipc(ipc),
+      m_front(entries),
+      m_starts(ipc.subscribeToStart([this] { start(); })),
+      m_events(ipc.subscribeToEvents(
+          [this](SwayEvent kind, const QByteArray &payload) { follow(kind, payload); })) {
+    start();
+}
+
+Subscription
+SwayWorkspace::subscribeToActivations(std::function<void(const RunningApplication &)> handler) {
+    return m_front.subscribeToActivations(std::move(handler));
+}
+
+void SwayWorkspace::start() {
+    m_isTold = false;
+    m_ipc.ask(SwayRequest::tree, [this](const QByteArray &payload) {
+        if (!m_isTold) { // an event that came before the answer is newer
+            setFocused(swayFocusedWindowIn(payload));
+        }
+    });
+}
+
+void SwayWorkspace::follow(SwayEvent kind, const QByteArray &payload) {
+    if (kind == SwayEvent::window) {
+        windowChanged(payload);
+    } else if (kind == SwayEvent::workspace) {
+        const auto event = swayWorkspaceChangeIn(payload);
+        // On one with windows the event of the window follows.
+        if (event && event->change == u"focus" && event->isEmpty) {
+            setFocused(std::nullopt);
+        }
+    }
+}
+
+void SwayWorkspace::windowChanged(const QByteArray &payload) {
+    const auto event = swayWindowChangeIn(payload);
+    if (event && event->change == u"focus") {
+        setFocused(event->window);
+    } else if (event && event->change == u"close" && event->window.id == m_focused) {
+        setFocused(std::nullopt); // until another one gets the focus
+    }
+}
+
+void SwayWorkspace::setFocused(const std::optional<SwayWindowFacts> &window) {
+    m_isTold = true;
+    m_focused = window ? std::optional(window->id) : std::nullopt;
+    const bool isOurs = window && window->process == getpid();
+    m_front.set(window && !isOurs ? std::optional(hintsOf(*window)) : std::nullopt);
+}
+
+} // namespace zeph
