@@ -28,7 +28,7 @@
 #include "adapters/power/LinuxPowerSources.h"
 #include "adapters/power/UPowerSources.h"
 #include "adapters/secret/SecretServiceStore.h"
-#include "adapters/session/x11/X11Session.h"
+#include "adapters/session/open/OpenSession.h"
 #include "adapters/storage/JsonUserDefaults.h"
 #include "adapters/storage/LinuxDesktopFolder.h"
 #include "adapters/storage/UserDirs.h"
@@ -238,7 +238,7 @@ LinuxPlatform::Created LinuxPlatform::create(const QString &defaultsPath, const 
                                              const Formatters &formatters) {
     auto foundation = std::make_unique<Foundation>(defaultsPath);
     OpenedSession opened =
-        X11Session::open({foundation->desktopEntries, foundation->consents.input});
+        openSession({foundation->desktopEntries, foundation->consents.input, foundation->runLoop});
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }
