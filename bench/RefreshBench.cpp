@@ -128,7 +128,8 @@ void measureRefresh() {
                       http,
                       fakes.secrets,
                       fakes.screens,
-                      fakes.windowServer};
+                      fakes.windowServer,
+                      fakes.virtualDesktops};
     NotificationCenter notifications;
     PreferencesStore preferences(fakes.defaults, notifications, fakes.formatters);
     Keychain keychain(fakes.secrets, fakes.defaults);

@@ -81,7 +81,8 @@ public:
                      .httpClient = bench.http,
                      .secureStore = bench.secrets,
                      .screens = bench.screens,
-                     .windowServer = bench.windowServer},
+                     .windowServer = bench.windowServer,
+                     .virtualDesktops = bench.virtualDesktops},
           m_coordinator(CoordinatorContext{bench.state, m_platform, bench.notifications,
                                            bench.preferences, *bench.usageStore, bench.location,
                                            m_endpoints, std::chrono::minutes(10), [] {}}) {

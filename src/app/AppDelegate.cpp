@@ -45,6 +45,12 @@ AccountChoices choicesOf(const IntegrationsStore &integrations) {
                 }};
 }
 
+/// The numbers of the chosen workspaces; absent for all.
+std::optional<std::set<int>> chosenDesktops(const DesktopSelection &selection) {
+    const auto *some = std::get_if<SomeDesktops>(&selection);
+    return some && !some->numbers.empty() ? std::optional(some->numbers) : std::nullopt;
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(AppServices services)
@@ -55,7 +61,9 @@ AppDelegate::AppDelegate(AppServices services)
       m_webServices(makeWebServices(m_services.platform, m_services.endpoints, m_framing)),
       m_rootView(std::make_unique<RootWallpaperView>(
           m_state, m_services.preferences, m_services.usageStore, m_framing, m_services.textMetrics,
-          choicesOf(m_services.integrations))) {}
+          choicesOf(m_services.integrations))),
+      m_spaces(m_services.platform.virtualDesktops, m_membership, m_services.platform.runLoop,
+               [this] { return spaceWindows(); }) {}
 
 AppDelegate::~AppDelegate() = default;
 
@@ -78,6 +86,7 @@ void AppDelegate::applicationDidFinishLaunching() {
         m_work, [&keychain = m_services.keychain] { keychain.migrateLegacyServiceIfNeeded(); },
         [] {});
     observeScreenChanges();
+    observeSpaces();
     observeChanges();
     updateInsets();
     redrawWindows();
@@ -125,19 +134,24 @@ void AppDelegate::rebuildDesktopWindows() {
         }
     } else {
         m_desktopWindows.clear();
+        m_membership.clear();
         buildWindows(screens);
         m_builtScreenIDs = identities;
     }
     updateInsets();
+    applyDesktopSelection();
 }
 
 void AppDelegate::buildWindows(const std::vector<Screen> &screens) {
     const Platform &platform = m_services.platform;
+    const auto chosen = chosenDesktops(m_services.preferences.desktopSelection());
     for (const Screen &screen : screens) {
-        auto window = std::make_unique<DesktopWindow>(platform.windowServer, platform.runLoop,
-                                                      m_services.preferences, *m_rootView,
-                                                      m_services.painter, screen);
-        window->orderFrontRegardless();
+        auto window = std::make_unique<DesktopWindow>(
+            platform.windowServer, platform.runLoop, m_services.preferences, *m_rootView,
+            m_services.painter, screen, ++m_lastWindowNumber);
+        if (m_spaces.isWantedNow(chosen, screen.persistentID)) {
+            window->orderFrontRegardless();
+        }
         m_desktopWindows.push_back(std::move(window));
     }
 }
@@ -152,6 +166,47 @@ void AppDelegate::observeScreenChanges() {
             window->compositingChanged();
         }
     }));
+    m_subscriptions.push_back(m_services.platform.windowServer.subscribeToDrawingWay([this] {
+        for (const auto &window : m_desktopWindows) {
+            window->drawingWayChanged();
+        }
+    }));
+}
+
+void AppDelegate::observeSpaces() {
+    m_subscriptions.push_back(m_services.notifications.observe(
+        notifications::zephDesktopSelectionChanged, [this] { applyDesktopSelection(); }));
+    m_subscriptions.push_back(m_services.platform.virtualDesktops.subscribe([this] {
+        // Those that are on every workspace are so without help.
+        if (m_services.preferences.desktopSelection() != DesktopSelection(AllDesktops{})) {
+            applyDesktopSelection();
+        }
+    }));
+}
+
+void AppDelegate::applyDesktopSelection() {
+    const auto chosen = chosenDesktops(m_services.preferences.desktopSelection());
+    for (const auto &window : m_desktopWindows) {
+        m_spaces.pin(*window, chosen, window->targetScreen().persistentID);
+    }
+}
+
+std::vector<SpaceWindow *> AppDelegate::spaceWindows() const {
+    std::vector<SpaceWindow *> windows;
+    for (const auto &window : m_desktopWindows) {
+        windows.push_back(window.get());
+    }
+    return windows;
+}
+
+/// The workspace on which that window can be seen.
+std::optional<quint64> AppDelegate::spaceOf(int windowNumber) const {
+    for (const auto &window : m_desktopWindows) {
+        if (window->windowNumber() == windowNumber && window->isVisible()) {
+            return activeSpaceOn(window->targetScreen().persistentID, m_spaces.snapshot());
+        }
+    }
+    return std::nullopt;
 }
 
 void AppDelegate::observeChanges() {

@@ -3,6 +3,8 @@
 
 #include "base/ChangePublisher.h"
 #include "base/WorkOwner.h"
+#include "host/SpaceMembership.h"
+#include "host/SpacesManager.h"
 #include "model/AppState.h"
 #include "ports/Screens.h"
 #include "services/refresh/IntegrationServices.h"
@@ -88,6 +90,10 @@ private:
     void observeChanges();
     void redrawWindows();
     void updateInsets();
+    void observeSpaces();
+    void applyDesktopSelection();
+    std::vector<SpaceWindow *> spaceWindows() const;
+    std::optional<quint64> spaceOf(int windowNumber) const;
     void launchShell();
     std::optional<Screen> primaryDesktopScreen() const;
 
@@ -99,7 +105,10 @@ private:
     std::unique_ptr<IntegrationRefresh> m_refresh;
     std::unique_ptr<SamplingCoordinator> m_coordinator;
     std::vector<std::unique_ptr<DesktopWindow>> m_desktopWindows;
+    int m_lastWindowNumber = 0;
     QStringList m_builtScreenIDs;
+    SpaceMembership m_membership{[this](int number) { return spaceOf(number); }};
+    SpacesManager m_spaces;
     std::vector<Subscription> m_subscriptions;
     WorkOwner m_work;
     std::unique_ptr<ApplicationShell> m_shell; // last: its windows show all the rest

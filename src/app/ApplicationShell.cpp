@@ -81,6 +81,7 @@ void ApplicationShell::setLaunchAtLoginOnce() {
         m_context.defaults.set(didSetDefaultKey, true);
         m_launchAtLogin.setEnabled(true);
     }
+    m_launchAtLogin.renew();
 }
 
 void ApplicationShell::showOnboarding() {

@@ -37,6 +37,7 @@
 #include "adapters/updates/PackageKitUpdates.h"
 #include "adapters/web/PluggedHttpClient.h"
 #include "adapters/windows/X11ApplicationPolicy.h"
+#include "app/EndBudget.h"
 #include "base/Background.h"
 #include "drawing/painting/SymbolLibrary.h"
 #include "settings/Consents.h"
@@ -149,7 +150,8 @@ struct LinuxPlatform::Adapters {
                 .httpClient = httpClient,
                 .secureStore = secureStore,
                 .screens = session->screens(),
-                .windowServer = session->windowServer()} {}
+                .windowServer = session->windowServer(),
+                .virtualDesktops = session->virtualDesktops()} {}
 
     std::unique_ptr<Foundation> foundation;
     std::unique_ptr<DisplaySession> session;
@@ -194,7 +196,6 @@ struct LinuxPlatform::Shell {
                 .appearance = appearance,
                 .desktopShell = *desktopShell,
                 .systemSettings = systemSettings,
-                .virtualDesktops = adapters.session->virtualDesktops(),
                 .makeLocationClient = [&permission = adapters.locationPermission] {
                     return std::make_unique<GeoClueLocationClient>(
                         QDBusConnection::systemBus(), permission,
@@ -268,13 +269,13 @@ void LinuxPlatform::cancelRequests() {
     m_adapters->httpClient.cancelAll();
 }
 
-bool LinuxPlatform::finishTasks(std::chrono::milliseconds patience) {
+bool LinuxPlatform::finishTasks(const EndBudget &budget) {
     m_adapters->httpClient.cancelAll();
     m_adapters->secureStore.cancelAll();
     m_adapters->accountExecutor.beginShutdown();
-    return m_adapters->executor.finish(patience) &&
-           m_adapters->accountExecutor.finish(std::chrono::milliseconds(50)) &&
-           m_adapters->eventStore.finish(std::chrono::milliseconds(50));
+    return m_adapters->executor.finish(budget.left()) &&
+           m_adapters->accountExecutor.finish(budget.left()) &&
+           m_adapters->eventStore.finish(budget.left());
 }
 
 } // namespace zeph

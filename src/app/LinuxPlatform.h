@@ -6,11 +6,11 @@
 
 #include <QString>
 
-#include <chrono>
 #include <memory>
 
 namespace zeph {
 
+class EndBudget;
 struct Consents;
 
 /// The ports of this machine: Linux with an X11 desktop. Main thread only; the application
@@ -46,8 +46,9 @@ public:
     void cancelRequests();
 
     /// Cuts short what waits for a server or a person, and waits for the tasks under way; false
-    /// when `patience` was not enough, as with a disk that hangs. Nothing is started after that.
-    bool finishTasks(std::chrono::milliseconds patience);
+    /// when what is left of the end was not enough, as with a disk that hangs. Nothing is started
+    /// after that.
+    bool finishTasks(const EndBudget &budget);
 
 private:
     struct Foundation;

@@ -16,6 +16,7 @@ void RequestInbox::take(const ApplicationRequest &request) {
     if (!wanted) {
         return;
     }
+    m_isStartedToQuit = m_isStartedToQuit || (isStart && wanted == UserRequest::quit);
     if (m_handler) {
         m_handler(*wanted);
     } else {

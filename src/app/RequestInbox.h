@@ -23,11 +23,19 @@ public:
     /// itself, and asks for nothing more.
     void take(const ApplicationRequest &request);
 
+    /// Whether it is known what the program was started for.
+    bool isStartKnown() const { return !m_isStartRequest; }
+
+    /// Whether it was started for nothing but its end: the user asked a program to quit that did
+    /// not run.
+    bool isStartedToQuit() const { return m_isStartedToQuit; }
+
     /// Hands over what came so far, and everything from now on.
     void deliverTo(std::function<void(UserRequest)> handler);
 
 private:
-    bool m_isStartRequest;
+    bool m_isStartRequest; // the next request is that
+    bool m_isStartedToQuit = false;
     std::vector<UserRequest> m_waiting;
     std::function<void(UserRequest)> m_handler;
 };

@@ -9,8 +9,10 @@
 #include "adapters/locale/IcuFormatters.h"
 #include "adapters/session/x11/X11Display.h"
 #include "adapters/storage/FolderLock.h"
+#include "app/EndBudget.h"
 #include "app/LinuxPlatform.h"
 #include "app/RequestInbox.h"
+#include "app/StartClaim.h"
 #include "app/Windows.h"
 #include "app/ZephApp.h"
 #include "base/NotificationCenter.h"
@@ -27,9 +29,7 @@
 
 #include <QApplication>
 #include <QDBusConnection>
-#include <QEventLoop>
 #include <QStandardPaths>
-#include <QTimer>
 
 #include <unistd.h>
 
@@ -38,7 +38,6 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
-#include <optional>
 
 namespace zeph {
 
@@ -46,9 +45,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Together within the half second that an end may take.
+// Of the half second that an end may take; the rest is for what can't be cut short.
+constexpr std::chrono::milliseconds endBudget{400};
+// Secrets wait for a keyring, and what hangs there must not take all of it.
 constexpr std::chrono::milliseconds secretsPatience{150};
-constexpr std::chrono::milliseconds tasksPatience{250};
 
 // By then the display system has the first frame.
 constexpr std::chrono::milliseconds tasksRest{40};
@@ -58,7 +58,6 @@ constexpr std::chrono::milliseconds endPatience{1000}; // for another program to
 
 // A bus that is well answers within milliseconds, and on a machine that logs its user in later.
 constexpr std::chrono::milliseconds busPatience{2000};
-constexpr std::chrono::milliseconds rolePatience{500};
 
 QString folder(QStandardPaths::StandardLocation base) {
     return QStandardPaths::writableLocation(base) + u"/Zeph"_s;
@@ -121,7 +120,8 @@ std::unique_ptr<QApplication> makeToolkit(int &argumentCount, char **arguments) 
 }
 
 /// Launches `app` and runs until the end, which `save` is for.
-int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const std::function<void()> &save) {
+int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const std::function<void()> &save,
+                const EndBudget &budget) {
     saveEverything = &save;
     std::atexit(saveAtExit);
     app.launch();
@@ -130,7 +130,7 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const std::function<void(
     QCoreApplication::exec();
     save();
     saveEverything = nullptr;
-    if (!platform.finishTasks(tasksPatience)) {
+    if (!platform.finishTasks(budget)) {
         // A task hangs in the system. Everything is saved, and it can't be waited for.
         std::fflush(stdout);
         _exit(EXIT_SUCCESS);
@@ -172,21 +172,28 @@ int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox
 
     const UnixSignals signals([](int) { endProgram(); });
     const Subscription loss = ports.windowServer.subscribeToLoss(endProgram);
-    QObject::connect(qApp, &QCoreApplication::aboutToQuit, [&app] { app.terminate(); });
-    const std::function<void()> save = [&] {
+    EndBudget budget(endBudget);
+    const auto terminate = [&app, &budget] {
+        budget.begin();
         app.terminate();
-        platform->cancelRequests(); // they hold the threads that secrets may wait for
-        integrations.finish(secretsPatience);
     };
-    return runToTheEnd(app, *platform, save);
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, terminate);
+    const std::function<void()> save = [&] {
+        terminate();
+        platform->cancelRequests(); // they hold the threads that secrets may wait for
+        integrations.finish(budget.left(secretsPatience));
+    };
+    return runToTheEnd(app, *platform, save, budget);
 }
 
-int runPrimary(const ProgramSettings &settings, RequestInbox &requests) {
-    // Without a bus nobody else can tell that the program runs already, and two would write over
-    // each other.
+int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartClaim &claim) {
+    // While the bus does not answer nobody else can tell that the program runs already, and two
+    // would write over each other.
     const FolderLock lock(folder(QStandardPaths::GenericDataLocation), endPatience);
     if (lock.isHeldByAnother()) {
-        std::fputs("tavi: it runs already, and there is no session bus to call it by\n", stderr);
+        if (!claim.callRunning()) {
+            std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
+        }
         return EXIT_SUCCESS;
     }
     const IcuCalendar calendar;
@@ -200,39 +207,6 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests) {
         return EXIT_FAILURE;
     }
     return runOn(created.platform.get(), settings, requests);
-}
-
-/// Tells a running program that it was started again, or takes its place when it is just ending.
-/// False where this start is one too many. A bus that takes its time does not hold the wallpaper
-/// up: then this start ends once it is known to be one too many.
-bool isToRun(SingleInstance &instance) {
-    QEventLoop waiting;
-    std::optional<InstanceRole> role;
-    const auto claimed = std::make_shared<std::function<void(InstanceRole)>>();
-    *claimed = [&](InstanceRole answer) {
-        role = answer;
-        waiting.quit();
-    };
-    instance.claim([claimed](InstanceRole answer) { (*claimed)(answer); });
-    QTimer patience;
-    QObject::connect(&patience, &QTimer::timeout, &waiting, &QEventLoop::quit);
-    patience.start(rolePatience);
-    waiting.exec();
-    patience.stop();
-    if (!role) {
-        *claimed = [&instance](InstanceRole late) {
-            if (late == InstanceRole::secondary) {
-                instance.activateOwner([](bool) { QCoreApplication::quit(); });
-            }
-        };
-    } else if (role == InstanceRole::secondary) {
-        instance.activateOrSucceedOwner([&](InstanceRole settled) {
-            role = settled;
-            waiting.quit();
-        });
-        waiting.exec();
-    }
-    return role != InstanceRole::secondary;
 }
 
 } // namespace
@@ -254,7 +228,8 @@ int runProgram(char **arguments, const ProgramSettings &settings) {
     SingleInstance instance(
         QDBusConnection::sessionBus(),
         [&requests](const ApplicationRequest &request) { requests.take(request); });
-    return isToRun(instance) ? runPrimary(settings, requests) : EXIT_SUCCESS;
+    StartClaim claim(instance, requests);
+    return claim.isToRun() ? runPrimary(settings, requests, claim) : EXIT_SUCCESS;
 }
 
 } // namespace zeph

@@ -16,6 +16,7 @@
 #include "ui/onboarding/OnboardingWindow.h"
 #include "ui/settings/SettingsWindow.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 
@@ -44,7 +45,7 @@ PermissionsContext Windows::permissions(Consents &consents) {
             .calendarPermission = m_calendarPermission,
             .systemSettings = shell.systemSettings,
             .runLoop = platform.runLoop,
-            .activateApplication = [&policy = shell.policy] { policy.activate(); },
+            .activateApplication = m_work.whileAlive([this] { bringUsedToFront(); }),
             .consents = consents,
             .showPermissions = m_work.whileAlive([this] { showPermissions(); })};
 }
@@ -61,7 +62,7 @@ ui::SettingsContext Windows::makeContext(Consents &consents) {
             .clock = platform.clock,
             .framing = m_parts.framing,
             .screens = platform.screens,
-            .virtualDesktops = m_parts.shell.virtualDesktops,
+            .virtualDesktops = platform.virtualDesktops,
             .appearance = m_parts.shell.appearance,
             .permissions = PermissionsManager::make(permissions(consents)),
             .systemSettings = m_parts.shell.systemSettings,
@@ -100,7 +101,21 @@ void Windows::openSettings() {
         window.hugRightEdge(*screen);
     }
     window.showNormal(); // also when it was minimised
-    m_parts.shell.policy.activate();
+    bringToFront(window);
+}
+
+void Windows::bringToFront(QWidget &window) {
+    m_broughtLast = &window;
+    m_parts.shell.policy.activate(*window.windowHandle()); // it was shown, so there is one
+}
+
+/// The window in which the user just did something, before the system asks them about it.
+void Windows::bringUsedToFront() {
+    QWidget *const active = QApplication::activeWindow();
+    QWidget *const used = active != nullptr ? active : m_broughtLast.data();
+    if (used != nullptr && used->isVisible()) {
+        m_parts.shell.policy.activate(*used->windowHandle());
+    }
 }
 
 void Windows::openUpdates() {
@@ -111,7 +126,7 @@ void Windows::openUpdates() {
 void Windows::showOnboarding(OnboardingEvents events) {
     if (m_onboarding) {
         m_onboarding->present();
-        m_parts.shell.policy.activate();
+        bringToFront(*m_onboarding);
         return;
     }
     m_onboarding = std::make_unique<ui::OnboardingWindow>(m_context, std::move(events.onDone));
@@ -119,7 +134,7 @@ void Windows::showOnboarding(OnboardingEvents events) {
     m_context.runLoop.post(m_work.whileAlive([this] {
         if (m_onboarding) {
             m_onboarding->present();
-            m_parts.shell.policy.activate();
+            bringToFront(*m_onboarding);
         }
     }));
 }

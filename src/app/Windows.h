@@ -7,6 +7,9 @@
 #include "services/refresh/ServiceCheck.h"
 #include "ui/settings/SettingsContext.h"
 
+#include <QPointer>
+#include <QWidget>
+
 namespace zeph {
 
 struct Consents;
@@ -34,6 +37,8 @@ private:
     PermissionsContext permissions(Consents &consents);
     void showPermissions();
     ui::SettingsWindow &settings();
+    void bringToFront(QWidget &window);
+    void bringUsedToFront();
 
     WindowParts m_parts;
     WorkOwner m_work;
@@ -42,6 +47,7 @@ private:
     ui::SettingsContext m_context;
     std::unique_ptr<ui::SettingsWindow> m_settings;
     std::unique_ptr<ui::OnboardingWindow> m_onboarding;
+    QPointer<QWidget> m_broughtLast; ///< of the two
 };
 
 } // namespace zeph

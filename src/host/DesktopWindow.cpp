@@ -12,15 +12,16 @@ namespace zeph {
 
 DesktopWindow::DesktopWindow(WindowServer &server, RunLoop &runLoop,
                              const PreferencesStore &preferences, const RootWallpaperView &rootView,
-                             ScenePainter &painter, Screen screen)
+                             ScenePainter &painter, Screen screen, int windowNumber)
     : m_server(server),
       m_runLoop(runLoop),
       m_preferences(preferences),
       m_rootView(rootView),
       m_renderer(painter),
-      m_screen(std::move(screen)) {
+      m_screen(std::move(screen)),
+      m_windowNumber(windowNumber) {
     makeSurface();
-    display();
+    paint();
 }
 
 DesktopWindow::~DesktopWindow() {
@@ -35,6 +36,7 @@ bool DesktopWindow::wantsTransparency() const {
 void DesktopWindow::makeSurface() {
     m_wantsTransparency = wantsTransparency();
     m_surface = m_server.makeDesktopSurface(m_screen, m_wantsTransparency);
+    m_mechanism = m_server.drawingWay().mechanism;
     m_renderer.invalidate();
 }
 
@@ -44,11 +46,17 @@ void DesktopWindow::compositingChanged() {
     }
 }
 
+void DesktopWindow::drawingWayChanged() {
+    if (m_server.drawingWay().mechanism != m_mechanism) {
+        rebuildSurface();
+    }
+}
+
 void DesktopWindow::rebuildSurface() {
     // It goes last, so that what lies beneath does not flash through.
     const std::unique_ptr<DesktopSurface> old = std::move(m_surface);
     makeSurface();
-    display();
+    paint();
     if (m_onScreen) {
         m_surface->orderFront();
     }
@@ -62,17 +70,32 @@ void DesktopWindow::setTargetScreen(const Screen &screen) {
 }
 
 void DesktopWindow::setNeedsDisplay() {
-    if (!std::exchange(m_needsDisplay, true)) {
+    if (!m_onScreen) {
+        m_isStale = true;
+    } else if (!std::exchange(m_needsDisplay, true)) {
         m_runLoop.post(m_redraws.whileAlive([this] { display(); }));
     }
 }
 
 void DesktopWindow::display() {
     m_needsDisplay = false;
+    if (m_onScreen) {
+        redraw();
+    } else {
+        m_isStale = true;
+    }
+}
+
+void DesktopWindow::redraw() {
+    m_isStale = false;
     if (wantsTransparency() != m_wantsTransparency) {
         rebuildSurface();
-        return;
+    } else {
+        paint();
     }
+}
+
+void DesktopWindow::paint() {
     m_surface->show([this](QImage &frame) {
         const bool isTransparent = m_surface->isTransparent();
         if (const auto backdrop = m_rootView.backdrop(isTransparent)) {
@@ -84,8 +107,16 @@ void DesktopWindow::display() {
 }
 
 void DesktopWindow::orderFrontRegardless() {
+    if (m_isStale) {
+        redraw();
+    }
     m_onScreen = true;
     m_surface->orderFront();
+}
+
+void DesktopWindow::orderOut() {
+    m_onScreen = false;
+    m_surface->orderOut();
 }
 
 } // namespace zeph

@@ -7,6 +7,15 @@
 
 namespace zeph {
 
+namespace {
+
+void printFailure(const char *wish, const QString &error) {
+    std::printf("LaunchAtLogin: failed to %s: %s\n", wish, qPrintable(error));
+    std::fflush(stdout);
+}
+
+} // namespace
+
 bool LaunchAtLogin::isEnabled() const {
     return m_item.isEnabled();
 }
@@ -23,11 +32,17 @@ void LaunchAtLogin::setEnabled(bool enabled, std::function<void(bool)> done) {
     }
     m_item.setEnabled(enabled, [enabled, tell](const std::optional<QString> &error) {
         if (error) {
-            std::printf("LaunchAtLogin: failed to %s: %s\n", enabled ? "enable" : "disable",
-                        qPrintable(*error));
-            std::fflush(stdout);
+            printFailure(enabled ? "enable" : "disable", *error);
         }
         tell(!error);
+    });
+}
+
+void LaunchAtLogin::renew() {
+    m_item.renew([](const std::optional<QString> &error) {
+        if (error) {
+            printFailure("enable", *error);
+        }
     });
 }
 

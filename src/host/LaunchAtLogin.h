@@ -18,6 +18,10 @@ public:
     /// asked of the system. A failure is printed.
     void setEnabled(bool enabled, std::function<void(bool holds)> done = {});
 
+    /// Follows a program that was moved: what the session starts is this copy where it was to be
+    /// one that is gone. A failure is printed.
+    void renew();
+
 private:
     LoginItem &m_item;
 };

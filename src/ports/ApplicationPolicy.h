@@ -3,6 +3,8 @@
 
 #include "ports/Port.h"
 
+class QWindow;
+
 namespace zeph {
 
 /// Whether the program's own windows count as an application's for task bars and window switchers.
@@ -17,9 +19,9 @@ public:
     /// Applies to the windows that are there and to all that come.
     virtual void setActivationPolicy(ActivationPolicy policy) = 0;
 
-    /// Brings the program's windows in front of those of other programs, for an action of the
-    /// user.
-    virtual void activate() = 0;
+    /// Brings `window` in front of all others and gives it the keyboard, for an action of the
+    /// user. The program's other windows stay where they are; one that is hidden stays so.
+    virtual void activate(QWindow &window) = 0;
 };
 
 } // namespace zeph

@@ -20,6 +20,10 @@ public:
     /// why it failed, absent where it didn't. It may run within the call.
     virtual void setEnabled(bool enabled,
                             std::function<void(const std::optional<QString> &error)> done) = 0;
+
+    /// Has the session start this program where it is to start a copy of it that is gone, such as
+    /// one that was moved. What starts another copy, or was switched off, stays. `done` as above.
+    virtual void renew(std::function<void(const std::optional<QString> &error)> done) = 0;
 };
 
 } // namespace zeph

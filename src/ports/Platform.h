@@ -23,6 +23,7 @@ class Screens;
 class SecureStore;
 class TaskExecutor;
 class UserDefaults;
+class VirtualDesktops;
 class Volume;
 class WiFi;
 class WindowServer;
@@ -60,6 +61,7 @@ struct Platform {
     SecureStore &secureStore;
     Screens &screens;
     WindowServer &windowServer;
+    VirtualDesktops &virtualDesktops;
 };
 
 } // namespace zeph

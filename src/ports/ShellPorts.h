@@ -14,7 +14,6 @@ class LoginItem;
 class StatusBar;
 class SystemSettings;
 class UpdateFramework;
-class VirtualDesktops;
 
 /// The ports of what stands around the wallpaper: the tray, the session, the windows. No first
 /// frame needs them, so they are made after it. The objects outlive whoever is handed this.
@@ -26,7 +25,6 @@ struct ShellPorts {
     DesktopAppearance &appearance;
     DesktopShell &desktopShell;
     SystemSettings &systemSettings;
-    VirtualDesktops &virtualDesktops;
     /// Makes a client for a fresh look at whether the location may be known.
     std::function<std::unique_ptr<LocationClient>()> makeLocationClient;
 };

@@ -3,6 +3,7 @@
 
 #include "base/ChangePublisher.h"
 #include "ports/DesktopSurface.h"
+#include "ports/DrawingWay.h"
 #include "ports/Port.h"
 
 #include <functional>
@@ -17,6 +18,13 @@ public:
     /// `DesktopSurface::isTransparent` tells.
     virtual std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,
                                                                bool wantsTransparency) = 0;
+
+    /// By what the surfaces that are made now get onto the desktop, and why.
+    virtual DrawingWay drawingWay() const = 0;
+
+    /// Calls `handler` on the main thread whenever `drawingWay` changed, so that surfaces of
+    /// another mechanism can be made anew.
+    [[nodiscard]] virtual Subscription subscribeToDrawingWay(std::function<void()> handler) = 0;
 
     /// Calls `handler` on the main thread whenever a compositor started or stopped, so that
     /// surfaces that want transparency can be made anew.

@@ -82,6 +82,8 @@ TEST_F(StartTest, endsAtOnceWhereTheProgramRunsThoughNoBusTellsOfIt) {
     Program second(environment());
     EXPECT_TRUE(second.endsWith(0, std::chrono::seconds(10))) << second.errors().toStdString();
     EXPECT_TRUE(second.output().isEmpty()) << second.output().toStdString();
+    EXPECT_EQ(second.errors(),
+              u"tavi: it runs already, and the session bus does not lead to it\n"_s);
     EXPECT_FALSE(QFile::exists(path("config/Zeph/defaults.json.damaged"))) << "nothing is written";
     EXPECT_TRUE(first.isRunning());
     EXPECT_EQ(client->findAll("Tavi").size(), 1);

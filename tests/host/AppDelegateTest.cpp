@@ -283,6 +283,24 @@ TEST_F(AppDelegateTest, anOpaqueWallpaperTakesNoNoticeOfACompositor) {
     EXPECT_THAT(*windowServer.story, IsEmpty());
 }
 
+TEST_F(AppDelegateTest, anotherMechanismMakesTheSurfacesAnewWithoutAFlash) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400)};
+    launch();
+    windowServer.story->clear();
+    windowServer.setDrawingWay({DrawingMechanism::loweredOverride, u"Another manager came."_s});
+    const std::vector<std::string> changeOver{"1 made", "1 presented", "1 shown", "0 hidden",
+                                              "0 gone"};
+    EXPECT_EQ(*windowServer.story, changeOver);
+}
+
+TEST_F(AppDelegateTest, anotherReasonForTheSameMechanismLeavesTheSurfaces) {
+    launch();
+    windowServer.story->clear();
+    windowServer.setDrawingWay({windowServer.drawingWay().mechanism, u"Another manager came."_s});
+    loop.drain();
+    EXPECT_THAT(*windowServer.story, IsEmpty());
+}
+
 TEST_F(AppDelegateTest, theNewSurfaceShowsBeforeTheOldOneGoes) {
     screens.screens = {screen(u"A"_s, 1, 640, 400)};
     preferences.setBackgroundMode(BackgroundMode::transparent);

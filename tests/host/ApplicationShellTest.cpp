@@ -71,6 +71,13 @@ TEST_F(ApplicationShellTest, aFirstLaunchShowsTheOnboardingInFront) {
     EXPECT_FALSE(defaults.boolean(u"zeph.onboarded"_s));
 }
 
+TEST_F(ApplicationShellTest, everyLaunchFollowsAProgramThatWasMoved) {
+    onboard();
+    launch();
+    launch();
+    EXPECT_EQ(shell.loginItem.renewals, 2);
+}
+
 TEST_F(ApplicationShellTest, launchAtLoginIsSwitchedOnOnceForAll) {
     launch();
     EXPECT_TRUE(shell.loginItem.enabled);

@@ -62,6 +62,15 @@ TEST_F(LaunchAtLoginTest, aFailureIsToldAndPrinted) {
     EXPECT_EQ(holds, false);
 }
 
+TEST_F(LaunchAtLoginTest, aFailureToFollowAMovedProgramIsPrinted) {
+    EXPECT_EQ(printedLines([&] { launchAtLogin.renew(); }), QStringList());
+    item.renewalProblem = u"the folder can't be written"_s;
+    EXPECT_EQ(printedLines([&] { launchAtLogin.renew(); }),
+              QStringList(u"LaunchAtLogin: failed to enable: the folder can't be written"_s));
+    EXPECT_EQ(item.renewals, 2);
+    EXPECT_THAT(item.wishes, IsEmpty());
+}
+
 TEST_F(LaunchAtLoginTest, nobodyNeedsToListen) {
     launchAtLogin.setEnabled(true);
     EXPECT_TRUE(item.enabled);

@@ -102,6 +102,29 @@ TEST_F(RequestInboxTest, aRequestThatComesLongAfterTheStartIsOne) {
     EXPECT_THAT(delivered, ElementsAre(UserRequest::reopen));
 }
 
+TEST_F(RequestInboxTest, knowsAStartThatIsForNothingButTheEnd) {
+    RequestInbox inbox(RequestInbox::Start::byRequest);
+    EXPECT_FALSE(inbox.isStartKnown());
+    EXPECT_FALSE(inbox.isStartedToQuit());
+    inbox.take(action(u"quit"_s));
+    EXPECT_TRUE(inbox.isStartKnown());
+    EXPECT_TRUE(inbox.isStartedToQuit());
+    inbox.take({});
+    EXPECT_TRUE(inbox.isStartedToQuit()) << "whatever comes after it";
+}
+
+TEST_F(RequestInboxTest, anEndThatIsAskedOfAStartedProgramIsNotItsStart) {
+    RequestInbox byUser(RequestInbox::Start::byUser);
+    EXPECT_TRUE(byUser.isStartKnown());
+    byUser.take(action(u"quit"_s));
+    EXPECT_FALSE(byUser.isStartedToQuit());
+    RequestInbox byRequest(RequestInbox::Start::byRequest);
+    byRequest.take({});
+    byRequest.take(action(u"quit"_s));
+    EXPECT_TRUE(byRequest.isStartKnown());
+    EXPECT_FALSE(byRequest.isStartedToQuit());
+}
+
 TEST_F(RequestInboxTest, anActionThatStartsTheProgramIsDone) {
     RequestInbox inbox(RequestInbox::Start::byRequest);
     inbox.take(action(u"settings"_s));

@@ -19,6 +19,7 @@
 #include "support/FakeScreens.h"
 #include "support/FakeSecureStore.h"
 #include "support/FakeUserDefaults.h"
+#include "support/FakeVirtualDesktops.h"
 #include "support/FakeWindowServer.h"
 #include "support/FakeWorkspace.h"
 #include "support/ManualRunLoop.h"
@@ -60,6 +61,7 @@ public:
     FakeSecureStore secrets;
     FakeScreens screens;
     FakeWindowServer windowServer;
+    FakeVirtualDesktops virtualDesktops;
     FakeLocationClient locationClient;
     FakeGeocoder geocoder;
     LocationManager location{&locationClient, &geocoder};
@@ -88,7 +90,8 @@ public:
                       .httpClient = http,
                       .secureStore = secrets,
                       .screens = screens,
-                      .windowServer = windowServer};
+                      .windowServer = windowServer,
+                      .virtualDesktops = virtualDesktops};
     std::unique_ptr<UsageStore> usageStore =
         std::make_unique<UsageStore>(folder.path(), clock, calendar);
 };

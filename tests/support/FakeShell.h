@@ -9,7 +9,6 @@
 #include "ports/ShellPorts.h"
 #include "ports/StatusBar.h"
 #include "ports/UpdateFramework.h"
-#include "ports/VirtualDesktops.h"
 #include "support/FakeLocation.h"
 #include "support/FakeSystemSettings.h"
 
@@ -79,8 +78,15 @@ public:
         done(problem);
     }
 
+    void renew(std::function<void(const std::optional<QString> &)> done) override {
+        ++renewals;
+        done(renewalProblem);
+    }
+
+    int renewals = 0; ///< how often it was to follow a program that was moved
     bool enabled = false;
     std::optional<QString> problem;
+    std::optional<QString> renewalProblem;
     std::vector<bool> wishes; ///< what was asked for, in order
 };
 
@@ -151,18 +157,6 @@ private:
     ShellStory &m_story;
 };
 
-/// A desktop without workspaces.
-class FakeVirtualDesktops : public VirtualDesktops {
-public:
-    std::vector<VirtualDesktop> all() const override { return {}; }
-    Subscription subscribe(std::function<void()> handler) override {
-        return m_changes.subscribe(std::move(handler));
-    }
-
-private:
-    ChangePublisher m_changes;
-};
-
 /// Writes down what the program is to be.
 class FakeApplicationPolicy : public ApplicationPolicy {
 public:
@@ -171,7 +165,7 @@ public:
     void setActivationPolicy(ActivationPolicy policy) override {
         m_story.emplace_back(policy == ActivationPolicy::regular ? "regular" : "accessory");
     }
-    void activate() override { m_story.emplace_back("activate"); }
+    void activate(QWindow &) override { m_story.emplace_back("activate"); }
 
 private:
     ShellStory &m_story;
@@ -213,7 +207,6 @@ public:
     FakeAppearance appearance;
     FakeDesktopShell desktopShell{story};
     FakeSystemSettings systemSettings;
-    FakeVirtualDesktops virtualDesktops;
     ShellPorts ports{.policy = policy,
                      .statusBar = statusBar,
                      .loginItem = loginItem,
@@ -221,7 +214,6 @@ public:
                      .appearance = appearance,
                      .desktopShell = desktopShell,
                      .systemSettings = systemSettings,
-                     .virtualDesktops = virtualDesktops,
                      .makeLocationClient = [] { return std::make_unique<FakeLocationClient>(); }};
 };
 

@@ -122,6 +122,17 @@ public:
         return m_loss.subscribe(std::move(handler));
     }
 
+    DrawingWay drawingWay() const override { return m_way; }
+    Subscription subscribeToDrawingWay(std::function<void()> handler) override {
+        return m_ways.subscribe(std::move(handler));
+    }
+
+    /// Has surfaces get onto the desktop in another way, and tells of it.
+    void setDrawingWay(DrawingWay way) {
+        m_way = std::move(way);
+        m_ways.send();
+    }
+
     /// Starts or stops the compositor and tells of it.
     void setCompositing(bool isRunning) {
         compositing = isRunning;
@@ -133,6 +144,8 @@ public:
     std::shared_ptr<SurfaceStory> story = std::make_shared<SurfaceStory>(); // shared with them too
 
 private:
+    DrawingWay m_way;
+    ChangePublisher m_ways;
     ChangePublisher m_compositing;
     ChangePublisher m_loss;
 };

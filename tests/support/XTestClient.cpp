@@ -91,10 +91,23 @@ void XTestClient::destroy(xcb_window_t window) {
 
 void XTestClient::setNumbers(xcb_window_t window, const QByteArray &property,
                              const QList<std::uint32_t> &values) {
-    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom(property),
-                        XCB_ATOM_CARDINAL, 32, static_cast<std::uint32_t>(values.size()),
-                        values.constData());
+    setIds(window, property, XCB_ATOM_CARDINAL, values);
+}
+
+void XTestClient::setIds(xcb_window_t window, const QByteArray &property, xcb_atom_t type,
+                         const QList<std::uint32_t> &ids) {
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom(property), type, 32,
+                        static_cast<std::uint32_t>(ids.size()), ids.constData());
     xcb_flush(m_connection.get());
+}
+
+xcb_pixmap_t XTestClient::makePixmap(QSize size, std::uint8_t depth) {
+    const xcb_pixmap_t pixmap = xcb_generate_id(m_connection.get());
+    xcb_create_pixmap(m_connection.get(), depth, pixmap, m_screen->root,
+                      static_cast<std::uint16_t>(size.width()),
+                      static_cast<std::uint16_t>(size.height()));
+    xcb_flush(m_connection.get());
+    return pixmap;
 }
 
 void XTestClient::setText(xcb_window_t window, const QByteArray &property, const QByteArray &text) {
@@ -263,6 +276,32 @@ int XTestClient::depth(xcb_window_t window) const {
     const auto reply = own(xcb_get_geometry_reply(
         m_connection.get(), xcb_get_geometry(m_connection.get(), window), nullptr));
     return reply ? reply->depth : 0;
+}
+
+void XTestClient::killOwner(xcb_drawable_t drawable) {
+    const auto request = xcb_kill_client_checked(m_connection.get(), drawable);
+    own(xcb_request_check(m_connection.get(), request));
+}
+
+QSize XTestClient::size(xcb_drawable_t drawable) const {
+    const auto reply = own(xcb_get_geometry_reply(
+        m_connection.get(), xcb_get_geometry(m_connection.get(), drawable), nullptr));
+    return reply ? QSize(reply->width, reply->height) : QSize();
+}
+
+std::optional<std::uint32_t> XTestClient::pixelOf(xcb_pixmap_t pixmap, QPoint position) const {
+    const auto reply = own(xcb_get_image_reply(
+        m_connection.get(),
+        xcb_get_image(m_connection.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap,
+                      static_cast<std::int16_t>(position.x()),
+                      static_cast<std::int16_t>(position.y()), 1, 1, 0xFFFFFFFF),
+        nullptr));
+    if (!reply) {
+        return std::nullopt;
+    }
+    std::uint32_t pixel = 0;
+    std::memcpy(&pixel, xcb_get_image_data(reply.get()), sizeof pixel);
+    return pixel;
 }
 
 bool XTestClient::isViewable(xcb_window_t window) const {

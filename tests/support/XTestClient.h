@@ -9,6 +9,7 @@
 #include <xcb/xcb.h>
 
 #include <memory>
+#include <optional>
 
 namespace zeph {
 
@@ -39,9 +40,18 @@ public:
     xcb_window_t show(const Window &window);
     void destroy(xcb_window_t window);
 
+    /// Cuts off whoever made this, as the death of that program would.
+    void killOwner(xcb_drawable_t drawable);
+
     /// Sets a property of cardinals.
     void setNumbers(xcb_window_t window, const QByteArray &property,
                     const QList<std::uint32_t> &values);
+    /// The same of another type, such as windows or atoms.
+    void setIds(xcb_window_t window, const QByteArray &property, xcb_atom_t type,
+                const QList<std::uint32_t> &ids);
+    /// A pixmap of its own, which ends with it.
+    xcb_pixmap_t makePixmap(QSize size, std::uint8_t depth);
+
     /// Sets a property of UTF-8 text.
     void setText(xcb_window_t window, const QByteArray &property, const QByteArray &text);
     void raise(xcb_window_t window);
@@ -79,6 +89,12 @@ public:
     QList<xcb_window_t> stacking() const;
     /// The top-level window that holds `window`.
     xcb_window_t frameOf(xcb_window_t window) const;
+
+    /// The size of a window or pixmap; empty when it is gone.
+    QSize size(xcb_drawable_t drawable) const;
+
+    /// One pixel of a pixmap with all its bits; absent when it is gone.
+    std::optional<std::uint32_t> pixelOf(xcb_pixmap_t pixmap, QPoint position) const;
 
     /// What is on the screen now.
     QImage screenshot(const QRect &area) const;

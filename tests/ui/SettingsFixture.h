@@ -14,7 +14,6 @@
 #include "ports/DesktopShell.h"
 #include "ports/LoginItem.h"
 #include "ports/UpdateFramework.h"
-#include "ports/VirtualDesktops.h"
 #include "services/accounts/IntegrationsStore.h"
 #include "services/accounts/Keychain.h"
 #include "services/refresh/ServiceCheck.h"
@@ -25,6 +24,7 @@
 #include "support/FakeScreens.h"
 #include "support/FakeSecureStore.h"
 #include "support/FakeSystemSettings.h"
+#include "support/FakeVirtualDesktops.h"
 #include "support/ManualRunLoop.h"
 #include "support/ManualTaskExecutor.h"
 #include "ui/settings/SettingsContext.h"
@@ -48,17 +48,6 @@ public:
     ChangePublisher changes;
 };
 
-class FakeVirtualDesktops : public VirtualDesktops {
-public:
-    std::vector<VirtualDesktop> all() const override { return desktops; }
-    Subscription subscribe(std::function<void()> handler) override {
-        return changes.subscribe(std::move(handler));
-    }
-
-    std::vector<VirtualDesktop> desktops;
-    ChangePublisher changes;
-};
-
 class FakeDesktopShell : public DesktopShell {
 public:
     bool canHideIcons() const override { return false; }
@@ -73,6 +62,9 @@ public:
     void setEnabled(bool isWanted,
                     std::function<void(const std::optional<QString> &error)> done) override {
         enabled = isWanted;
+        done(std::nullopt);
+    }
+    void renew(std::function<void(const std::optional<QString> &error)> done) override {
         done(std::nullopt);
     }
 

@@ -75,6 +75,11 @@ InstanceRole SingleInstance::roleAfter(const QDBusMessage &answer) {
 }
 
 void SingleInstance::activateOwner(std::function<void(bool)> done) {
+    if (!m_bus.isConnected()) { // a call would never come to an end
+        QMetaObject::invokeMethod(
+            &m_context, [done = std::move(done)] { done(false); }, Qt::QueuedConnection);
+        return;
+    }
     QDBusMessage call = QDBusMessage::createMethodCall(
         serviceName, objectPath, u"org.freedesktop.Application"_s, u"Activate"_s);
     call << QVariantMap();

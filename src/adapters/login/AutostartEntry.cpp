@@ -31,12 +31,19 @@ std::optional<QByteArray> contentOf(const QString &path) {
     return bytes && bytes->size() < kMostBytes ? std::move(bytes) : std::nullopt;
 }
 
+std::optional<AutostartFacts> factsIn(const QString &path) {
+    const auto bytes = contentOf(path);
+    return bytes ? readAutostart(*bytes) : std::nullopt;
+}
+
+bool hasProgram(const AutostartFacts &facts) {
+    return facts.tryExec.isEmpty() || !QStandardPaths::findExecutable(facts.tryExec).isEmpty();
+}
+
 /// Whether the session starts the program after the entry there.
 bool starts(const QString &path) {
-    const auto bytes = contentOf(path);
-    const auto facts = bytes ? readAutostart(*bytes) : std::nullopt;
-    return facts && facts->isEnabled &&
-           (facts->tryExec.isEmpty() || !QStandardPaths::findExecutable(facts->tryExec).isEmpty());
+    const auto facts = factsIn(path);
+    return facts && facts->isEnabled && hasProgram(*facts);
 }
 
 } // namespace
@@ -67,6 +74,17 @@ void AutostartEntry::setEnabled(bool enabled,
         error = u"%1 starts a program that is not there"_s.arg(userFile());
     }
     done(error);
+}
+
+void AutostartEntry::renew(std::function<void(const std::optional<QString> &)> done) {
+    done(startsNothing() ? write(writeAutostart(m_executable, true)) : std::nullopt);
+}
+
+/// Whether there is an entry of ours that is switched on, for a program that is gone.
+bool AutostartEntry::startsNothing() const {
+    const QFileInfo file(userFile());
+    const auto facts = file.isFile() && !file.isSymLink() ? factsIn(userFile()) : std::nullopt;
+    return facts && facts->isOurs && facts->isEnabled && !hasProgram(*facts);
 }
 
 std::optional<QString> AutostartEntry::change(bool enabled) const {

@@ -24,9 +24,13 @@ public:
     void setEnabled(bool enabled,
                     std::function<void(const std::optional<QString> &error)> done) override;
 
+    /// Of an entry that we wrote.
+    void renew(std::function<void(const std::optional<QString> &error)> done) override;
+
 private:
     QString userFile() const;
     bool isSystemWide() const;
+    bool startsNothing() const;
     std::optional<QString> change(bool enabled) const;
     std::optional<QString> write(const QByteArray &entry) const;
     std::optional<QString> remove() const;

@@ -40,6 +40,10 @@ void PortalLoginItem::setEnabled(bool enabled,
         }));
 }
 
+void PortalLoginItem::renew(std::function<void(const std::optional<QString> &)> done) {
+    done(std::nullopt);
+}
+
 // The variable alone tells nothing: whatever is started from a terminal in a sandbox has it too.
 bool runsInSandbox(const QString &executable, const QString &root) {
     const QString snap = qEnvironmentVariable("SNAP");

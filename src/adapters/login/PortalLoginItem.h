@@ -24,6 +24,9 @@ public:
     void setEnabled(bool enabled,
                     std::function<void(const std::optional<QString> &error)> done) override;
 
+    /// Nothing: the portal starts the program by its name.
+    void renew(std::function<void(const std::optional<QString> &error)> done) override;
+
 private:
     QDBusConnection m_bus;
     UserDefaults &m_defaults;

@@ -100,18 +100,16 @@ void X11ApplicationPolicy::setActivationPolicy(ActivationPolicy policy) {
     }
 }
 
-void X11ApplicationPolicy::activate() {
-    for (QWindow *window : QGuiApplication::topLevelWindows()) {
-        if (!isOfOurs(*window) || !window->isVisible()) {
-            continue;
-        }
-        window->raise();
-        if (m_connection == nullptr) {
-            window->requestActivate();
-        } else {
-            tellManager(m_connection, m_root, numberOf(*window), m_netActiveWindow,
-                        {fromUser, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0});
-        }
+void X11ApplicationPolicy::activate(QWindow &window) {
+    if (!window.isVisible()) {
+        return;
+    }
+    window.raise();
+    if (m_connection == nullptr) {
+        window.requestActivate();
+    } else {
+        tellManager(m_connection, m_root, numberOf(window), m_netActiveWindow,
+                    {fromUser, XCB_CURRENT_TIME, XCB_WINDOW_NONE, 0, 0});
     }
 }
 

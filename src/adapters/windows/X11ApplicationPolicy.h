@@ -20,7 +20,7 @@ public:
     ~X11ApplicationPolicy() override;
 
     void setActivationPolicy(ActivationPolicy policy) override;
-    void activate() override;
+    void activate(QWindow &window) override;
 
 private:
     bool eventFilter(QObject *object, QEvent *event) override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/Card.h"
 
+#include "ui/controls/Accessible.h"
 #include "ui/controls/Look.h"
 #include "ui/controls/MarkRow.h"
 #include "ui/controls/Paint.h"
@@ -37,6 +38,7 @@ int textStartOf(const QWidget *row) {
 Card::Card(QWidget *parent) : QFrame(parent), m_rows(new QVBoxLayout(this)) {
     m_rows->setContentsMargins(0, 0, 0, 0);
     m_rows->setSpacing(0);
+    announceAs(*this, QAccessible::Grouping); // a frame is a window to screen readers
 }
 
 void Card::addRow(QWidget *row) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/MarkRow.h"
 
+#include "ui/controls/LiteralText.h"
 #include "ui/controls/Look.h"
 #include "ui/controls/Paint.h"
 
@@ -107,8 +108,13 @@ void dressMarkRow(QAbstractButton &row, const QString &detail) {
 } // namespace
 
 RadioRow::RadioRow(const QString &title, const QString &detail, QWidget *parent)
-    : QRadioButton(title, parent), m_detail(detail) {
+    : QRadioButton(parent), m_detail(detail) {
+    setText(title);
     dressMarkRow(*this, detail);
+}
+
+void RadioRow::setText(const QString &title) {
+    setLiteralText(*this, title);
 }
 
 void RadioRow::setDetail(const QString &detail) {
@@ -136,8 +142,13 @@ void RadioRow::paintEvent(QPaintEvent *) {
 }
 
 CheckRow::CheckRow(const QString &title, const QString &detail, QWidget *parent)
-    : QCheckBox(title, parent), m_detail(detail) {
+    : QCheckBox(parent), m_detail(detail) {
+    setText(title);
     dressMarkRow(*this, detail);
+}
+
+void CheckRow::setText(const QString &title) {
+    setLiteralText(*this, title);
 }
 
 void CheckRow::setDetail(const QString &detail) {

@@ -13,6 +13,7 @@ class RadioRow : public QRadioButton {
 public:
     RadioRow(const QString &title, const QString &detail, QWidget *parent = nullptr);
 
+    void setText(const QString &title);
     void setDetail(const QString &detail);
     const QString &detail() const { return m_detail; }
 
@@ -33,6 +34,7 @@ class CheckRow : public QCheckBox {
 public:
     CheckRow(const QString &title, const QString &detail, QWidget *parent = nullptr);
 
+    void setText(const QString &title);
     void setDetail(const QString &detail);
     const QString &detail() const { return m_detail; }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/PillButton.h"
 
+#include "ui/controls/LiteralText.h"
 #include "ui/controls/Look.h"
 
 #include <QPainter>
@@ -36,10 +37,15 @@ double heightOf(PillButton::Height height, PillButton::Kind kind) {
 } // namespace
 
 PillButton::PillButton(const QString &text, Kind kind, QWidget *parent)
-    : QPushButton(text, parent), m_kind(kind) {
+    : QPushButton(parent), m_kind(kind) {
+    setText(text);
     setAutoDefault(true); // so that Enter presses it too
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void PillButton::setText(const QString &text) {
+    setLiteralText(*this, text);
 }
 
 void PillButton::setKind(Kind kind) {

@@ -16,6 +16,7 @@ public:
     explicit PillButton(const QString &text, Kind kind = Kind::secondary,
                         QWidget *parent = nullptr);
 
+    void setText(const QString &text);
     void setKind(Kind kind);
     Kind kind() const { return m_kind; }
     void setHeight(Height height);

@@ -2,6 +2,7 @@
 #include "ui/controls/Tile.h"
 
 #include "ui/controls/BalancedText.h"
+#include "ui/controls/LiteralText.h"
 #include "ui/controls/Look.h"
 #include "ui/controls/Paint.h"
 
@@ -56,8 +57,7 @@ Tile::Tile(const Words &words, QWidget *parent)
 
 void Tile::set(const Words &words) {
     m_words = words;
-    setText(words.title);
-    setAccessibleName(words.title);
+    setLiteralText(*this, words.title);
     setAccessibleDescription(words.state.isEmpty() ? words.blurb
                                                    : words.blurb + u". "_s + words.state);
     updateGeometry();

@@ -13,6 +13,8 @@
 
 namespace zeph::ui {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr double placementGap = 16;
@@ -33,6 +35,7 @@ PlacementRow::PlacementRow(PreferencesStore &preferences, RunLoop &runLoop, Widg
     row->addWidget(m_switch, 0, Qt::AlignVCenter);
     control()->setAccessibleName({}); // its parts have names
     m_switch->setAccessibleName(words::showOnWallpaper);
+    m_size->setAccessibleName(u"Size of %1"_s.arg(zeph::title(kind)));
     m_size->setToolTip(words::sizes);
     m_size->onChosen = [this](int index) {
         m_preferences.setSize(static_cast<WidgetSizeOption>(index), m_kind);

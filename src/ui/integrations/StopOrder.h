@@ -7,10 +7,23 @@
 
 namespace zeph::ui {
 
-/// Makes Tab lead from each of `stops` to the next. The first stays where it is.
+/// Makes Tab lead from each of `stops` to what takes the focus inside it, and on to the next. The
+/// first stays where it is.
 inline void orderStops(const std::vector<QWidget *> &stops) {
-    for (std::size_t index = 1; index < stops.size(); ++index) {
-        QWidget::setTabOrder(stops[index - 1], stops[index]);
+    QWidget *before = nullptr;
+    const auto goTo = [&before](QWidget *stop) {
+        if (before != nullptr) {
+            QWidget::setTabOrder(before, stop);
+        }
+        before = stop;
+    };
+    for (QWidget *stop : stops) {
+        goTo(stop);
+        for (QWidget *part : stop->findChildren<QWidget *>()) {
+            if (part->focusPolicy() != Qt::NoFocus) {
+                goTo(part);
+            }
+        }
     }
 }
 

@@ -29,6 +29,7 @@ DesktopsCard::DesktopsCard(const SettingsContext &context, QWidget *parent)
       m_entry{u"Show Tavi on desktops"_s,
               u"Your workspaces — keep Tavi on every one, or pick the ones you want it on."_s,
               this} {
+    setAccessibleName(m_entry.title);
     addRow(new SettingRow({u"squares.below.rectangle"_s, m_entry.title, m_entry.detail}, nullptr));
     addBody(m_onlyOne);
     addRow(m_all);
@@ -41,7 +42,8 @@ DesktopsCard::DesktopsCard(const SettingsContext &context, QWidget *parent)
 }
 
 void DesktopsCard::refresh() {
-    m_rows = desktopRows(m_context.preferences.desktopSelection(), m_context.virtualDesktops.all());
+    m_rows = desktopRows(m_context.preferences.desktopSelection(),
+                         snapshotOf(m_context.virtualDesktops.managedDisplays()).desktops);
     m_onlyOne->setVisible(m_rows.empty());
     m_all->setVisible(!m_rows.empty());
     const std::size_t count = m_rows.empty() ? 0 : m_rows.size() - 1;

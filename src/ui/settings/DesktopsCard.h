@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "settings/DesktopRows.h"
+#include "host/DesktopRows.h"
 #include "ui/controls/Card.h"
 #include "ui/settings/Pane.h"
 #include "ui/settings/SettingsContext.h"

@@ -20,6 +20,7 @@ DisplaysCard::DisplaysCard(const SettingsContext &context, QWidget *parent)
       m_group(new QButtonGroup(this)),
       m_entry{u"Show Tavi on"_s,
               u"Pick a monitor, or show your wallpaper on every display at once."_s, this} {
+    setAccessibleName(m_entry.title);
     addRow(new SettingRow({u"display.2"_s, m_entry.title, m_entry.detail}, nullptr));
     connect(m_group, &QButtonGroup::idClicked, this, [this](int index) { choose(index); });
     refresh();

@@ -45,9 +45,11 @@ EventRow::EventRow(QWidget *parent)
     m_recurrence->setWordWrap(false);
     m_recurrence->setMinimumWidth(scaled(recurrenceColumn - symbolSize - symbolGap));
     // The column stays where it is on a row that has nothing in it.
-    QSizePolicy kept = m_symbol->sizePolicy();
-    kept.setRetainSizeWhenHidden(true);
-    m_symbol->setSizePolicy(kept);
+    for (QWidget *part : {static_cast<QWidget *>(m_symbol), static_cast<QWidget *>(m_recurrence)}) {
+        QSizePolicy kept = part->sizePolicy();
+        kept.setRetainSizeWhenHidden(true);
+        part->setSizePolicy(kept);
+    }
     connect(m_remove, &QPushButton::clicked, this, [this] {
         if (onRemove) {
             onRemove(QUuid(m_row.id)); // the row may show another event by then
@@ -61,6 +63,7 @@ void EventRow::set(const CountdownRow &row) {
     m_date->setText(row.date);
     m_symbol->setVisible(!row.recurrence.isEmpty());
     m_recurrence->setText(row.recurrence);
+    m_recurrence->setVisible(!row.recurrence.isEmpty()); // nothing has no place in what is read out
     m_remove->setAccessibleName(u"Remove %1"_s.arg(row.title));
     m_remove->setToolTip(m_remove->accessibleName());
 }

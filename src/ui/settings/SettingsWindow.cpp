@@ -15,8 +15,10 @@
 #include <QKeyEvent>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace zeph::ui {
 
@@ -165,6 +167,22 @@ void SettingsWindow::hugRightEdge(const Screen &screen) {
     setMinimumSize(scaled(leastSize).boundedTo(visible.size() - edges));
     resize(size().boundedTo(visible.size() - edges));
     move(placeAtRightEdge(visible, size() + edges));
+    m_edge = visible;
+}
+
+/// As above, by the frame that is around the window now. A manager makes it when the window is
+/// first seen, and each time anew.
+void SettingsWindow::placeInFrame() {
+    const auto visible = std::exchange(m_edge, std::nullopt);
+    if (!visible || windowHandle() == nullptr) {
+        return;
+    }
+    const QMargins frame = windowHandle()->frameMargins();
+    const QSize room = visible->marginsRemoved(frame).size();
+    setMinimumSize(scaled(leastSize).boundedTo(room));
+    const QSize wanted = size().boundedTo(room);
+    const QRect whole = QRect(QPoint(), wanted).marginsAdded(frame);
+    setGeometry({placeAtRightEdge(*visible, whole.size()) - whole.topLeft(), wanted});
 }
 
 bool SettingsWindow::event(QEvent *event) {
@@ -174,8 +192,18 @@ bool SettingsWindow::event(QEvent *event) {
     return QWidget::event(event);
 }
 
+bool SettingsWindow::eventFilter(QObject *watched, QEvent *event) {
+    if (event->type() == QEvent::Expose && watched == windowHandle() &&
+        windowHandle()->isExposed() && m_edge) {
+        QMetaObject::invokeMethod(
+            this, [this] { placeInFrame(); }, Qt::QueuedConnection);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
 void SettingsWindow::showEvent(QShowEvent *event) {
     QWidget::showEvent(event);
+    windowHandle()->installEventFilter(this); // the same one again and again, mostly
     if (!event->spontaneous() && !m_tabs.empty()) {
         showTab(m_current); // which tells the pane only while the window is seen
         shownAt(m_current).pane->willShow();

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QStackedWidget;
@@ -45,7 +46,8 @@ public:
     int currentTab() const { return m_current; }
 
     /// Moves the window to the right edge of `screen`, in the middle of its height, and makes it
-    /// no larger than what is visible there. To be called before each showing.
+    /// no larger than what is visible there. To be called before each showing; the frame that the
+    /// window manager then puts around it is reckoned with once it is known.
     void hugRightEdge(const Screen &screen);
 
     /// Called after the user has closed the window.
@@ -54,6 +56,7 @@ public:
 protected:
     void closeEvent(QCloseEvent *event) override;
     bool event(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void showEvent(QShowEvent *event) override;
 
@@ -67,6 +70,7 @@ private:
     void goBack();
     void showShortcuts();
     void releaseMemory();
+    void placeInFrame();
 
     Shown &shownAt(int index);
     void search(const QString &wanted);
@@ -79,7 +83,8 @@ private:
     std::vector<Tab> m_tabs;
     std::vector<Shown> m_shown; ///< one a tab, empty until it is made
     int m_current = 0;
-    bool m_makesPanes = false; // the next one is made in a later turn
+    bool m_makesPanes = false;   // the next one is made in a later turn
+    std::optional<QRect> m_edge; ///< of the screen to hug; absent once the frame is known
     Sky *m_sky;
     SettingsSide *m_side;
     QStackedWidget *m_stack;

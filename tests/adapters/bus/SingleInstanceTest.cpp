@@ -171,6 +171,11 @@ TEST_F(SingleInstanceOnABus, runsOnWithoutABus) {
     const auto instance = start(nowhere);
     EXPECT_EQ(claim(*instance), InstanceRole::noBus);
     EXPECT_EQ(claim(*instance), InstanceRole::noBus);
+    std::optional<bool> answered;
+    instance->activateOwner([&](bool isAnswered) { answered = isAnswered; });
+    EXPECT_FALSE(answered) << "in a later turn";
+    EXPECT_TRUE(eventually([&] { return answered.has_value(); }));
+    EXPECT_EQ(answered, false);
 }
 
 TEST_F(SingleInstanceOnABus, waitsForNoBusThatHangs) {

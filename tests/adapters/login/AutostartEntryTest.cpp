@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/login/AutostartEntry.h"
 
+#include "adapters/login/AutostartFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -55,6 +57,15 @@ protected:
         return told;
     }
 
+    /// The program is started from elsewhere from now on; tells why its entry could not be renewed.
+    QString renewMoved() const {
+        QString told;
+        AutostartEntry moved({folder.filePath(u"home"_s), folder.filePath(u"xdg"_s)},
+                             u"/moved/tavi"_s);
+        moved.renew([&](const std::optional<QString> &error) { told = error.value_or(QString()); });
+        return told;
+    }
+
     QTemporaryDir folder;
     AutostartEntry item{{folder.filePath(u"home"_s), folder.filePath(u"xdg"_s)}, program()};
 };
@@ -103,6 +114,48 @@ TEST_F(AutostartEntryTest, startsTheProgramThatRunsNow) {
     AutostartEntry moved({folder.filePath(u"home"_s)}, other);
     moved.setEnabled(true, [](const auto &) {});
     EXPECT_TRUE(read(userFile()).contains("TryExec=" + other.toUtf8() + '\n'));
+}
+
+TEST_F(AutostartEntryTest, followsAProgramThatWasMoved) {
+    set(true);
+    QFile::remove(program());
+    EXPECT_EQ(renewMoved(), QString());
+    EXPECT_EQ(read(userFile()), writeAutostart(u"/moved/tavi"_s, true));
+}
+
+TEST_F(AutostartEntryTest, leavesAnEntryOfAnotherCopyThatIsThere) {
+    set(true);
+    const QByteArray before = read(userFile());
+    EXPECT_EQ(renewMoved(), QString());
+    EXPECT_EQ(read(userFile()), before);
+}
+
+TEST_F(AutostartEntryTest, renewsNothingThatWasSwitchedOff) {
+    EXPECT_EQ(renewMoved(), QString());
+    EXPECT_FALSE(QFile::exists(userFile())) << "there was none";
+    write(userFile(), writeAutostart(u"/gone/tavi"_s, false));
+    EXPECT_EQ(renewMoved(), QString());
+    EXPECT_EQ(read(userFile()), writeAutostart(u"/gone/tavi"_s, false));
+    const QByteArray byAnother =
+        writeAutostart(u"/gone/tavi"_s, true)
+            .replace("X-GNOME-Autostart-enabled=true", "X-GNOME-Autostart-enabled=false");
+    write(userFile(), byAnother);
+    EXPECT_EQ(renewMoved(), QString());
+    EXPECT_EQ(read(userFile()), byAnother) << "in a program of the desktop's";
+}
+
+TEST_F(AutostartEntryTest, renewsNothingOfTheUsersOwn) {
+    const QByteArray own = usersOwn + "TryExec=/gone/tavi\n";
+    write(userFile(), own);
+    EXPECT_EQ(renewMoved(), QString());
+    EXPECT_EQ(read(userFile()), own);
+    QFile::remove(userFile());
+    const QString target = folder.filePath(u"dotfiles.desktop"_s);
+    write(target, writeAutostart(u"/gone/tavi"_s, true));
+    ASSERT_TRUE(QFile::link(target, userFile()));
+    EXPECT_EQ(renewMoved(), QString());
+    EXPECT_TRUE(QFileInfo(userFile()).isSymLink());
+    EXPECT_EQ(read(target), writeAutostart(u"/gone/tavi"_s, true));
 }
 
 TEST_F(AutostartEntryTest, hidesTheSystemsEntryAndShowsItAgain) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "wayland/WaylandFixture.h"
 #include "x11/X11Fixture.h"
 
 #include "support/FakeWindowServer.h"
@@ -48,6 +49,30 @@ struct FakeKind {
     FakeDesktopSurface *latest = nullptr;
 };
 
+/// On an output of 400 × 300 that tells of no other size.
+struct LayerKind {
+    LayerKind()
+        : compositor({.release = FakeCompositor::Release::whenReplaced}), client(compositor) {}
+
+    std::unique_ptr<DesktopSurface> make(Screen screen) const {
+        screen.persistentID = client.outputs->all().at(0).persistentID;
+        screen.displayID = client.outputs->all().at(0).displayID;
+        return client.server->makeDesktopSurface(screen, false);
+    }
+    bool waitForShown(const QImage &expected) {
+        return waitUntil([&] { return compositor.layer().shown == expected; });
+    }
+    void setFree() { compositor.thread().thaw(); }
+    void keepBusy(DesktopSurface &surface) {
+        surface.show([](QImage &frame) { return QRegion(frame.rect()); });
+        compositor.thread().freeze();
+        surface.show([](QImage &frame) { return QRegion(frame.rect()); });
+    }
+
+    FakeCompositor compositor;
+    WaylandClient client;
+};
+
 template <typename Kind>
 class SurfaceContract : public testing::Test {
 protected:
@@ -64,7 +89,7 @@ protected:
     Kind kind;
 };
 
-using Kinds = testing::Types<X11Kind, FakeKind>;
+using Kinds = testing::Types<X11Kind, LayerKind, FakeKind>;
 TYPED_TEST_SUITE(SurfaceContract, Kinds);
 
 TYPED_TEST(SurfaceContract, hasBlackPixelsOfTheScreensSizeAtFirst) {

@@ -109,10 +109,30 @@ TEST_F(X11ApplicationPolicyTest, activationBringsTheWindowInFrontOfOtherPrograms
     client.activate(other);
     const auto ours = static_cast<xcb_window_t>(window.winId());
     ASSERT_TRUE(waitUntil([&] { return isAbove(other, ours); }));
-    policy.activate();
+    policy.activate(window);
     EXPECT_TRUE(waitUntil([&] { return isAbove(ours, other); }));
     EXPECT_TRUE(waitUntil(
         [&] { return client.numbers(client.root(), "_NET_ACTIVE_WINDOW").value(0) == ours; }));
+    client.destroy(other);
+}
+
+TEST_F(X11ApplicationPolicyTest, activationBringsTheWantedWindowAloneToTheFront) {
+    QRasterWindow wanted;
+    show(wanted);
+    show(window); // made first and shown last: in no order is it the one before
+    QRasterWindow last;
+    show(last);
+    const xcb_window_t other = client.show({.geometry = QRect(0, 0, 900, 700), .name = "Other"});
+    client.activate(other);
+    const auto number = [](const QWindow &one) { return static_cast<xcb_window_t>(one.winId()); };
+    ASSERT_TRUE(waitUntil([&] { return isAbove(other, number(last)); }));
+    policy.activate(wanted);
+    EXPECT_TRUE(waitUntil([&] {
+        return client.numbers(client.root(), "_NET_ACTIVE_WINDOW").value(0) == number(wanted);
+    }));
+    EXPECT_TRUE(waitUntil([&] { return isAbove(number(wanted), other); }));
+    EXPECT_TRUE(isAbove(other, number(last))) << "the others stay where they were";
+    EXPECT_TRUE(isAbove(number(last), number(window)));
     client.destroy(other);
 }
 
@@ -120,7 +140,7 @@ TEST_F(X11ApplicationPolicyTest, activationShowsNoWindowThatIsHidden) {
     show(window);
     window.hide();
     ASSERT_TRUE(waitUntil([this] { return !isOnScreen(window); }));
-    policy.activate();
+    policy.activate(window);
     runLoopFor(std::chrono::milliseconds(200));
     EXPECT_FALSE(isOnScreen(window));
 }

@@ -31,24 +31,29 @@ protected:
                   0);
     }
 
-    /// What the walk through that window tells.
-    QStringList walk(const QString &window) {
+    /// What the walk through that window tells; with "pages" through each of its pages.
+    QStringList walk(const QString &window, const QString &how = {}) {
         EXPECT_GT(session.start({QStringLiteral(ZEPH_WINDOW_SHOW), window}), 0);
-        const QByteArray told = session.run(
-            {u"/bin/sh"_s, u"-c"_s,
-             u"/usr/bin/python3 "_s + QStringLiteral(ZEPH_ACCESSIBILITY_WALK) + u" || true"_s});
+        const QByteArray told = session.run({u"/bin/sh"_s, u"-c"_s,
+                                             u"/usr/bin/python3 %1 %2 || true"_s.arg(
+                                                 QStringLiteral(ZEPH_ACCESSIBILITY_WALK), how)});
         return QString::fromUtf8(told).split(u'\n', Qt::SkipEmptyParts);
     }
 
+    /// The pages that were walked.
+    static QStringList pages(const QStringList &lines) { return linesOf(u"page | "_s, lines); }
     static QStringList faults(const QStringList &lines) { return lines.filter(u"WRONG"_s); }
-    static QStringList stops(const QStringList &lines) {
-        QStringList names;
+    static QStringList stops(const QStringList &lines) { return linesOf(u"tab | "_s, lines); }
+
+    /// What stands behind `mark` at the beginning of a line.
+    static QStringList linesOf(const QString &mark, const QStringList &lines) {
+        QStringList found;
         for (const QString &line : lines) {
-            if (line.startsWith(u"tab | ")) {
-                names << line.mid(6);
+            if (line.startsWith(mark)) {
+                found << line.mid(mark.size());
             }
         }
-        return names;
+        return found;
     }
 
     QTemporaryDir folder;
@@ -97,6 +102,22 @@ TEST_F(AccessibilityWalk, everyControlOfTheSettingsIsNamedAndReached) {
                                     u"push button | Remove | focusable enabled"_s,
                                     u"list item | Sun, 2 of 2 | focusable enabled"_s}));
     EXPECT_GT(stops(told).size(), 15);
+}
+
+TEST_F(AccessibilityWalk, everyPaneIsNamedAndWalkedToItsEnd) {
+    const QStringList told = walk(u"pages"_s, u"pages"_s);
+    EXPECT_EQ(faults(told), QStringList()) << told.join(u'\n').toStdString();
+    EXPECT_THAT(pages(told),
+                ElementsAre(u"general"_s, u"integrations"_s, u"widgets"_s, u"layout"_s,
+                            u"permissions"_s, u"about"_s, u"accounts"_s, u"no accounts"_s,
+                            u"endpoint"_s, u"new endpoint"_s, u"quote"_s));
+}
+
+TEST_F(AccessibilityWalk, theFormOfEveryServiceIsNamedAndWalkedToItsEnd) {
+    const QStringList told = walk(u"forms"_s, u"pages"_s);
+    EXPECT_EQ(faults(told), QStringList()) << told.join(u'\n').toStdString();
+    EXPECT_THAT(pages(told), IsSupersetOf({u"stripe"_s, u"github"_s, u"rss"_s, u"currency"_s}));
+    EXPECT_GE(pages(told).size(), 16);
 }
 
 } // namespace zeph

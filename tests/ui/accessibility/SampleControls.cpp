@@ -48,6 +48,7 @@ ui::Card *rows() {
 
 QWidget *swatches() {
     auto *row = new QWidget;
+    row->setAccessibleName(u"Colors"_s);
     auto *line = new QHBoxLayout(row);
     line->addWidget(new ui::Swatch(u"Midnight"_s, u"#0D0F1F"_s));
     line->addWidget(new ui::Swatch(u"Forest"_s, u"#0A1A14"_s));
@@ -65,6 +66,7 @@ QWidget *buttons() {
 
 ui::Card *lists() {
     auto *card = new ui::Card;
+    card->setAccessibleName(u"Displays"_s);
     card->addRow(new ui::RadioRow(u"All displays"_s, u"2 monitors"_s));
     card->addRow(new ui::RadioRow(u"Left display"_s, u"1920 × 1080"_s));
     card->addRow(new ui::CheckRow(u"Desktop 1"_s, u"current"_s));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Shows one of our windows, named by the argument, until it is ended.
 #include "ui/SettingsFixture.h"
+#include "ui/accessibility/PageShow.h"
 #include "ui/accessibility/SampleControls.h"
 #include "ui/onboarding/OnboardingView.h"
 #include "ui/onboarding/OnboardingWindow.h"
@@ -43,16 +44,36 @@ public:
         return window;
     }
 
+    /// All that there is to set, each part on a page of its own.
+    std::unique_ptr<QWidget> pages(bool ofAccounts) {
+        preferences.setBackgroundMode(BackgroundMode::solid);
+        preferences.setLayoutMode(WidgetLayoutMode::manual);
+        screens.screens.push_back(screen(u"two"_s, 2, 1920, 1200));
+        integrations.loadCustomAPIs();
+        executor.runAll();
+        loop.drain();
+        return show.open(ofAccounts);
+    }
+
     std::unique_ptr<QWidget> window(const QString &name) {
         if (name == u"settings") {
             return settings();
+        }
+        if (name == u"pages" || name == u"forms") {
+            return pages(name == u"forms");
         }
         bool isNumber = false;
         const int step = name.toInt(&isNumber);
         return isNumber ? onboarding(step) : nullptr;
     }
 
-    void turn(double seconds) { loop.advance(seconds); }
+    void turn(double seconds) {
+        executor.runAll();
+        loop.advance(seconds);
+    }
+
+    ui::SettingsContext parts = context();
+    PageShow show{parts, background};
 };
 
 } // namespace

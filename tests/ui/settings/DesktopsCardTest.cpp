@@ -12,12 +12,8 @@ class DesktopsCardTest : public PaneFixture {
 protected:
     DesktopsCardTest() { setDesktops(3); }
 
-    void setDesktops(int count, int current = 1) {
-        virtualDesktops.desktops.clear();
-        for (int number = 1; number <= count; ++number) {
-            virtualDesktops.desktops.push_back({number, {}, number == current});
-        }
-        virtualDesktops.changes.send();
+    void setDesktops(int count, quint64 current = 1) {
+        virtualDesktops.change({display(count, current)});
         settle();
     }
 
@@ -67,6 +63,29 @@ TEST_F(DesktopsCardTest, tellsTheCurrentOneAndFollowsIt) {
     setDesktops(3, 2);
     EXPECT_EQ(desktop(1).detail(), QString());
     EXPECT_EQ(desktop(2).detail(), u"current"_s);
+}
+
+TEST_F(DesktopsCardTest, namesThoseThatHaveANameAndFollowsIt) {
+    open();
+    ManagedDisplay shared = display(3, 1);
+    shared.spaces[0].name = u"Mail"_s;
+    virtualDesktops.change({shared});
+    settle();
+    EXPECT_EQ(desktop(1).detail(), u"Mail · current"_s);
+    shared.spaces[0].name = u"Post"_s;
+    virtualDesktops.change({shared});
+    settle();
+    EXPECT_EQ(desktop(1).detail(), u"Post · current"_s);
+}
+
+TEST_F(DesktopsCardTest, followsThoseThatComeAndGo) {
+    open();
+    setDesktops(4);
+    EXPECT_EQ(named<RadioRow>(u"All desktops"_s).detail(), u"4 desktops"_s);
+    EXPECT_TRUE(desktop(4).isVisible());
+    setDesktops(2);
+    EXPECT_EQ(named<RadioRow>(u"All desktops"_s).detail(), u"2 desktops"_s);
+    EXPECT_FALSE(find<CheckRow>(u"Desktop 3"_s));
 }
 
 TEST_F(DesktopsCardTest, explainsItselfWithOneDesktopOnly) {

@@ -24,6 +24,9 @@ public:
         wanted = isWanted;
         answer = std::move(done);
     }
+    void renew(std::function<void(const std::optional<QString> &error)> done) override {
+        done(std::nullopt);
+    }
 
     void take() {
         enabled = *wanted;

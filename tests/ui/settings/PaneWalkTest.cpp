@@ -23,7 +23,7 @@ protected:
     PaneWalkTest() {
         fillMorning();
         preferences.setLayoutMode(WidgetLayoutMode::manual);
-        virtualDesktops.desktops = {{1, {}, true}, {2, {}, false}};
+        virtualDesktops.displays = {display(2, 1)};
     }
 
     /// The parts of the pane that the Tab key came to, in order, until it came round.
@@ -128,14 +128,13 @@ TEST_F(PaneWalkTest, general) {
 TEST_F(PaneWalkTest, generalWithRowsThatComeLater) {
     preferences.setBackgroundMode(BackgroundMode::solid);
     preferences.setCountdowns({});
-    virtualDesktops.desktops = {{1, {}, true}};
+    virtualDesktops.displays = {display(1, 1)};
     auto *pane = new GeneralPane(paneContext(), u"~/Desktop"_s, background);
     show(new PaneScroll(pane));
     preferences.setCountdowns({{QUuid::createUuid(), u"Trip"_s, at(0, 0, 0, 6, 1)},
                                {QUuid::createUuid(), u"Rent"_s, at(0, 0, 0, 6, 2)}});
     preferences.setDesktopSelection(SomeDesktops{{1}});
-    virtualDesktops.desktops = {{1, {}, true}, {2, {}, false}, {3, {}, false}};
-    virtualDesktops.changes.send();
+    virtualDesktops.change({display(3, 1)});
     preferences.setDisplaySelection(OneScreen{u"two"_s});
     screens.change({screen(u"one"_s, 1, 1920, 1080), screen(u"two"_s, 2, 1920, 1080)});
     settle();

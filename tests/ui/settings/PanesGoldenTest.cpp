@@ -29,7 +29,7 @@ protected:
         Screen builtIn = screen(u"builtIn"_s, 2, 1920, 1200);
         builtIn.name = u"Built-in display"_s;
         screens.screens = {harbor, builtIn};
-        virtualDesktops.desktops = {{1, {}, true}, {2, {}, false}, {3, {}, false}, {4, {}, false}};
+        virtualDesktops.displays = {display(4, 1)};
         preferences.setDesktopSelection(SomeDesktops{{1, 2}});
     }
 

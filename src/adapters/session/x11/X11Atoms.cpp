@@ -12,10 +12,12 @@ namespace zeph {
 namespace {
 
 constexpr std::array<std::string_view, static_cast<std::size_t>(X11Atom::count)> kNames{
+    "CAJA_DESKTOP_WINDOW_ID",
     "EDID",
     "UTF8_STRING",
     "WM_CLIENT_MACHINE",
     "WM_STATE",
+    "XFCE_DESKTOP_WINDOW",
     "_MOTIF_WM_HINTS",
     "_GTK_APPLICATION_ID",
     "_KDE_NET_WM_DESKTOP_FILE",
@@ -26,6 +28,7 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(X11Atom::count)>
     "_NET_DESKTOP_NAMES",
     "_NET_NUMBER_OF_DESKTOPS",
     "_NET_RESTACK_WINDOW",
+    "_NET_SUPPORTED",
     "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_DESKTOP",
     "_NET_WM_NAME",
@@ -44,6 +47,7 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(X11Atom::count)>
     "_NET_WM_WINDOW_TYPE_DESKTOP",
     "_NET_WM_WINDOW_TYPE_DOCK",
     "_NET_WORKAREA",
+    "_XROOTPMAP_ID",
 };
 
 } // namespace

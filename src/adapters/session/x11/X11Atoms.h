@@ -10,10 +10,12 @@ namespace zeph {
 
 /// The names that this program uses, spelt out in X11Atoms.cpp in the same order.
 enum class X11Atom : std::size_t {
+    cajaDesktopWindow,
     edid,
     utf8String,
     wmClientMachine,
     wmState,
+    xfceDesktopWindow,
     motifWmHints,
     gtkApplicationId,
     kdeDesktopFile,
@@ -24,6 +26,7 @@ enum class X11Atom : std::size_t {
     netDesktopNames,
     netNumberOfDesktops,
     netRestackWindow,
+    netSupported,
     netSupportingWmCheck,
     netWmDesktop,
     netWmName,
@@ -42,6 +45,7 @@ enum class X11Atom : std::size_t {
     netWmWindowTypeDesktop,
     netWmWindowTypeDock,
     netWorkarea,
+    rootPixmap,
     count,
 };
 

@@ -14,6 +14,9 @@ public:
 
     bool isRunning() const { return m_isRunning; }
 
+    /// The window by which it tells so; XCB_WINDOW_NONE where none runs.
+    xcb_window_t owner() const { return m_selection.owner(); }
+
     /// Calls `handler` whenever `isRunning` changed.
     [[nodiscard]] Subscription subscribe(std::function<void()> handler);
 

@@ -6,6 +6,7 @@
 #include <QAbstractEventDispatcher>
 
 #include <sys/socket.h>
+#include <xcb/damage.h>
 #include <xcb/randr.h>
 #include <xcb/record.h>
 #include <xcb/screensaver.h>
@@ -44,6 +45,8 @@ xcb_extension_t *handleOf(X11Extension extension) {
         return &xcb_randr_id;
     case X11Extension::sync:
         return &xcb_sync_id;
+    case X11Extension::damage:
+        return &xcb_damage_id;
     }
     return nullptr;
 }
@@ -68,9 +71,10 @@ std::unique_ptr<X11Connection> X11Connection::open(const QByteArray &display) {
     if (!screen) {
         return nullptr;
     }
-    for (const auto extension : {X11Extension::shm, X11Extension::shape, X11Extension::xfixes,
-                                 X11Extension::input, X11Extension::screensaver,
-                                 X11Extension::record, X11Extension::randr, X11Extension::sync}) {
+    for (const auto extension :
+         {X11Extension::shm, X11Extension::shape, X11Extension::xfixes, X11Extension::input,
+          X11Extension::screensaver, X11Extension::record, X11Extension::randr, X11Extension::sync,
+          X11Extension::damage}) {
         xcb_prefetch_extension_data(connection.get(), handleOf(extension));
     }
     return std::unique_ptr<X11Connection>(
@@ -104,6 +108,14 @@ xcb_atom_t X11Connection::intern(const QByteArray &name) const {
 const xcb_query_extension_reply_t *X11Connection::extension(X11Extension extension) const {
     const auto *data = xcb_get_extension_data(xcb(), handleOf(extension));
     return data && data->present != 0 ? data : nullptr;
+}
+
+std::uint32_t X11Connection::clientOf(std::uint32_t resource) const {
+    return resource & ~xcb_get_setup(xcb())->resource_id_mask;
+}
+
+bool X11Connection::isOwn(std::uint32_t resource) const {
+    return clientOf(resource) == clientOf(xcb_get_setup(xcb())->resource_id_base);
 }
 
 void X11Connection::selectOnRoot(std::uint32_t eventMask) {

@@ -21,7 +21,7 @@ namespace zeph {
 class X11EventListener;
 
 /// The extensions that this program knows.
-enum class X11Extension { shm, shape, xfixes, input, screensaver, record, randr, sync };
+enum class X11Extension { shm, shape, xfixes, input, screensaver, record, randr, sync, damage };
 
 /// A connection to the X server beside the toolkit's, driven by the main thread's event loop.
 /// Nothing is ever polled: the socket wakes the loop. Errors of requests without a reply are
@@ -50,6 +50,12 @@ public:
 
     /// What the server says of the extension; null when it lacks it.
     const xcb_query_extension_reply_t *extension(X11Extension extension) const;
+
+    /// The client that made a window or pixmap, as a number that is the same for all of its own.
+    std::uint32_t clientOf(std::uint32_t resource) const;
+
+    /// Whether this connection made it.
+    bool isOwn(std::uint32_t resource) const;
 
     /// Asks for events of the root window beside those asked for by others here.
     void selectOnRoot(std::uint32_t eventMask);

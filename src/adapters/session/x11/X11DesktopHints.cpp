@@ -139,6 +139,11 @@ void askToRaise(X11Connection &connection, xcb_window_t window) {
                {kFromPager, XCB_WINDOW_NONE, XCB_STACK_MODE_ABOVE, 0, 0});
 }
 
+void lower(X11Connection &connection, xcb_window_t window) {
+    const std::uint32_t below = XCB_STACK_MODE_BELOW;
+    xcb_configure_window(connection.xcb(), window, XCB_CONFIG_WINDOW_STACK_MODE, &below);
+}
+
 void withdraw(X11Connection &connection, xcb_window_t window) {
     xcb_unmap_window(connection.xcb(), window);
     union {

@@ -32,6 +32,9 @@ void refuseInput(X11Connection &connection, xcb_window_t window);
 /// Asks the window manager to put the window above its peers.
 void askToRaise(X11Connection &connection, xcb_window_t window);
 
+/// Puts the window beneath its peers, by the window manager where it knows the window.
+void lower(X11Connection &connection, xcb_window_t window);
+
 /// Takes a window off the screen as window managers expect to be told of it.
 void withdraw(X11Connection &connection, xcb_window_t window);
 

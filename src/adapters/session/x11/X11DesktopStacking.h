@@ -1,43 +1,53 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adapters/session/x11/X11EventListener.h"
+#include "adapters/session/x11/InsistenceLimit.h"
+#include "base/ChangePublisher.h"
 
-#include <QTimer>
+#include <xcb/xproto.h>
 
 #include <map>
 #include <vector>
 
 namespace zeph {
 
-/// Keeps our desktop windows above those of other programs: a click on a desktop with icons
-/// raises it over ours in most window managers, and our pixels would be gone.
-class X11DesktopStacking : private X11EventListener {
-public:
-    explicit X11DesktopStacking(X11Connection &connection);
+class X11Connection;
+class X11DesktopWindows;
+class X11WindowManager;
 
-    void add(xcb_window_t window);
+/// Where one of our windows lies among those of the desktop type.
+enum class DesktopPlace {
+    aboveDesktops,  ///< a click on a desktop with icons raises it in most window managers
+    belowDesktops,  ///< so that a transparent desktop with icons lies over ours
+    beneathManaged, ///< by ourselves, since the window manager doesn't know our window
+};
+
+/// Keeps our desktop windows in their place among those of other programs.
+class X11DesktopStacking {
+public:
+    /// The others outlive it.
+    X11DesktopStacking(X11Connection &connection, X11DesktopWindows &windows,
+                       const X11WindowManager &manager);
+
+    void add(xcb_window_t window, DesktopPlace place);
     void remove(xcb_window_t window);
 
-    /// Whether a window manager runs; one or two round trips.
+    /// Whether a window manager runs that knows of layers.
     bool hasWindowManager() const;
 
 private:
-    void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
-    void readOrder();
-    void takeOrder(std::vector<xcb_window_t> order);
-    void readTypes(const std::vector<xcb_window_t> &windows);
     void restack();
+    void keepAbove(xcb_window_t window, const std::vector<xcb_window_t> &others);
+    void keepBelow(xcb_window_t window, const std::vector<xcb_window_t> &others);
+    std::vector<xcb_window_t> desktopsOfOthers() const;
     bool mayRestack();
-    int mostInBurst() const;
-    void endBurst();
-    bool isOurs(xcb_window_t window) const;
 
-    std::vector<xcb_window_t> m_ours;
-    std::vector<xcb_window_t> m_order;        // bottom to top
-    std::map<xcb_window_t, bool> m_isDesktop; // of the windows in `m_order`
-    QTimer m_burst;                           // runs from the first restack to the end of the burst
-    int m_inBurst = 0;
+    X11Connection &m_connection;
+    X11DesktopWindows &m_windows;
+    const X11WindowManager &m_manager;
+    std::map<xcb_window_t, DesktopPlace> m_ours;
+    InsistenceLimit m_limit;
+    Subscription m_notices;
 };
 
 } // namespace zeph

@@ -26,6 +26,8 @@ constexpr int kMapTries = 20;
 // may hold the windows of others too.
 constexpr int kMostFrames = 2;
 
+constexpr int kPlacementsPerBurst = 5;
+
 // The server refuses windows without area.
 QRect usable(const QRect &frame) {
     return {frame.topLeft(), frame.size().expandedTo(QSize(1, 1))};
@@ -39,16 +41,19 @@ std::uint32_t word(int value) {
 } // namespace
 
 X11DesktopSurface::X11DesktopSurface(X11Connection &connection, X11DesktopStacking &stacking,
-                                     const X11Visual &visual, const Screen &screen)
+                                     DesktopPlace place, const X11Visual &visual,
+                                     const Screen &screen)
     : X11EventListener(connection),
       m_stacking(stacking),
+      m_place(place),
       m_visual(visual),
       m_geometry(usable(screen.deviceFrame)),
       m_colormap(xcb_generate_id(connection.xcb())),
       m_canvas{xcb_generate_id(connection.xcb()), xcb_generate_id(connection.xcb()), visual.depth},
-      m_frame(std::in_place, connection, m_geometry.size(), format()) {
+      m_frame(std::in_place, connection, m_geometry.size(), format()),
+      m_placements([this] { notePlace(); }) {
     createWindow();
-    m_stacking.add(m_canvas.window);
+    m_stacking.add(m_canvas.window, m_place);
     m_mapWatch.setInterval(kMapPatienceMilliseconds);
     QObject::connect(&m_mapWatch, &QTimer::timeout, &m_mapWatch, [this] { map(); });
 }
@@ -65,18 +70,19 @@ void X11DesktopSurface::createWindow() {
     xcb_connection_t *xcb = connection().xcb();
     xcb_create_colormap(xcb, XCB_COLORMAP_ALLOC_NONE, m_colormap, connection().root(),
                         m_visual.number);
-    const std::array values{kBackground, kBackground,
-                            static_cast<std::uint32_t>(XCB_EVENT_MASK_EXPOSURE |
-                                                       XCB_EVENT_MASK_STRUCTURE_NOTIFY |
-                                                       XCB_EVENT_MASK_PROPERTY_CHANGE),
-                            m_colormap};
+    const std::array values{
+        kBackground, kBackground, std::uint32_t{m_place == DesktopPlace::beneathManaged ? 1U : 0U},
+        static_cast<std::uint32_t>(XCB_EVENT_MASK_EXPOSURE | XCB_EVENT_MASK_STRUCTURE_NOTIFY |
+                                   XCB_EVENT_MASK_PROPERTY_CHANGE),
+        m_colormap};
     xcb_create_window(xcb, m_visual.depth, m_canvas.window, connection().root(),
                       static_cast<std::int16_t>(m_geometry.x()),
                       static_cast<std::int16_t>(m_geometry.y()),
                       static_cast<std::uint16_t>(m_geometry.width()),
                       static_cast<std::uint16_t>(m_geometry.height()), 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, m_visual.number,
-                      XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_EVENT_MASK | XCB_CW_COLORMAP,
+                      XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT |
+                          XCB_CW_EVENT_MASK | XCB_CW_COLORMAP,
                       values.data());
     // Without this every put would be answered by an event that wakes us up.
     const std::uint32_t exposures = 0;
@@ -106,13 +112,17 @@ void X11DesktopSurface::setScreen(const Screen &screen) {
         m_exposed = {};
     }
     writeGeometryHints(connection(), m_canvas.window, next);
-    const std::array values{word(next.x()), word(next.y()), word(next.width()),
-                            word(next.height())};
+    place();
+    xcb_flush(connection().xcb());
+}
+
+void X11DesktopSurface::place() {
+    const std::array values{word(m_geometry.x()), word(m_geometry.y()), word(m_geometry.width()),
+                            word(m_geometry.height())};
     xcb_configure_window(connection().xcb(), m_canvas.window,
                          XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
                              XCB_CONFIG_WINDOW_HEIGHT,
                          values.data());
-    xcb_flush(connection().xcb());
 }
 
 QRegion X11DesktopSurface::show(FramePainter paint) {
@@ -147,17 +157,12 @@ void X11DesktopSurface::map() {
     }
     writeDesktopState(connection(), m_canvas.window);
     refuseInput(connection(), m_canvas.window);
-    if (!m_stacking.hasWindowManager()) {
-        // Nobody knows of layers then, and a new window would cover all others.
-        lower();
+    if (m_place != DesktopPlace::aboveDesktops || !m_stacking.hasWindowManager()) {
+        // Where nobody knows of layers a new window would cover all others.
+        lower(connection(), m_canvas.window);
     }
     xcb_map_window(connection().xcb(), m_canvas.window);
     xcb_flush(connection().xcb());
-}
-
-void X11DesktopSurface::lower() {
-    const std::uint32_t below = XCB_STACK_MODE_BELOW;
-    xcb_configure_window(connection().xcb(), m_canvas.window, XCB_CONFIG_WINDOW_STACK_MODE, &below);
 }
 
 void X11DesktopSurface::orderOut() {
@@ -181,6 +186,11 @@ void X11DesktopSurface::handleEvent(std::uint8_t kind, const xcb_generic_event_t
             refuseInput(connection(), m_canvas.window);
             refuseInputInFrames(m_canvas.window, kMostFrames);
             askForDesktopState(connection(), m_canvas.window);
+        }
+        break;
+    case XCB_CONFIGURE_NOTIFY:
+        if (eventAs<xcb_configure_notify_event_t>(event).window == m_canvas.window) {
+            notePlace();
         }
         break;
     case XCB_REPARENT_NOTIFY:
@@ -213,8 +223,25 @@ void X11DesktopSurface::noteParent(xcb_window_t parent) {
         refuseInputInFrames(parent, kMostFrames - 1);
     } else if (m_isVisible) {
         // The window manager has gone, and what it held is put on top of all.
-        lower();
+        lower(connection(), m_canvas.window);
     }
+}
+
+/// Some window managers let people and programs move and resize even a desktop, and keep it so.
+void X11DesktopSurface::notePlace() {
+    const unsigned corner =
+        xcb_translate_coordinates(connection().xcb(), m_canvas.window, connection().root(), 0, 0)
+            .sequence;
+    const unsigned size = xcb_get_geometry(connection().xcb(), m_canvas.window).sequence;
+    connection().whenReplied(*this, {corner, size}, [this](const X11Connection::Replies &replies) {
+        const auto *at = static_cast<const xcb_translate_coordinates_reply_t *>(replies[0].get());
+        const auto *extent = static_cast<const xcb_get_geometry_reply_t *>(replies[1].get());
+        if (at && extent &&
+            QRect(at->dst_x, at->dst_y, extent->width, extent->height) != m_geometry &&
+            m_placements.allows(kPlacementsPerBurst)) {
+            place();
+        }
+    });
 }
 
 /// Takes the input from what holds `window`, up to so many levels; the root is none.

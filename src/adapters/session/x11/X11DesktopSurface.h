@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/session/x11/InsistenceLimit.h"
 #include "adapters/session/x11/X11EventListener.h"
 #include "adapters/session/x11/X11FrameBuffer.h"
 #include "adapters/session/x11/X11Visual.h"
@@ -13,12 +14,13 @@
 namespace zeph {
 
 class X11DesktopStacking;
+enum class DesktopPlace;
 
 /// A desktop-type window of our own.
 class X11DesktopSurface : public DesktopSurface, private X11EventListener {
 public:
     /// Transparent when `visual` has alpha. `stacking` outlives the surface.
-    X11DesktopSurface(X11Connection &connection, X11DesktopStacking &stacking,
+    X11DesktopSurface(X11Connection &connection, X11DesktopStacking &stacking, DesktopPlace place,
                       const X11Visual &visual, const Screen &screen);
     ~X11DesktopSurface() override;
 
@@ -36,15 +38,17 @@ private:
     bool hasAlpha() const { return m_visual.depth == 32; }
     void createWindow();
     void map();
-    void lower();
     void put(const QRegion &region);
     void noteExposure(const xcb_expose_event_t &expose);
     void noteParent(xcb_window_t parent);
     void noteState();
+    void notePlace();
+    void place();
     void refuseInputInFrames(xcb_window_t window, int levels);
     QImage::Format format() const;
 
     X11DesktopStacking &m_stacking;
+    DesktopPlace m_place;
     X11Visual m_visual;
     QRect m_geometry; // in device pixels of the root
     xcb_colormap_t m_colormap;
@@ -55,6 +59,7 @@ private:
     bool m_isVisible = false;
     QTimer m_mapWatch; // runs from the first request to map until the window is on the screen
     int m_mapTries = 0;
+    InsistenceLimit m_placements;
 };
 
 } // namespace zeph

@@ -86,11 +86,12 @@ bool X11FrameBuffer::becomesFreeBy(std::uint8_t kind, const xcb_generic_event_t 
 }
 
 void X11FrameBuffer::putShared(const X11Canvas &canvas, const QRect &rect, bool isLast) {
-    xcb_shm_put_image(m_connection.xcb(), canvas.window, canvas.context, length(m_image.width()),
-                      length(m_image.height()), length(rect.x()), length(rect.y()),
-                      length(rect.width()), length(rect.height()), position(rect.x()),
-                      position(rect.y()), canvas.depth, XCB_IMAGE_FORMAT_Z_PIXMAP, isLast ? 1 : 0,
-                      m_segment->number(), 0);
+    xcb_shm_put_image(
+        m_connection.xcb(), canvas.window, canvas.context, length(m_image.width()),
+        length(m_image.height()), length(rect.x()), length(rect.y()), length(rect.width()),
+        length(rect.height()), position(canvas.origin.x() + rect.x()),
+        position(canvas.origin.y() + rect.y()), canvas.depth, XCB_IMAGE_FORMAT_Z_PIXMAP,
+        isLast && !canvas.canVanish ? 1 : 0, m_segment->number(), 0);
     m_putsBeingRead += isLast ? 1 : 0; // it reads them in order
 }
 
@@ -110,10 +111,11 @@ void X11FrameBuffer::sendPixels(const X11Canvas &canvas, const QRect &rect) {
                             kBytesPerPixel * static_cast<std::size_t>(rect.x()),
                         row);
         }
-        xcb_put_image(
-            m_connection.xcb(), XCB_IMAGE_FORMAT_Z_PIXMAP, canvas.window, canvas.context,
-            length(rect.width()), length(rows), position(rect.x()), position(top), 0, canvas.depth,
-            static_cast<std::uint32_t>(row * static_cast<std::size_t>(rows)), packed.data());
+        xcb_put_image(m_connection.xcb(), XCB_IMAGE_FORMAT_Z_PIXMAP, canvas.window, canvas.context,
+                      length(rect.width()), length(rows), position(canvas.origin.x() + rect.x()),
+                      position(canvas.origin.y() + top), 0, canvas.depth,
+                      static_cast<std::uint32_t>(row * static_cast<std::size_t>(rows)),
+                      packed.data());
     }
 }
 

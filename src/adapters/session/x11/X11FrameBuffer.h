@@ -4,6 +4,8 @@
 #include "adapters/session/x11/X11SharedSegment.h"
 #include "ports/DesktopSurface.h"
 
+#include <QPoint>
+
 #include <cstdint>
 #include <optional>
 
@@ -11,9 +13,14 @@ namespace zeph {
 
 /// Where the pixels of a `X11FrameBuffer` go.
 struct X11Canvas {
-    xcb_window_t window = 0;
+    xcb_drawable_t window = 0;
     xcb_gcontext_t context = 0;
     std::uint8_t depth = 24;
+    QPoint origin = {}; ///< of the buffer in it
+
+    /// Another client's, which may be gone by the time the pixels arrive. The server does not tell
+    /// then that it has read them: `pixelsWereRead` has to be called.
+    bool canVanish = false;
 };
 
 /// The pixels of one surface, black at first. Many at once go through memory shared with the
@@ -35,6 +42,9 @@ public:
 
     /// To be told each event; true for the one that makes the buffer free.
     bool becomesFreeBy(std::uint8_t kind, const xcb_generic_event_t &event);
+
+    /// To be called when the server has worked off all that was put.
+    void pixelsWereRead() { m_putsBeingRead = 0; }
 
     bool isShared() const { return m_segment.has_value(); }
     QSize size() const { return m_image.size(); }

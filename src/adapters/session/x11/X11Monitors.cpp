@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11Monitors.h"
 
-#include "adapters/session/x11/Edid.h"
+#include "adapters/session/identity/Edid.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11Properties.h"
 

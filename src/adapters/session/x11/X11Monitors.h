@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adapters/session/x11/ScreenIdentity.h"
+#include "adapters/session/identity/ScreenIdentity.h"
 #include "adapters/session/x11/X11EventListener.h"
 #include "adapters/session/x11/X11Reply.h"
 

@@ -12,7 +12,7 @@ OpenedSession X11Session::open(const Surroundings &surroundings, const QByteArra
     if (!connection) {
         return {nullptr, u"there is no X display to draw on"_s};
     }
-    auto windowServer = X11WindowServer::create(*connection);
+    auto windowServer = X11WindowServer::create(*connection, offerOfEnvironment());
     if (!windowServer) {
         return {nullptr, u"the X server keeps pixels in no form that can be painted"_s};
     }
@@ -29,6 +29,8 @@ X11Session::X11Session(std::unique_ptr<X11Connection> connection,
       m_screens(*m_connection),
       m_workspace(*m_connection, surroundings.entries),
       m_inputEvents(*m_connection, m_screens, surroundings.inputConsent),
-      m_virtualDesktops(*m_connection) {}
+      m_virtualDesktops(*m_connection) {
+    m_windowServer->settle();
+}
 
 } // namespace zeph

@@ -7,6 +7,8 @@
 #include <optional>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace zeph {
 
 namespace {
@@ -66,19 +68,27 @@ void X11VirtualDesktops::read() {
 void X11VirtualDesktops::take(const X11Connection::Replies &replies) {
     m_isReading = false;
     const std::uint32_t count = std::min(numberIn(replies[0]).value_or(0), kMostDesktops);
-    const auto current = numberIn(replies[1]);
+    // One manager writes the current one no earlier than at the first switch.
+    const std::uint32_t current = numberIn(replies[1]).value_or(0);
     // There may be more or fewer names than workspaces.
     const auto names = bytesIn(propertyIn(replies[2])).split('\0');
-    std::vector<VirtualDesktop> all;
-    for (std::uint32_t index = 0; index < count; ++index) {
-        all.push_back({.number = static_cast<int>(index) + 1,
-                       .name = QString::fromUtf8(names.value(static_cast<qsizetype>(index))),
-                       .isCurrent = current == index});
+    std::vector<ManagedDisplay> displays;
+    if (count > 0) {
+        ManagedDisplay &all = displays.emplace_back();
+        all.identifier = u"all displays"_s;
+        for (std::uint32_t index = 0; index < count; ++index) {
+            all.spaces.push_back(
+                {.id = index,
+                 .name = QString::fromUtf8(names.value(static_cast<qsizetype>(index)))});
+        }
+        if (current < count) {
+            all.currentSpace = current;
+        }
     }
     if (std::exchange(m_readsAgain, false)) {
         read();
     }
-    if (std::exchange(m_all, all) != all) {
+    if (std::exchange(m_displays, displays) != displays) {
         m_changes.send();
     }
 }

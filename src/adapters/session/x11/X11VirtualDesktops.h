@@ -7,13 +7,13 @@
 
 namespace zeph {
 
-/// The workspaces as the window manager tells of them, followed by notices. None are known before
-/// the X server's first answer, which nothing waits for.
+/// The workspaces as the window manager tells of them, the same for all displays, followed by
+/// notices. None are known before the X server's first answer, which nothing waits for.
 class X11VirtualDesktops : public VirtualDesktops, private X11EventListener {
 public:
     explicit X11VirtualDesktops(X11Connection &connection);
 
-    std::vector<VirtualDesktop> all() const override { return m_all; }
+    std::vector<ManagedDisplay> managedDisplays() const override { return m_displays; }
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) override;
 
 private:
@@ -21,7 +21,7 @@ private:
     void read();
     void take(const X11Connection::Replies &replies);
 
-    std::vector<VirtualDesktop> m_all;
+    std::vector<ManagedDisplay> m_displays; // one, or none
     bool m_isReading = false;
     bool m_readsAgain = false;
     ChangePublisher m_changes;

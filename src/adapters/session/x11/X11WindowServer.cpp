@@ -15,25 +15,59 @@ constexpr std::uint8_t kWithAlpha = 32;
 
 } // namespace
 
-std::unique_ptr<X11WindowServer> X11WindowServer::create(X11Connection &connection) {
+std::unique_ptr<X11WindowServer> X11WindowServer::create(X11Connection &connection,
+                                                         const SessionOffer &known) {
     const auto opaque = findVisual(connection, kOpaque);
-    return opaque ? std::unique_ptr<X11WindowServer>(new X11WindowServer(connection, *opaque))
-                  : nullptr;
+    return opaque
+               ? std::unique_ptr<X11WindowServer>(new X11WindowServer(connection, *opaque, known))
+               : nullptr;
 }
 
-X11WindowServer::X11WindowServer(X11Connection &connection, const X11Visual &opaque)
+X11WindowServer::X11WindowServer(X11Connection &connection, const X11Visual &opaque,
+                                 const SessionOffer &known)
     : m_connection(connection),
       m_opaque(opaque),
       m_withAlpha(findVisual(connection, kWithAlpha)),
+      m_manager(connection),
+      m_windows(connection),
+      m_program(connection, m_windows),
       m_compositor(connection),
-      m_stacking(connection) {}
+      m_way(known, {connection, m_compositor, m_manager, m_program}),
+      m_stacking(connection, m_windows, m_manager) {}
+
+void X11WindowServer::settle() {
+    if (!m_way.isChosen()) {
+        m_connection.waitForReplies();
+        m_way.choose();
+    }
+}
 
 std::unique_ptr<DesktopSurface> X11WindowServer::makeDesktopSurface(const Screen &screen,
                                                                     bool wantsTransparency) {
+    settle();
     // Without a compositor alpha is ignored, and every other surface is cheaper opaque.
     const bool isTransparent = wantsTransparency && m_withAlpha && m_compositor.isRunning();
-    return std::make_unique<X11DesktopSurface>(m_connection, m_stacking,
+    return std::make_unique<X11DesktopSurface>(m_connection, m_stacking, place(),
                                                isTransparent ? *m_withAlpha : m_opaque, screen);
+}
+
+DesktopPlace X11WindowServer::place() const {
+    switch (m_way.now().mechanism) {
+    case DrawingMechanism::underDesktopProgram:
+        return DesktopPlace::belowDesktops;
+    case DrawingMechanism::loweredOverride:
+        return DesktopPlace::beneathManaged;
+    case DrawingMechanism::desktopWindow:
+    case DrawingMechanism::rootPixmap:
+    case DrawingMechanism::layerSurface:
+    case DrawingMechanism::plasmaPictures:
+        break;
+    }
+    return DesktopPlace::aboveDesktops;
+}
+
+Subscription X11WindowServer::subscribeToDrawingWay(std::function<void()> handler) {
+    return m_way.subscribe(std::move(handler));
 }
 
 Subscription X11WindowServer::subscribeToCompositing(std::function<void()> handler) {

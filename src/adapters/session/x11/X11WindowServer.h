@@ -2,32 +2,50 @@
 #pragma once
 
 #include "adapters/session/x11/X11Compositor.h"
+#include "adapters/session/x11/X11DesktopProgram.h"
 #include "adapters/session/x11/X11DesktopStacking.h"
+#include "adapters/session/x11/X11DesktopWindows.h"
+#include "adapters/session/x11/X11DrawingWay.h"
 #include "adapters/session/x11/X11Visual.h"
+#include "adapters/session/x11/X11WindowManager.h"
 #include "ports/WindowServer.h"
 
 namespace zeph {
 
 class X11Connection;
 
-/// Desktop-type windows of an X server. Outlives its surfaces.
+/// Surfaces of an X server, by whatever way suits its desktop. Outlives its surfaces.
 class X11WindowServer : public WindowServer {
 public:
-    /// Null when the server stores pixels in no form that we can paint.
-    static std::unique_ptr<X11WindowServer> create(X11Connection &connection);
+    /// Null when the server stores pixels in no form that we can paint. `known` is what the server
+    /// can't tell of the session.
+    static std::unique_ptr<X11WindowServer> create(X11Connection &connection,
+                                                   const SessionOffer &known = {});
+
+    /// Has the way of drawing chosen by now, waiting for what the server was asked at the start.
+    /// Costs no round trip where others have waited for replies since.
+    void settle();
 
     std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,
                                                        bool wantsTransparency) override;
+    DrawingWay drawingWay() const override { return m_way.now(); }
+    Subscription subscribeToDrawingWay(std::function<void()> handler) override;
     Subscription subscribeToCompositing(std::function<void()> handler) override;
     Subscription subscribeToLoss(std::function<void()> handler) override;
 
 private:
-    X11WindowServer(X11Connection &connection, const X11Visual &opaque);
+    X11WindowServer(X11Connection &connection, const X11Visual &opaque, const SessionOffer &known);
+    DesktopPlace place() const;
 
     X11Connection &m_connection;
     X11Visual m_opaque;
     std::optional<X11Visual> m_withAlpha;
+    // These ask without waiting, and so go before the first that waits.
+    X11WindowManager m_manager;
+    X11DesktopWindows m_windows;
+    X11DesktopProgram m_program;
     X11Compositor m_compositor;
+    X11DrawingWay m_way;
     X11DesktopStacking m_stacking;
 };
 

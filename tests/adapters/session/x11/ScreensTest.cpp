@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11Screens.h"
 
-#include "EdidBlock.h"
 #include "X11Fixture.h"
+#include "adapters/session/identity/EdidBlock.h"
 
 #include <xcb/randr.h>
 

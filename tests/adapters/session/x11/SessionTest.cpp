@@ -43,7 +43,7 @@ TEST_F(SessionTest, offersEverythingOfOneDisplay) {
     EXPECT_EQ(opened.refusal, QString());
     EXPECT_EQ(opened.session->screens().all().size(), 1U);
     EXPECT_EQ(opened.session->workspace().frontmostApplication(), std::nullopt);
-    EXPECT_TRUE(opened.session->virtualDesktops().all().empty());
+    EXPECT_TRUE(opened.session->virtualDesktops().managedDisplays().empty());
     EXPECT_FALSE(opened.session->inputEvents().isTrusted());
     consents.input.set(ConsentState::granted);
     EXPECT_TRUE(opened.session->inputEvents().isTrusted());

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/wayland/WaylandFrames.h"
+
+#include <utility>
+
+namespace zeph {
+
+namespace {
+
+// A compositor that copies pixels does so by the next refresh of the display.
+constexpr std::chrono::milliseconds kPatience{100};
+
+// Faster than this a second buffer costs less than a new one for each frame.
+constexpr std::chrono::milliseconds kBurst{1000};
+
+// Of earlier sizes. More pile up only where the compositor never tells that it has read them.
+constexpr std::size_t kMostRetired = 2;
+
+} // namespace
+
+WaylandFrames::WaylandFrames(wl_shm &memory, QSize size, QImage::Format format, SteadyNow now,
+                             std::function<void()> becameFree)
+    : m_memory(memory),
+      m_size(size),
+      m_format(format),
+      m_now(std::move(now)),
+      m_becameFree(std::move(becameFree)),
+      m_front(makeBlack()) {
+    m_patience.setSingleShot(true);
+    m_patience.setInterval(kPatience);
+    QObject::connect(&m_patience, &QTimer::timeout, &m_patience, [this] {
+        m_keepsShown = true;
+        if (std::exchange(m_isAwaited, false)) {
+            m_becameFree();
+        }
+    });
+}
+
+std::unique_ptr<WaylandPixels> WaylandFrames::makeBlack() {
+    auto pixels = WaylandPixels::create(m_memory, m_size, m_format, [this] { noteReleased(); });
+    if (pixels && m_format != QImage::Format_RGB32) { // where zero is nothing at all
+        pixels->paint([](QImage &image) {
+            image.fill(Qt::black);
+            return QRegion();
+        });
+    }
+    return pixels;
+}
+
+void WaylandFrames::resize(QSize size) {
+    for (auto *pixels : {&m_front, &m_spare}) {
+        if (*pixels && (*pixels)->isHeld()) {
+            m_retired.push_back(std::move(*pixels));
+        }
+        pixels->reset();
+    }
+    if (m_retired.size() > kMostRetired) {
+        m_retired.erase(m_retired.begin(), m_retired.end() - kMostRetired);
+    }
+    m_patience.stop();
+    m_isAwaited = false;
+    m_isShown = false;
+    m_isBurst = false;
+    m_missedBySpare = {};
+    m_size = size;
+    m_front = makeBlack();
+}
+
+bool WaylandFrames::canPaint() const {
+    return !m_front || !m_front->isHeld() || (m_spare ? !m_spare->isHeld() : m_keepsShown);
+}
+
+bool WaylandFrames::makeFree() {
+    m_isAwaited = !canPaint();
+    if (m_isAwaited && !m_spare && !m_patience.isActive()) {
+        m_patience.start();
+    }
+    return !m_isAwaited;
+}
+
+QRegion WaylandFrames::paint(const FramePainter &painter) {
+    if (!m_front || !canPaint()) {
+        return {};
+    }
+    if (!m_front->isHeld()) {
+        return paintInFront(painter);
+    }
+    if (!m_spare) {
+        return paintNext(painter);
+    }
+    m_spare->copy(*m_front, std::exchange(m_missedBySpare, {}));
+    std::swap(m_front, m_spare);
+    m_isShown = false;
+    return paintInFront(painter);
+}
+
+QRegion WaylandFrames::paintInFront(const FramePainter &painter) {
+    QRegion painted = m_front->paint(painter);
+    if (m_spare) {
+        m_missedBySpare += painted;
+    }
+    return painted;
+}
+
+QRegion WaylandFrames::paintNext(const FramePainter &painter) {
+    WaylandPixels::Next next = m_front->paintNext(painter);
+    if (next.pixels) {
+        m_spare = std::exchange(m_front, std::move(next.pixels));
+        m_missedBySpare = next.painted;
+        m_isShown = false;
+    }
+    return next.painted;
+}
+
+void WaylandFrames::noteCommitted() {
+    const auto now = m_now();
+    m_isBurst = now - std::exchange(m_lastCommit, now) < kBurst;
+    m_isShown = true;
+    m_front->noteCommitted();
+}
+
+void WaylandFrames::noteReleased() {
+    std::erase_if(m_retired, [](const auto &pixels) { return !pixels->isHeld(); });
+    if (m_isShown && !m_front->isHeld()) {
+        m_keepsShown = false; // read, though nothing took its place
+    }
+    if (m_spare && !m_spare->isHeld() && m_isShown && !m_isBurst) {
+        m_spare.reset();
+        m_missedBySpare = {};
+    }
+    if (m_isAwaited && canPaint()) {
+        m_isAwaited = false;
+        m_patience.stop();
+        m_becameFree();
+    }
+}
+
+} // namespace zeph

@@ -1,0 +1,133 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/wayland/WaylandOutputs.h"
+
+#include <algorithm>
+#include <iterator>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+constexpr std::uint32_t kNewestOutput = 4;
+constexpr std::uint32_t kNewestExactness = 3;
+
+} // namespace
+
+WaylandOutputs::WaylandOutputs(WaylandConnection &connection, const ScalingAbilities &abilities,
+                               QString drmFolder)
+    : m_connection(connection),
+      m_abilities(abilities),
+      m_drmFolder(std::move(drmFolder)),
+      m_globals(connection.subscribeToGlobals([this] { followGlobals(); })) {
+    followGlobals();
+    m_connection.waitForAnswers();
+    update();
+}
+
+std::vector<Screen> WaylandOutputs::all() const {
+    std::vector<Screen> screens;
+    std::transform(m_screens.begin(), m_screens.end(), std::back_inserter(screens),
+                   [](const auto &shown) { return shown.first; });
+    return screens;
+}
+
+std::optional<Screen> WaylandOutputs::main() const {
+    return m_screens.empty() ? std::nullopt : std::optional(m_screens.front().first);
+}
+
+Subscription WaylandOutputs::subscribe(std::function<void()> handler) {
+    return m_changes.subscribe(std::move(handler));
+}
+
+Subscription WaylandOutputs::subscribeToPlaces(std::function<void()> handler) {
+    return m_placeChanges.subscribe(std::move(handler));
+}
+
+std::optional<WaylandOutputs::Place> WaylandOutputs::placeOf(const Screen &screen) const {
+    const auto found =
+        std::find_if(m_screens.begin(), m_screens.end(), [&screen](const auto &shown) {
+            return shown.first.persistentID == screen.persistentID &&
+                   shown.first.displayID == screen.displayID;
+        });
+    if (found == m_screens.end()) {
+        return std::nullopt;
+    }
+    // An output that has just gone is still among the screens.
+    const auto output =
+        std::find_if(m_outputs.begin(), m_outputs.end(), [&found](const auto &followed) {
+            return followed->number() == found->second;
+        });
+    return output == m_outputs.end() ? std::nullopt
+                                     : std::optional(Place{(*output)->handle(), found->second});
+}
+
+void WaylandOutputs::followGlobals() {
+    const auto &globals = m_connection.globals();
+    const auto isGone = [&globals](const auto &output) {
+        return std::none_of(globals.begin(), globals.end(), [&output](const WaylandGlobal &global) {
+            return global.number == output->number();
+        });
+    };
+    if (std::erase_if(m_outputs, isGone) > 0) {
+        scheduleUpdate();
+    }
+    if (!m_exactness) {
+        m_exactness = m_connection.bindFirst<zxdg_output_manager_v1>(
+            zxdg_output_manager_v1_interface, kNewestExactness);
+    }
+    for (const WaylandGlobal &global : globals) {
+        const bool isKnown =
+            std::any_of(m_outputs.begin(), m_outputs.end(), [&global](const auto &output) {
+                return output->number() == global.number;
+            });
+        if (global.interface == wl_output_interface.name && !isKnown) {
+            m_outputs.push_back(std::make_unique<WaylandOutput>(
+                global.number,
+                m_connection.bind<wl_output>(global, wl_output_interface, kNewestOutput),
+                m_drmFolder, [this] { scheduleUpdate(); }));
+        }
+    }
+    for (const auto &output : m_outputs) {
+        if (m_exactness && !output->isFollowedExactly()) {
+            output->follow(*m_exactness);
+        }
+    }
+}
+
+/// One turn of the loop later: what changes at several outputs is mostly told at once.
+void WaylandOutputs::scheduleUpdate() {
+    if (!std::exchange(m_isUpdateScheduled, true)) {
+        QMetaObject::invokeMethod(
+            &m_context, [this] { update(); }, Qt::QueuedConnection);
+    }
+}
+
+void WaylandOutputs::update() {
+    m_isUpdateScheduled = false;
+    std::vector<OutputFacts> facts;
+    std::transform(m_outputs.begin(), m_outputs.end(), std::back_inserter(facts),
+                   [](const auto &output) { return output->facts(); });
+    for (std::size_t i = 0; i < facts.size(); ++i) {
+        if (facts[i].words.connector.isEmpty()) { // old compositors don't tell it
+            facts[i].words.connector = u"output-%1"_s.arg(i + 1);
+        }
+    }
+    const auto described = screensOf(facts, m_abilities);
+    const std::vector<Screen> before = all();
+    m_screens.clear();
+    for (const bool isAtOrigin : {true, false}) {
+        for (std::size_t i = 0; i < described.size(); ++i) {
+            if (described[i] && described[i]->frame.topLeft().isNull() == isAtOrigin) {
+                m_screens.emplace_back(*described[i], m_outputs[i]->number());
+            }
+        }
+    }
+    m_placeChanges.send();
+    if (all() != before) {
+        m_changes.send();
+    }
+}
+
+} // namespace zeph

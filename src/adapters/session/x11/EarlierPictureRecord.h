@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/session/x11/RootPixmapTarget.h"
+
+#include <optional>
+#include <vector>
+
+namespace zeph {
+
+class X11Connection;
+
+/// What stands on the root window while we paint into a desktop program's picture, for whoever has
+/// to mend it after this program was killed.
+struct EarlierPictureRecord {
+    xcb_pixmap_t kept = XCB_PIXMAP_NONE; ///< the picture as it was without us
+    RootPixmapTarget target = {};        ///< what we paint into
+
+    bool operator==(const EarlierPictureRecord &) const = default;
+};
+
+/// The record as the numbers of a property, and back; absent for what no record of ours can be.
+std::vector<std::uint32_t> numbersOf(const EarlierPictureRecord &record);
+std::optional<EarlierPictureRecord> recordIn(const std::vector<std::uint32_t> &numbers);
+
+/// The record that stands on the root; one round trip.
+std::optional<EarlierPictureRecord> readRecord(X11Connection &connection);
+
+/// Writes it there, or takes it away.
+void writeRecord(X11Connection &connection, const std::optional<EarlierPictureRecord> &record);
+
+} // namespace zeph

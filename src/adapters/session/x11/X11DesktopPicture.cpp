@@ -1,0 +1,170 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/x11/X11DesktopPicture.h"
+
+#include "adapters/session/x11/X11Connection.h"
+#include "base/Log.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace zeph {
+
+namespace {
+
+// Within this time after the first stroke a desktop program tells that its picture is ready.
+constexpr std::chrono::milliseconds kAnnouncementPatience{60};
+
+} // namespace
+
+X11DesktopPicture::Claim::Claim(X11DesktopPicture &picture, const QRect &area,
+                                std::function<void()> repaint)
+    : m_picture(picture), m_area(area), m_repaint(std::move(repaint)) {
+    m_picture.m_claims.push_back(this);
+}
+
+X11DesktopPicture::Claim::~Claim() {
+    m_picture.release(*this);
+}
+
+bool X11DesktopPicture::isPossible(const X11Connection &connection) {
+    return connection.extension(X11Extension::damage) && connection.extension(X11Extension::xfixes);
+}
+
+X11DesktopPicture::X11DesktopPicture(X11Connection &connection, std::function<void()> askForItsOwn)
+    : X11EventListener(connection),
+      m_askForItsOwn(std::move(askForItsOwn)),
+      m_announcement(connection.intern("_XROOTPMAP_ID")) {
+    m_unannounced.setSingleShot(true);
+    m_unannounced.setInterval(kAnnouncementPatience);
+    QObject::connect(&m_unannounced, &QTimer::timeout, &m_unannounced, [this] { repaintAll(); });
+    if (!isPossible(connection)) {
+        return;
+    }
+    m_damageEvent = connection.extension(X11Extension::damage)->first_event;
+    // The server refuses every other request of the extensions before these.
+    xcb_connection_t *xcb = connection.xcb();
+    xcb_discard_reply(xcb, xcb_damage_query_version(xcb, 1, 1).sequence);
+    xcb_discard_reply(xcb, xcb_xfixes_query_version(xcb, 2, 0).sequence);
+    m_painted = xcb_generate_id(xcb);
+    xcb_xfixes_create_region(xcb, m_painted, 0, nullptr);
+    connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+}
+
+X11DesktopPicture::~X11DesktopPicture() {
+    setTarget(std::nullopt);
+    if (m_painted != 0) {
+        xcb_xfixes_destroy_region(connection().xcb(), m_painted);
+    }
+    xcb_flush(connection().xcb());
+}
+
+void X11DesktopPicture::setTarget(const std::optional<RootPixmapTarget> &target) {
+    if (target == m_target || m_damageEvent < 0) {
+        return;
+    }
+    m_unannounced.stop();
+    stopFollowing();
+    m_earlier.reset(); // its record makes way for the next one
+    m_target = target;
+    if (!target || !refusalOf(*target).isEmpty()) {
+        return;
+    }
+    followTheirPainting(); // first: what they paint from here on is kept anew
+    m_earlier = X11EarlierPicture::keep(connection(), *target);
+    if (!m_earlier) {
+        qCInfo(logSession) << "the X server has no room for a copy of the desktop's picture";
+        stopFollowing();
+        return;
+    }
+    repaintAll();
+    if (m_earlier->origin() == X11EarlierPicture::Origin::formerRun) {
+        m_askForItsOwn();
+    }
+}
+
+std::unique_ptr<X11DesktopPicture::Claim> X11DesktopPicture::claim(const QRect &area,
+                                                                   std::function<void()> repaint) {
+    return std::unique_ptr<Claim>(new Claim(*this, area, std::move(repaint)));
+}
+
+void X11DesktopPicture::release(const Claim &claim) {
+    std::erase(m_claims, &claim);
+    QRegion free = claim.area();
+    for (const Claim *other : m_claims) {
+        free -= other->area();
+    }
+    change(free, [&] { m_earlier->putBack(free); });
+}
+
+void X11DesktopPicture::paint(const QRegion &region,
+                              const std::function<void(const X11Canvas &)> &put) {
+    change(region, [&] {
+        put({.window = m_target->pixmap,
+             .context = m_earlier->context(),
+             .depth = m_target->depth,
+             .canVanish = true});
+    });
+}
+
+/// Makes a change of ours, which is not to pass for one of theirs.
+void X11DesktopPicture::change(const QRegion &region, const std::function<void()> &change) {
+    if (!isThere() || region.isEmpty()) {
+        return;
+    }
+    keepWhatTheyPainted();
+    stopFollowing();
+    change();
+    followTheirPainting();
+    for (const xcb_window_t window : m_target->windows) {
+        for (const QRect &rect : region) {
+            xcb_clear_area(connection().xcb(), 1, window, static_cast<std::int16_t>(rect.x()),
+                           static_cast<std::int16_t>(rect.y()),
+                           static_cast<std::uint16_t>(rect.width()),
+                           static_cast<std::uint16_t>(rect.height()));
+        }
+    }
+    xcb_flush(connection().xcb());
+}
+
+void X11DesktopPicture::keepWhatTheyPainted() {
+    xcb_damage_subtract(connection().xcb(), m_damage, XCB_NONE, m_painted);
+    m_earlier->keepAnew(m_painted);
+}
+
+void X11DesktopPicture::followTheirPainting() {
+    m_damage = xcb_generate_id(connection().xcb());
+    xcb_damage_create(connection().xcb(), m_damage, m_target->pixmap,
+                      XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
+}
+
+void X11DesktopPicture::stopFollowing() {
+    if (const auto damage = std::exchange(m_damage, 0)) {
+        xcb_damage_destroy(connection().xcb(), damage);
+    }
+}
+
+void X11DesktopPicture::repaintAll() {
+    m_unannounced.stop();
+    const auto claims = m_claims;
+    for (const Claim *claim : claims) {
+        claim->m_repaint();
+    }
+}
+
+void X11DesktopPicture::handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) {
+    if (!isThere()) {
+        return;
+    }
+    if (kind == XCB_PROPERTY_NOTIFY) {
+        const auto &notify = eventAs<xcb_property_notify_event_t>(event);
+        if (notify.window == connection().root() && notify.atom == m_announcement &&
+            notify.state == XCB_PROPERTY_NEW_VALUE) {
+            repaintAll();
+        }
+    } else if (kind == m_damageEvent + XCB_DAMAGE_NOTIFY &&
+               eventAs<xcb_damage_notify_event_t>(event).damage == m_damage) {
+        m_unannounced.start();
+    }
+}
+
+} // namespace zeph

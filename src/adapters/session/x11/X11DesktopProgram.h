@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/session/choose/DesktopProgram.h"
+#include "adapters/session/x11/X11Connection.h"
+#include "adapters/session/x11/X11EventListener.h"
+#include "base/ChangePublisher.h"
+
+#include <QSize>
+
+#include <functional>
+#include <optional>
+#include <set>
+#include <vector>
+
+namespace zeph {
+
+class X11DesktopWindows;
+
+/// The program that draws the icons of the desktop, followed without polling. Asks the windows of
+/// its desktop for the notices about their structure: nobody else of this connection may ask those
+/// windows for other events, as the last one who asks is the only one who gets any.
+class X11DesktopProgram : private X11EventListener {
+public:
+    /// A desktop program that runs, with what belongs to its desktop.
+    struct Found {
+        DesktopProgram kind = DesktopProgram::xfdesktop;
+        std::vector<xcb_window_t> windows =
+            {}; ///< bottom to top, never none; some have one a monitor
+
+        /// What its picture lies in, for all monitors together; XCB_PIXMAP_NONE where it keeps the
+        /// picture to itself. Another client's: it can be freed at any moment.
+        xcb_pixmap_t pixmap = XCB_PIXMAP_NONE;
+        QSize pixmapSize = {};        ///< in device pixels
+        std::uint8_t pixmapDepth = 0; ///< 24 or 32
+
+        bool operator==(const Found &) const = default;
+    };
+
+    /// Asks for the present state without waiting for it: nothing is found until the replies came.
+    /// `windows` outlives it.
+    X11DesktopProgram(X11Connection &connection, X11DesktopWindows &windows);
+
+    /// What runs now; absent where nothing draws icons.
+    const std::optional<Found> &found() const { return m_found; }
+
+    /// Calls `handler` whenever `found` changed.
+    [[nodiscard]] Subscription subscribe(std::function<void()> handler);
+
+private:
+    void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
+    bool isNews(std::uint8_t kind, const xcb_generic_event_t &event) const;
+    std::vector<xcb_window_t> windowsOfOthers() const;
+    void read();
+    void readCandidates(std::vector<xcb_window_t> candidates, xcb_pixmap_t pixmap);
+    void watch(const std::vector<xcb_window_t> &candidates);
+    static std::optional<Found> describe(const std::vector<xcb_window_t> &candidates,
+                                         const X11Connection::Replies &replies);
+    void readPixmap(Found found, xcb_pixmap_t pixmap);
+    void take(std::optional<Found> found);
+
+    X11DesktopWindows &m_windows;
+    std::vector<xcb_window_t> m_listed; // desktops of others, at the last look
+    std::set<xcb_window_t> m_watched;   // windows that tell us of their end
+    std::optional<Found> m_found;
+    ChangePublisher m_changes;
+    Subscription m_listing;
+    bool m_isReading = false;
+    bool m_readsAgain = false;
+};
+
+} // namespace zeph

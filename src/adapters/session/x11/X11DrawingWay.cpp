@@ -1,0 +1,80 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/x11/X11DrawingWay.h"
+
+#include "adapters/session/choose/MechanismChoice.h"
+#include "adapters/session/x11/X11Compositor.h"
+#include "adapters/session/x11/X11Connection.h"
+#include "adapters/session/x11/X11DesktopProgram.h"
+#include "adapters/session/x11/X11WindowManager.h"
+#include "base/Log.h"
+
+#include <utility>
+
+namespace zeph {
+
+namespace {
+
+// A program that is replaced is gone for a moment, and one that starts tells of itself bit by bit.
+constexpr int kRestMilliseconds = 200;
+
+Compositing compositingBy(const X11Connection &connection, xcb_window_t compositor,
+                          xcb_window_t manager) {
+    if (compositor == XCB_WINDOW_NONE) {
+        return Compositing::none;
+    }
+    return connection.clientOf(compositor) == connection.clientOf(manager)
+               ? Compositing::windowManager
+               : Compositing::separateProgram;
+}
+
+} // namespace
+
+X11DrawingWay::X11DrawingWay(SessionOffer known, const Parties &parties)
+    : m_known(std::move(known)), m_parties(parties) {
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(kRestMilliseconds);
+    QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [this] { choose(); });
+    const auto news = [this] { chooseSoon(); };
+    m_news.push_back(parties.compositor.subscribe(news));
+    m_news.push_back(parties.manager.subscribe(news));
+    m_news.push_back(parties.program.subscribe(news));
+}
+
+Subscription X11DrawingWay::subscribe(std::function<void()> handler) {
+    return m_changes.subscribe(std::move(handler));
+}
+
+void X11DrawingWay::chooseSoon() {
+    if (m_isChosen && !m_rest.isActive()) {
+        m_rest.start();
+    }
+}
+
+void X11DrawingWay::choose() {
+    m_rest.stop();
+    const bool isFirst = !std::exchange(m_isChosen, true);
+    const DrawingWay last = std::exchange(m_way, chooseDrawingWay(offer()));
+    if (isFirst || m_way != last) {
+        qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
+    }
+    if (!isFirst && m_way != last) {
+        m_changes.send();
+    }
+}
+
+SessionOffer X11DrawingWay::offer() const {
+    SessionOffer offer = m_known;
+    const auto &manager = m_parties.manager.facts();
+    offer.compositing = compositingBy(m_parties.connection, m_parties.compositor.owner(),
+                                      manager ? manager->window : xcb_window_t{XCB_WINDOW_NONE});
+    if (manager) {
+        offer.windowManager = {manager->name, manager->knowsDesktopType};
+    }
+    if (const auto &program = m_parties.program.found()) {
+        offer.desktopProgram = {program->kind, program->pixmap != XCB_PIXMAP_NONE,
+                                static_cast<int>(program->windows.size())};
+    }
+    return offer;
+}
+
+} // namespace zeph

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/session/x11/RootPixmapTarget.h"
+
+#include <QRegion>
+
+#include <xcb/xcb.h>
+#include <xcb/xfixes.h>
+
+#include <memory>
+
+namespace zeph {
+
+class X11Connection;
+
+/// What a desktop program's picture looks like without us, kept in the X server by a connection
+/// whose pixmap the server holds on to even when this program is killed: a later start, or
+/// `restoreDesktopPicture`, puts it back.
+class X11EarlierPicture {
+public:
+    /// Where that which is kept came from.
+    enum class Origin { desktopProgram, formerRun };
+
+    /// Keeps all of the picture of `target`, or what a former run kept that was killed while it
+    /// painted into the same. Null when the server has no room for it. A few round trips.
+    static std::unique_ptr<X11EarlierPicture> keep(X11Connection &connection,
+                                                   const RootPixmapTarget &target);
+    /// Forgets what was kept. To be put back before.
+    ~X11EarlierPicture();
+    X11EarlierPicture(const X11EarlierPicture &) = delete;
+    X11EarlierPicture &operator=(const X11EarlierPicture &) = delete;
+
+    Origin origin() const { return m_origin; }
+
+    /// A context for drawing into pixmaps of the picture's depth.
+    xcb_gcontext_t context() const { return m_context; }
+
+    /// Keeps anew what the desktop program painted in this region.
+    void keepAnew(xcb_xfixes_region_t region);
+
+    /// Paints what was kept into the desktop program's picture.
+    void putBack(const QRegion &region);
+
+private:
+    struct Disconnect {
+        void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
+    };
+    using Keeper = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+    X11EarlierPicture(X11Connection &connection, RootPixmapTarget target, Keeper keeper,
+                      xcb_pixmap_t kept);
+    void copy(xcb_pixmap_t from, xcb_pixmap_t to, const QRect &rect);
+
+    X11Connection &m_connection;
+    RootPixmapTarget m_target;
+    Keeper m_keeper;
+    xcb_pixmap_t m_kept;
+    xcb_gcontext_t m_context;
+    xcb_gcontext_t m_clipped; // for the copies of regions
+    Origin m_origin = Origin::desktopProgram;
+};
+
+/// Puts the picture back that a run of this program kept, which was killed, and has the desktop
+/// program show it; false when there is nothing to put back. For the way out of a desktop, such as
+/// the removal of this program. A few round trips.
+bool restoreDesktopPicture(X11Connection &connection);
+
+} // namespace zeph

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/session/x11/X11Connection.h"
+#include "adapters/session/x11/X11EventListener.h"
+#include "base/ChangePublisher.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace zeph {
+
+/// The window manager of the screen, by what it says of itself on the root; followed without
+/// polling, also when it is killed.
+class X11WindowManager : private X11EventListener {
+public:
+    /// What a manager says of itself.
+    struct Facts {
+        xcb_window_t window = XCB_WINDOW_NONE; ///< its own, gone with it
+        QString name = {};
+        bool knowsDesktopType = false; ///< keeps windows of the desktop type below all others
+        bool knowsRestacking = false;  ///< changes the order of windows when it is asked
+
+        bool operator==(const Facts &) const = default;
+    };
+
+    /// Asks for the present state without waiting for it.
+    explicit X11WindowManager(X11Connection &connection);
+
+    /// Absent where none runs that tells of itself.
+    const std::optional<Facts> &facts() const { return m_facts; }
+
+    /// Calls `handler` whenever `facts` changed.
+    [[nodiscard]] Subscription subscribe(std::function<void()> handler);
+
+private:
+    void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
+    bool isNews(std::uint8_t kind, const xcb_generic_event_t &event) const;
+    void read();
+    void readWindow(Facts facts);
+    void take(std::optional<Facts> facts);
+
+    std::optional<Facts> m_facts;
+    ChangePublisher m_changes;
+    bool m_isReading = false;
+    bool m_readsAgain = false;
+};
+
+} // namespace zeph

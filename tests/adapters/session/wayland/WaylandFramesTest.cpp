@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/wayland/WaylandFrames.h"
+
+#include "WaylandFixture.h"
+
+namespace zeph {
+
+namespace {
+
+using Release = FakeCompositor::Release;
+
+/// The buffers behind a visible surface of a compositor that reads pixels in this way.
+struct Shown {
+    explicit Shown(Release release)
+        : compositor({.release = release}), client(compositor), surface(client.makeSurface()) {
+        fillSurface(*surface, Qt::blue);
+        surface->orderFront();
+        EXPECT_TRUE(waitForShown(Qt::blue));
+    }
+
+    bool waitForShown(QColor colour) {
+        return waitUntil([&] {
+            return compositor.layer().shown == plainImage({400, 300}, colour);
+        });
+    }
+    /// A frame some time after the one before.
+    void showLater(QColor colour) {
+        client.now += std::chrono::seconds(10);
+        fillSurface(*surface, colour);
+        EXPECT_TRUE(waitForShown(colour));
+        client.settle();
+    }
+
+    FakeCompositor compositor;
+    WaylandClient client;
+    std::unique_ptr<DesktopSurface> surface;
+};
+
+} // namespace
+
+TEST(WaylandFrames, areOneBufferWhereTheCompositorReadsAtOnce) {
+    Shown shown(Release::atOnce);
+    for (const QColor colour : {QColor(Qt::red), QColor(Qt::green), QColor(Qt::blue)}) {
+        shown.showLater(colour);
+        EXPECT_EQ(shown.compositor.liveBuffers(), 1);
+    }
+}
+
+TEST(WaylandFrames, areOneBufferBetweenRareFramesWhereTheCompositorKeepsTheShownOne) {
+    Shown shown(Release::whenReplaced);
+    for (const QColor colour : {QColor(Qt::red), QColor(Qt::green), QColor(Qt::blue)}) {
+        shown.showLater(colour);
+        EXPECT_EQ(shown.compositor.liveBuffers(), 1);
+    }
+}
+
+TEST(WaylandFrames, areTwoThatTakeTurnsWhileFramesFollowEachOtherFast) {
+    Shown shown(Release::whenReplaced);
+    shown.showLater(Qt::red);
+    for (int i = 0; i < 10; ++i) {
+        fillPart(*shown.surface, Qt::white, {10 * i, 0, 10, 10});
+        shown.client.settle();
+        EXPECT_EQ(shown.compositor.liveBuffers(), 2);
+    }
+    QImage expected = plainImage({400, 300}, Qt::red);
+    for (int x = 0; x < 100; ++x) {
+        for (int y = 0; y < 10; ++y) {
+            expected.setPixelColor(x, y, Qt::white);
+        }
+    }
+    EXPECT_EQ(shown.compositor.layer().shown, expected);
+    shown.showLater(Qt::green);
+    EXPECT_EQ(shown.compositor.liveBuffers(), 1);
+}
+
+TEST(WaylandFrames, keepTheirPixelsFromOneBufferToTheNext) {
+    Shown shown(Release::whenReplaced);
+    shown.showLater(Qt::red);
+    QImage before;
+    shown.surface->show([&](QImage &frame) {
+        before = frame.copy();
+        return QRegion();
+    });
+    EXPECT_EQ(before, plainImage({400, 300}, Qt::red));
+    EXPECT_EQ(shown.compositor.liveBuffers(), 1) << "nothing was painted";
+}
+
+TEST(WaylandFrames, neverChangePixelsThatTheCompositorReads) {
+    Shown shown(Release::never);
+    fillSurface(*shown.surface, Qt::red);
+    ASSERT_TRUE(shown.waitForShown(Qt::red)) << "in a second buffer";
+    fillSurface(*shown.surface, Qt::green);
+    fillSurface(*shown.surface, Qt::yellow);
+    shown.client.settle();
+    EXPECT_EQ(shown.compositor.layer().shown, plainImage({400, 300}, Qt::red));
+    EXPECT_EQ(shown.compositor.liveBuffers(), 2);
+    shown.compositor.releaseBuffers();
+    EXPECT_TRUE(shown.waitForShown(Qt::yellow)) << "the newest";
+}
+
+TEST(WaylandFrames, ofManySizesDoNotPileUpWhereNoneIsEverReleased) {
+    Shown shown(Release::never);
+    Screen screen = shown.client.outputs->all()[0];
+    for (int i = 1; i <= 8; ++i) {
+        screen.deviceFrame.setSize({400 - 10 * i, 300});
+        shown.surface->setScreen(screen);
+        fillSurface(*shown.surface, Qt::red);
+        shown.client.settle();
+        EXPECT_LE(shown.compositor.liveBuffers(), 4);
+    }
+}
+
+TEST(WaylandFrames, areNoneWithoutASize) {
+    FakeCompositor compositor;
+    const WaylandClient client(compositor);
+    Screen empty = client.outputs->all()[0];
+    empty.deviceFrame = {};
+    const auto surface = client.server->makeDesktopSurface(empty, false);
+    surface->orderFront();
+    EXPECT_EQ(fillSurface(*surface, Qt::blue), QRegion());
+    client.settle();
+    surface->setScreen(client.outputs->all()[0]);
+    fillSurface(*surface, Qt::blue);
+    EXPECT_TRUE(waitUntil([&] {
+        return compositor.layer().shown == plainImage({400, 300}, Qt::blue);
+    }));
+}
+
+TEST(WaylandFrames, areMendedWhereAPainterKeptACopyOfTheImage) {
+    Shown shown(Release::atOnce);
+    QImage kept;
+    for (const QColor colour : {QColor(Qt::red), QColor(Qt::green)}) {
+        shown.surface->show([&](QImage &frame) {
+            kept = frame;
+            frame.fill(colour);
+            return QRegion(frame.rect());
+        });
+        EXPECT_TRUE(shown.waitForShown(colour));
+        shown.client.settle();
+    }
+}
+
+} // namespace zeph

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/x11/X11DesktopProgram.h"
+
+#include "X11Fixture.h"
+#include "adapters/session/x11/X11DesktopWindows.h"
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+using Found = X11DesktopProgram::Found;
+
+/// What a desktop program shows, by another client; nobody but itself tells of its window.
+class DesktopProgramWatchTest : public X11Test {
+protected:
+    xcb_window_t showDesktop(const QByteArray &windowClass, const QByteArray &gtkId = {}) {
+        return client->show({.geometry = kWholeScreen,
+                             .type = kDesktopType,
+                             .instance = "desktop_window",
+                             .name = windowClass,
+                             .gtkApplicationId = gtkId});
+    }
+    void name(const QByteArray &property, std::uint32_t id) {
+        client->setIds(client->root(), property, XCB_ATOM_WINDOW, {id});
+    }
+    void list(const QList<std::uint32_t> &stacked) {
+        client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, stacked);
+    }
+    void share(xcb_pixmap_t pixmap) {
+        client->setIds(client->root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP, {pixmap});
+    }
+
+    bool becomes(const std::optional<Found> &wanted) {
+        return waitUntil([&] { return program.found() == wanted; });
+    }
+
+    X11DesktopWindows windows{*connection};
+    X11DesktopProgram program{*connection, windows};
+};
+
+} // namespace
+
+TEST_F(DesktopProgramWatchTest, findsNoneOnABareDisplay) {
+    connection->waitForReplies();
+    EXPECT_FALSE(program.found());
+}
+
+TEST_F(DesktopProgramWatchTest, findsOneByItsNoteOnTheRoot) {
+    const auto desktop = showDesktop("Xfdesktop");
+    name("XFCE_DESKTOP_WINDOW", desktop);
+    EXPECT_TRUE(becomes({{.kind = DesktopProgram::xfdesktop, .windows = {desktop}}}));
+}
+
+TEST_F(DesktopProgramWatchTest, findsOneByItsWindowInTheList) {
+    const auto desktop = showDesktop("Nemo-desktop");
+    const auto terminal =
+        client->show({.geometry = {10, 10, 50, 50}, .instance = "nemo", .name = "Nemo-desktop"});
+    list({desktop, terminal});
+    EXPECT_TRUE(becomes({{.kind = DesktopProgram::nemoDesktop, .windows = {desktop}}}))
+        << "a window of another type is none of its desktop";
+}
+
+TEST_F(DesktopProgramWatchTest, findsOneThatRanBefore) {
+    const auto desktop = showDesktop("Gjs", "com.rastersoft.ding");
+    list({desktop});
+    ASSERT_TRUE(becomes({{.kind = DesktopProgram::ding, .windows = {desktop}}}));
+    X11DesktopWindows listed(*connection);
+    const X11DesktopProgram later(*connection, listed);
+    connection->waitForReplies();
+    EXPECT_EQ(later.found(), program.found());
+}
+
+TEST_F(DesktopProgramWatchTest, takesOnlyProgramsThatDrawIcons) {
+    list({showDesktop("Conky")});
+    ASSERT_TRUE(waitUntil([&] { return windows.all().size() == 1; }));
+    connection->waitForReplies();
+    EXPECT_FALSE(program.found());
+}
+
+TEST_F(DesktopProgramWatchTest, takesTheOneWhoseIconsAreSeenWithAllItsWindows) {
+    const auto beneath = showDesktop("Caja");
+    const auto left = showDesktop("Pcmanfm");
+    const auto right = showDesktop("Pcmanfm");
+    name("CAJA_DESKTOP_WINDOW_ID", beneath);
+    list({beneath, left, right});
+    EXPECT_TRUE(becomes({{.kind = DesktopProgram::pcmanfm, .windows = {left, right}}}));
+    list({left, right, beneath});
+    EXPECT_TRUE(becomes({{.kind = DesktopProgram::caja, .windows = {beneath}}}));
+}
+
+TEST_F(DesktopProgramWatchTest, knowsThePixmapOfItsPicture) {
+    const auto desktop = showDesktop("Xfdesktop");
+    const auto pixmap = client->makePixmap({1280, 800}, 24);
+    name("XFCE_DESKTOP_WINDOW", desktop);
+    share(pixmap);
+    const Found first{DesktopProgram::xfdesktop, {desktop}, pixmap, {1280, 800}, 24};
+    ASSERT_TRUE(becomes(first));
+    int changes = 0;
+    const Subscription counting = program.subscribe([&] { ++changes; });
+    const auto larger = client->makePixmap({1920, 1080}, 24);
+    share(larger);
+    const Found second{DesktopProgram::xfdesktop, {desktop}, larger, {1920, 1080}, 24};
+    EXPECT_TRUE(becomes(second));
+    EXPECT_EQ(changes, 1);
+}
+
+TEST_F(DesktopProgramWatchTest, takesNoPixmapThatIsGone) {
+    const auto desktop = showDesktop("Caja");
+    share(client->makePixmap({1280, 800}, 24) + 1);
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    EXPECT_TRUE(becomes({{.kind = DesktopProgram::caja, .windows = {desktop}}}));
+}
+
+TEST_F(DesktopProgramWatchTest, takesNoPixmapOfOneBitAPoint) {
+    const auto desktop = showDesktop("Caja");
+    share(client->makePixmap({1280, 800}, 1));
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    EXPECT_TRUE(becomes({{.kind = DesktopProgram::caja, .windows = {desktop}}}));
+}
+
+TEST_F(DesktopProgramWatchTest, isGoneWithItsWindowThoughItsNoteIsLeft) {
+    const auto desktop = showDesktop("Caja");
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    ASSERT_TRUE(becomes({{.kind = DesktopProgram::caja, .windows = {desktop}}}));
+    client->destroy(desktop);
+    EXPECT_TRUE(becomes({}));
+    X11DesktopWindows listed(*connection);
+    const X11DesktopProgram later(*connection, listed);
+    connection->waitForReplies();
+    EXPECT_FALSE(later.found());
+}
+
+TEST_F(DesktopProgramWatchTest, followsOneThatIsStartedAnew) {
+    const auto first = showDesktop("Xfdesktop");
+    name("XFCE_DESKTOP_WINDOW", first);
+    ASSERT_TRUE(becomes({{.kind = DesktopProgram::xfdesktop, .windows = {first}}}));
+    client->destroy(first);
+    const auto second = showDesktop("Xfdesktop");
+    name("XFCE_DESKTOP_WINDOW", second);
+    EXPECT_TRUE(becomes({{.kind = DesktopProgram::xfdesktop, .windows = {second}}}));
+}
+
+TEST_F(DesktopProgramWatchTest, leavesOurOwnWindowsAlone) {
+    const auto surface = showSurface(Qt::blue);
+    list({windowOf(*surface)});
+    ASSERT_TRUE(waitUntil([&] { return windows.all().size() == 1; }));
+    connection->waitForReplies();
+    EXPECT_FALSE(program.found());
+    // Its exposures still reach it.
+    const auto cover = client->show(
+        {.geometry = {100, 100, 200, 150}, .colour = 0xFF0000, .overridesRedirect = true});
+    client->destroy(cover);
+    EXPECT_TRUE(waitForPixel({200, 175}, Qt::blue));
+}
+
+} // namespace zeph

@@ -1,0 +1,77 @@
+# SPDX-License-Identifier: MIT
+"""One desktop through all checks."""
+import time
+import traceback
+from pathlib import Path
+
+from checks import checks
+
+from .outcome import Failed, NotApplicable, NotReady
+
+PASSED, FAILED, NOT_APPLICABLE = "passed", "failed", "not applicable"
+
+
+def go_through(desk, picture, only=()):
+    """The results of the checks by name; writes a picture of the desktop with the program.
+
+    Raises NotReady when the desktop itself does not come up."""
+    results = {}
+    try:
+        desk.open()
+        desk.remember()
+        for name, module in checks():
+            if only and name not in only and name != "start":
+                continue
+            results[name] = outcome_of(desk, name, module)
+            if name == "start":
+                desk.picture().write(picture)
+            if results["start"][0] == FAILED:
+                break
+        return {"checks": results, "mechanism": desk.tavi.mechanism()}
+    finally:
+        desk.close()
+
+
+def outcome_of(desk, name, module):
+    """(passed, failed or not applicable; what was seen)"""
+    begun = time.monotonic()
+    try:
+        desk.allow(name)
+        seen = module.check(desk) or ""
+        if not getattr(module, "ENDS", False):
+            desk.expect_running()
+        outcome = PASSED, seen
+    except NotApplicable as reason:
+        outcome = NOT_APPLICABLE, str(reason)
+    except Failed as failure:
+        outcome = FAILED, str(failure)
+    except NotReady as missing:
+        outcome = FAILED, f"the desktop did not go along: {missing}"
+    except Exception as fault:  # A check that breaks has proven nothing.
+        place = traceback.extract_tb(fault.__traceback__)[-1]
+        outcome = FAILED, f"the check broke: {fault!r} in {Path(place.filename).name}:{place.lineno}"
+    if outcome[0] == FAILED:
+        photograph(desk, desk.room.folder / f"failed-{name}.jpg")
+    if not getattr(module, "ENDS", False):
+        tidy(desk)
+    print(f"  {name}: {': '.join(filter(None, outcome))} ({time.monotonic() - begun:.1f} s)",
+          flush=True)
+    return outcome
+
+
+def photograph(desk, file):
+    """What lies on the screen, for whoever keeps the logs."""
+    try:
+        desk.picture().write(file, 1280)
+    except Exception as fault:
+        print(f"  (no picture: {fault!r})", flush=True)
+
+
+def tidy(desk):
+    try:
+        desk.tidy()
+    except (NotReady, NotApplicable) as trouble:
+        print(f"  (could not tidy: {trouble})", flush=True)
+
+
+__all__ = ["go_through", "NotReady", "PASSED", "FAILED", "NOT_APPLICABLE"]

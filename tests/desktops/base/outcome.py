@@ -1,0 +1,14 @@
+# SPDX-License-Identifier: MIT
+"""How a check ends. A check that returns has passed; what it returns is a remark."""
+
+
+class Failed(Exception):
+    """The rule does not hold; the text tells what was seen instead."""
+
+
+class NotApplicable(Exception):
+    """The desktop has no such thing; the text tells which."""
+
+
+class NotReady(Exception):
+    """A piece of the desktop did not come up, so nothing can be said of the program."""

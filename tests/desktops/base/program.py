@@ -1,0 +1,56 @@
+# SPDX-License-Identifier: MIT
+"""The built program on a desktop."""
+import json
+import re
+import signal
+
+from .picture import WALLPAPER_SETTING
+from .waiting import wait_until
+
+
+class Tavi:
+    """One installation: its settings, and one run after the other."""
+
+    def __init__(self, room, executable):
+        self.room, self.executable = room, executable
+        self.process = None
+        self.settings = {"zeph.onboarded": True, "zeph.background.hex": WALLPAPER_SETTING,
+                         "zeph.clock.24h": True, "zeph.integrations.quote.enabled": False}
+
+    def start(self, **settings):
+        """Settings are given with `_` for the dots behind `zeph.`."""
+        for name, value in settings.items():
+            self.settings["zeph." + name.replace("_", ".")] = value
+        folder = self.room.folder / "config/Zeph"
+        folder.mkdir(mode=0o700, exist_ok=True)
+        file = folder / "defaults.json"
+        stored = json.loads(file.read_text(encoding="utf-8")) if file.exists() else {}
+        file.write_text(json.dumps(stored | self.settings), encoding="utf-8")
+        file.chmod(0o600)
+        self.process = self.room.start(self.executable,
+                                       extra={"QT_LOGGING_RULES": "zeph.system.info=true"})
+
+    def is_running(self):
+        return self.process is not None and self.process.poll() is None
+
+    def quit(self):
+        """Asks it to end; true when it did, with status 0."""
+        self.process.send_signal(signal.SIGTERM)
+        return wait_until(lambda: self.process.poll() is not None) and self.process.returncode == 0
+
+    def kill(self):
+        self.room.stop(self.process, (signal.SIGKILL,))
+
+    def log(self):
+        file = self.room.log_of(self.executable)
+        return file.read_text(encoding="utf-8", errors="replace") if file.exists() else ""
+
+    def mechanism(self):
+        """What it said last of how it draws here; None when it said nothing."""
+        lines = re.findall(r"^zeph\.system: (?:drawing|draws|The wallpaper is drawn)\b.*$",
+                           self.log(), re.M)
+        return lines[-1].removeprefix("zeph.system: ") if lines else None
+
+    def last_words(self):
+        """The end of what it printed, for a report."""
+        return " / ".join(self.log().strip().splitlines()[-3:])[-300:]

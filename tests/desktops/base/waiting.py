@@ -1,0 +1,44 @@
+# SPDX-License-Identifier: MIT
+"""Conditions with deadlines. Nothing here waits for a time to pass."""
+import time
+
+from .outcome import Failed, NotReady
+
+PATIENCE = 15
+PAUSE = 0.03
+
+
+def wait_until(condition, seconds=PATIENCE):
+    """The first true answer of the condition, or its last one at the deadline."""
+    deadline = time.monotonic() + seconds
+    while True:
+        answer = condition()
+        if answer or time.monotonic() > deadline:
+            return answer
+        time.sleep(PAUSE)
+
+
+def expect(condition, seen, seconds=PATIENCE):
+    """Fails with what was seen, a text or what makes one, unless the condition comes true."""
+    answer = wait_until(condition, seconds)
+    if not answer:
+        raise Failed(seen() if callable(seen) else seen)
+    return answer
+
+
+def prepare(condition, what, seconds=40):
+    """The same for the pieces of a desktop, whose absence is no fault of the program."""
+    answer = wait_until(condition, seconds)
+    if not answer:
+        raise NotReady(what)
+    return answer
+
+
+def expect_lasting(condition, seen, seconds=0.6):
+    """Like `expect`, and then looks on for a while: a fault may come late."""
+    expect(condition, seen)
+    deadline = time.monotonic() + seconds
+    while time.monotonic() < deadline:
+        if not condition():
+            raise Failed(seen() if callable(seen) else seen)
+        time.sleep(PAUSE)

@@ -1,0 +1,30 @@
+# SPDX-License-Identifier: MIT
+from base.picture import DESKTOP
+from base.waiting import expect, expect_lasting
+
+TITLE = "chosen workspaces"
+RULE = "Where one workspace was chosen, the others show the desktop's own picture."
+
+
+def check(desk):
+    desk.go_to_workspace(0)
+    desk.end_program()
+    desk.start_program(desktop_selection="2")
+    try:
+        desk.go_to_workspace(1)
+        desk.expect_wallpaper("on the chosen workspace")
+        desk.go_to_workspace(0)
+        expect(lambda: shows_own_picture(desk),
+               lambda: f"on one that was not chosen: {desk.seen()}", 5)
+        for number in (1, 0, 1):
+            desk.go_to_workspace(number)
+        expect_lasting(desk.shows_wallpaper, lambda: "on the chosen one again: " + desk.seen())
+    finally:
+        desk.go_to_workspace(0)
+        desk.end_program()
+        desk.start_program(desktop_selection="all")
+
+
+def shows_own_picture(desk):
+    picture = desk.picture()
+    return all(picture.at(*place) == DESKTOP for place in desk.spots())

@@ -1,0 +1,13 @@
+# SPDX-License-Identifier: MIT
+from base.waiting import expect, expect_lasting
+
+TITLE = "desktop program"
+RULE = "The wallpaper and the icons are there again after the desktop's own program restarts."
+
+
+def check(desk):
+    desk.restart_desktop_program()
+    expect_lasting(desk.shows_wallpaper, desk.seen)
+    if desk.has_icons:
+        expect(lambda: desk.icons() >= 0.95 * desk.icons_before,
+               lambda: f"{desk.icons()} of the {desk.icons_before} pixels of an icon")

@@ -1,0 +1,23 @@
+# SPDX-License-Identifier: MIT
+from base.outcome import Failed
+
+from .quit import expect_as_before
+
+TITLE = "killed"
+RULE = "After it was killed, the next run works, and its end brings back what was there before."
+ENDS = True
+
+
+def check(desk):
+    if not desk.tavi.is_running():
+        desk.start_program()
+    desk.expect_wallpaper("before")
+    desk.tavi.kill()
+    left = desk.seen()
+    desk.start_program()
+    desk.expect_wallpaper("in the next run", seconds=40)
+    desk.expect_running()
+    if not desk.tavi.quit():
+        raise Failed("it does not end")
+    expect_as_before(desk)
+    return f"until the next run: {left}"

@@ -1,0 +1,23 @@
+# SPDX-License-Identifier: MIT
+from base.picture import WINDOW
+from base.waiting import expect_lasting
+
+TITLE = "manager killed"
+RULE = "Without its window manager the wallpaper stays behind the windows, and under the next one."
+
+
+def check(desk):
+    window = desk.show((300, 200, 260, 180), WINDOW)
+    restart = desk.kill_manager()
+
+    def holds():
+        return desk.at(*window.centre()) == WINDOW and desk.shows_wallpaper()
+
+    def seen():
+        return desk.seen([window.centre(), *desk.spots()])
+
+    try:
+        expect_lasting(holds, lambda: f"without a manager: {seen()}")
+    finally:
+        restart()
+    expect_lasting(holds, lambda: f"under the next manager: {seen()}")

@@ -1,0 +1,13 @@
+# SPDX-License-Identifier: MIT
+from base.picture import WINDOW
+from base.waiting import expect_lasting
+
+TITLE = "manager replaced"
+RULE = "The wallpaper is behind the windows under another run of the window manager too."
+
+
+def check(desk):
+    window = desk.show((300, 200, 260, 180), WINDOW)
+    desk.replace_manager()
+    expect_lasting(lambda: desk.at(*window.centre()) == WINDOW and desk.shows_wallpaper(),
+                   lambda: desk.seen([window.centre(), *desk.spots()]))

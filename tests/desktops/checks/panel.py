@@ -1,0 +1,32 @@
+# SPDX-License-Identifier: MIT
+from base.picture import PANEL
+from base.waiting import expect
+
+TITLE = "panel"
+RULE = "A panel lies above the wallpaper, whose words keep out of its way."
+HEIGHT = 60
+BRIGHT = 205
+
+
+def check(desk):
+    x, y, width, height = desk.screens()[0]
+    lowest = lowest_words(desk.picture(), desk.screens()[0])
+    panel = desk.show_panel(HEIGHT)
+    _, top, _, _ = panel.area()
+    desk.expect_colour(panel.centre(), PANEL, "the panel")
+    covered = y + height - top
+    expect(lambda: abs(lowest - covered
+                       - lowest_words(desk.picture(), (x, y, width, height - covered))) <= 2,
+           lambda: f"the lowest words are at {lowest} without a panel and at "
+                   f"{lowest_words(desk.picture(), (x, y, width, height - covered))} with one "
+                   f"of {covered} pixels")
+
+
+def lowest_words(picture, area):
+    """The lowest row with bright pixels in the corner of the clock; 0 without any."""
+    x, y, _, height = area
+    for row in range(y + height - 1, y + height // 2, -1):
+        line = picture.row(row)[x + 30:x + 430]
+        if any(min(one >> 16, one >> 8 & 255, one & 255) > BRIGHT for one in line):
+            return row
+    return 0

@@ -1,0 +1,176 @@
+# SPDX-License-Identifier: MIT
+"""What the checks ask of a desktop, whatever its display system."""
+from base.outcome import Failed, NotApplicable, NotReady
+from base.picture import ICON, is_wallpaper, name_of
+from base.program import Tavi
+from base.room import Room
+from base.waiting import expect, wait_until
+
+# Where the wallpaper has no words, as parts of the width and the height.
+FREE = [(x, y) for x in (0.72, 0.84, 0.96) for y in (0.45, 0.6, 0.75)]
+SPOT = (0.84, 0.6)
+
+
+class Desk:
+    """A desktop with the program on it. What a desktop can't do raises NotApplicable."""
+
+    name = ""            # of the row: of its file, its result and its picture
+    title = ""           # of the row in the table
+    session = ""         # X11 or Wayland
+    packages = []        # whose versions are told
+    needs = []           # the programs without which the row can't run
+    has_icons = False
+    panel_edges = ()     # where the desktop itself has a panel: "top", "bottom"
+    limits = {}          # name of a check: why it does not apply here
+
+    def __init__(self, folder, executable):
+        self.room = Room(folder)
+        self.tavi = Tavi(self.room, executable)
+        self.before = None
+        self.icons_before = 0
+        self.opened = []
+
+    # What a display system has to offer
+
+    def open(self):
+        """Brings up the desktop, with a loud picture of its own and a loud icon."""
+        raise NotImplementedError
+
+    def picture(self):
+        raise NotImplementedError
+
+    def screens(self):
+        """The rectangles (x, y, width, height) of the monitors."""
+        raise NotImplementedError
+
+    def click(self, x, y, button=1):
+        raise NotApplicable("nothing can click here")
+
+    def opens_menu(self, x, y):
+        """Whether the desktop's own menu opens over a place; None where it has none."""
+        return None
+
+    def switch_window(self):
+        """Once through the window switcher."""
+        raise NotApplicable("nothing can type here")
+
+    def focus_is_ours(self):
+        raise NotApplicable("nobody tells who has the keyboard")
+
+    def takes_clicks_at(self, x, y):
+        """The names of what a click there goes to, and whether the program is among them."""
+        raise NotApplicable("nobody tells what a click goes to")
+
+    def show_window(self, area, colour, full_screen=False):
+        raise NotApplicable("there is no program to open here")
+
+    def show_panel(self, height):
+        raise NotApplicable("there is no panel to show here")
+
+    def workspace(self):
+        raise NotApplicable("there are no workspaces")
+
+    def go_to_workspace(self, number):
+        raise NotApplicable("there are no workspaces")
+
+    def set_mode(self, width, height):
+        raise NotApplicable("the resolution can't be changed here")
+
+    def add_screen(self):
+        raise NotApplicable("there is one display")
+
+    def remove_screen(self):
+        raise NotApplicable("there is one display")
+
+    def show_desktop(self, on):
+        raise NotApplicable("it has no such command")
+
+    def replace_manager(self):
+        raise NotApplicable("it can't be replaced while it runs")
+
+    def kill_manager(self):
+        raise NotApplicable("the session ends with it")
+
+    def restart_desktop_program(self):
+        raise NotApplicable("there is no desktop program")
+
+    # What follows from it
+
+    def allow(self, check):
+        """Raises the reason why a check does not apply here."""
+        if check in self.limits:
+            raise NotApplicable(self.limits[check])
+
+    def spots(self, screen=None):
+        """Places without words, windows and icons."""
+        screens = [screen] if screen else self.screens()
+        return [(int(x + part * width), int(y + share * height))
+                for x, y, width, height in screens for part, share in FREE]
+
+    def spot(self):
+        x, y, width, height = self.screens()[0]
+        return int(x + SPOT[0] * width), int(y + SPOT[1] * height)
+
+    def shows_wallpaper(self, places=None):
+        picture = self.picture()
+        return all(is_wallpaper(picture.at(*place)) for place in places or self.spots())
+
+    def seen(self, places=None):
+        """What lies where, for a report."""
+        picture = self.picture()
+        kinds = {}
+        for place in places or self.spots():
+            kinds.setdefault(name_of(picture.at(*place)), place)
+        return ", ".join(f"{kind} at {place[0]},{place[1]}" for kind, place in kinds.items())
+
+    def expect_wallpaper(self, where="", places=None, seconds=15):
+        expect(lambda: self.shows_wallpaper(places),
+               lambda: f"{where + ': ' if where else ''}{self.seen(places)}", seconds)
+
+    def at(self, x, y):
+        return self.picture().at(x, y)
+
+    def expect_colour(self, place, colour, where):
+        expect(lambda: self.at(*place) == colour,
+               lambda: f"{where}: {name_of(self.at(*place))} at {place[0]},{place[1]}")
+
+    def icons(self):
+        """How many pixels of the loud icon are on the screen."""
+        return self.picture().count(ICON)
+
+    def show(self, area, colour, **options):
+        window = self.show_window(area, colour, **options)
+        self.opened.append(window)
+        return window
+
+    def start_program(self, **settings):
+        self.tavi.start(**settings)
+
+    def end_program(self):
+        if self.tavi.is_running() and not self.tavi.quit():
+            self.tavi.kill()
+
+    def expect_running(self):
+        if not self.tavi.is_running():
+            raise Failed(f"the program ended: {self.tavi.last_words()}")
+
+    def tidy(self):
+        """Takes away what a check left, so that the next one finds the desktop as it was."""
+        for window in self.opened:
+            window.close()
+        self.opened.clear()
+        if not self.tavi.is_running():
+            self.start_program()
+        wait_until(self.shows_wallpaper, 3)
+
+    def remember(self):
+        """Looks at the desktop before the program was ever there."""
+        self.before = self.picture()
+        if self.has_icons:
+            self.icons_before = self.icons()
+            if not self.icons_before:
+                raise NotReady("the desktop shows no icons")
+
+    def close(self):
+        self.end_program()
+        self.room.leave()

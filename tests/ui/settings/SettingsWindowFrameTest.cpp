@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "support/WaitUntil.h"
+#include "support/XTestClient.h"
+#include "support/XvfbSession.h"
+#include "ui/controls/Look.h"
+#include "ui/settings/WindowUnderTest.h"
+
+#include "ports/Screens.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace zeph::ui {
+
+namespace {
+
+XvfbSession *display = nullptr; // of the whole process, since the toolkit connects once
+
+/// The settings window in the frame of a window manager.
+class SettingsWindowFrameTest : public testing::Test {
+protected:
+    ~SettingsWindowFrameTest() override { made.window->hide(); }
+
+    static Screen screenOf(const QRect &visible) {
+        Screen screen;
+        screen.frame = visible;
+        screen.visibleFrame = visible;
+        return screen;
+    }
+
+    void open() {
+        made.window->hugRightEdge(screenOf(visible));
+        made.window->showNormal();
+    }
+
+    xcb_window_t window() const { return static_cast<xcb_window_t>(made.window->winId()); }
+
+    /// The window with its frame, as it is on the screen.
+    QRect framed() const { return client.geometry(client.frameOf(window())); }
+
+    bool hugsTheEdge() const {
+        const QRect whole = framed();
+        const int above = whole.y() - visible.y();
+        const int below = visible.bottom() - whole.bottom();
+        return client.frameOf(window()) != window() && visible.right() - whole.right() == 24 &&
+               std::abs(above - below) <= 1;
+    }
+
+    XTestClient client{display->display()};
+    WindowUnderTest made;
+    QRect visible{0, 40, 1280, 900};
+};
+
+TEST_F(SettingsWindowFrameTest, theFirstOpeningHugsTheEdgeWithItsFrame) {
+    open();
+    EXPECT_TRUE(waitUntil([this] { return hugsTheEdge(); }))
+        << framed().x() << ' ' << framed().y() << ' ' << framed().width() << ' '
+        << framed().height();
+    EXPECT_EQ(made.window->size(), QSize(scaled(880), scaled(580)));
+}
+
+TEST_F(SettingsWindowFrameTest, aWindowThatTheUserMovedStaysUntilItIsOpenedAgain) {
+    open();
+    ASSERT_TRUE(waitUntil([this] { return hugsTheEdge(); }));
+    made.window->move(60, 120);
+    ASSERT_TRUE(waitUntil([this] { return framed().x() == 60; }));
+    made.window->lower(); // and seen again
+    made.window->raise();
+    made.window->update();
+    runLoopFor(std::chrono::milliseconds(100));
+    EXPECT_EQ(framed().x(), 60);
+    made.window->close();
+    open();
+    EXPECT_TRUE(waitUntil([this] { return hugsTheEdge(); }));
+}
+
+TEST_F(SettingsWindowFrameTest, onASmallScreenTheFrameIsWithinIt) {
+    visible = QRect(0, 0, 800, 500);
+    open();
+    EXPECT_TRUE(waitUntil([this] { return framed().height() == 500; })) << framed().height();
+    EXPECT_TRUE(visible.contains(framed()));
+}
+
+} // namespace
+
+} // namespace zeph::ui
+
+int main(int argc, char **argv) {
+    testing::InitGoogleTest(&argc, argv);
+    if (testing::GTEST_FLAG(list_tests)) {
+        return RUN_ALL_TESTS();
+    }
+    zeph::XvfbSession session;
+    if (!session.isRunning() || !session.startOpenbox()) {
+        return 1;
+    }
+    zeph::ui::display = &session;
+    qputenv("DISPLAY", session.display());
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    // By pointer: it ends before the display does.
+    const auto application = std::make_unique<QApplication>(argc, argv);
+    return RUN_ALL_TESTS();
+}
