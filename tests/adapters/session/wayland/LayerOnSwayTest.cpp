@@ -4,6 +4,10 @@
 #include "WaylandClient.h"
 #include "support/SwaySession.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -47,6 +51,21 @@ bool looksLike(const QImage &picture, const QImage &expected) {
     return true;
 }
 
+QJsonObject focusedIn(const QJsonObject &node) {
+    if (node[u"focused"_s].toBool()) {
+        return node;
+    }
+    for (const QString &children : {u"nodes"_s, u"floating_nodes"_s}) {
+        const QJsonArray nodes = node[children].toArray();
+        for (const QJsonValue &child : nodes) {
+            if (const QJsonObject found = focusedIn(child.toObject()); !found.isEmpty()) {
+                return found;
+            }
+        }
+    }
+    return {};
+}
+
 /// A sway with a dark red background, and our side of it.
 struct LayerOnSwayTest : testing::Test {
     LayerOnSwayTest() : sway({.configuration = "output * bg #550000 solid_color"}) {
@@ -85,6 +104,11 @@ struct LayerOnSwayTest : testing::Test {
         auto surface = showSurface(client->outputs->all().at(0), colour);
         EXPECT_TRUE(waitForPicture(plainImage(kSize, colour)));
         return surface;
+    }
+
+    QJsonObject focusedNode() const {
+        const QByteArray tree = sway.run({u"swaymsg"_s, u"-r"_s, u"-t"_s, u"get_tree"_s});
+        return focusedIn(QJsonDocument::fromJson(tree).object());
     }
 
     static inline const QColor kBackground{0x55, 0, 0};
@@ -140,6 +164,23 @@ TEST_F(LayerOnSwayTest, letsTheBackgroundThroughWhereItIsTransparent) {
     surface->orderFront();
     EXPECT_TRUE(waitForColour({50, 50}, Qt::green));
     EXPECT_TRUE(waitForColour({600, 300}, kBackground));
+}
+
+TEST_F(LayerOnSwayTest, letsClicksReachTheDesktopBeneath) {
+    ASSERT_TRUE(sway.tell(u"for_window [app_id=foot] floating enable"_s));
+    ASSERT_GT(sway.start({u"foot"_s}), 0);
+    ASSERT_TRUE(waitUntil([&] { return focusedNode()[u"app_id"_s] == u"foot"_s; }));
+    ASSERT_TRUE(sway.tell(u"[app_id=foot] resize set 300 200, move position 10 10"_s));
+    const auto surface = client->makeSurface();
+    fillSurface(*surface, Qt::blue);
+    surface->orderFront();
+    ASSERT_TRUE(waitForColour({1000, 600}, Qt::blue));
+    EXPECT_EQ(focusedNode()[u"app_id"_s], u"foot"_s);
+    // sway gives the focus to the workspace itself where a click meets no surface.
+    ASSERT_TRUE(sway.tell(u"seat - cursor set 1000 600"_s));
+    ASSERT_TRUE(sway.tell(u"seat - cursor press button1"_s));
+    ASSERT_TRUE(sway.tell(u"seat - cursor release button1"_s));
+    EXPECT_TRUE(waitUntil([&] { return focusedNode()[u"type"_s] == u"workspace"_s; }));
 }
 
 TEST_F(LayerOnSwayTest, hidesAndComesBackTenTimes) {
