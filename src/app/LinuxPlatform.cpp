@@ -5,8 +5,8 @@
 #include "adapters/apps/DesktopEntries.h"
 #include "adapters/bus/NetworkManagerWiFi.h"
 #include "adapters/calendar/EdsEventStore.h"
+#include "adapters/desktop/DesktopShells.h"
 #include "adapters/desktop/SettingsPages.h"
-#include "adapters/desktop/ToolDesktopShell.h"
 #include "adapters/focus/FocusSource.h"
 #include "adapters/focus/LinuxFocusFile.h"
 #include "adapters/kernel/ProcHostStatistics.h"
@@ -219,7 +219,9 @@ struct LinuxPlatform::Shell {
     PackageKitUpdates updates{QDBusConnection::systemBus(),
                               QCoreApplication::applicationFilePath()};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
-    std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(currentDesktop());
+    std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(
+        currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
+        QDBusConnection::sessionBus());
     SettingsPages systemSettings{
         currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)};
     LinuxStatusBar statusBar;
