@@ -3,6 +3,9 @@
 
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11DesktopSurface.h"
+#include "adapters/session/x11/X11RootPixmapSurface.h"
+
+#include <QProcess>
 
 #include <utility>
 
@@ -12,6 +15,20 @@ namespace {
 
 constexpr std::uint8_t kOpaque = 24;
 constexpr std::uint8_t kWithAlpha = 32;
+
+std::optional<RootPixmapTarget> pictureOf(const std::optional<X11DesktopProgram::Found> &program) {
+    return program ? std::optional(RootPixmapTarget{program->pixmap, program->pixmapDepth,
+                                                    program->pixmapSize, program->windows})
+                   : std::nullopt;
+}
+
+/// Has the program paint its own picture anew. The others take a new pixmap whenever theirs
+/// changes, so that none of them can be out of date.
+void askForItsPicture(const std::optional<X11DesktopProgram::Found> &program) {
+    if (program && program->kind == DesktopProgram::xfdesktop) {
+        QProcess::startDetached(QStringLiteral("xfdesktop"), {QStringLiteral("--reload")});
+    }
+}
 
 } // namespace
 
@@ -33,7 +50,9 @@ X11WindowServer::X11WindowServer(X11Connection &connection, const X11Visual &opa
       m_program(connection, m_windows),
       m_compositor(connection),
       m_way(known, {connection, m_compositor, m_manager, m_program}),
-      m_stacking(connection, m_windows, m_manager) {}
+      m_stacking(connection, m_windows, m_manager),
+      m_programChanges(m_program.subscribe([this] { followPicture(); })),
+      m_wayChanges(m_way.subscribe([this] { followPicture(); })) {}
 
 void X11WindowServer::settle() {
     if (!m_way.isChosen()) {
@@ -45,6 +64,10 @@ void X11WindowServer::settle() {
 std::unique_ptr<DesktopSurface> X11WindowServer::makeDesktopSurface(const Screen &screen,
                                                                     bool wantsTransparency) {
     settle();
+    followPicture();
+    if (m_picture && m_way.now().mechanism == DrawingMechanism::rootPixmap) {
+        return std::make_unique<X11RootPixmapSurface>(m_connection, *m_picture, screen);
+    }
     // Without a compositor alpha is ignored, and every other surface is cheaper opaque.
     const bool isTransparent = wantsTransparency && m_withAlpha && m_compositor.isRunning();
     return std::make_unique<X11DesktopSurface>(m_connection, m_stacking, place(),
@@ -64,6 +87,17 @@ DesktopPlace X11WindowServer::place() const {
         break;
     }
     return DesktopPlace::aboveDesktops;
+}
+
+void X11WindowServer::followPicture() {
+    const bool isPaintedInto = m_way.now().mechanism == DrawingMechanism::rootPixmap;
+    if (isPaintedInto && !m_picture && X11DesktopPicture::isPossible(m_connection)) {
+        m_picture = std::make_unique<X11DesktopPicture>(
+            m_connection, [this] { askForItsPicture(m_program.found()); });
+    }
+    if (m_picture) {
+        m_picture->setTarget(isPaintedInto ? pictureOf(m_program.found()) : std::nullopt);
+    }
 }
 
 Subscription X11WindowServer::subscribeToDrawingWay(std::function<void()> handler) {
