@@ -5,8 +5,8 @@
 #include "adapters/apps/DesktopEntries.h"
 #include "adapters/bus/NetworkManagerWiFi.h"
 #include "adapters/calendar/EdsEventStore.h"
+#include "adapters/desktop/DesktopShells.h"
 #include "adapters/desktop/SettingsPages.h"
-#include "adapters/desktop/ToolDesktopShell.h"
 #include "adapters/focus/FocusSource.h"
 #include "adapters/focus/LinuxFocusFile.h"
 #include "adapters/icons/ScreensBesideIcons.h"
@@ -29,7 +29,7 @@
 #include "adapters/power/LinuxPowerSources.h"
 #include "adapters/power/UPowerSources.h"
 #include "adapters/secret/SecretServiceStore.h"
-#include "adapters/session/x11/X11Session.h"
+#include "adapters/session/open/OpenSession.h"
 #include "adapters/storage/JsonUserDefaults.h"
 #include "adapters/storage/LinuxDesktopFolder.h"
 #include "adapters/storage/UserDirs.h"
@@ -232,7 +232,9 @@ struct LinuxPlatform::Shell {
     PackageKitUpdates updates{QDBusConnection::systemBus(),
                               QCoreApplication::applicationFilePath()};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
-    std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(currentDesktop());
+    std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(
+        currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
+        QDBusConnection::sessionBus());
     SettingsPages systemSettings{
         currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)};
     LinuxStatusBar statusBar;
@@ -249,7 +251,7 @@ LinuxPlatform::Created LinuxPlatform::create(const QString &defaultsPath, const 
                                              const Formatters &formatters) {
     auto foundation = std::make_unique<Foundation>(defaultsPath);
     OpenedSession opened =
-        X11Session::open({foundation->desktopEntries, foundation->consents.input});
+        openSession({foundation->desktopEntries, foundation->consents.input, foundation->runLoop});
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }

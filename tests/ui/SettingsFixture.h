@@ -25,6 +25,7 @@
 #include "support/FakeSecureStore.h"
 #include "support/FakeSystemSettings.h"
 #include "support/FakeVirtualDesktops.h"
+#include "support/FakeWindowServer.h"
 #include "support/ManualRunLoop.h"
 #include "support/ManualTaskExecutor.h"
 #include "ui/settings/SettingsContext.h"
@@ -51,9 +52,10 @@ public:
 class FakeDesktopShell : public DesktopShell {
 public:
     bool canHideIcons() const override { return false; }
-    bool areIconsShown() const override { return true; }
-    void setIconsShown(bool) override {}
-    void relaunch() override {}
+    std::optional<IconSetting> iconSetting() const override { return std::nullopt; }
+    ShellOutcome hideIcons() override { return ShellOutcome::unavailable; }
+    ShellOutcome showIcons(const QString &) override { return ShellOutcome::unavailable; }
+    ShellOutcome relaunch() override { return ShellOutcome::unavailable; }
 };
 
 class FakeLoginItem : public LoginItem {
@@ -93,6 +95,10 @@ protected:
         input.trusted = false;
         permissions->refresh();
         screens.screens = {screen(QStringLiteral("one"), 1, 1920, 1080)};
+        windowServer.setDrawingWay(
+            {DrawingMechanism::rootPixmap,
+             QStringLiteral("Xfce shares its desktop picture, so Tavi paints into it and your "
+                            "icons stay visible and clickable.")});
     }
 
     ui::SettingsContext context() {
@@ -105,6 +111,7 @@ protected:
                 .clock = clock,
                 .framing = framing,
                 .screens = screens,
+                .windowServer = windowServer,
                 .virtualDesktops = virtualDesktops,
                 .appearance = appearance,
                 .permissions = permissions,
@@ -124,6 +131,7 @@ protected:
     Keychain keychain{secrets, defaults};
     IntegrationsStore integrations{defaults, keychain, notificationCenter, loop, executor};
     FakeScreens screens;
+    FakeWindowServer windowServer;
     FakeVirtualDesktops virtualDesktops;
     FakeAppearance appearance;
     FakeInputEvents input;
@@ -147,7 +155,7 @@ protected:
     FakeLoginItem loginItem;
     LaunchAtLogin launchAtLogin{loginItem};
     FakeDesktopShell shell;
-    DesktopIconsManager desktopIcons{shell, background};
+    DesktopIconsManager desktopIcons{shell, defaults, background};
     FakeUpdates updates;
     ServiceCheck serviceCheck{background, {{}, integrations, keychain}};
     QtTextMetrics textMetrics;

@@ -9,6 +9,7 @@
 #include "ui/controls/SettingRow.h"
 #include "ui/controls/StatusLine.h"
 #include "ui/controls/TextLabel.h"
+#include "ui/settings/DrawingWayCard.h"
 #include "ui/settings/PaneMeasures.h"
 #include "ui/settings/UpdateCard.h"
 
@@ -43,6 +44,7 @@ AboutPane::AboutPane(const SettingsContext &context, QUrl support, QWidget *pare
     add(makeVersionLine(), headerToLogo);
     add(makePrivacyCard(), logoToCard);
     add(makeUpdateCard(context), betweenCards);
+    add(makeDrawingWayCard(context), betweenCards);
     add(makeSupportCard(), betweenCards);
 }
 
@@ -69,6 +71,14 @@ QWidget *AboutPane::makePrivacyCard() {
 
 QWidget *AboutPane::makeUpdateCard(const SettingsContext &context) {
     auto *card = new UpdateCard(context);
+    for (const SearchEntry &entry : card->searchEntries()) {
+        m_entries.push_back(entry);
+    }
+    return card;
+}
+
+QWidget *AboutPane::makeDrawingWayCard(const SettingsContext &context) {
+    auto *card = new DrawingWayCard(context);
     for (const SearchEntry &entry : card->searchEntries()) {
         m_entries.push_back(entry);
     }

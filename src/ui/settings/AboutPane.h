@@ -26,6 +26,7 @@ private:
     QWidget *makeVersionLine();
     QWidget *makePrivacyCard();
     QWidget *makeUpdateCard(const SettingsContext &context);
+    QWidget *makeDrawingWayCard(const SettingsContext &context);
     QWidget *makeSupportCard();
 
     QUrl m_support;

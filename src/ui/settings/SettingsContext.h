@@ -24,6 +24,7 @@ class SystemSettings;
 class UpdateFramework;
 class UserDefaults;
 class VirtualDesktops;
+class WindowServer;
 class Clock;
 
 namespace ui {
@@ -39,6 +40,7 @@ struct SettingsContext {
     const Clock &clock;
     FramingContext framing;
     Screens &screens;
+    WindowServer &windowServer;
     VirtualDesktops &virtualDesktops;
     DesktopAppearance &appearance;
     std::shared_ptr<PermissionsManager> permissions;

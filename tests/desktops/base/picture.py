@@ -81,11 +81,11 @@ class Picture:
         return self.pixels[y * self.width:(y + 1) * self.width]
 
     def unlike(self, other):
-        """How many pixels of a grid differ from those of another picture."""
-        if (self.width, self.height) != (other.width, other.height):
-            return len(self.pixels)
+        """How many pixels of a grid differ from those of another picture, which may be smaller."""
+        if self.width < other.width or self.height < other.height:
+            return len(other.pixels) // 25
         return sum(not are_alike(self.at(x, y), other.at(x, y))
-                   for y in range(0, self.height, 5) for x in range(0, self.width, 5))
+                   for y in range(0, other.height, 5) for x in range(0, other.width, 5))
 
     def write(self, path, width=640):
         """As a JPEG of that width."""

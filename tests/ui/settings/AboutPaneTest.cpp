@@ -73,6 +73,16 @@ TEST_F(AboutPaneTest, aBuildThatNoPackageCanReplaceOffersNothing) {
     EXPECT_FALSE(updateButton(u"Check for updates"_s).isEnabled());
 }
 
+TEST_F(AboutPaneTest, tellsHowTheWallpaperIsDrawnAndFollowsIt) {
+    open();
+    EXPECT_TRUE(says(u"How Tavi draws here"_s));
+    EXPECT_TRUE(says(windowServer.drawingWay().reason));
+    const QString next = u"Your window manager knows no desktop windows."_s;
+    windowServer.setDrawingWay({DrawingMechanism::loweredOverride, next});
+    settle();
+    EXPECT_TRUE(says(next));
+}
+
 TEST_F(AboutPaneTest, opensThePageOfTheSupport) {
     AboutPane &pane = open();
     QStringList opened;

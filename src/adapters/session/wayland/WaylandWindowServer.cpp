@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/wayland/WaylandWindowServer.h"
 
+#include "adapters/session/choose/MechanismChoice.h"
+#include "base/Log.h"
+
 #include <utility>
 
 namespace zeph {
@@ -12,6 +15,13 @@ constexpr std::uint32_t kNewestCompositor = 4;
 constexpr std::uint32_t kNewestShell = 4;
 constexpr std::uint32_t kOnlyMemory = 1;
 constexpr std::uint32_t kOnlyViewporter = 1;
+
+DrawingWay layerWay() {
+    SessionOffer offer = offerOfEnvironment();
+    offer.displaySystem = DisplaySystem::wayland;
+    offer.hasLayerShell = true;
+    return chooseDrawingWay(offer);
+}
 
 } // namespace
 
@@ -38,7 +48,10 @@ WaylandWindowServer::WaylandWindowServer(WaylandConnection &connection, LayerShe
     : m_connection(connection),
       m_shell(std::move(shell)),
       m_outputs(outputs),
-      m_now(std::move(now)) {}
+      m_now(std::move(now)),
+      m_way(layerWay()) {
+    qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
+}
 
 std::unique_ptr<DesktopSurface> WaylandWindowServer::makeDesktopSurface(const Screen &screen,
                                                                         bool wantsTransparency) {
@@ -48,8 +61,12 @@ std::unique_ptr<DesktopSurface> WaylandWindowServer::makeDesktopSurface(const Sc
                                           screen, wantsTransparency);
 }
 
+Subscription WaylandWindowServer::subscribeToDrawingWay(std::function<void()> handler) {
+    return m_never.subscribe(std::move(handler));
+}
+
 Subscription WaylandWindowServer::subscribeToCompositing(std::function<void()> handler) {
-    return m_compositing.subscribe(std::move(handler));
+    return m_never.subscribe(std::move(handler));
 }
 
 Subscription WaylandWindowServer::subscribeToLoss(std::function<void()> handler) {

@@ -31,6 +31,9 @@ public:
 
     std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,
                                                        bool wantsTransparency) override;
+    DrawingWay drawingWay() const override { return m_way; }
+    /// What a compositor offers stays the same while it runs; this never happens.
+    Subscription subscribeToDrawingWay(std::function<void()> handler) override;
     /// Every compositor of Wayland composes; this never happens.
     Subscription subscribeToCompositing(std::function<void()> handler) override;
     Subscription subscribeToLoss(std::function<void()> handler) override;
@@ -40,7 +43,8 @@ private:
     LayerShell m_shell;
     WaylandOutputs &m_outputs;
     SteadyNow m_now;
-    ChangePublisher m_compositing;
+    DrawingWay m_way;
+    ChangePublisher m_never;
 };
 
 } // namespace zeph

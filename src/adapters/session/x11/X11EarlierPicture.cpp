@@ -11,7 +11,7 @@ namespace zeph {
 
 namespace {
 
-std::uint16_t length(int pixels) {
+std::uint16_t wireLength(int pixels) {
     return static_cast<std::uint16_t>(pixels);
 }
 std::int16_t place(int pixels) {
@@ -50,9 +50,9 @@ std::unique_ptr<X11EarlierPicture> X11EarlierPicture::keep(X11Connection &connec
     }
     xcb_set_close_down_mode(keeper.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
     const xcb_pixmap_t kept = xcb_generate_id(keeper.get());
-    const auto made =
-        xcb_create_pixmap_checked(keeper.get(), target.depth, kept, connection.root(),
-                                  length(target.size.width()), length(target.size.height()));
+    const auto made = xcb_create_pixmap_checked(keeper.get(), target.depth, kept, connection.root(),
+                                                wireLength(target.size.width()),
+                                                wireLength(target.size.height()));
     if (const X11Reply<xcb_generic_error_t> refused{xcb_request_check(keeper.get(), made)}) {
         return nullptr;
     }
@@ -100,7 +100,7 @@ X11EarlierPicture::~X11EarlierPicture() {
 void X11EarlierPicture::keepAnew(xcb_xfixes_region_t region) {
     xcb_xfixes_set_gc_clip_region(m_connection.xcb(), m_clipped, region, 0, 0);
     xcb_copy_area(m_connection.xcb(), m_target.pixmap, m_kept, m_clipped, 0, 0, 0, 0,
-                  length(m_target.size.width()), length(m_target.size.height()));
+                  wireLength(m_target.size.width()), wireLength(m_target.size.height()));
 }
 
 void X11EarlierPicture::putBack(const QRegion &region) {
@@ -111,7 +111,8 @@ void X11EarlierPicture::putBack(const QRegion &region) {
 
 void X11EarlierPicture::copy(xcb_pixmap_t from, xcb_pixmap_t to, const QRect &rect) {
     xcb_copy_area(m_connection.xcb(), from, to, m_context, place(rect.x()), place(rect.y()),
-                  place(rect.x()), place(rect.y()), length(rect.width()), length(rect.height()));
+                  place(rect.x()), place(rect.y()), wireLength(rect.width()),
+                  wireLength(rect.height()));
 }
 
 bool restoreDesktopPicture(X11Connection &connection) {
@@ -125,7 +126,7 @@ bool restoreDesktopPicture(X11Connection &connection) {
         const xcb_gcontext_t context = makeContext(connection, record->kept);
         const QSize size = record->target.size;
         xcb_copy_area(xcb, record->kept, record->target.pixmap, context, 0, 0, 0, 0,
-                      length(size.width()), length(size.height()));
+                      wireLength(size.width()), wireLength(size.height()));
         xcb_free_gc(xcb, context);
         for (const xcb_window_t window : record->target.windows) {
             xcb_clear_area(xcb, 1, window, 0, 0, 0, 0);
