@@ -182,9 +182,9 @@ TEST_F(XfceTest, comesBackWithTheProgramAfterItsCrash) {
 }
 
 TEST_F(ComposedXfceTest, theIconsStayAndTheirPictureIsOurs) {
-    ASSERT_TRUE(waitUntil([&] {
-        return server->makeDesktopSurface(wholeScreen(), true)->isTransparent();
-    })) << "nothing composes the windows";
+    const X11Compositor compositor(*connection);
+    ASSERT_TRUE(waitUntil([&] { return compositor.isRunning(); }))
+        << "nothing composes the windows";
     const auto surface = shown(Qt::blue);
     EXPECT_TRUE(waitUntil([&] { return liesBeneathIcons(Qt::blue); }));
     fill(*surface, Qt::darkCyan, QRect(200, 100, 800, 600));
