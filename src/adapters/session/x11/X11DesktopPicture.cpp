@@ -33,7 +33,7 @@ bool X11DesktopPicture::isPossible(const X11Connection &connection) {
 X11DesktopPicture::X11DesktopPicture(X11Connection &connection, std::function<void()> askForItsOwn)
     : X11EventListener(connection),
       m_askForItsOwn(std::move(askForItsOwn)),
-      m_announcement(connection.intern("_XROOTPMAP_ID")) {
+      m_announcement(connection.atom(X11Atom::rootPixmap)) {
     m_unannounced.setSingleShot(true);
     m_unannounced.setInterval(kAnnouncementPatience);
     QObject::connect(&m_unannounced, &QTimer::timeout, &m_unannounced, [this] { repaintAll(); });

@@ -3,8 +3,13 @@
 
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11DesktopSurface.h"
+#include "adapters/session/x11/X11RootPixmapSurface.h"
+
+#include <QProcess>
 
 #include <utility>
+
+using namespace Qt::StringLiterals;
 
 namespace zeph {
 
@@ -33,7 +38,14 @@ X11WindowServer::X11WindowServer(X11Connection &connection, const X11Visual &opa
       m_program(connection, m_windows),
       m_compositor(connection),
       m_way(known, {connection, m_compositor, m_manager, m_program}),
-      m_stacking(connection, m_windows, m_manager) {}
+      m_stacking(connection, m_windows, m_manager) {
+    m_news.push_back(m_program.subscribe([this] { followPicture(); }));
+    m_news.push_back(m_way.subscribe([this] {
+        // First, so that surfaces give back what they took of the picture.
+        m_ways.send();
+        followPicture();
+    }));
+}
 
 void X11WindowServer::settle() {
     if (!m_way.isChosen()) {
@@ -47,6 +59,10 @@ std::unique_ptr<DesktopSurface> X11WindowServer::makeDesktopSurface(const Screen
     settle();
     // Without a compositor alpha is ignored, and every other surface is cheaper opaque.
     const bool isTransparent = wantsTransparency && m_withAlpha && m_compositor.isRunning();
+    // Through a transparent surface icons are seen and clicked from above, too.
+    if (m_way.now().mechanism == DrawingMechanism::rootPixmap && !isTransparent) {
+        return std::make_unique<X11RootPixmapSurface>(m_connection, picture(), screen);
+    }
     return std::make_unique<X11DesktopSurface>(m_connection, m_stacking, place(),
                                                isTransparent ? *m_withAlpha : m_opaque, screen);
 }
@@ -66,8 +82,32 @@ DesktopPlace X11WindowServer::place() const {
     return DesktopPlace::aboveDesktops;
 }
 
+X11DesktopPicture &X11WindowServer::picture() {
+    if (!m_picture) {
+        m_picture = std::make_unique<X11DesktopPicture>(m_connection, [this] {
+            const auto &program = m_program.found();
+            if (program && program->kind == DesktopProgram::xfdesktop) {
+                QProcess::startDetached(u"xfdesktop"_s, {u"--reload"_s});
+            }
+        });
+        followPicture();
+    }
+    return *m_picture;
+}
+
+/// At once, as what was painted into the last one is gone.
+void X11WindowServer::followPicture() {
+    if (!m_picture) {
+        return;
+    }
+    const auto &program = m_program.found();
+    m_picture->setTarget(program && m_way.now().mechanism == DrawingMechanism::rootPixmap
+                             ? std::optional(program->target())
+                             : std::nullopt);
+}
+
 Subscription X11WindowServer::subscribeToDrawingWay(std::function<void()> handler) {
-    return m_way.subscribe(std::move(handler));
+    return m_ways.subscribe(std::move(handler));
 }
 
 Subscription X11WindowServer::subscribeToCompositing(std::function<void()> handler) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/session/x11/X11Compositor.h"
+#include "adapters/session/x11/X11DesktopPicture.h"
 #include "adapters/session/x11/X11DesktopProgram.h"
 #include "adapters/session/x11/X11DesktopStacking.h"
 #include "adapters/session/x11/X11DesktopWindows.h"
@@ -36,6 +37,8 @@ public:
 private:
     X11WindowServer(X11Connection &connection, const X11Visual &opaque, const SessionOffer &known);
     DesktopPlace place() const;
+    X11DesktopPicture &picture();
+    void followPicture();
 
     X11Connection &m_connection;
     X11Visual m_opaque;
@@ -47,6 +50,9 @@ private:
     X11Compositor m_compositor;
     X11DrawingWay m_way;
     X11DesktopStacking m_stacking;
+    std::unique_ptr<X11DesktopPicture> m_picture; // made with the first surface in it
+    ChangePublisher m_ways;
+    std::vector<Subscription> m_news;
 };
 
 } // namespace zeph
