@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/wayland/WaylandSession.h"
 
-#include "WaylandFixture.h"
+#include "FakeCompositor.h"
+#include "WaylandClient.h"
 
 #include "adapters/session/wayland/UnknownParts.h"
 

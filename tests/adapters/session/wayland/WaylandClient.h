@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "FakeCompositor.h"
-
 #include "adapters/session/wayland/WaylandWindowServer.h"
 #include "support/WaitUntil.h"
 
@@ -13,14 +11,14 @@
 
 namespace zeph {
 
-/// Our side of a fake compositor. The steady time stands still unless the test moves it.
+/// Our side of a compositor. The steady time stands still unless the test moves it.
 class WaylandClient {
 public:
-    explicit WaylandClient(FakeCompositor &compositor) {
-        connection = WaylandConnection::open(compositor.socket()).connection;
+    explicit WaylandClient(const QByteArray &display) {
+        connection = WaylandConnection::open(display).connection;
         auto shell = connection ? LayerShell::bind(*connection) : std::nullopt;
         if (!shell) {
-            throw std::runtime_error("the fake compositor does not offer layers");
+            throw std::runtime_error("the compositor does not offer layers");
         }
         outputs = std::make_unique<WaylandOutputs>(*connection, shell->abilities(),
                                                    QStringLiteral("/nonexistent"));
