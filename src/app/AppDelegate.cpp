@@ -45,10 +45,10 @@ AccountChoices choicesOf(const IntegrationsStore &integrations) {
                 }};
 }
 
-/// The numbers of the chosen workspaces; absent for all.
+/// The numbers of the chosen workspaces; absent for all. Without any number it is all as well.
 std::optional<std::set<int>> chosenDesktops(const DesktopSelection &selection) {
     const auto *some = std::get_if<SomeDesktops>(&selection);
-    return some && !some->numbers.empty() ? std::optional(some->numbers) : std::nullopt;
+    return some ? std::optional(some->numbers) : std::nullopt;
 }
 
 } // namespace

@@ -26,7 +26,7 @@ const QString hideIconsKey = u"zeph.desktop.hideIcons"_s;
 ApplicationShell::ApplicationShell(ShellContext context)
     : m_context(std::move(context)),
       m_launchAtLogin(m_context.ports.loginItem),
-      m_desktopIcons(m_context.ports.desktopShell, m_context.background) {}
+      m_desktopIcons(m_context.ports.desktopShell, m_context.defaults, m_context.background) {}
 
 ApplicationShell::~ApplicationShell() = default;
 
@@ -65,12 +65,13 @@ bool ApplicationShell::isOnboarded() const {
     return m_context.defaults.boolean(onboardedKey);
 }
 
-/// Where the desktop is as the user wants it, nothing is run, which would restart the desktop.
+/// Where the desktop is as the user wants it, nothing is run, which would restart the desktop. Nor
+/// is anything shown that was not hidden here: the user hid it by the desktop's own setting.
 void ApplicationShell::applyDesktopIcons() {
     m_desktopIcons.systemIconsVisible(m_questions.whileAlive([this](bool areVisible) {
         // Read now: the user may have worked the switch meanwhile.
         const bool hide = m_context.defaults.boolean(hideIconsKey);
-        if (hide == areVisible) {
+        if (hide == areVisible && (hide || m_desktopIcons.hasHidden())) {
             m_desktopIcons.applyHidden(hide);
         }
     }));

@@ -5,10 +5,11 @@
 #include "adapters/apps/DesktopEntries.h"
 #include "adapters/bus/NetworkManagerWiFi.h"
 #include "adapters/calendar/EdsEventStore.h"
+#include "adapters/desktop/DesktopShells.h"
 #include "adapters/desktop/SettingsPages.h"
-#include "adapters/desktop/ToolDesktopShell.h"
 #include "adapters/focus/FocusSource.h"
 #include "adapters/focus/LinuxFocusFile.h"
+#include "adapters/icons/ScreensBesideIcons.h"
 #include "adapters/kernel/ProcHostStatistics.h"
 #include "adapters/kernel/ProcNetworkInterfaces.h"
 #include "adapters/kernel/StatvfsVolume.h"
@@ -28,7 +29,7 @@
 #include "adapters/power/LinuxPowerSources.h"
 #include "adapters/power/UPowerSources.h"
 #include "adapters/secret/SecretServiceStore.h"
-#include "adapters/session/x11/X11Session.h"
+#include "adapters/session/open/OpenSession.h"
 #include "adapters/storage/JsonUserDefaults.h"
 #include "adapters/storage/LinuxDesktopFolder.h"
 #include "adapters/storage/UserDirs.h"
@@ -96,6 +97,16 @@ QByteArray fileName(const QString &path) {
     return QFile::encodeName(path);
 }
 
+std::optional<IconStore> iconStoreHere(const DesktopFolder &desktop) {
+    const auto kind = iconStoreKindFor(currentDesktop());
+    return kind ? std::optional(IconStore{
+                      *kind,
+                      {QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
+                       QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
+                       desktop.url().value_or(QByteArray())}})
+                : std::nullopt;
+}
+
 } // namespace
 
 /// What the display session works with, and so is there before it.
@@ -149,7 +160,7 @@ struct LinuxPlatform::Adapters {
                 .geocoder = geocoder,
                 .httpClient = httpClient,
                 .secureStore = secureStore,
-                .screens = session->screens(),
+                .screens = screens,
                 .windowServer = session->windowServer(),
                 .virtualDesktops = session->virtualDesktops()} {}
 
@@ -159,6 +170,8 @@ struct LinuxPlatform::Adapters {
     JsonUserDefaults &defaults = foundation->defaults;
     QtTaskExecutor &executor = foundation->executor;
     Background &background = foundation->background;
+    DesktopIconsWatch desktopIcons{iconStoreHere(foundation->desktopFolder), background};
+    ScreensBesideIcons screens{session->screens(), session->windowServer(), desktopIcons};
     SystemClock clock;
     QtTaskExecutor accountExecutor{mostTasks, QtTaskExecutor::Start::whenReleased};
     Background accountBackground = Background::over(accountExecutor, runLoop);
@@ -219,7 +232,9 @@ struct LinuxPlatform::Shell {
     PackageKitUpdates updates{QDBusConnection::systemBus(),
                               QCoreApplication::applicationFilePath()};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
-    std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(currentDesktop());
+    std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(
+        currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
+        QDBusConnection::sessionBus());
     SettingsPages systemSettings{
         currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)};
     LinuxStatusBar statusBar;
@@ -236,7 +251,7 @@ LinuxPlatform::Created LinuxPlatform::create(const QString &defaultsPath, const 
                                              const Formatters &formatters) {
     auto foundation = std::make_unique<Foundation>(defaultsPath);
     OpenedSession opened =
-        X11Session::open({foundation->desktopEntries, foundation->consents.input});
+        openSession({foundation->desktopEntries, foundation->consents.input, foundation->runLoop});
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }

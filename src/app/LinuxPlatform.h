@@ -13,8 +13,8 @@ namespace zeph {
 class EndBudget;
 struct Consents;
 
-/// The ports of this machine: Linux with an X11 desktop. Main thread only; the application
-/// object has to exist.
+/// The ports of this machine: Linux with a desktop on X11 or Wayland. Main thread only; the
+/// application object has to exist.
 class LinuxPlatform {
 public:
     /// A platform, or why there is none, to tell the user.

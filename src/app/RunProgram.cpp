@@ -7,6 +7,8 @@
 #include "adapters/kernel/UnixSignals.h"
 #include "adapters/locale/IcuCalendar.h"
 #include "adapters/locale/IcuFormatters.h"
+#include "adapters/session/open/OpenSession.h"
+#include "adapters/session/wayland/WaylandDisplay.h"
 #include "adapters/session/x11/X11Display.h"
 #include "adapters/storage/FolderLock.h"
 #include "app/EndBudget.h"
@@ -106,9 +108,9 @@ private:
     QByteArray m_was;
 };
 
-std::unique_ptr<QApplication> makeToolkit(int &argumentCount, char **arguments) {
-    // On a Wayland desktop too: the wallpaper's windows are X11 ones.
-    const PassingVariable platform("QT_QPA_PLATFORM", "xcb");
+std::unique_ptr<QApplication> makeToolkit(const QByteArray &plugin, int &argumentCount,
+                                          char **arguments) {
+    const PassingVariable platform("QT_QPA_PLATFORM", plugin);
     // A saved session would start the program a second time, beside its entry for the login.
     const PassingVariable session("SESSION_MANAGER", QByteArray());
     QApplication::setQuitOnLastWindowClosed(false);
@@ -215,13 +217,19 @@ int runProgram(char **arguments, const ProgramSettings &settings) {
     const RequestInbox::Start start = takeStart();
     avoidHungBuses(busPatience);
     auto display = std::make_unique<X11Display>();
-    if (!display->isReachable()) {
-        std::fputs("tavi: there is no X display to draw on\n", stderr);
+    const bool hasX11 = display->isReachable();
+    const QByteArray compositor = qgetenv("WAYLAND_DISPLAY");
+    const QByteArray plugin = toolkitPlatform(hasX11, !hasX11 && compositorAnswers(compositor));
+    if (plugin.isEmpty()) {
+        std::fputs(compositor.isEmpty()
+                       ? "tavi: there is no X display to draw on\n"
+                       : "tavi: there is no X display and no Wayland compositor to draw on\n",
+                   stderr);
         return EXIT_FAILURE;
     }
     // The program takes no options; the toolkit would take its own from the command line.
     int argumentCount = 1;
-    const auto toolkit = makeToolkit(argumentCount, arguments);
+    const auto toolkit = makeToolkit(plugin, argumentCount, arguments);
     display.reset();
 
     RequestInbox requests(start);

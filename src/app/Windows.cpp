@@ -13,6 +13,7 @@
 #include "ports/RunLoop.h"
 #include "ports/Screens.h"
 #include "ports/ShellPorts.h"
+#include "ui/controls/TipStyle.h"
 #include "ui/onboarding/OnboardingWindow.h"
 #include "ui/settings/SettingsWindow.h"
 
@@ -32,6 +33,7 @@ Windows::Windows(const WindowParts &parts, Consents &consents)
           FetchTools{parts.webServices, parts.services.integrations, parts.services.keychain}),
       m_context(makeContext(consents)) {
     OwnFonts::takeAll(); // the windows have texts of the user's in them
+    ui::TipStyle::install();
 }
 
 Windows::~Windows() = default;

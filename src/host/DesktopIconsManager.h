@@ -9,17 +9,24 @@ namespace zeph {
 
 class Background;
 class DesktopShell;
+class UserDefaults;
 
-/// Hides and shows the icons of the desktop by the desktop's own setting. Main thread only; the
-/// desktop's tools run on another.
+/// Hides and shows the icons of the desktop by the desktop's own setting. What the setting was
+/// before they were hidden is kept under "zeph.desktop.earlierIcons" and comes back with them.
+/// Main thread only; the desktop's tools run on another.
 class DesktopIconsManager {
 public:
-    DesktopIconsManager(DesktopShell &shell, const Background &background);
+    DesktopIconsManager(DesktopShell &shell, UserDefaults &defaults, const Background &background);
 
     /// Whether this desktop has such a setting.
     bool canHide() const;
 
-    /// Asks the desktop; `told` runs on the main thread.
+    /// Whether icons were hidden here and did not come back yet. Those that the user hid by the
+    /// desktop's own means are none of them.
+    bool hasHidden() const;
+
+    /// Asks the desktop; `told` runs on the main thread. Icons count as visible where nobody can
+    /// tell.
     void systemIconsVisible(std::function<void(bool)> told);
 
     /// Brings the desktop to the wanted state; where the first write does not take effect, once
@@ -28,6 +35,7 @@ public:
 
 private:
     DesktopShell &m_shell;
+    UserDefaults &m_defaults;
     const Background &m_background;
     WorkOwner m_questions;
     WorkOwner m_changes{1};

@@ -25,6 +25,7 @@ struct GitHubStats {
     bool showStats = true;
     std::optional<Date> updated; ///< time of a complete fetch
     std::optional<QString> error;
+    std::optional<bool> hasToken; ///< whether it was asked with one; absent for a locked keyring
 
     bool operator==(const GitHubStats &) const = default;
 };

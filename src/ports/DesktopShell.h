@@ -3,22 +3,45 @@
 
 #include "ports/Port.h"
 
+#include <QString>
+
+#include <optional>
+
 namespace zeph {
 
-/// The desktop's own setting of whether icons are shown on the desktop. Each call may take as long
-/// as the desktop's tool does, so none is made on the main thread.
+/// The desktop's own setting of whether icons are shown on the desktop.
+struct IconSetting {
+    bool areShown = true;
+    QString value = {}; ///< the setting in the desktop's own words, for `DesktopShell::showIcons`
+
+    bool operator==(const IconSetting &) const = default;
+};
+
+/// What became of a change.
+enum class ShellOutcome {
+    done,        ///< the desktop took it; whether it took effect is seen by reading
+    refused,     ///< the desktop did not take it
+    unavailable, ///< there is no such setting, or nobody who would take it
+};
+
+/// Reads and writes that setting. Each call may take as long as the desktop's tool does, so none
+/// but `canHideIcons` is made on the main thread; changes are made one after the other.
 class DesktopShell : public Port {
 public:
-    /// False where the desktop has no such setting; then the others do nothing.
+    /// False where the desktop has no such setting; then nothing else has an effect.
     virtual bool canHideIcons() const = 0;
 
-    /// True also where the setting can't be read.
-    virtual bool areIconsShown() const = 0;
+    /// Absent where it can't be read.
+    virtual std::optional<IconSetting> iconSetting() const = 0;
 
-    virtual void setIconsShown(bool areShown) = 0;
+    virtual ShellOutcome hideIcons() = 0;
 
-    /// Has the desktop read its setting again.
-    virtual void relaunch() = 0;
+    /// Shows them as that value of an earlier setting says; as the desktop does by itself where it
+    /// is empty, or can't be understood.
+    virtual ShellOutcome showIcons(const QString &earlier) = 0;
+
+    /// Has the desktop follow its setting, where it does not by itself.
+    virtual ShellOutcome relaunch() = 0;
 };
 
 } // namespace zeph

@@ -55,6 +55,10 @@ public:
     /// Calls `handler` on the main thread after `isTrusted` may have changed.
     [[nodiscard]] virtual Subscription subscribeToTrust(std::function<void()> handler) = 0;
 
+    /// Whether this desktop tells a program of the keys that are pressed in others, so that a tap
+    /// can be had with the user's consent. The same for as long as the session lasts.
+    virtual bool canCountKeys() const { return true; }
+
     /// Makes a stream, off at first, that calls `handler` on the main thread, or answers null when
     /// the permission or the system's facility is missing.
     virtual std::unique_ptr<InputEventTap>

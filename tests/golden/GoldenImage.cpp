@@ -2,6 +2,7 @@
 #include "golden/GoldenImage.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <cstdlib>
@@ -40,9 +41,25 @@ Comparison compare(const QImage &got, const QImage &expected, int tolerance) {
     return result;
 }
 
+constexpr int white = 255;
+
+/// `image` in shades of grey from black to white.
+QImage inShades(const QImage &image, int shades) {
+    QImage grey(image.size(), QImage::Format_Grayscale8);
+    for (int y = 0; y < grey.height(); ++y) {
+        uchar *const line = grey.scanLine(y);
+        for (int x = 0; x < grey.width(); ++x) {
+            const int shade = (qGray(image.pixel(x, y)) * (shades - 1) + white / 2) / white;
+            line[x] = static_cast<uchar>(shade * white / (shades - 1));
+        }
+    }
+    return grey;
+}
+
 QString inFolder(const QString &folder, const QString &fileName) {
-    QDir().mkpath(folder);
-    return QDir(folder).filePath(fileName);
+    const QString path = QDir(folder).filePath(fileName);
+    QDir().mkpath(QFileInfo(path).path());
+    return path;
 }
 
 testing::AssertionResult mismatch(const GoldenFolder &folder, const QString &name) {
@@ -55,18 +72,21 @@ testing::AssertionResult mismatch(const GoldenFolder &folder, const QString &nam
 
 testing::AssertionResult matchesGolden(const QImage &image, const QString &name,
                                        const GoldenOptions &options, const GoldenFolder &folder) {
-    const QImage got = image.convertToFormat(QImage::Format_ARGB32);
+    const QImage kept = options.shades > 1 ? inShades(image, options.shades) : image;
+    const QImage got = kept.convertToFormat(QImage::Format_ARGB32);
+    const int tolerance =
+        options.channelTolerance + (options.shades > 1 ? white / (options.shades - 1) : 0);
     const QString path = inFolder(folder.expected, name + u".png"_s);
     const QImage expected = QImage(path).convertToFormat(QImage::Format_ARGB32);
     Comparison comparison;
     if (got.size() == expected.size() && !got.isNull()) {
-        comparison = compare(got, expected, options.channelTolerance);
+        comparison = compare(got, expected, tolerance);
         if (comparison.differing <= options.allowedPixels) {
             return testing::AssertionSuccess();
         }
     }
     if (folder.updates) {
-        return got.save(path)
+        return kept.save(path)
                    ? testing::AssertionSuccess()
                    : testing::AssertionFailure() << "cannot write " << path.toStdString();
     }

@@ -83,4 +83,16 @@ TEST_F(GoldenImage, anotherSizeNeverMatches) {
     EXPECT_FALSE(matchesGolden(QImage(5, 4, QImage::Format_RGB32), u"a"_s, {255, 100}, folder()));
 }
 
+TEST_F(GoldenImage, inShadesOfGreyColoursDoNotCountAndLightDoes) {
+    const GoldenOptions grey{.shades = 16};
+    image.fill(qRgb(200, 0, 0));
+    EXPECT_TRUE(matchesGolden(image, u"a"_s, grey, folder(true)));
+    EXPECT_TRUE(QImage(home.filePath(u"expected/a.png"_s)).isGrayscale());
+    const int light = qGray(qRgb(200, 0, 0));
+    image.fill(qRgb(light, light, light));
+    EXPECT_TRUE(matchesGolden(image, u"a"_s, grey, folder()));
+    image.setPixel(2, 2, qRgb(light + 40, light + 40, light + 40));
+    EXPECT_FALSE(matchesGolden(image, u"a"_s, grey, folder()));
+}
+
 } // namespace zeph

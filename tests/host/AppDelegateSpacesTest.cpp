@@ -66,6 +66,10 @@ TEST_F(AppDelegateSpacesTest, onAllWorkspacesASwitchTouchesNothing) {
     surfaces();
     goTo(2);
     EXPECT_THAT(surfaces(), IsEmpty());
+    delegate.desktopWindows().front()->orderOut();
+    surfaces();
+    goTo(3);
+    EXPECT_THAT(surfaces(), IsEmpty()) << "not even what is out of sight";
 }
 
 TEST_F(AppDelegateSpacesTest, anEmptyChoiceMeansAll) {
@@ -89,6 +93,7 @@ TEST_F(AppDelegateSpacesTest, windowsThatAreMadeForAnotherWorkspaceAreNeverShown
     launch();
     EXPECT_THAT(visible(), ElementsAre(false, false));
     EXPECT_THAT(surfaces(), ElementsAre("0 made", "0 presented", "1 made", "1 presented"));
+    EXPECT_EQ(delegate.desktopWindows()[1]->spaceBehavior(), SpaceBehavior::pinned);
     preferences.setDisplaySelection(OneScreen{u"B"_s});
     EXPECT_THAT(visible(), ElementsAre(false));
     goTo(2);

@@ -115,6 +115,14 @@ TEST_F(ApplicationShellTest, iconsThatAreNotAsWantedAreBroughtThere) {
     EXPECT_THAT(told(), ElementsAre("accessory", "tray", "show icons", "relaunch"));
 }
 
+TEST_F(ApplicationShellTest, iconsThatTheUserHidByTheDesktopsOwnSettingStayHidden) {
+    onboard();
+    shell.desktopShell.areShown = false;
+    launch();
+    EXPECT_THAT(told(), ElementsAre("accessory", "tray"));
+    EXPECT_FALSE(shell.desktopShell.areShown);
+}
+
 TEST_F(ApplicationShellTest, aSwitchWorkedWhileTheDesktopAnswersCounts) {
     onboard();
     defaults.set(u"zeph.desktop.hideIcons"_s, true);

@@ -3,6 +3,7 @@
 
 #include "base/Background.h"
 #include "support/FakeShell.h"
+#include "support/FakeUserDefaults.h"
 #include "support/ManualRunLoop.h"
 #include "support/ManualTaskExecutor.h"
 
@@ -30,8 +31,12 @@ protected:
     Background background = Background::over(executor, loop);
     ShellStory story;
     FakeDesktopShell shell{story};
-    DesktopIconsManager manager{shell, background};
+    FakeUserDefaults defaults;
+    DesktopIconsManager manager{shell, defaults, background};
 };
+
+const QString earlierIcons = QStringLiteral("zeph.desktop.earlierIcons");
+const QString smallIcons = QStringLiteral("small");
 
 TEST_F(DesktopIconsManagerTest, tellsWhetherTheIconsAreVisible) {
     for (const bool areShown : {true, false}) {
@@ -79,6 +84,105 @@ TEST_F(DesktopIconsManagerTest, ofManyChangesTheLastHolds) {
     manager.applyHidden(true);
     settle();
     EXPECT_FALSE(shell.areShown);
+}
+
+TEST_F(DesktopIconsManagerTest, countsIconsAsVisibleWhereNobodyCanTell) {
+    shell.areShown = false;
+    shell.isReadable = false;
+    std::optional<bool> told;
+    manager.systemIconsVisible([&](bool areVisible) { told = areVisible; });
+    settle();
+    EXPECT_EQ(told, true);
+    manager.applyHidden(true);
+    settle();
+    EXPECT_THAT(story, ElementsAre("hide icons", "relaunch", "hide icons", "relaunch"));
+}
+
+TEST_F(DesktopIconsManagerTest, theSettingOfTheUserComesBack) {
+    shell.style = smallIcons;
+    EXPECT_FALSE(manager.hasHidden());
+    manager.applyHidden(true);
+    settle();
+    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+    EXPECT_TRUE(manager.hasHidden());
+    shell.style.clear();
+    manager.applyHidden(false);
+    settle();
+    EXPECT_EQ(shell.style, smallIcons);
+    EXPECT_FALSE(manager.hasHidden()) << "it is the user's own again";
+}
+
+TEST_F(DesktopIconsManagerTest, theSettingIsKeptBeforeItIsWrittenOver) {
+    shell.style = smallIcons;
+    shell.deafFor = 9;
+    shell.outcome = ShellOutcome::refused;
+    manager.applyHidden(true);
+    settle();
+    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+}
+
+TEST_F(DesktopIconsManagerTest, whatIsHiddenOrCannotBeReadTakesNoKeptSettingsPlace) {
+    shell.style = smallIcons;
+    manager.applyHidden(true);
+    settle();
+    manager.applyHidden(true);
+    settle();
+    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+    shell.isReadable = false;
+    manager.applyHidden(true);
+    settle();
+    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+}
+
+TEST_F(DesktopIconsManagerTest, aNewerSettingOfTheUserTakesTheKeptOnesPlace) {
+    manager.applyHidden(true);
+    settle();
+    shell.areShown = true;
+    shell.style = smallIcons;
+    manager.applyHidden(true);
+    settle();
+    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+}
+
+TEST_F(DesktopIconsManagerTest, iconsThatWereHiddenUnreadComeBackAsTheDesktopShowsThem) {
+    shell.isReadable = false;
+    manager.applyHidden(true);
+    settle();
+    EXPECT_TRUE(manager.hasHidden());
+    shell.isReadable = true;
+    shell.style = smallIcons;
+    manager.applyHidden(false);
+    settle();
+    EXPECT_EQ(shell.style, FakeDesktopShell::plain);
+    EXPECT_FALSE(manager.hasHidden());
+}
+
+TEST_F(DesktopIconsManagerTest, iconsThatTheUserHidAreNotKeptAsHidden) {
+    shell.areShown = false;
+    manager.applyHidden(true);
+    settle();
+    EXPECT_FALSE(manager.hasHidden());
+    manager.applyHidden(false);
+    settle();
+    EXPECT_TRUE(shell.areShown) << "that is what the switch says";
+}
+
+TEST_F(DesktopIconsManagerTest, aSettingThatDidNotComeBackIsKeptForTheNextTry) {
+    shell.style = smallIcons;
+    manager.applyHidden(true);
+    settle();
+    shell.deafFor = 2;
+    manager.applyHidden(false);
+    settle();
+    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+    shell.outcome = ShellOutcome::refused;
+    manager.applyHidden(false);
+    settle();
+    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons) << "it says that it did not take it";
+    shell.outcome = ShellOutcome::done;
+    manager.applyHidden(false);
+    settle();
+    EXPECT_FALSE(manager.hasHidden());
 }
 
 TEST_F(DesktopIconsManagerTest, tellsWhetherTheDesktopHasSuchASetting) {

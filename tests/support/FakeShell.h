@@ -141,19 +141,41 @@ public:
     explicit FakeDesktopShell(ShellStory &story) : m_story(story) {}
 
     bool canHideIcons() const override { return true; }
-    bool areIconsShown() const override { return areShown; }
-    void setIconsShown(bool wanted) override {
-        m_story.emplace_back(wanted ? "show icons" : "hide icons");
+    std::optional<IconSetting> iconSetting() const override {
+        return isReadable ? std::optional(IconSetting{areShown, areShown ? style : none})
+                          : std::nullopt;
+    }
+    ShellOutcome hideIcons() override { return write("hide icons", false); }
+    ShellOutcome showIcons(const QString &earlier) override {
+        const ShellOutcome written = write("show icons", true);
+        if (areShown) {
+            style = earlier.isEmpty() ? plain : earlier;
+        }
+        return written;
+    }
+    ShellOutcome relaunch() override {
+        m_story.emplace_back("relaunch");
+        return outcome;
+    }
+
+    inline static const QString plain = QStringLiteral("plain");
+    inline static const QString none = QStringLiteral("none");
+
+    bool areShown = true;
+    bool isReadable = true;
+    QString style = plain; ///< the setting's value while they are shown
+    int deafFor = 0;       ///< so many writes have no effect
+    ShellOutcome outcome = ShellOutcome::done;
+
+private:
+    ShellOutcome write(const char *event, bool wanted) {
+        m_story.emplace_back(event);
         if (--deafFor < 0) {
             areShown = wanted;
         }
+        return outcome;
     }
-    void relaunch() override { m_story.emplace_back("relaunch"); }
 
-    bool areShown = true;
-    int deafFor = 0; ///< so many writes have no effect
-
-private:
     ShellStory &m_story;
 };
 

@@ -52,9 +52,10 @@ public:
 class FakeDesktopShell : public DesktopShell {
 public:
     bool canHideIcons() const override { return false; }
-    bool areIconsShown() const override { return true; }
-    void setIconsShown(bool) override {}
-    void relaunch() override {}
+    std::optional<IconSetting> iconSetting() const override { return std::nullopt; }
+    ShellOutcome hideIcons() override { return ShellOutcome::unavailable; }
+    ShellOutcome showIcons(const QString &) override { return ShellOutcome::unavailable; }
+    ShellOutcome relaunch() override { return ShellOutcome::unavailable; }
 };
 
 class FakeLoginItem : public LoginItem {
@@ -154,7 +155,7 @@ protected:
     FakeLoginItem loginItem;
     LaunchAtLogin launchAtLogin{loginItem};
     FakeDesktopShell shell;
-    DesktopIconsManager desktopIcons{shell, background};
+    DesktopIconsManager desktopIcons{shell, defaults, background};
     FakeUpdates updates;
     ServiceCheck serviceCheck{background, {{}, integrations, keychain}};
     QtTextMetrics textMetrics;

@@ -62,7 +62,7 @@ std::unique_ptr<SignalWatch> BusService::watch(BusSignal signal, SignalWatch::Ha
     return std::make_unique<SignalWatch>(
         m_bus, std::move(signal),
         [this, handler = std::move(handler)](const QDBusMessage &message) {
-            if (isThere() && message.service() == m_owner) {
+            if (hasSent(message)) {
                 handler(message);
             }
         });

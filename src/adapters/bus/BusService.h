@@ -21,6 +21,11 @@ public:
 
     bool isThere() const { return !m_owner.isEmpty(); }
 
+    /// Whether a message comes from the service.
+    bool hasSent(const QDBusMessage &message) const {
+        return isThere() && message.service() == m_owner;
+    }
+
     /// False until it is known whether somebody owns the name.
     bool isSettled() const { return m_isSettled; }
 

@@ -9,9 +9,12 @@ namespace zeph {
 class NoDesktopShell : public DesktopShell {
 public:
     bool canHideIcons() const override { return false; }
-    bool areIconsShown() const override { return true; }
-    void setIconsShown(bool /*areShown*/) override {}
-    void relaunch() override {}
+    std::optional<IconSetting> iconSetting() const override { return std::nullopt; }
+    ShellOutcome hideIcons() override { return ShellOutcome::unavailable; }
+    ShellOutcome showIcons(const QString & /*earlier*/) override {
+        return ShellOutcome::unavailable;
+    }
+    ShellOutcome relaunch() override { return ShellOutcome::unavailable; }
 };
 
 } // namespace zeph

@@ -67,12 +67,16 @@ FormLink gitHubTokenLink() {
     return {u"Create a token (preset, no expiry) →"_s, address};
 }
 
-bool needsTokenNote(const AccountForm &form, const AppState &state) {
+bool needsTokenNote(const AccountForm &form, const AppState &state, bool isReady) {
+    if (!form.account.showContributionGraph || !form.secret.trimmed().isEmpty()) {
+        return false;
+    }
     const auto &records = *state.githubStats;
-    const bool hasGraph = std::any_of(records.begin(), records.end(), [&form](const auto &record) {
-        return record.connectionId == form.account.id && record.contributions;
+    const auto record = std::find_if(records.begin(), records.end(), [&form](const auto &one) {
+        return one.connectionId == form.account.id;
     });
-    return form.account.showContributionGraph && form.secret.trimmed().isEmpty() && !hasGraph;
+    const bool isTold = record != records.end() && record->hasToken;
+    return isTold ? !record->hasToken.value_or(false) : !isReady;
 }
 
 qint64 feedItems(const IntegrationConnection &account) {

@@ -53,9 +53,9 @@ QString accountTitle(const IntegrationConnection &account);
 /// Where a token is made that can read what the contribution graph needs.
 FormLink gitHubTokenLink();
 
-/// Whether the form has to tell that the contribution graph needs a token: the graph is wanted,
-/// none is typed, and none was good enough to read it so far.
-bool needsTokenNote(const AccountForm &form, const AppState &state);
+/// Whether the form has to tell that the contribution graph needs a token: the graph is wanted, and
+/// none is typed or kept. Of an account that `isReady` only its fetches tell whether one is kept.
+bool needsTokenNote(const AccountForm &form, const AppState &state, bool isReady);
 
 /// How many of a feed's items are shown, within the bounds of `RSSService`.
 qint64 feedItems(const IntegrationConnection &account);

@@ -13,14 +13,24 @@ namespace zeph {
 
 namespace {
 
-/// The secret of an account that was connected; one that was not is not asked for. Blanks and a
-/// newline around it came with the pasting, and no service takes them.
-std::optional<QString> secretOf(const FetchTools &tools, const IntegrationConnection &account) {
+/// What the service is asked, and whether it is known that there is a secret for it or none.
+struct PreparedQuestion {
+    AccountQuestion asked;
+    bool isSecretKnown = true;
+};
+
+/// Adds the secret of an account that was connected; that of one that was not is not asked for.
+/// Blanks and a newline around it came with the pasting, and no service takes them.
+void addSecret(const FetchTools &tools, const IntegrationConnection &account,
+               PreparedQuestion &question) {
     if (!tools.store.hasSecret(account.id)) {
-        return std::nullopt;
+        return;
     }
-    const auto secret = tools.keychain.get(secretAccount(account.id)).value;
-    return secret ? std::optional(secret->trimmed()) : std::nullopt;
+    const auto secret = tools.keychain.get(secretAccount(account.id));
+    question.isSecretKnown = secret.isDone();
+    if (secret.value) {
+        question.asked.key = secret.value->trimmed();
+    }
 }
 
 std::optional<ContributionLayout> graphOf(const IntegrationConnection &account) {
@@ -31,22 +41,23 @@ std::optional<ContributionLayout> graphOf(const IntegrationConnection &account) 
 }
 
 /// Absent when the account lacks what the service needs.
-std::optional<AccountQuestion> questionOf(const FetchTools &tools, const ServiceRow &service,
-                                          const IntegrationConnection &account) {
-    AccountQuestion question;
+std::optional<PreparedQuestion> questionOf(const FetchTools &tools, const ServiceRow &service,
+                                           const IntegrationConnection &account) {
+    PreparedQuestion prepared;
+    AccountQuestion &question = prepared.asked;
     question.value = withoutOuterBlanks(account.extra.value_or(QString()));
     if (service.value == Need::required && question.value.isEmpty()) {
         return std::nullopt;
     }
     if (service.secret != Need::none) {
-        question.key = secretOf(tools, account);
+        addSecret(tools, account, prepared);
     }
     if (service.secret == Need::required && question.key.value_or(QString()).isEmpty()) {
         return std::nullopt;
     }
     question.itemCount = account.feedCount.value_or(question.itemCount);
     question.graph = graphOf(account);
-    return question;
+    return prepared;
 }
 
 /// What `call` returns. When it throws, `fail` gets the words of that and returns the result.
@@ -85,21 +96,25 @@ AccountRecord failedAccount(AccountFamily family, const QString &words) {
 }
 
 template <typename Record>
-void stamp(Record &record, const IntegrationConnection &account) {
+void stamp(Record &record, const IntegrationConnection &account, const PreparedQuestion &) {
     record.id = account.id;
     record.label = account.name;
 }
 
-void stamp(StripeStats &record, const IntegrationConnection &account) {
+void stamp(StripeStats &record, const IntegrationConnection &account, const PreparedQuestion &) {
     record.connectionId = account.id;
     record.label = account.name;
 }
 
-void stamp(GitHubStats &record, const IntegrationConnection &account) {
+void stamp(GitHubStats &record, const IntegrationConnection &account,
+           const PreparedQuestion &question) {
     record.connectionId = account.id;
     record.label = account.name;
     record.showStats = account.showStats;
     record.contributionLayout = graphOf(account).value_or(record.contributionLayout);
+    if (question.isSecretKnown) {
+        record.hasToken = !question.asked.key.value_or(QString()).isEmpty();
+    }
 }
 
 } // namespace
@@ -115,7 +130,7 @@ std::optional<AccountRecord> fetchAccount(const FetchTools &tools,
     if (!service || !service->family) {
         return std::nullopt;
     }
-    std::optional<AccountQuestion> question;
+    std::optional<PreparedQuestion> question;
     try {
         question = questionOf(tools, *service, account);
     } catch (const std::exception &) {
@@ -125,9 +140,9 @@ std::optional<AccountRecord> fetchAccount(const FetchTools &tools,
         return std::nullopt;
     }
     AccountRecord record =
-        guarded([&] { return tools.services.accounts.value(account.provider)(*question); },
+        guarded([&] { return tools.services.accounts.value(account.provider)(question->asked); },
                 [&](const QString &words) { return failedAccount(*service->family, words); });
-    std::visit([&account](auto &stamped) { stamp(stamped, account); }, record);
+    std::visit([&](auto &stamped) { stamp(stamped, account, *question); }, record);
     return record;
 }
 

@@ -7,6 +7,7 @@
 #include "ui/controls/Paint.h"
 #include "ui/controls/SettingRow.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -69,6 +70,32 @@ std::vector<Card::Line> Card::lines() const {
         above = row;
     }
     return result;
+}
+
+bool Card::event(QEvent *event) {
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) {
+        placeMarks(); // one may have come, gone or been hidden
+    }
+    return QFrame::event(event);
+}
+
+void Card::placeMarks() const {
+    std::vector<QWidget *> marks;
+    for (int index = 0; index < m_rows->count(); ++index) {
+        QWidget *row = m_rows->itemAt(index)->widget();
+        if (row != nullptr && !row->isHidden() && isMark(row)) {
+            marks.push_back(row);
+        }
+    }
+    const int count = static_cast<int>(marks.size());
+    for (int index = 0; index < count; ++index) {
+        QWidget *const row = marks[static_cast<std::size_t>(index)];
+        if (auto *one = dynamic_cast<RadioRow *>(row)) {
+            one->setPlace(index + 1, count);
+        } else if (auto *any = dynamic_cast<CheckRow *>(row)) {
+            any->setPlace(index + 1, count);
+        }
+    }
 }
 
 void Card::paintEvent(QPaintEvent *) {

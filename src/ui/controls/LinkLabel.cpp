@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/LinkLabel.h"
 
+#include "ui/controls/Accessible.h"
 #include "ui/controls/Look.h"
 
 #include <QDesktopServices>
@@ -23,9 +24,11 @@ constexpr double quietLine = 0.5; // of the underline while it is not hovered
 } // namespace
 
 LinkLabel::LinkLabel(const QString &text, QUrl page, QWidget *parent)
-    : QPushButton(text, parent),
+    : QPushButton(parent),
       open([](const QUrl &url) { QDesktopServices::openUrl(url); }),
       m_page(std::move(page)) {
+    announceAs(*this, QAccessible::Link); // before its text, which may be read out at once
+    setText(text);
     setAutoDefault(true); // so that Enter presses it too
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -105,6 +105,16 @@ void dressMarkRow(QAbstractButton &row, const QString &detail) {
     row.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
+void describeMarkRow(QAbstractButton &row, const QString &detail, const QString &place) {
+    QStringList parts{detail, place};
+    parts.removeAll(QString());
+    row.setAccessibleDescription(parts.join(u", "_s));
+}
+
+QString placeAmong(int place, int count) {
+    return place > 0 ? u"%1 of %2"_s.arg(place).arg(count) : QString();
+}
+
 } // namespace
 
 RadioRow::RadioRow(const QString &title, const QString &detail, QWidget *parent)
@@ -119,8 +129,13 @@ void RadioRow::setText(const QString &title) {
 
 void RadioRow::setDetail(const QString &detail) {
     m_detail = detail;
-    setAccessibleDescription(detail);
+    describeMarkRow(*this, m_detail, m_place);
     update();
+}
+
+void RadioRow::setPlace(int place, int count) {
+    m_place = placeAmong(place, count);
+    describeMarkRow(*this, m_detail, m_place);
 }
 
 QSize RadioRow::sizeHint() const {
@@ -153,8 +168,13 @@ void CheckRow::setText(const QString &title) {
 
 void CheckRow::setDetail(const QString &detail) {
     m_detail = detail;
-    setAccessibleDescription(detail);
+    describeMarkRow(*this, m_detail, m_place);
     update();
+}
+
+void CheckRow::setPlace(int place, int count) {
+    m_place = placeAmong(place, count);
+    describeMarkRow(*this, m_detail, m_place);
 }
 
 QSize CheckRow::sizeHint() const {

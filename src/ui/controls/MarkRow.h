@@ -17,6 +17,9 @@ public:
     void setDetail(const QString &detail);
     const QString &detail() const { return m_detail; }
 
+    /// Which of how many rows this is, for assistive technology; 0 where it stands alone.
+    void setPlace(int place, int count);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -26,6 +29,7 @@ protected:
 
 private:
     QString m_detail;
+    QString m_place; ///< as it is said
     Interaction m_interaction{*this};
 };
 
@@ -38,6 +42,9 @@ public:
     void setDetail(const QString &detail);
     const QString &detail() const { return m_detail; }
 
+    /// Which of how many rows this is, for assistive technology; 0 where it stands alone.
+    void setPlace(int place, int count);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -47,6 +54,7 @@ protected:
 
 private:
     QString m_detail;
+    QString m_place; ///< as it is said
     Interaction m_interaction{*this};
 };
 

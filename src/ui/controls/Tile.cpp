@@ -40,9 +40,21 @@ BalancedText blurbOf(const Tile::Words &words, int width) {
              mostBlurbLines}};
 }
 
-QColor stateColor(const QString &symbol, const Tokens &tokens) {
-    const bool isTrouble = symbol == u"xmark.circle" || symbol == u"exclamationmark.triangle";
-    return isTrouble ? tokens.error : tokens.accent;
+/// The inks of the line that tells a tile's state.
+struct StateInks {
+    QColor symbol;
+    QColor text;
+};
+
+/// Amber is for what is on; what only tells of the service stays back.
+StateInks stateInks(const QString &symbol, const Tokens &tokens) {
+    if (symbol == u"xmark.circle" || symbol == u"exclamationmark.triangle") {
+        return {tokens.error, tokens.ink};
+    }
+    if (symbol == u"checkmark.circle.fill") {
+        return {tokens.accent, tokens.ink};
+    }
+    return {tokens.second, tokens.second};
 }
 
 } // namespace
@@ -95,20 +107,20 @@ QSize Tile::minimumSizeHint() const {
 void Tile::paintState(QPainter &painter, double y) const {
     const Look &look = Look::of(*this);
     const double line = lineHeight(TypeRole::detail);
+    const StateInks inks = stateInks(m_words.stateSymbol, look.tokens());
     double x = scaled(tileTextStart);
     if (!m_words.stateSymbol.isEmpty()) {
         const double side = scaled(stateSymbolSize);
         const QRectF place = mirrored(*this, QRectF(x, y + (line - side) / 2, side, side));
         painter.drawPixmap(place.topLeft(),
-                           look.symbol(*this, m_words.stateSymbol, side,
-                                       stateColor(m_words.stateSymbol, look.tokens())));
+                           look.symbol(*this, m_words.stateSymbol, side, inks.symbol));
         x += side + scaled(stateSymbolToText);
     }
     const QFont used = ui::font(TypeRole::detail);
     const int width =
         std::max(0, textWidth(this->width()) + scaled(tileTextStart) - static_cast<int>(x));
     painter.setFont(used);
-    painter.setPen(look.tokens().ink);
+    painter.setPen(inks.text);
     painter.drawText(mirrored(*this, QRectF(x, y, width, line)),
                      drawFlags(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeft) |
                                Qt::AlignAbsolute | Qt::AlignVCenter),

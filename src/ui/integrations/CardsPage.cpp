@@ -90,7 +90,7 @@ std::vector<SearchEntry> CardsPage::searchEntries() const {
                 entries.push_back({.title = card.title,
                                    .detail = card.blurb,
                                    .target = place->second,
-                                   .show = [this] { pane().select({}); }});
+                                   .show = [this] { pane().leave(); }});
             }
         }
     }

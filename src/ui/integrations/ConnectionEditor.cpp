@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/integrations/ConnectionEditor.h"
 
+#include "base/Blanks.h"
 #include "model/AppState.h"
 #include "ports/RunLoop.h"
 #include "services/accounts/IntegrationsStore.h"
@@ -45,6 +46,14 @@ void follow(Value IntegrationConnection::*field, IntegrationConnection &form,
     }
 }
 
+/// Blanks around the second value are not kept.
+IntegrationConnection asStored(IntegrationConnection account) {
+    if (account.extra) {
+        account.extra = withoutOuterBlanks(*account.extra);
+    }
+    return account;
+}
+
 } // namespace
 
 ConnectionEditor::ConnectionEditor(const IntegrationsContext &context, PageActions actions,
@@ -66,6 +75,15 @@ ConnectionEditor::ConnectionEditor(const IntegrationsContext &context, PageActio
 
 QWidget *ConnectionEditor::firstStop() {
     return m_stored ? m_fields->firstStop() : nullptr;
+}
+
+/// A key that is on its way to the keyring is not lost with the form.
+bool ConnectionEditor::hasUnsaved() const {
+    if (!m_stored) {
+        return false;
+    }
+    const AccountForm form = this->form();
+    return asStored(form.account) != asStored(m_shown) || (!m_isKeeping && !form.secret.isEmpty());
 }
 
 QWidget *ConnectionEditor::makeForm(const QString &provider) {
@@ -215,7 +233,7 @@ void ConnectionEditor::showState() {
         m_bar->showState(!state.icon.isEmpty(), state.text);
     }
     if (m_gitHub != nullptr) {
-        m_gitHub->setNeedsToken(needsTokenNote(form, context().state));
+        m_gitHub->setNeedsToken(!m_hasKeptToken && needsTokenNote(form, context().state, isReady));
     }
 }
 
@@ -227,17 +245,20 @@ void ConnectionEditor::save() {
         return;
     }
     m_isKeeping = true;
+    const bool hasToken = !form.secret.trimmed().isEmpty();
     m_fields->setKeeping(true);
     m_bar->showFailure({});
-    saveAccount(form, context().integrations, context().preferences,
-                [editor = QPointer(this), tell = pane().tellFailure](SecretOutcome outcome) {
-                    const auto failure = keepingFailure(outcome);
-                    if (editor != nullptr) {
-                        editor->saved(failure);
-                    } else if (failure) {
-                        tell(*failure);
-                    }
-                });
+    saveAccount(
+        form, context().integrations, context().preferences,
+        [editor = QPointer(this), tell = pane().tellFailure, hasToken](SecretOutcome outcome) {
+            const auto failure = keepingFailure(outcome);
+            if (editor != nullptr) {
+                editor->m_hasKeptToken = editor->m_hasKeptToken || (hasToken && !failure);
+                editor->saved(failure);
+            } else if (failure) {
+                tell(*failure);
+            }
+        });
     refresh();
 }
 

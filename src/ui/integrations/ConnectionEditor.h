@@ -25,6 +25,7 @@ public:
                      const QString &provider, const QUuid &id, QWidget *parent = nullptr);
 
     QWidget *firstStop() override;
+    bool hasUnsaved() const override;
 
     void refresh();
 
@@ -55,9 +56,10 @@ private:
     SettingRow *m_feedItemsRow = nullptr;
     Switch *m_active = nullptr;
     EditorBar *m_bar = nullptr;
-    bool m_isKeeping = false;   ///< the key is on its way to the keyring
-    int m_saves = 0;            ///< so that the end of an earlier one's note is known as such
-    bool m_isJustSaved = false; ///< for a moment
+    bool m_isKeeping = false;    ///< the key is on its way to the keyring
+    bool m_hasKeptToken = false; ///< by this form; the next fetch tells of it too
+    int m_saves = 0;             ///< so that the end of an earlier one's note is known as such
+    bool m_isJustSaved = false;  ///< for a moment
     WorkOwner m_owner;
 };
 

@@ -54,6 +54,7 @@ CustomAPIEditor::CustomAPIEditor(const IntegrationsContext &context, PageActions
     add(m_bar, barGap);
     m_points->setFields(m_draft.config.fields);
     connectParts();
+    m_kept = typed();
     auto *live = new LiveRefresh(*this, context.runLoop, [this] { refresh(); });
     live->follow(context.integrations.objectWillChange);
     live->follow(context.state.objectWillChange);
@@ -62,6 +63,10 @@ CustomAPIEditor::CustomAPIEditor(const IntegrationsContext &context, PageActions
 
 QWidget *CustomAPIEditor::firstStop() {
     return m_fields->firstStop();
+}
+
+bool CustomAPIEditor::hasUnsaved() const {
+    return typed() != (m_isSaving ? m_sent : m_kept);
 }
 
 void CustomAPIEditor::connectParts() {
@@ -91,13 +96,21 @@ void CustomAPIEditor::refresh() {
     if (m_isSaving) {
         m_bar->showBusy(words::saving);
     } else {
-        m_bar->showState(false, {});
+        m_bar->showState(false, m_hasLaterChanges ? words::laterChanges : QString());
     }
 }
 
 void CustomAPIEditor::collect() {
     m_fields->collect(m_draft.config);
     m_draft.config.fields = m_points->fields();
+}
+
+/// As it would be stored.
+CustomAPIConfig CustomAPIEditor::typed() const {
+    CustomAPIDraft draft = m_draft;
+    m_fields->collect(draft.config);
+    draft.config.fields = m_points->fields();
+    return draft.prepared();
 }
 
 void CustomAPIEditor::edited() {
@@ -154,13 +167,15 @@ void CustomAPIEditor::addField(int row) {
 
 // Saving
 
-/// The editor closes once the keyring has the endpoint, and keeps what was typed until then.
+/// The editor closes once the keyring has the endpoint, unless something was typed meanwhile.
 void CustomAPIEditor::save() {
     collect();
     if (m_isSaving || !m_draft.canSave()) {
         return;
     }
     m_isSaving = true;
+    m_hasLaterChanges = false;
+    m_sent = m_draft.prepared();
     m_bar->showFailure({});
     const auto &store = context().integrations;
     const auto done = [editor = QPointer(this), tell = pane().tellFailure, &store,
@@ -178,8 +193,17 @@ void CustomAPIEditor::save() {
 
 void CustomAPIEditor::saved(const std::optional<QString> &failure) {
     m_isSaving = false;
+    const CustomAPIConfig *const stored = findEndpoint(context().integrations, m_sent.id);
+    if (stored != nullptr && *stored == m_sent) { // also where the keyring has it not yet
+        m_kept = m_sent;
+    }
     if (failure) {
         m_bar->showFailure(*failure);
+        refresh();
+        return;
+    }
+    if (hasUnsaved()) {
+        m_hasLaterChanges = true;
         refresh();
         return;
     }

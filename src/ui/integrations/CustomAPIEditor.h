@@ -24,12 +24,14 @@ public:
                     QWidget *parent = nullptr);
 
     QWidget *firstStop() override;
+    bool hasUnsaved() const override;
 
     void refresh();
 
 private:
     void connectParts();
     void collect();
+    CustomAPIConfig typed() const;
     void edited();
 
     std::optional<QString> importCurl(const QString &command);
@@ -43,6 +45,8 @@ private:
     void remove();
 
     CustomAPIDraft m_draft;
+    CustomAPIConfig m_kept; ///< as it is in the store
+    CustomAPIConfig m_sent; ///< as it is on its way to the keyring
     PaneHeader *m_header;
     EndpointFields *m_fields;
     TestCallCard *m_test;
@@ -51,6 +55,7 @@ private:
     std::unique_ptr<WorkOwner> m_call;        ///< of the test call; its end gives the call up
     std::optional<EndpointListing> m_listing; ///< what the last one came to
     bool m_isSaving = false;
+    bool m_hasLaterChanges = false; ///< than what was saved last
 };
 
 } // namespace zeph::ui

@@ -27,7 +27,7 @@ void IntegrationsPage::hold(QWidget *notices) {
 PaneHeader *IntegrationsPage::addHeader(const QString &title, const QString &help,
                                         const QString &symbol) {
     auto *header = new PaneHeader(title, help, this);
-    header->setBack(words::wayBack, [this] { m_actions.select({}); });
+    header->setBack(words::wayBack, [this] { m_actions.leave(); });
     header->setSymbol(symbol);
     add(header, 0);
     return header;

@@ -17,6 +17,8 @@ class PaneHeader;
 /// How a page reaches the pane that it is on.
 struct PageActions {
     std::function<void(const IntegrationsSelection &)> select;
+    /// Goes back to everything, unless there is something typed that the user wants to keep.
+    std::function<void()> leave;
     /// An account or an endpoint was removed for now: offers to bring it back.
     std::function<void(const QUuid &id, const QString &title)> offerUndo;
     /// Tells that something failed whose page may be gone by now.
@@ -34,6 +36,9 @@ public:
 
     /// What takes the focus when the page comes into view.
     virtual QWidget *firstStop() = 0;
+
+    /// Whether something is typed that would be lost with the page.
+    virtual bool hasUnsaved() const { return false; }
 
 protected:
     /// A header with the way back to everything.

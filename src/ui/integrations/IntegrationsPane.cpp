@@ -9,6 +9,7 @@
 #include "ui/integrations/CardsPage.h"
 #include "ui/integrations/ConnectionEditor.h"
 #include "ui/integrations/CustomAPIEditor.h"
+#include "ui/integrations/DiscardLine.h"
 #include "ui/integrations/ProviderConnectionsList.h"
 #include "ui/integrations/QuoteEditor.h"
 #include "ui/settings/UndoLine.h"
@@ -41,6 +42,7 @@ IntegrationsPane::IntegrationsPane(const IntegrationsContext &context, QWidget *
       m_context(context),
       m_notices(new QWidget(this)),
       m_undo(new UndoLine(context.runLoop, m_notices)),
+      m_discard(new DiscardLine(m_notices)),
       m_failure(new StatusLine(m_notices)) {
     auto *pages = new QWidget(this);
     m_column = new QVBoxLayout(pages);
@@ -50,10 +52,11 @@ IntegrationsPane::IntegrationsPane(const IntegrationsContext &context, QWidget *
     auto *notices = new QVBoxLayout(m_notices);
     notices->setContentsMargins(0, 0, 0, 0);
     notices->setSpacing(0);
-    for (QWidget *line : {static_cast<QWidget *>(m_undo), static_cast<QWidget *>(m_failure)}) {
+    for (QWidget *line : std::initializer_list<QWidget *>{m_undo, m_discard, m_failure}) {
         line->setContentsMargins(0, scaled(noticeGap), 0, 0);
         notices->addWidget(line);
     }
+    m_discard->onDiscard = [this] { select({}); };
     m_cards = new CardsPage(m_context, makeActions(), pages);
     m_page = m_cards;
     m_column->addWidget(m_cards);
@@ -64,6 +67,7 @@ IntegrationsPane::~IntegrationsPane() = default;
 
 PageActions IntegrationsPane::makeActions() {
     return {.select = [this](const IntegrationsSelection &selection) { select(selection); },
+            .leave = [this] { leave(); },
             .offerUndo = [this](const QUuid &id, const QString &title) { offerUndo(id, title); },
             .tellFailure = m_owner.whileAlive([this](const QString &failure) {
                 m_failure->show(StatusLine::Kind::error, failure);
@@ -80,6 +84,7 @@ void IntegrationsPane::select(const IntegrationsSelection &selection) {
     }
     const IntegrationsSelection before = std::exchange(m_selection, selection);
     m_failure->clear();
+    m_discard->hide();
     showPage(makePage());
     QWidget *const stop = m_page == m_cards ? m_cards->stopFor(before) : m_page->firstStop();
     scrollTo(m_page == m_cards ? m_cardsPlace : 0);
@@ -126,8 +131,20 @@ std::vector<SearchEntry> IntegrationsPane::searchEntries() {
 
 bool IntegrationsPane::goBack() {
     const bool isSomewhere = m_page != m_cards;
-    select({});
+    if (m_discard->isAsking()) {
+        m_discard->dismiss(); // as anywhere where one is asked, a step back changes nothing
+    } else {
+        leave();
+    }
     return isSomewhere;
+}
+
+void IntegrationsPane::leave() {
+    if (m_page->hasUnsaved()) {
+        m_discard->ask();
+    } else {
+        select({});
+    }
 }
 
 void IntegrationsPane::offerUndo(const QUuid &id, const QString &title) {

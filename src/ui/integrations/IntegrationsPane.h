@@ -12,6 +12,7 @@ class QVBoxLayout;
 namespace zeph::ui {
 
 class CardsPage;
+class DiscardLine;
 class IntegrationsPage;
 class StatusLine;
 class UndoLine;
@@ -32,6 +33,7 @@ public:
 private:
     PageActions makeActions();
     IntegrationsPage *makePage();
+    void leave();
     void showPage(IntegrationsPage *page);
     void offerUndo(const QUuid &id, const QString &title);
     void tellRemoval(SecretOutcome outcome);
@@ -43,6 +45,7 @@ private:
     QVBoxLayout *m_column = nullptr;
     QWidget *m_notices; ///< under the header of the page that is shown
     UndoLine *m_undo;
+    DiscardLine *m_discard;
     StatusLine *m_failure;
     CardsPage *m_cards; ///< stays, so that one comes back to where one was
     IntegrationsPage *m_page;

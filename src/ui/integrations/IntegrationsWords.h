@@ -18,6 +18,10 @@ inline const auto keyringNotice =
     u"Your desktop may ask for your login password when you save a key or when Tavi reads one. "
     u"Tavi only accesses its own keyring entries — never passwords or secrets from other apps."_s;
 inline const auto wayBack = u"All integrations"_s;
+inline const auto discardChanges = u"Discard changes?"_s;
+inline const auto discard = u"Discard"_s;
+inline const auto keepEditing = u"Keep editing"_s;
+inline const auto laterChanges = u"Saved, but for what you changed since."_s;
 inline const auto endpointsLocked =
     u"Your custom endpoints are in the keyring, which has not been opened."_s;
 inline const auto openKeyring = u"Open keyring"_s;

@@ -85,8 +85,11 @@ int RowList::heightForWidth(int width) const {
     return height;
 }
 
-/// A layout asks again and again.
+/// A layout asks again and again, and while items come and go also of what has no row any more.
 int RowList::heightOf(int row, int width) const {
+    if (m_isFilling) {
+        return 0;
+    }
     if (width != m_measuredWidth) {
         m_measuredWidth = width;
         m_heights.clear();
@@ -106,7 +109,7 @@ QSize RowList::minimumSizeHint() const {
 }
 
 void RowList::setSentences(const QStringList &sentences) {
-    m_measuredWidth = -1;
+    m_isFilling = true;
     while (count() > sentences.size()) {
         delete takeItem(count() - 1);
     }
@@ -117,6 +120,7 @@ void RowList::setSentences(const QStringList &sentences) {
             item(row)->setText(sentences[row]);
         }
     }
+    m_isFilling = false;
     m_measuredWidth = -1;
     scheduleDelayedItemsLayout(); // heights may be others
     updateGeometry();
@@ -166,7 +170,7 @@ void RowList::choose(int row) {
 
 /// The list itself never scrolls, so that the pane has to.
 void RowList::revealCurrent() {
-    if (!hasFocus() || currentItem() == nullptr) {
+    if (!hasFocus() || currentItem() == nullptr || m_isFilling) {
         return;
     }
     for (QWidget *parent = parentWidget(); parent != nullptr; parent = parent->parentWidget()) {

@@ -53,6 +53,7 @@ private:
     Interaction m_interaction{*this};
     mutable std::vector<int> m_heights; ///< of the rows at `m_measuredWidth`
     mutable int m_measuredWidth = -1;   ///< -1 when they are to be measured anew
+    bool m_isFilling = false;           ///< the items are not those of the rows yet
 };
 
 } // namespace zeph::ui

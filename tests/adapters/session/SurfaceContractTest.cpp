@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "wayland/WaylandFixture.h"
+#include "wayland/FakeCompositor.h"
+#include "wayland/WaylandClient.h"
 #include "x11/X11Fixture.h"
 
 #include "support/FakeWindowServer.h"
@@ -52,7 +53,8 @@ struct FakeKind {
 /// On an output of 400 × 300 that tells of no other size.
 struct LayerKind {
     LayerKind()
-        : compositor({.release = FakeCompositor::Release::whenReplaced}), client(compositor) {}
+        : compositor({.release = FakeCompositor::Release::whenReplaced}),
+          client(compositor.socket()) {}
 
     std::unique_ptr<DesktopSurface> make(Screen screen) const {
         screen.persistentID = client.outputs->all().at(0).persistentID;

@@ -15,7 +15,7 @@ def go_through(desk, picture, only=()):
     """The results of the checks by name; writes a picture of the desktop with the program.
 
     Raises NotReady when the desktop itself does not come up."""
-    results = {}
+    results, mechanism = {}, None
     try:
         desk.open()
         desk.remember()
@@ -25,9 +25,10 @@ def go_through(desk, picture, only=()):
             results[name] = outcome_of(desk, name, module)
             if name == "start":
                 desk.picture().write(picture)
+                mechanism = desk.tavi.mechanism()
             if results["start"][0] == FAILED:
                 break
-        return {"checks": results, "mechanism": desk.tavi.mechanism()}
+        return {"checks": results, "mechanism": mechanism}
     finally:
         desk.close()
 
@@ -35,6 +36,7 @@ def go_through(desk, picture, only=()):
 def outcome_of(desk, name, module):
     """(passed, failed or not applicable; what was seen)"""
     begun = time.monotonic()
+    Failed.witness = lambda: photograph(desk, desk.room.folder / f"failed-{name}.jpg")
     try:
         desk.allow(name)
         seen = module.check(desk) or ""
@@ -50,8 +52,6 @@ def outcome_of(desk, name, module):
     except Exception as fault:  # A check that breaks has proven nothing.
         place = traceback.extract_tb(fault.__traceback__)[-1]
         outcome = FAILED, f"the check broke: {fault!r} in {Path(place.filename).name}:{place.lineno}"
-    if outcome[0] == FAILED:
-        photograph(desk, desk.room.folder / f"failed-{name}.jpg")
     if not getattr(module, "ENDS", False):
         tidy(desk)
     print(f"  {name}: {': '.join(filter(None, outcome))} ({time.monotonic() - begun:.1f} s)",

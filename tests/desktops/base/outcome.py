@@ -5,6 +5,13 @@
 class Failed(Exception):
     """The rule does not hold; the text tells what was seen instead."""
 
+    witness = None  # called at once, before anything is put back
+
+    def __init__(self, seen):
+        super().__init__(seen)
+        if Failed.witness:
+            Failed.witness()
+
 
 class NotApplicable(Exception):
     """The desktop has no such thing; the text tells which."""

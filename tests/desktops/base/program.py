@@ -8,16 +8,20 @@ from .picture import WALLPAPER_SETTING
 from .waiting import wait_until
 
 
+LOGGING = {"QT_LOGGING_RULES": "zeph.system.info=true"}
+
+
 class Tavi:
     """One installation: its settings, and one run after the other."""
 
     def __init__(self, room, executable):
         self.room, self.executable = room, executable
         self.process = None
+        self.said = 0
         self.settings = {"zeph.onboarded": True, "zeph.background.hex": WALLPAPER_SETTING,
                          "zeph.clock.24h": True, "zeph.integrations.quote.enabled": False}
 
-    def start(self, **settings):
+    def start(self, environment, **settings):
         """Settings are given with `_` for the dots behind `zeph.`."""
         for name, value in settings.items():
             self.settings["zeph." + name.replace("_", ".")] = value
@@ -27,11 +31,16 @@ class Tavi:
         stored = json.loads(file.read_text(encoding="utf-8")) if file.exists() else {}
         file.write_text(json.dumps(stored | self.settings), encoding="utf-8")
         file.chmod(0o600)
+        self.said = len(self.log())
         self.process = self.room.start(self.executable,
-                                       extra={"QT_LOGGING_RULES": "zeph.system.info=true"})
+                                       extra=LOGGING | environment)
 
     def is_running(self):
         return self.process is not None and self.process.poll() is None
+
+    def has_spoken(self):
+        """Whether this run got as far as to look around. Before that a signal just kills it."""
+        return len(self.log()) > self.said
 
     def quit(self):
         """Asks it to end; true when it did, with status 0."""
@@ -47,9 +56,8 @@ class Tavi:
 
     def mechanism(self):
         """What it said last of how it draws here; None when it said nothing."""
-        lines = re.findall(r"^zeph\.system: (?:drawing|draws|The wallpaper is drawn)\b.*$",
-                           self.log(), re.M)
-        return lines[-1].removeprefix("zeph.system: ") if lines else None
+        sentences = re.findall(r"^zeph\.system: (.*\bTavi\b.*\.)$", self.log(), re.M)
+        return sentences[-1] if sentences else None
 
     def last_words(self):
         """The end of what it printed, for a report."""

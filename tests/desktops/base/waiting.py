@@ -8,14 +8,14 @@ PATIENCE = 15
 PAUSE = 0.03
 
 
-def wait_until(condition, seconds=PATIENCE):
+def wait_until(condition, seconds=PATIENCE, pause=PAUSE):
     """The first true answer of the condition, or its last one at the deadline."""
     deadline = time.monotonic() + seconds
     while True:
         answer = condition()
         if answer or time.monotonic() > deadline:
             return answer
-        time.sleep(PAUSE)
+        time.sleep(pause)
 
 
 def expect(condition, seen, seconds=PATIENCE):
@@ -26,9 +26,9 @@ def expect(condition, seen, seconds=PATIENCE):
     return answer
 
 
-def prepare(condition, what, seconds=40):
+def prepare(condition, what, seconds=40, pause=PAUSE):
     """The same for the pieces of a desktop, whose absence is no fault of the program."""
-    answer = wait_until(condition, seconds)
+    answer = wait_until(condition, seconds, pause)
     if not answer:
         raise NotReady(what)
     return answer

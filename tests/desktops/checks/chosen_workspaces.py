@@ -1,5 +1,4 @@
 # SPDX-License-Identifier: MIT
-from base.picture import DESKTOP
 from base.waiting import expect, expect_lasting
 
 TITLE = "chosen workspaces"
@@ -14,7 +13,7 @@ def check(desk):
         desk.go_to_workspace(1)
         desk.expect_wallpaper("on the chosen workspace")
         desk.go_to_workspace(0)
-        expect(lambda: shows_own_picture(desk),
+        expect(desk.shows_own_picture,
                lambda: f"on one that was not chosen: {desk.seen()}", 5)
         for number in (1, 0, 1):
             desk.go_to_workspace(number)
@@ -23,8 +22,3 @@ def check(desk):
         desk.go_to_workspace(0)
         desk.end_program()
         desk.start_program(desktop_selection="all")
-
-
-def shows_own_picture(desk):
-    picture = desk.picture()
-    return all(picture.at(*place) == DESKTOP for place in desk.spots())

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 from base.outcome import Failed
+from base.waiting import expect
 
 from .quit import expect_as_before
 
@@ -15,6 +16,7 @@ def check(desk):
     desk.tavi.kill()
     left = desk.seen()
     desk.start_program()
+    expect(desk.tavi.has_spoken, "the next run says nothing")
     desk.expect_wallpaper("in the next run", seconds=40)
     desk.expect_running()
     if not desk.tavi.quit():

@@ -1,14 +1,15 @@
 # SPDX-License-Identifier: MIT
 """What the checks ask of a desktop, whatever its display system."""
 from base.outcome import Failed, NotApplicable, NotReady
-from base.picture import ICON, is_wallpaper, name_of
+from base.picture import ICON, are_alike, is_wallpaper, name_of
 from base.program import Tavi
 from base.room import Room
-from base.waiting import expect, wait_until
+from base.waiting import expect, prepare, wait_until
 
 # Where the wallpaper has no words, as parts of the width and the height.
 FREE = [(x, y) for x in (0.72, 0.84, 0.96) for y in (0.45, 0.6, 0.75)]
 SPOT = (0.84, 0.6)
+PANEL_ROOM = 64
 
 
 class Desk:
@@ -21,6 +22,7 @@ class Desk:
     needs = []           # the programs without which the row can't run
     has_icons = False
     panel_edges = ()     # where the desktop itself has a panel: "top", "bottom"
+    program_environment = {}
     limits = {}          # name of a check: why it does not apply here
 
     def __init__(self, folder, executable):
@@ -46,6 +48,10 @@ class Desk:
     def click(self, x, y, button=1):
         raise NotApplicable("nothing can click here")
 
+    def shows_nothing_else(self):
+        """Whether what lies on the screen can be all that belongs there."""
+        return True
+
     def opens_menu(self, x, y):
         """Whether the desktop's own menu opens over a place; None where it has none."""
         return None
@@ -63,6 +69,10 @@ class Desk:
 
     def show_window(self, area, colour, full_screen=False):
         raise NotApplicable("there is no program to open here")
+
+    def own_panel(self):
+        """The height of the desktop's own panel at the lower edge; None without one."""
+        return None
 
     def show_panel(self, height):
         raise NotApplicable("there is no panel to show here")
@@ -120,8 +130,27 @@ class Desk:
         picture = self.picture()
         kinds = {}
         for place in places or self.spots():
-            kinds.setdefault(name_of(picture.at(*place)), place)
+            kinds.setdefault(self.name_at(picture, place), place)
         return ", ".join(f"{kind} at {place[0]},{place[1]}" for kind, place in kinds.items())
+
+    def name_at(self, picture, place):
+        own = self.before and (picture.width, picture.height) == (self.before.width,
+                                                                  self.before.height)
+        if own and are_alike(picture.at(*place), self.before.at(*place)):
+            return "the desktop's own picture"
+        return name_of(picture.at(*place))
+
+    def shows_own_picture(self):
+        """The one from before the program came."""
+        picture = self.picture()
+        return all(are_alike(picture.at(*place), self.before.at(*place)) for place in self.spots())
+
+    def unlike_before(self):
+        """In how many places of a grid the desktop differs from what it was before the program
+        came. The desktop's own panels show the time, so they differ."""
+        panels = {f"{'above' if edge == 'top' else 'below'}": PANEL_ROOM
+                  for edge in self.panel_edges}
+        return self.picture().unlike(self.before, **panels)
 
     def expect_wallpaper(self, where="", places=None, seconds=15):
         expect(lambda: self.shows_wallpaper(places),
@@ -144,7 +173,7 @@ class Desk:
         return window
 
     def start_program(self, **settings):
-        self.tavi.start(**settings)
+        self.tavi.start(self.program_environment, **settings)
 
     def end_program(self):
         if self.tavi.is_running() and not self.tavi.quit():
@@ -159,13 +188,28 @@ class Desk:
         for window in self.opened:
             window.close()
         self.opened.clear()
+        self.leave_workspace()
         if not self.tavi.is_running():
             self.start_program()
         wait_until(self.shows_wallpaper, 3)
 
+    def leave_workspace(self):
+        """Back to the first one."""
+        try:
+            if self.workspace():
+                self.go_to_workspace(0)
+        except NotApplicable:
+            pass
+
     def remember(self):
         """Looks at the desktop before the program was ever there."""
-        self.before = self.picture()
+        def rests():
+            """Nothing comes or goes any more: a greeting, an icon that is loaded late."""
+            before, self.before = self.before, self.picture()
+            return before and before.pixels == self.before.pixels and self.shows_nothing_else()
+
+        prepare(rests, "a desktop that rests", pause=0.4)
+        self.before.write(self.room.folder / "before.jpg", 1280)
         if self.has_icons:
             self.icons_before = self.icons()
             if not self.icons_before:

@@ -161,6 +161,10 @@ class X11:
         check = self.number("_NET_SUPPORTING_WM_CHECK")
         return bool(check) and self.property(self.window(check), "_NET_SUPPORTING_WM_CHECK") is not None
 
+    def is_composited(self):
+        owner = self.connection.get_selection_owner(self.connection.intern_atom("_NET_WM_CM_S0"))
+        return owner != X.NONE
+
     def await_manager(self):
         """Some managers announce themselves before they listen, and what is mapped in between is
         left waiting. When one manages a window, it listens."""

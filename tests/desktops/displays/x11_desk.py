@@ -16,16 +16,17 @@ class X11Desk(Desk):
     replacement = ()       # the command that takes the place of a running one
     desktop_program = ()   # its command; empty: none
     has_workspaces = True
+    root_is_bare = True    # without a desktop program: no panel, no picture of the manager's own
     menu_button = None     # of the pointer, that opens a menu over the empty desktop
 
     def open(self):
-        self.room.start_bus()
         self.room.put_on_desktop()
         self.xorg = Xorg(self.room)
         self.x11 = X11(self.room)
         self.furnish()
-        self.x11.paint_root()
+        self.room.start_bus()  # what it starts knows the display
         self.start_manager()
+        self.x11.paint_root()
         if self.desktop_program:
             self.start_desktop_program()
 
@@ -46,10 +47,20 @@ class X11Desk(Desk):
         self.await_own_picture()
 
     def await_own_picture(self):
+        """The loud one of the settings."""
         prepare(lambda: all(self.at(*place) == DESKTOP for place in self.spots()),
                 "the desktop's own picture")
 
+    def set_setting(self, schema, key, value):
+        self.room.ask("gsettings", "set", schema, key, value)
+
     # Desk
+
+    def shows_nothing_else(self):
+        if self.desktop_program or not self.root_is_bare:
+            return True
+        picture = self.picture()
+        return picture.count(DESKTOP) == len(picture.pixels)
 
     def picture(self):
         return self.x11.picture()
@@ -89,6 +100,11 @@ class X11Desk(Desk):
         expect(window.is_viewable, "a window of another program did not come up")
         return window
 
+    def own_panel(self):
+        if "bottom" not in self.panel_edges:
+            return None
+        return max(window.get_geometry().height for window in self.x11.windows_of_type("DOCK"))
+
     def show_panel(self, height):
         x, y, width, tall = self.screens()[0]
         strut = [0, 0, 0, height] + [0] * 6 + [x, x + width - 1]
@@ -99,11 +115,11 @@ class X11Desk(Desk):
         return panel
 
     def workspace(self):
+        if not self.has_workspaces:
+            raise NotApplicable("it has no workspaces")
         return self.x11.number("_NET_CURRENT_DESKTOP") or 0
 
     def go_to_workspace(self, number):
-        if not self.has_workspaces:
-            raise NotApplicable("it has no workspaces")
         self.x11.go_to_workspace(number)
         prepare(lambda: self.workspace() == number, f"workspace {number + 1}")
 
@@ -149,6 +165,11 @@ class X11Desk(Desk):
         prepare(self.x11.windows_of_other_desktops, "the desktop program", 60)
 
     def tidy(self):
+        if len(self.screens()) > 1:
+            self.remove_screen()
+        if self.desktop_program and not self.x11.windows_of_other_desktops():
+            # One that was refused by a check must not spoil the next one.
+            self.end_program()
+            self.room.stop(self.desktop_process)
+            self.start_desktop_program()
         super().tidy()
-        if self.has_workspaces and self.workspace():
-            self.go_to_workspace(0)

@@ -2,8 +2,10 @@
 """The desktops, one a file: how it is started, and what it can't do."""
 import importlib
 
-ROWS = ["openbox", "xfwm4_xfdesktop", "xfwm4_xfdesktop_uncomposited", "i3"]
-QUICK = ["openbox", "xfwm4_xfdesktop", "i3"]
+ROWS = ["no_manager", "openbox", "openbox_picom", "xfwm4_xfdesktop",
+        "xfwm4_xfdesktop_uncomposited", "marco_caja", "mutter", "muffin_nemo", "openbox_pcmanfm",
+        "openbox_pcmanfm_qt", "i3", "fluxbox", "icewm", "awesome", "kwin_plasma", "kwin_plasma_uncomposited", "sway"]
+QUICK = ["openbox", "xfwm4_xfdesktop", "marco_caja", "i3", "sway"]
 
 
 def row(name):

@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 from base.picture import PANEL
 from base.waiting import expect
+from displays.bar import Bar
 from displays.x11_desk import X11Desk
 
 CONFIGURATION = f"""# i3 config file (v4)
@@ -20,25 +21,6 @@ bar {{
 """
 
 
-class Bar:
-    """Its own bar, as a panel."""
-
-    def __init__(self, desk):
-        self.desk = desk
-        desk.room.ask("i3-msg", "bar", "mode", "dock", "bar")
-
-    def area(self):
-        left, top, right, bottom = self.desk.picture().places_of(PANEL)
-        return left, top, right + 1 - left, bottom + 1 - top
-
-    def centre(self):
-        x, y, width, height = self.area()
-        return x + width // 2, y + height // 2
-
-    def close(self):
-        self.desk.room.ask("i3-msg", "bar", "mode", "invisible", "bar")
-
-
 class Row(X11Desk):
     name = "i3"
     title = "i3"
@@ -51,9 +33,9 @@ class Row(X11Desk):
         self.room.write("i3.config", CONFIGURATION)
 
     def show_panel(self, height):
-        bar = Bar(self)
+        bar = Bar(self, "i3-msg")
         self.opened.append(bar)
-        expect(lambda: self.picture().places_of(PANEL), "its bar is not on the screen")
+        expect(bar.is_shown, "its bar is not on the screen")
         return bar
 
     def go_to_workspace(self, number):

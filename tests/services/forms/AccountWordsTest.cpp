@@ -121,26 +121,38 @@ TEST(AccountWords, theTokenOfAGraphIsMadeWithAllItNeedsPreset) {
     EXPECT_EQ(query.queryItemValue(u"default_expires_at"_s), u"none"_s);
 }
 
-TEST(AccountWords, theNoteOfTheTokenStandsWhileAGraphIsWantedAndThereIsNoTokenForIt) {
+TEST(AccountWords, theNoteOfTheTokenStandsWhileAGraphIsWantedWithoutAToken) {
+    const AppState state{Date{1'700'000'000}};
+    AccountForm form;
+    form.account.id = QUuid::createUuid();
+    EXPECT_FALSE(needsTokenNote(form, state, false)) << "no graph is wanted";
+    form.account.showContributionGraph = true;
+    EXPECT_TRUE(needsTokenNote(form, state, false));
+    form.secret = u" "_s;
+    EXPECT_TRUE(needsTokenNote(form, state, false));
+    form.secret = u"ghp_1"_s;
+    EXPECT_FALSE(needsTokenNote(form, state, false));
+}
+
+TEST(AccountWords, theNoteOfTheTokenStandsForNoTokenThatIsKept) {
     AppState state{Date{1'700'000'000}};
     AccountForm form;
     form.account.id = QUuid::createUuid();
-    EXPECT_FALSE(needsTokenNote(form, state)) << "no graph is wanted";
     form.account.showContributionGraph = true;
-    EXPECT_TRUE(needsTokenNote(form, state));
-    form.secret = u" "_s;
-    EXPECT_TRUE(needsTokenNote(form, state));
-    form.secret = u"ghp_1"_s;
-    EXPECT_FALSE(needsTokenNote(form, state));
-    form.secret.clear();
-
+    EXPECT_FALSE(needsTokenNote(form, state, true)) << "nothing was told yet";
     GitHubStats stats;
-    stats.contributions.emplace();
+    stats.hasToken = false;
     state.githubStats = std::vector{stats};
-    EXPECT_TRUE(needsTokenNote(form, state)) << "the graph of another account";
+    EXPECT_FALSE(needsTokenNote(form, state, true)) << "that is another account";
     stats.connectionId = form.account.id;
     state.githubStats = std::vector{stats};
-    EXPECT_FALSE(needsTokenNote(form, state)) << "a kept token was good enough";
+    EXPECT_TRUE(needsTokenNote(form, state, true));
+    stats.hasToken = true;
+    state.githubStats = std::vector{stats};
+    EXPECT_FALSE(needsTokenNote(form, state, true)) << "though it reads no graph";
+    stats.hasToken.reset();
+    state.githubStats = std::vector{stats};
+    EXPECT_FALSE(needsTokenNote(form, state, true)) << "the keyring was locked";
 }
 
 TEST(AccountWords, tellAnAccountsStateAndName) {

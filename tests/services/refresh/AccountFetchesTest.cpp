@@ -66,6 +66,27 @@ TEST_F(AccountFetchesTest, gitHubIsAskedWithItsTokenOrWithout) {
     EXPECT_THAT(callsFor(u"github"_s, std::nullopt, u"octo"_s), ElementsAre(u"github octo none"_s));
 }
 
+TEST_F(AccountFetchesTest, gitHubsRecordTellsWhetherItWasAskedWithAToken) {
+    const auto told = [this] {
+        return state.githubStats->empty() ? std::nullopt : state.githubStats->front().hasToken;
+    };
+    callsFor(u"github"_s, u"ghp"_s, u"octo"_s);
+    EXPECT_EQ(told(), true);
+    callsFor(u"github"_s, std::nullopt, u"octo"_s);
+    EXPECT_EQ(told(), false);
+    callsFor(u"github"_s, u" "_s, u"octo"_s);
+    EXPECT_EQ(told(), false);
+}
+
+TEST_F(AccountFetchesTest, ofALockedKeyringNobodyKnowsWhetherThereIsAToken) {
+    const auto id = connect(u"github"_s, std::nullopt, u"octo"_s).id;
+    secrets.put(u"com.tavi.integrations"_s, {secretAccount(id), "ghp"});
+    secrets.answer(SecretOutcome::refused);
+    EXPECT_THAT(callsNow(), ElementsAre(u"github octo none"_s));
+    ASSERT_THAT(*state.githubStats, SizeIs(1));
+    EXPECT_EQ(state.githubStats->front().hasToken, std::nullopt);
+}
+
 TEST_F(AccountFetchesTest, gitHubWithoutAGraphIsAskedForNone) {
     auto &account = connect(u"github"_s, u"ghp"_s, u"octo"_s);
     account.showStats = false;

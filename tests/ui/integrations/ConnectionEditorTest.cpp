@@ -280,6 +280,10 @@ TEST_F(ConnectionEditorTest, enterInAFieldSaves) {
 
 TEST_F(ConnectionEditorTest, gitHubAsksForATokenOnlyForTheGraph) {
     const auto id = connect(u"github"_s, std::nullopt, u"octo"_s).id;
+    GitHubStats withoutToken;
+    withoutToken.connectionId = id;
+    withoutToken.hasToken = false;
+    state.githubStats = {withoutToken};
     open();
     showAccount(stored(id));
     const auto note = u"The contribution grid needs a personal access token — GitHub only exposes "
@@ -311,6 +315,7 @@ TEST_F(ConnectionEditorTest, gitHubAsksForATokenOnlyForTheGraph) {
     EXPECT_TRUE(stored(id).showContributionGraph);
     EXPECT_FALSE(stored(id).showStats);
     EXPECT_THAT(secrets.entries(), Contains(secretEntry(stored(id), u"ghp_1"_s)));
+    EXPECT_FALSE(shows(note)) << "it is kept, though the last fetch was without it";
 }
 
 TEST_F(ConnectionEditorTest, gitHubNeedsAUserNameAndSpeaksOfATokenNotOfAKey) {

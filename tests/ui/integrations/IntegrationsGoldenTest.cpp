@@ -80,6 +80,7 @@ protected:
         stats.followers = 318;
         stats.openPRs = 4;
         stats.updated = Date{1};
+        stats.hasToken = false;
         state.githubStats = {stats};
     }
 

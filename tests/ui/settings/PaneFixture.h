@@ -43,9 +43,19 @@ public:
 class RecordingShell : public DesktopShell {
 public:
     bool canHideIcons() const override { return canHide; }
-    bool areIconsShown() const override { return shown; }
-    void setIconsShown(bool areShown) override { shown = areShown; }
-    void relaunch() override { ++relaunches; }
+    std::optional<IconSetting> iconSetting() const override { return IconSetting{shown}; }
+    ShellOutcome hideIcons() override {
+        shown = false;
+        return ShellOutcome::done;
+    }
+    ShellOutcome showIcons(const QString &) override {
+        shown = true;
+        return ShellOutcome::done;
+    }
+    ShellOutcome relaunch() override {
+        ++relaunches;
+        return ShellOutcome::done;
+    }
 
     bool canHide = true;
     bool shown = true;
@@ -181,7 +191,7 @@ protected:
     PendingLoginItem paneLoginItem;
     LaunchAtLogin paneLaunchAtLogin{paneLoginItem};
     RecordingShell paneShell;
-    DesktopIconsManager paneDesktopIcons{paneShell, background};
+    DesktopIconsManager paneDesktopIcons{paneShell, defaults, background};
     RecordingUpdates paneUpdates;
     QWidget window;
     Look look{window, Appearance::dark};

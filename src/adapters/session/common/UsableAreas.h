@@ -17,8 +17,8 @@ namespace zeph {
 class UsableAreas : public Port {
 public:
     /// In logical points of the whole layout; absent while it is not known, and for an output that
-    /// the desktop does not name so.
-    virtual std::optional<QRectF> usableArea(const QString &outputName) const = 0;
+    /// the desktop does not name so. The first call for an output may be what has it followed.
+    virtual std::optional<QRectF> usableArea(const QString &outputName) = 0;
 
     /// Calls `handler` after every change, until the subscription ends.
     [[nodiscard]] virtual Subscription subscribe(std::function<void()> handler) = 0;

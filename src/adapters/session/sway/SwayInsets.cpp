@@ -7,7 +7,7 @@
 
 namespace zeph {
 
-std::optional<QRectF> SwayInsets::usableArea(const QString &outputName) const {
+std::optional<QRectF> SwayInsets::usableArea(const QString &outputName) {
     for (const SwayWorkspaceFacts &workspace : m_workspaces.all()) {
         // One that was just made has no area yet.
         if (workspace.isVisible && workspace.output == outputName && !workspace.area.isEmpty()) {

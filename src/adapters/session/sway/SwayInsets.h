@@ -13,7 +13,7 @@ public:
     /// `workspaces` outlives this.
     explicit SwayInsets(SwayWorkspaceList &workspaces) : m_workspaces(workspaces) {}
 
-    std::optional<QRectF> usableArea(const QString &outputName) const override;
+    std::optional<QRectF> usableArea(const QString &outputName) override;
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) override;
 
 private:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/session/wayland/SessionParts.h"
 #include "ports/InputEvents.h"
 #include "ports/VirtualDesktops.h"
 #include "ports/Workspace.h"
@@ -34,6 +35,20 @@ class NoVirtualDesktops : public VirtualDesktops {
 public:
     std::vector<ManagedDisplay> managedDisplays() const override { return {}; }
     Subscription subscribe(std::function<void()> /*handler*/) override { return {}; }
+};
+
+/// Where the desktop tells nothing at all.
+class UnknownParts : public SessionParts {
+public:
+    Workspace &workspace() override { return m_workspace; }
+    InputEvents &inputEvents() override { return m_inputEvents; }
+    VirtualDesktops &virtualDesktops() override { return m_virtualDesktops; }
+    UsableAreas *usableAreas() override { return nullptr; }
+
+private:
+    UnknownWorkspace m_workspace;
+    UnknownInputEvents m_inputEvents;
+    NoVirtualDesktops m_virtualDesktops;
 };
 
 } // namespace zeph

@@ -6,8 +6,6 @@
 
 #include <QAbstractEventDispatcher>
 
-#include <poll.h>
-
 #include <cerrno>
 #include <utility>
 
@@ -16,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace zeph {
 
 namespace {
-
-using SteadyClock = std::chrono::steady_clock;
 
 void logLoss(wl_display *display) {
     const int error = wl_display_get_error(display);
@@ -105,52 +101,9 @@ void WaylandConnection::removeGlobal(std::uint32_t number) {
 }
 
 bool WaylandConnection::waitForAnswers(std::chrono::milliseconds patience) {
-    bool isAnswered = false;
-    static constexpr wl_callback_listener listener{
-        [](void *answered, wl_callback * /*callback*/, std::uint32_t /*serial*/) {
-            *static_cast<bool *>(answered) = true;
-        }};
-    const WaylandHandle<wl_callback> callback(wl_display_sync(display()));
-    wl_callback_add_listener(callback.get(), &listener, &isAnswered);
-    const auto deadline = SteadyClock::now() + patience;
-    while (!isAnswered) {
-        if (wl_display_flush(display()) < 0) {
-            if (errno != EAGAIN || !waitForSocket(POLLOUT, deadline)) {
-                return false;
-            }
-            continue;
-        }
-        if (wl_display_prepare_read(display()) != 0) {
-            if (!deliverEvents()) {
-                return false;
-            }
-            continue;
-        }
-        if (!waitForSocket(POLLIN, deadline)) {
-            wl_display_cancel_read(display());
-            return false;
-        }
-        if (wl_display_read_events(display()) < 0 || !deliverEvents()) {
-            return false;
-        }
-    }
-    return true;
-}
-
-/// False when nothing happened by then.
-bool WaylandConnection::waitForSocket(short events, SteadyClock::time_point deadline) const {
-    pollfd socket{wl_display_get_fd(display()), events, 0};
-    for (;;) {
-        const auto left =
-            std::chrono::ceil<std::chrono::milliseconds>(deadline - SteadyClock::now());
-        if (left.count() <= 0) {
-            return false;
-        }
-        const int ready = poll(&socket, 1, static_cast<int>(left.count()));
-        if (ready > 0 || (ready < 0 && errno != EINTR)) {
-            return ready > 0;
-        }
-    }
+    const bool isAnswered = !m_isLost && makeRoundTrip(*display(), patience);
+    tellOfGlobals();
+    return isAnswered;
 }
 
 void WaylandConnection::readEvents() {
@@ -175,10 +128,14 @@ void WaylandConnection::readEvents() {
 /// False when the connection is broken.
 bool WaylandConnection::deliverEvents() {
     const bool isWell = wl_display_dispatch_pending(display()) >= 0;
+    tellOfGlobals();
+    return isWell;
+}
+
+void WaylandConnection::tellOfGlobals() {
     if (std::exchange(m_globalsChanged, false)) {
         m_globalChanges.send();
     }
-    return isWell;
 }
 
 void WaylandConnection::flush() {

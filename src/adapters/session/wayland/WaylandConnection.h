@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/session/wayland/WaylandHandle.h"
+#include "adapters/session/wayland/WaylandRoundTrip.h"
 #include "base/ChangePublisher.h"
 
 #include <QByteArray>
@@ -37,13 +38,10 @@ public:
         QString refusal; ///< what to tell the user where `connection` is null
     };
 
-    /// How long a compositor may take to answer at the start. One that is well takes a millisecond.
-    static constexpr std::chrono::milliseconds usualPatience{2000};
-
     /// Connects to the compositor of that name and waits, at most for `patience`, until it has told
     /// what it offers.
     static Opened open(const QByteArray &display,
-                       std::chrono::milliseconds patience = usualPatience);
+                       std::chrono::milliseconds patience = compositorPatience);
     ~WaylandConnection();
     WaylandConnection(const WaylandConnection &) = delete;
     WaylandConnection &operator=(const WaylandConnection &) = delete;
@@ -73,7 +71,7 @@ public:
 
     /// Waits until the compositor has answered all that was asked of it; false when it did not
     /// within `patience`, or is gone. For the start only.
-    bool waitForAnswers(std::chrono::milliseconds patience = usualPatience);
+    bool waitForAnswers(std::chrono::milliseconds patience = compositorPatience);
 
     /// Calls `handler` after globals came or went, once for those that were told together.
     [[nodiscard]] Subscription subscribeToGlobals(std::function<void()> handler);
@@ -93,7 +91,7 @@ private:
     void removeGlobal(std::uint32_t number);
     void readEvents();
     bool deliverEvents();
-    bool waitForSocket(short events, std::chrono::steady_clock::time_point deadline) const;
+    void tellOfGlobals();
     void flush();
     void noteLoss();
 

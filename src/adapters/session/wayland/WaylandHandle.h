@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ext-idle-notify-v1-client-protocol.h"
+#include "kwin-idle-client-protocol.h"
 #include "viewporter-client-protocol.h"
+#include "wlr-foreign-toplevel-management-unstable-v1-client-protocol.h"
 #include "wlr-layer-shell-unstable-v1-client-protocol.h"
 #include "xdg-output-unstable-v1-client-protocol.h"
 
@@ -29,6 +32,24 @@ struct WaylandRelease {
         zxdg_output_manager_v1_destroy(object);
     }
     void operator()(zwlr_layer_surface_v1 *object) const { zwlr_layer_surface_v1_destroy(object); }
+    void operator()(ext_idle_notifier_v1 *object) const { ext_idle_notifier_v1_destroy(object); }
+    void operator()(ext_idle_notification_v1 *object) const {
+        ext_idle_notification_v1_destroy(object);
+    }
+    void operator()(org_kde_kwin_idle *object) const { org_kde_kwin_idle_destroy(object); }
+    void operator()(org_kde_kwin_idle_timeout *object) const {
+        org_kde_kwin_idle_timeout_release(object);
+    }
+    void operator()(zwlr_foreign_toplevel_manager_v1 *object) const {
+        zwlr_foreign_toplevel_manager_v1_destroy(object);
+    }
+    void operator()(zwlr_foreign_toplevel_handle_v1 *object) const {
+        zwlr_foreign_toplevel_handle_v1_destroy(object);
+    }
+    void operator()(wl_seat *object) const {
+        wl_seat_get_version(object) >= WL_SEAT_RELEASE_SINCE_VERSION ? wl_seat_release(object)
+                                                                     : wl_seat_destroy(object);
+    }
     void operator()(wl_output *object) const {
         wl_output_get_version(object) >= WL_OUTPUT_RELEASE_SINCE_VERSION
             ? wl_output_release(object)

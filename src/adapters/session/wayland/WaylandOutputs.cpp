@@ -26,6 +26,20 @@ WaylandOutputs::WaylandOutputs(WaylandConnection &connection, const ScalingAbili
     update();
 }
 
+void WaylandOutputs::follow(UsableAreas *areas) {
+    m_areas = areas;
+    if (areas) {
+        m_areaChanges = areas->subscribe([this] { scheduleUpdate(); });
+        update();
+    }
+}
+
+QRectF WaylandOutputs::visibleFrame(const Screen &screen, const QString &connector) const {
+    const auto usable = m_areas ? m_areas->usableArea(connector) : std::nullopt;
+    const QRectF visible = usable.value_or(screen.frame) & screen.frame;
+    return visible.isEmpty() ? screen.frame : visible; // of a moment before this one
+}
+
 std::vector<Screen> WaylandOutputs::all() const {
     std::vector<Screen> screens;
     std::transform(m_screens.begin(), m_screens.end(), std::back_inserter(screens),
@@ -121,6 +135,8 @@ void WaylandOutputs::update() {
         for (std::size_t i = 0; i < described.size(); ++i) {
             if (described[i] && described[i]->frame.topLeft().isNull() == isAtOrigin) {
                 m_screens.emplace_back(*described[i], m_outputs[i]->number());
+                Screen &screen = m_screens.back().first;
+                screen.visibleFrame = visibleFrame(screen, facts[i].words.connector);
             }
         }
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/session/common/UsableAreas.h"
 #include "adapters/session/wayland/WaylandConnection.h"
 #include "adapters/session/wayland/WaylandOutput.h"
 #include "ports/Screens.h"
@@ -26,6 +27,10 @@ public:
     WaylandOutputs(WaylandConnection &connection, const ScalingAbilities &abilities,
                    QString drmFolder = QStringLiteral("/sys/class/drm"));
 
+    /// Has the screens' visible frames follow `areas`, which are there for as long as this is
+    /// asked, or null.
+    void follow(UsableAreas *areas);
+
     std::vector<Screen> all() const override;
     std::optional<Screen> main() const override;
     Subscription subscribe(std::function<void()> handler) override;
@@ -40,6 +45,7 @@ private:
     void followGlobals();
     void scheduleUpdate();
     void update();
+    QRectF visibleFrame(const Screen &screen, const QString &connector) const;
 
     WaylandConnection &m_connection;
     ScalingAbilities m_abilities;
@@ -51,6 +57,8 @@ private:
     ChangePublisher m_changes;
     ChangePublisher m_placeChanges;
     Subscription m_globals;
+    UsableAreas *m_areas = nullptr;
+    Subscription m_areaChanges;
     QObject m_context;
     bool m_isUpdateScheduled = false;
 };

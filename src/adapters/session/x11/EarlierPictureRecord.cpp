@@ -4,6 +4,7 @@
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11Properties.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace zeph {
@@ -18,7 +19,7 @@ constexpr std::uint32_t kMostNumbers =
     static_cast<std::uint32_t>(kNumbersBeforeTheWindows + kMostWindows);
 
 xcb_atom_t property(X11Connection &connection) {
-    return connection.intern("_TAVI_EARLIER_PICTURE");
+    return connection.atom(X11Atom::earlierPicture);
 }
 
 // Pixmaps are measured in unsigned words of 16 bits.

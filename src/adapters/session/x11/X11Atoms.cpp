@@ -47,6 +47,7 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(X11Atom::count)>
     "_NET_WM_WINDOW_TYPE_DESKTOP",
     "_NET_WM_WINDOW_TYPE_DOCK",
     "_NET_WORKAREA",
+    "_TAVI_EARLIER_PICTURE",
     "_XROOTPMAP_ID",
 };
 

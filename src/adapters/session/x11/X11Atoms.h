@@ -45,6 +45,7 @@ enum class X11Atom : std::size_t {
     netWmWindowTypeDesktop,
     netWmWindowTypeDock,
     netWorkarea,
+    earlierPicture,
     rootPixmap,
     count,
 };

@@ -11,6 +11,11 @@ namespace zeph {
 
 namespace {
 
+/// Whether both are the same pixels, wherever they are shown.
+bool isSamePicture(const RootPixmapTarget &one, const RootPixmapTarget &other) {
+    return one.pixmap == other.pixmap && one.size == other.size && one.depth == other.depth;
+}
+
 // Within this time after the first stroke a desktop program tells that its picture is ready.
 constexpr std::chrono::milliseconds kAnnouncementPatience{60};
 
@@ -31,9 +36,7 @@ bool X11DesktopPicture::isPossible(const X11Connection &connection) {
 }
 
 X11DesktopPicture::X11DesktopPicture(X11Connection &connection, std::function<void()> askForItsOwn)
-    : X11EventListener(connection),
-      m_askForItsOwn(std::move(askForItsOwn)),
-      m_announcement(connection.atom(X11Atom::rootPixmap)) {
+    : X11EventListener(connection), m_askForItsOwn(std::move(askForItsOwn)) {
     m_unannounced.setSingleShot(true);
     m_unannounced.setInterval(kAnnouncementPatience);
     QObject::connect(&m_unannounced, &QTimer::timeout, &m_unannounced, [this] { repaintAll(); });
@@ -62,11 +65,17 @@ void X11DesktopPicture::setTarget(const std::optional<RootPixmapTarget> &target)
     if (target == m_target || m_damageEvent < 0) {
         return;
     }
-    m_unannounced.stop();
-    stopFollowing();
-    m_earlier.reset(); // its record makes way for the next one
+    const bool isUsable = target && refusalOf(*target).isEmpty();
+    if (isUsable && isThere() && isSamePicture(*target, *m_target)) {
+        // Its pixels are ours by now, and must not pass for theirs.
+        m_target = target;
+        m_earlier->noteWindows(target->windows);
+        repaintAll();
+        return;
+    }
+    leaveItAsItWas();
     m_target = target;
-    if (!target || !refusalOf(*target).isEmpty()) {
+    if (!isUsable) {
         return;
     }
     followTheirPainting(); // first: what they paint from here on is kept anew
@@ -80,6 +89,20 @@ void X11DesktopPicture::setTarget(const std::optional<RootPixmapTarget> &target)
     if (m_earlier->origin() == X11EarlierPicture::Origin::formerRun) {
         m_askForItsOwn();
     }
+}
+
+void X11DesktopPicture::leaveItAsItWas() {
+    m_unannounced.stop();
+    if (!isThere()) {
+        return;
+    }
+    QRegion ours;
+    for (const Claim *claim : m_claims) {
+        ours += claim->area();
+    }
+    change(ours, [&] { m_earlier->putBack(ours); });
+    stopFollowing();
+    m_earlier.reset(); // its record makes way for the next one
 }
 
 std::unique_ptr<X11DesktopPicture::Claim> X11DesktopPicture::claim(const QRect &area,
@@ -157,7 +180,8 @@ void X11DesktopPicture::handleEvent(std::uint8_t kind, const xcb_generic_event_t
     }
     if (kind == XCB_PROPERTY_NOTIFY) {
         const auto &notify = eventAs<xcb_property_notify_event_t>(event);
-        if (notify.window == connection().root() && notify.atom == m_announcement &&
+        if (notify.window == connection().root() &&
+            notify.atom == connection().atom(X11Atom::rootPixmap) &&
             notify.state == XCB_PROPERTY_NEW_VALUE) {
             repaintAll();
         }

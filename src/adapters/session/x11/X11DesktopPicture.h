@@ -49,7 +49,8 @@ public:
     /// False when the server lacks what tells their pixels from ours.
     static bool isPossible(const X11Connection &connection);
 
-    /// Paints into this picture from now on; absent while the desktop program is gone.
+    /// Paints into this picture from now on; absent while there is none. The last one is left as
+    /// it was without us.
     void setTarget(const std::optional<RootPixmapTarget> &target);
 
     /// Whether there is a picture to paint into.
@@ -67,13 +68,13 @@ private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
     void release(const Claim &claim);
     void repaintAll();
+    void leaveItAsItWas();
     void change(const QRegion &region, const std::function<void()> &change);
     void keepWhatTheyPainted();
     void followTheirPainting();
     void stopFollowing();
 
     std::function<void()> m_askForItsOwn;
-    xcb_atom_t m_announcement; // the property by which it tells of its picture
     int m_damageEvent = -1;
     std::optional<RootPixmapTarget> m_target;
     std::unique_ptr<X11EarlierPicture> m_earlier; // there while there is a target

@@ -33,7 +33,7 @@ xcb_gcontext_t makeContext(X11Connection &connection, xcb_pixmap_t pixmap) {
 }
 
 xcb_pixmap_t currentRootPixmap(X11Connection &connection) {
-    const auto reply = readNow(connection, connection.root(), connection.intern("_XROOTPMAP_ID"),
+    const auto reply = readNow(connection, connection.root(), connection.atom(X11Atom::rootPixmap),
                                XCB_ATOM_PIXMAP, 1);
     const auto numbers = numbersIn(reply.get());
     return numbers.empty() ? xcb_pixmap_t{XCB_PIXMAP_NONE} : numbers.front();
@@ -81,6 +81,11 @@ X11EarlierPicture::X11EarlierPicture(X11Connection &connection, RootPixmapTarget
         xcb_kill_client(connection.xcb(), former->kept);
     }
     xcb_flush(connection.xcb());
+}
+
+void X11EarlierPicture::noteWindows(const std::vector<xcb_window_t> &windows) {
+    m_target.windows = windows;
+    writeRecord(m_connection, EarlierPictureRecord{m_kept, m_target});
 }
 
 X11EarlierPicture::~X11EarlierPicture() {

@@ -39,6 +39,9 @@ public:
     /// Keeps anew what the desktop program painted in this region.
     void keepAnew(xcb_xfixes_region_t region);
 
+    /// The program shows the same picture in these windows now.
+    void noteWindows(const std::vector<xcb_window_t> &windows);
+
     /// Paints what was kept into the desktop program's picture.
     void putBack(const QRegion &region);
 

@@ -25,7 +25,7 @@ public:
 
     Screens &screens() override { return m_screens; }
     WindowServer &windowServer() override { return *m_windowServer; }
-    Workspace &workspace() override { return m_workspace; }
+    X11Workspace &workspace() override { return m_workspace; }
     InputEvents &inputEvents() override { return m_inputEvents; }
     VirtualDesktops &virtualDesktops() override { return m_virtualDesktops; }
 

@@ -9,14 +9,24 @@
 
 #include <utility>
 
-using namespace Qt::StringLiterals;
-
 namespace zeph {
 
 namespace {
 
 constexpr std::uint8_t kOpaque = 24;
 constexpr std::uint8_t kWithAlpha = 32;
+
+std::optional<RootPixmapTarget> pictureOf(const std::optional<X11DesktopProgram::Found> &program) {
+    return program ? std::optional(program->target()) : std::nullopt;
+}
+
+/// Has the program paint its own picture anew. The others take a new pixmap whenever theirs
+/// changes, so that none of them can be out of date.
+void askForItsPicture(const std::optional<X11DesktopProgram::Found> &program) {
+    if (program && program->kind == DesktopProgram::xfdesktop) {
+        QProcess::startDetached(QStringLiteral("xfdesktop"), {QStringLiteral("--reload")});
+    }
+}
 
 } // namespace
 
@@ -38,14 +48,9 @@ X11WindowServer::X11WindowServer(X11Connection &connection, const X11Visual &opa
       m_program(connection, m_windows),
       m_compositor(connection),
       m_way(known, {connection, m_compositor, m_manager, m_program}),
-      m_stacking(connection, m_windows, m_manager) {
-    m_news.push_back(m_program.subscribe([this] { followPicture(); }));
-    m_news.push_back(m_way.subscribe([this] {
-        // First, so that surfaces give back what they took of the picture.
-        m_ways.send();
-        followPicture();
-    }));
-}
+      m_stacking(connection, m_windows, m_manager),
+      m_programChanges(m_program.subscribe([this] { followPicture(); })),
+      m_wayChanges(m_way.subscribe([this] { followPicture(); })) {}
 
 void X11WindowServer::settle() {
     if (!m_way.isChosen()) {
@@ -57,11 +62,12 @@ void X11WindowServer::settle() {
 std::unique_ptr<DesktopSurface> X11WindowServer::makeDesktopSurface(const Screen &screen,
                                                                     bool wantsTransparency) {
     settle();
+    followPicture();
     // Without a compositor alpha is ignored, and every other surface is cheaper opaque.
     const bool isTransparent = wantsTransparency && m_withAlpha && m_compositor.isRunning();
     // Through a transparent surface icons are seen and clicked from above, too.
-    if (m_way.now().mechanism == DrawingMechanism::rootPixmap && !isTransparent) {
-        return std::make_unique<X11RootPixmapSurface>(m_connection, picture(), screen);
+    if (m_picture && m_way.now().mechanism == DrawingMechanism::rootPixmap && !isTransparent) {
+        return std::make_unique<X11RootPixmapSurface>(m_connection, *m_picture, screen);
     }
     return std::make_unique<X11DesktopSurface>(m_connection, m_stacking, place(),
                                                isTransparent ? *m_withAlpha : m_opaque, screen);
@@ -82,32 +88,19 @@ DesktopPlace X11WindowServer::place() const {
     return DesktopPlace::aboveDesktops;
 }
 
-X11DesktopPicture &X11WindowServer::picture() {
-    if (!m_picture) {
-        m_picture = std::make_unique<X11DesktopPicture>(m_connection, [this] {
-            const auto &program = m_program.found();
-            if (program && program->kind == DesktopProgram::xfdesktop) {
-                QProcess::startDetached(u"xfdesktop"_s, {u"--reload"_s});
-            }
-        });
-        followPicture();
-    }
-    return *m_picture;
-}
-
-/// At once, as what was painted into the last one is gone.
 void X11WindowServer::followPicture() {
-    if (!m_picture) {
-        return;
+    const bool isPaintedInto = m_way.now().mechanism == DrawingMechanism::rootPixmap;
+    if (isPaintedInto && !m_picture && X11DesktopPicture::isPossible(m_connection)) {
+        m_picture = std::make_unique<X11DesktopPicture>(
+            m_connection, [this] { askForItsPicture(m_program.found()); });
     }
-    const auto &program = m_program.found();
-    m_picture->setTarget(program && m_way.now().mechanism == DrawingMechanism::rootPixmap
-                             ? std::optional(program->target())
-                             : std::nullopt);
+    if (m_picture) {
+        m_picture->setTarget(isPaintedInto ? pictureOf(m_program.found()) : std::nullopt);
+    }
 }
 
 Subscription X11WindowServer::subscribeToDrawingWay(std::function<void()> handler) {
-    return m_ways.subscribe(std::move(handler));
+    return m_way.subscribe(std::move(handler));
 }
 
 Subscription X11WindowServer::subscribeToCompositing(std::function<void()> handler) {

@@ -37,7 +37,6 @@ public:
 private:
     X11WindowServer(X11Connection &connection, const X11Visual &opaque, const SessionOffer &known);
     DesktopPlace place() const;
-    X11DesktopPicture &picture();
     void followPicture();
 
     X11Connection &m_connection;
@@ -50,9 +49,9 @@ private:
     X11Compositor m_compositor;
     X11DrawingWay m_way;
     X11DesktopStacking m_stacking;
-    std::unique_ptr<X11DesktopPicture> m_picture; // made with the first surface in it
-    ChangePublisher m_ways;
-    std::vector<Subscription> m_news;
+    std::unique_ptr<X11DesktopPicture> m_picture; // from the first time that it is painted into
+    Subscription m_programChanges;
+    Subscription m_wayChanges;
 };
 
 } // namespace zeph

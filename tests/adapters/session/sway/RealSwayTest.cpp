@@ -4,6 +4,8 @@
 #include "adapters/session/sway/SwayInsets.h"
 #include "adapters/session/sway/SwayWorkspace.h"
 #include "adapters/session/sway/SwayWorkspaceList.h"
+#include "adapters/session/wayland/ForeignToplevels.h"
+#include "adapters/session/wayland/WaylandIdle.h"
 #include "support/SwaySession.h"
 
 #include <QStringList>
@@ -108,7 +110,7 @@ TEST_F(RealSwayTest, aWorkspaceKeepsItsIdForAsLongAsItLives) {
 }
 
 TEST_F(RealSwayTest, theUsableAreaIsThatOfTheOutputWithoutItsBar) {
-    const SwayInsets insets(list);
+    SwayInsets insets(list);
     ASSERT_TRUE(waitUntil([&] { return insets.usableArea(u"HEADLESS-1"_s).has_value(); }));
     EXPECT_EQ(insets.usableArea(u"HEADLESS-1"_s), QRectF(0, 0, 1280, 720));
     EXPECT_EQ(insets.usableArea(u"HEADLESS-2"_s), QRectF(1280, 0, 1280, 720));
@@ -117,6 +119,41 @@ TEST_F(RealSwayTest, theUsableAreaIsThatOfTheOutputWithoutItsBar) {
     openWindow(u"org.example.Editor"_s); // what happens to a window leads to a look at the edges
     EXPECT_TRUE(
         waitUntil([&] { return insets.usableArea(u"HEADLESS-1"_s) == QRectF(0, 0, 1280, 680); }));
+}
+
+TEST_F(RealSwayTest, watchesForATimeWithoutInput) {
+    const auto connection = WaylandConnection::open(session.waylandDisplay()).connection;
+    ASSERT_TRUE(connection);
+    WaylandIdle idle(*connection);
+    const auto quiet = idle.watch(std::chrono::milliseconds(150));
+    ASSERT_TRUE(quiet);
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_TRUE(waitUntil([&] { return quiet->isQuiet(); })) << round;
+        ASSERT_TRUE(session.tell(u"seat - cursor move 5 5"_s));
+        EXPECT_TRUE(waitUntil([&] { return !quiet->isQuiet(); })) << round;
+    }
+}
+
+TEST_F(RealSwayTest, tellsOfTheActiveWindowByItsProtocolToo) {
+    const auto connection = WaylandConnection::open(session.waylandDisplay()).connection;
+    ASSERT_TRUE(connection);
+    const auto toplevels =
+        ForeignToplevels::create(*connection, installed.entries(), u"com.tavi.Tavi"_s);
+    ASSERT_TRUE(toplevels);
+    const auto waitFor = [&](const std::optional<QString> &identifier) {
+        return waitUntil([&] {
+            const auto front = toplevels->frontmostApplication();
+            return (front ? front->bundleIdentifier : std::nullopt) == identifier;
+        });
+    };
+    const pid_t editor = openWindow(u"org.example.Editor"_s);
+    EXPECT_TRUE(waitFor(u"org.example.Editor"_s));
+    const pid_t other = openWindow(u"unheard.of"_s);
+    EXPECT_TRUE(waitFor(u"unheard.of"_s));
+    session.stop(other);
+    EXPECT_TRUE(waitFor(u"org.example.Editor"_s));
+    session.stop(editor);
+    EXPECT_TRUE(waitFor(std::nullopt));
 }
 
 TEST_F(RealSwayTest, theEndOfSwayIsSurvived) {

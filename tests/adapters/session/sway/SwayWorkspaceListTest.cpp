@@ -2,6 +2,7 @@
 #include "SwayFixture.h"
 
 #include "adapters/session/sway/SwayInsets.h"
+#include "adapters/session/sway/SwayVirtualDesktops.h"
 #include "adapters/session/sway/SwayWorkspaceList.h"
 
 using namespace Qt::StringLiterals;
@@ -100,10 +101,27 @@ TEST_F(SwayWorkspaceListTest, asksAnewAfterSwayHungUpInTheMiddleOfAnAnswer) {
     EXPECT_TRUE(waitUntil([&] { return list->all().empty(); }));
 }
 
+TEST_F(SwayWorkspaceListTest, eachOutputHasWorkspacesOfItsOwn) {
+    open("[" + one(4, "A", false) + "," + one(9, "B", true) + "," + one(5, "A", true) + "]");
+    int desktopChanges = 0;
+    SwayVirtualDesktops desktops(*list, [](const QString &output) { return u"ID-"_s + output; });
+    const Subscription told = desktops.subscribe([&] { ++desktopChanges; });
+    const std::vector<ManagedDisplay> expected{
+        {.identifier = u"ID-A"_s,
+         .currentSpace = 5,
+         .spaces = {{.id = 4, .name = u"4"_s}, {.id = 5, .name = u"5"_s}}},
+        {.identifier = u"ID-B"_s, .currentSpace = 9, .spaces = {{.id = 9, .name = u"9"_s}}}};
+    EXPECT_EQ(desktops.managedDisplays(), expected);
+    sway.answers[kWorkspaces] = "[" + one(4, "A", false) + "]";
+    happens(kWorkspaceEvent, "focus");
+    EXPECT_EQ(desktopChanges, 1);
+    EXPECT_EQ(desktops.managedDisplays().at(0).currentSpace, std::nullopt);
+}
+
 TEST_F(SwayWorkspaceListTest, barsLeaveTheAreaOfTheWorkspaceThatAnOutputShows) {
     open("[" + one(4, "A", false, "[0,0,1280,720]") + "," + one(5, "A", true, "[0,23,1280,697]") +
          "," + one(6, "B", true, "[1280,0,1024,740]") + "," + one(7, "C", true) + "]");
-    const SwayInsets insets(*list);
+    SwayInsets insets(*list);
     EXPECT_EQ(insets.usableArea(u"A"_s), QRectF(0, 23, 1280, 697));
     EXPECT_EQ(insets.usableArea(u"B"_s), QRectF(1280, 0, 1024, 740));
     EXPECT_EQ(insets.usableArea(u"C"_s), std::nullopt) << "not laid out yet";

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/wayland/LayerSurface.h"
 
-#include "WaylandFixture.h"
+#include "FakeCompositor.h"
+#include "WaylandClient.h"
 
 #include <algorithm>
 
@@ -15,7 +16,7 @@ const QSize kSize(400, 300);
 
 struct LayerSurfaceTest : testing::Test {
     explicit LayerSurfaceTest(const FakeCompositor::Options &options = {})
-        : compositor(options), client(compositor) {
+        : compositor(options), client(compositor.socket()) {
         loss = client.connection->subscribeToLoss([this] { ++losses; });
     }
 
@@ -317,7 +318,7 @@ TEST_F(LayerSurfaceTest, followsAnotherResolution) {
 TEST_F(ScaledSurfaceTest, hasAllPixelsOfADisplayWithAWholeScale) {
     for (const bool hasViewporter : {true, false}) {
         FakeCompositor compositor(options({800, 600}, {400, 300}, hasViewporter));
-        const WaylandClient client(compositor);
+        const WaylandClient client(compositor.socket());
         const auto surface = client.makeSurface();
         EXPECT_EQ(fillSurface(*surface, Qt::blue), QRegion(0, 0, 800, 600));
         surface->orderFront();
@@ -329,7 +330,7 @@ TEST_F(ScaledSurfaceTest, hasAllPixelsOfADisplayWithAWholeScale) {
 
 TEST_F(ScaledSurfaceTest, hasAllPixelsOfADisplayWithAFractionalScale) {
     FakeCompositor compositor(options({600, 450}, {400, 300}, true));
-    const WaylandClient client(compositor);
+    const WaylandClient client(compositor.socket());
     const auto surface = client.makeSurface();
     EXPECT_EQ(fillSurface(*surface, Qt::blue), QRegion(0, 0, 600, 450));
     surface->orderFront();
@@ -340,7 +341,7 @@ TEST_F(ScaledSurfaceTest, hasAllPixelsOfADisplayWithAFractionalScale) {
 
 TEST_F(ScaledSurfaceTest, isPaintedLargerWhereTheCompositorHasNoFractions) {
     FakeCompositor compositor(options({600, 450}, {400, 300}, false));
-    const WaylandClient client(compositor);
+    const WaylandClient client(compositor.socket());
     const auto surface = client.makeSurface();
     fillSurface(*surface, Qt::blue);
     surface->orderFront();
@@ -351,7 +352,7 @@ TEST_F(ScaledSurfaceTest, isPaintedLargerWhereTheCompositorHasNoFractions) {
 TEST_F(ScaledSurfaceTest, isHiddenByAPixelThatIsNotScaled) {
     for (const QSize mode : {QSize(800, 600), QSize(600, 450)}) {
         FakeCompositor compositor(options(mode, {400, 300}, true));
-        const WaylandClient client(compositor);
+        const WaylandClient client(compositor.socket());
         const auto surface = client.makeSurface();
         fillSurface(*surface, Qt::blue);
         surface->orderFront();
@@ -370,7 +371,7 @@ TEST_F(ScaledSurfaceTest, isHiddenByAPixelThatIsNotScaled) {
 
 TEST_F(ScaledSurfaceTest, followsASizeInPointsThatComesBeforeItsScreen) {
     FakeCompositor compositor(options({600, 450}, {400, 300}, true));
-    const WaylandClient client(compositor);
+    const WaylandClient client(compositor.socket());
     const auto surface = client.makeSurface();
     fillSurface(*surface, Qt::blue);
     surface->orderFront();
@@ -387,7 +388,7 @@ TEST(OldCompositor, isDrawnOnInEveryVersionOfSurfaces) {
         output.mode = {800, 600};
         output.scale = 2;
         FakeCompositor compositor({.compositorVersion = version, .outputs = {output}});
-        const WaylandClient client(compositor);
+        const WaylandClient client(compositor.socket());
         const auto surface = client.makeSurface();
         fillSurface(*surface, Qt::blue);
         surface->orderFront();
@@ -423,7 +424,7 @@ TEST(LostCompositor, takesNothingWithItWhateverTheSurfaceDid) {
     for (std::size_t i = 0; i < states.size(); ++i) {
         for (const bool isByComplaint : {false, true}) {
             FakeCompositor compositor({.release = FakeCompositor::Release::never});
-            WaylandClient client(compositor);
+            WaylandClient client(compositor.socket());
             int losses = 0;
             const Subscription loss = client.server->subscribeToLoss([&] { ++losses; });
             const auto surface = client.makeSurface();

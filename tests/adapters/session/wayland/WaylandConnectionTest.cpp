@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/wayland/WaylandConnection.h"
 
-#include "WaylandFixture.h"
+#include "FakeCompositor.h"
+#include "WaylandClient.h"
 
 #include <QElapsedTimer>
 

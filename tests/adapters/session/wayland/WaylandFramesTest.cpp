@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/wayland/WaylandFrames.h"
 
-#include "WaylandFixture.h"
+#include "FakeCompositor.h"
+#include "WaylandClient.h"
 
 namespace zeph {
 
@@ -12,7 +13,9 @@ using Release = FakeCompositor::Release;
 /// The buffers behind a visible surface of a compositor that reads pixels in this way.
 struct Shown {
     explicit Shown(Release release)
-        : compositor({.release = release}), client(compositor), surface(client.makeSurface()) {
+        : compositor({.release = release}),
+          client(compositor.socket()),
+          surface(client.makeSurface()) {
         fillSurface(*surface, Qt::blue);
         surface->orderFront();
         EXPECT_TRUE(waitForShown(Qt::blue));
@@ -112,7 +115,7 @@ TEST(WaylandFrames, ofManySizesDoNotPileUpWhereNoneIsEverReleased) {
 
 TEST(WaylandFrames, areNoneWithoutASize) {
     FakeCompositor compositor;
-    const WaylandClient client(compositor);
+    const WaylandClient client(compositor.socket());
     Screen empty = client.outputs->all()[0];
     empty.deviceFrame = {};
     const auto surface = client.server->makeDesktopSurface(empty, false);

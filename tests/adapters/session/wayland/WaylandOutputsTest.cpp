@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/wayland/WaylandOutputs.h"
 
-#include "WaylandFixture.h"
+#include "FakeCompositor.h"
+#include "WaylandClient.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/wayland/WaylandSession.h"
 
-#include "WaylandFixture.h"
+#include "FakeCompositor.h"
+#include "WaylandClient.h"
 
 #include "adapters/session/wayland/UnknownParts.h"
 
@@ -29,16 +30,60 @@ TEST(WaylandSession, knowsNothingOfWhatTheDesktopDoesNotTell) {
     EXPECT_EQ(opened.session->inputEvents().makeTap([](const InputEvent &) {}), nullptr);
 }
 
-TEST(WaylandSession, takesThePartsOfTheDesktop) {
-    struct OwnWorkspace : UnknownWorkspace {};
+TEST(WaylandSession, drawsOnALayerAndSaysWhy) {
     FakeCompositor compositor;
-    WaylandSession::Surroundings surroundings;
-    surroundings.makeWorkspace = [](WaylandConnection &) {
-        return std::make_unique<OwnWorkspace>();
-    };
-    const OpenedSession opened = WaylandSession::open(surroundings, compositor.socket());
+    const OpenedSession opened = WaylandSession::open({}, compositor.socket());
     ASSERT_TRUE(opened.session);
-    EXPECT_TRUE(dynamic_cast<OwnWorkspace *>(&opened.session->workspace()));
+    const DrawingWay way = opened.session->windowServer().drawingWay();
+    EXPECT_EQ(way.mechanism, DrawingMechanism::layerSurface);
+    EXPECT_FALSE(way.reason.isEmpty());
+}
+
+namespace {
+
+/// A bar of 30 points at the top of the output, until the test takes it away.
+struct BarParts : UnknownParts, UsableAreas {
+    UsableAreas *usableAreas() override { return this; }
+    std::optional<QRectF> usableArea(const QString &outputName) const override {
+        return outputName == u"DP-1"_s && hasBar ? std::optional(area) : std::nullopt;
+    }
+    Subscription subscribe(std::function<void()> handler) override {
+        return changes.subscribe(std::move(handler));
+    }
+
+    bool hasBar = true;
+    QRectF area{0, 30, 400, 270};
+    ChangePublisher changes;
+};
+
+} // namespace
+
+TEST(WaylandSession, takesThePartsOfTheDesktop) {
+    FakeCompositor compositor;
+    BarParts *parts = nullptr;
+    const auto makeParts = [&parts](WaylandConnection &, WaylandOutputs &outputs) {
+        EXPECT_EQ(outputs.all().size(), 1U);
+        auto made = std::make_unique<BarParts>();
+        parts = made.get();
+        return made;
+    };
+    const OpenedSession opened = WaylandSession::open(makeParts, compositor.socket());
+    ASSERT_TRUE(opened.session);
+    EXPECT_EQ(&opened.session->workspace(), &parts->workspace());
+    Screens &screens = opened.session->screens();
+    EXPECT_EQ(screens.all()[0].visibleFrame, QRectF(0, 30, 400, 270));
+    int changes = 0;
+    const Subscription subscription = screens.subscribe([&] { ++changes; });
+    parts->hasBar = false;
+    parts->changes.send();
+    ASSERT_TRUE(waitUntil([&] { return changes == 1; }));
+    EXPECT_EQ(screens.all()[0].visibleFrame, QRectF(0, 0, 400, 300));
+    parts->hasBar = true;
+    parts->area = QRectF(5000, 0, 100, 100);
+    parts->changes.send();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(screens.all()[0].visibleFrame, QRectF(0, 0, 400, 300)) << "somewhere else";
+    EXPECT_EQ(changes, 1);
 }
 
 TEST(WaylandSession, saysThatThereIsNoPlaceForAWallpaper) {

@@ -182,7 +182,8 @@ TEST_F(XfceTest, comesBackWithTheProgramAfterItsCrash) {
 }
 
 TEST_F(ComposedXfceTest, theIconsStayAndTheirPictureIsOurs) {
-    ASSERT_TRUE(waitUntil([&] { return X11Compositor(*connection).isRunning(); }))
+    const X11Compositor compositor(*connection);
+    ASSERT_TRUE(waitUntil([&] { return compositor.isRunning(); }))
         << "nothing composes the windows";
     const auto surface = shown(Qt::blue);
     EXPECT_TRUE(waitUntil([&] { return liesBeneathIcons(Qt::blue); }));

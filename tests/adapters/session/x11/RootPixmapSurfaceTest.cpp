@@ -206,6 +206,22 @@ TEST_F(RootPixmapSurfaceTest, waitsWhileTheProgramIsGoneAndPaintsAllWhenItComesB
     EXPECT_TRUE(waitForPixel(kAway, Qt::green));
 }
 
+TEST_F(RootPixmapSurfaceTest, leavesThePictureAsItWasWhenItIsNoLongerToPaintThere) {
+    const auto surface = shown(Qt::blue);
+    picture->setTarget(std::nullopt);
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
+}
+
+TEST_F(RootPixmapSurfaceTest, doesNotTakeItsOwnPixelsForTheEarlierPictureWhenAWindowComes) {
+    const auto surface = shown(Qt::blue);
+    auto target = desktop.target();
+    target.windows.push_back(client->show({.geometry = {600, 300, 200, 150}}));
+    picture->setTarget(target);
+    surface->orderOut();
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
+    EXPECT_EQ(client->numbers(client->root(), kRecordName).size(), 5 + 2);
+}
+
 TEST_F(RootPixmapSurfaceTest, doesNotPaintIntoAPictureOfAnotherForm) {
     auto target = desktop.target();
     target.depth = 16;

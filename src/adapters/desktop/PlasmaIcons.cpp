@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/desktop/PlasmaIcons.h"
+
+#include "adapters/bus/DBusCalls.h"
+#include "adapters/desktop/RunTool.h"
+
+#include <QDBusMessage>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+// Drawing a desktop anew takes a slow machine some seconds.
+constexpr int answerTimeoutMilliseconds = 10'000;
+
+// The shell's own filter mode that shows only what passes, and a name and a kind of file that
+// there are none of.
+constexpr int onlyMatching = 1;
+const QString nothing = u"__none__"_s;
+
+/// Does `body` with every desktop of every activity that shows a folder, which is called `one`.
+QString forEachFolder(const QString &before, const QString &body, const QString &after = {}) {
+    return before +
+           u"desktops().forEach(function (one) {"
+           "if (one.type !== 'org.kde.plasma.folder') return;"
+           "one.currentConfigGroup = ['General'];"_s +
+           body + u"});"_s + after;
+}
+
+/// Prints the filters.
+QString readingScript() {
+    return forEachFolder(
+        u"var told = [];"_s,
+        u"told.push({id: one.id,"
+        "filterMode: Number(one.readConfig('filterMode', 0)),"
+        "filterPattern: String(one.readConfig('filterPattern', '*')),"
+        "filterMimeTypes: String(one.readConfig('filterMimeTypes', 'all/all'))});"_s,
+        u"print(JSON.stringify(told));"_s);
+}
+
+/// Gives each desktop the filter that its number finds, else the one that stands under "other".
+QString writingScript(const QJsonObject &filters, const QString &condition) {
+    const QString known = QString::fromUtf8(QJsonDocument(filters).toJson(QJsonDocument::Compact));
+    return forEachFolder(u"var filters = "_s + known + u';',
+                         u"if (!("_s + condition +
+                             u")) return;"
+                             "var wanted = filters[one.id] || filters.other;"
+                             "for (var key in wanted) one.writeConfig(key, wanted[key]);"
+                             "one.reloadConfig();"_s);
+}
+
+QJsonObject filter(int mode, const QString &pattern, const QString &kinds) {
+    return {{u"filterMode"_s, mode}, {u"filterPattern"_s, pattern}, {u"filterMimeTypes"_s, kinds}};
+}
+
+bool isOurs(const QJsonObject &desktop) {
+    return desktop[u"filterMode"_s].toInt() == onlyMatching &&
+           desktop[u"filterPattern"_s].toString() == nothing;
+}
+
+/// The filters of an earlier answer by desktop, of which nothing but the told parts is kept.
+QJsonObject filtersIn(const QString &earlier) {
+    QJsonObject filters;
+    for (const QJsonValue &value : QJsonDocument::fromJson(earlier.toUtf8()).array()) {
+        const QJsonObject desktop = value.toObject();
+        filters.insert(QString::number(desktop[u"id"_s].toInt()),
+                       filter(desktop[u"filterMode"_s].toInt(),
+                              desktop[u"filterPattern"_s].toString(),
+                              desktop[u"filterMimeTypes"_s].toString()));
+    }
+    return filters;
+}
+
+ShellOutcome outcomeOf(const QDBusMessage &answer) {
+    if (answer.type() == QDBusMessage::ReplyMessage) {
+        return ShellOutcome::done;
+    }
+    return tellsOfNoService(answer.errorName()) ? ShellOutcome::unavailable : ShellOutcome::refused;
+}
+
+} // namespace
+
+PlasmaIcons::PlasmaIcons(const QDBusConnection &bus)
+    : m_bus(bus), m_isInstalled(isProgramThere(u"plasmashell"_s)) {}
+
+std::optional<IconSetting> PlasmaIcons::iconSetting() const {
+    const QDBusMessage answer = evaluate(readingScript());
+    if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != u"s"_s) {
+        return std::nullopt;
+    }
+    const auto told = QJsonDocument::fromJson(answer.arguments().constFirst().toString().toUtf8());
+    if (!told.isArray()) {
+        return std::nullopt;
+    }
+    QJsonArray shown;
+    for (const QJsonValue &desktop : told.array()) {
+        if (!isOurs(desktop.toObject())) {
+            shown.append(desktop);
+        }
+    }
+    return IconSetting{!shown.isEmpty(),
+                       QString::fromUtf8(QJsonDocument(shown).toJson(QJsonDocument::Compact))};
+}
+
+ShellOutcome PlasmaIcons::hideIcons() {
+    const QJsonObject ours = filter(onlyMatching, nothing, nothing + u'/' + nothing);
+    return outcomeOf(evaluate(writingScript({{u"other"_s, ours}}, u"true"_s)));
+}
+
+ShellOutcome PlasmaIcons::showIcons(const QString &earlier) {
+    QJsonObject filters = filtersIn(earlier);
+    filters.insert(u"other"_s, filter(0, u"*"_s, u"all/all"_s));
+    // One that shows its icons has been set since.
+    const QString isHidden = u"one.readConfig('filterPattern', '') === '"_s + nothing + u'\'';
+    return outcomeOf(evaluate(writingScript(filters, isHidden)));
+}
+
+ShellOutcome PlasmaIcons::relaunch() {
+    return m_isInstalled ? ShellOutcome::done : ShellOutcome::unavailable;
+}
+
+QDBusMessage PlasmaIcons::evaluate(const QString &script) const {
+    if (!m_isInstalled) {
+        return QDBusMessage::createError(QDBusError::ServiceUnknown, {});
+    }
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        u"org.kde.plasmashell"_s, u"/PlasmaShell"_s, u"org.kde.PlasmaShell"_s, u"evaluateScript"_s);
+    call.setAutoStartService(false);
+    call.setArguments({script});
+    return m_bus.call(call, QDBus::Block, answerTimeoutMilliseconds);
+}
+
+} // namespace zeph

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/desktop/RunTool.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QStandardPaths>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+// A desktop that hangs must not hold its thread for ever.
+constexpr int toolTimeoutMilliseconds = 10'000;
+
+} // namespace
+
+std::optional<ToolAnswer> runTool(const QString &program, const QStringList &arguments) {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
+    QProcess tool;
+    tool.setProcessEnvironment(environment);
+    tool.start(program, arguments, QProcess::ReadOnly);
+    if (!tool.waitForFinished(toolTimeoutMilliseconds)) {
+        tool.kill();
+        tool.waitForFinished(toolTimeoutMilliseconds);
+        return std::nullopt;
+    }
+    if (tool.exitStatus() != QProcess::NormalExit) {
+        return std::nullopt;
+    }
+    return ToolAnswer{tool.exitCode(), QString::fromUtf8(tool.readAllStandardOutput()).trimmed(),
+                      QString::fromUtf8(tool.readAllStandardError()).trimmed()};
+}
+
+bool startTool(const QString &program, const QStringList &arguments) {
+    QProcess tool;
+    tool.setProgram(program);
+    tool.setArguments(arguments);
+    tool.setStandardInputFile(QProcess::nullDevice());
+    tool.setStandardOutputFile(QProcess::nullDevice());
+    tool.setStandardErrorFile(QProcess::nullDevice());
+    return tool.startDetached();
+}
+
+bool isProgramThere(const QString &name) {
+    return !QStandardPaths::findExecutable(name).isEmpty();
+}
+
+} // namespace zeph

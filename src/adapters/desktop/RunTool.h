@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QStringList>
+
+#include <optional>
+
+namespace zeph {
+
+/// What a program printed until it ended.
+struct ToolAnswer {
+    int exitCode = 0;
+    QString output; ///< without blanks around it
+    QString errors; ///< in English
+};
+
+/// Runs a tool of the desktop to its end; absent when it can't be started, crashes or takes longer
+/// than ten seconds. Not on the main thread.
+std::optional<ToolAnswer> runTool(const QString &program, const QStringList &arguments);
+
+/// Starts a program that goes on running by itself, whatever becomes of this one; nobody listens to
+/// what it prints. False when it can't be started.
+bool startTool(const QString &program, const QStringList &arguments);
+
+/// Whether a program of that name can be found.
+bool isProgramThere(const QString &name);
+
+} // namespace zeph

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/icons/IconColumns.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zeph {
+
+namespace {
+
+// Words need the rest.
+constexpr double kMostOfTheWidth = 1.0 / 3;
+
+// Far more than fill a screen, whatever a file says.
+constexpr int kMostUnplaced = 10000;
+
+struct Side {
+    int icons = 0;
+    double width = 0;
+};
+
+std::vector<QRectF> cellsOf(const DesktopIcons &icons, const QRectF &workArea) {
+    const QPointF origin =
+        icons.origin == DesktopIcons::Origin::workArea ? workArea.topLeft() : QPointF();
+    std::vector<QRectF> cells;
+    std::transform(icons.places.begin(), icons.places.end(), std::back_inserter(cells),
+                   [&](QPointF place) { return QRectF(origin + place, icons.cell); });
+    const int rows = std::max(1, static_cast<int>(workArea.height() / icons.cell.height()));
+    for (int i = 0; i < std::min(icons.unplaced, kMostUnplaced); ++i) {
+        const QPointF place(i / rows * icons.cell.width(), i % rows * icons.cell.height());
+        cells.emplace_back(workArea.topLeft() + place, icons.cell);
+    }
+    return cells;
+}
+
+} // namespace
+
+QMarginsF iconColumns(const DesktopIcons &icons, const IconScreen &screen,
+                      const QRectF &desktopWorkArea) {
+    if (icons.cell.isEmpty() || screen.frame.isEmpty()) {
+        return {};
+    }
+    const double most = screen.frame.width() * kMostOfTheWidth;
+    Side left;
+    Side right;
+    for (const QRectF &cell : cellsOf(icons, desktopWorkArea)) {
+        const QPointF centre = cell.center();
+        if (!screen.frame.contains(centre)) {
+            continue;
+        }
+        if (centre.x() < screen.frame.left() + most) {
+            ++left.icons;
+            left.width = std::max(left.width, cell.right() - screen.frame.left());
+        } else if (centre.x() > screen.frame.right() - most) {
+            ++right.icons;
+            right.width = std::max(right.width, screen.frame.right() - cell.left());
+        }
+    }
+    Side &first = left.icons >= right.icons ? left : right;
+    Side &second = &first == &left ? right : left;
+    first.width = std::min(first.width, most);
+    second.width = std::min(second.width, most - first.width);
+    return {left.width, 0, right.width, 0};
+}
+
+} // namespace zeph

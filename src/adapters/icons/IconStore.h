@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/icons/DesktopIcons.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace zeph {
+
+/// Where the desktop's program keeps the arrangement of its icons.
+struct IconStore {
+    enum class Kind { xfdesktop, caja, nemo, pcmanfm };
+
+    /// The folders of the user, without a slash at the end.
+    struct Folders {
+        QString config;
+        QString data;
+        QByteArray desktop; ///< empty for a user without one
+    };
+
+    Kind kind = Kind::xfdesktop;
+    Folders folders = {};
+
+    /// In which something happens when icons come, go or move.
+    QStringList watchedFolders() const;
+
+    /// The icons as they are now. Where the arrangement can't be read they count as laid out by
+    /// the program. Blocks for as long as the disk does, and for the program that tells of files;
+    /// callable from any thread.
+    DesktopIcons read() const;
+};
+
+/// That of the desktop in XDG_CURRENT_DESKTOP; absent for those whose icons we never lie beneath.
+std::optional<IconStore::Kind> iconStoreKindFor(const QString &currentDesktop);
+
+} // namespace zeph

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/session/common/UsableAreas.h"
+#include "adapters/session/kwin/KWinScript.h"
+
+#include <map>
+
+namespace zeph {
+
+/// What Plasma's panels leave of each output, as its shell tells when asked. It is asked again
+/// whenever KWin tells of a panel.
+class PlasmaInsets : public UsableAreas {
+public:
+    /// `script` outlives this.
+    PlasmaInsets(const QDBusConnection &bus, KWinScript &script);
+
+    /// Absent at the first call for an output, which asks for it.
+    std::optional<QRectF> usableArea(const QString &outputName) override;
+    [[nodiscard]] Subscription subscribe(std::function<void()> handler) override;
+
+private:
+    struct Output {
+        std::optional<QRectF> area;
+        bool isAsked = false;
+        bool isStale = false; // to be asked again once the answer under way has come
+    };
+
+    void askForAll();
+    void ask(const QString &outputName);
+    void take(const QString &outputName, const std::optional<QRectF> &area);
+    void shellChanged();
+
+    std::map<QString, Output> m_outputs;
+    ChangePublisher m_changes;
+    Subscription m_panels;
+    BusService m_shell; // last, since it calls back
+};
+
+} // namespace zeph

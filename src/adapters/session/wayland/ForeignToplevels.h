@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/apps/FrontApplication.h"
+#include "adapters/session/wayland/WaylandConnection.h"
+
+#include <memory>
+#include <vector>
+
+namespace zeph {
+
+/// The application of the window that a compositor calls activated, by the management protocol of
+/// wlroots. It tells of a window's name and not of its process.
+class ForeignToplevels : public Workspace {
+public:
+    /// Null where the compositor does not offer it. Both outlive this. None is in front before the
+    /// compositor's first word. Windows named `ownApplication` are ours.
+    static std::unique_ptr<ForeignToplevels>
+    create(WaylandConnection &connection, DesktopEntries &entries, QString ownApplication);
+    ~ForeignToplevels() override;
+
+    std::optional<RunningApplication> frontmostApplication() const override {
+        return m_front.now();
+    }
+    Subscription
+    subscribeToActivations(std::function<void(const RunningApplication &)> handler) override;
+
+private:
+    class Toplevel;
+
+    ForeignToplevels(WaylandHandle<zwlr_foreign_toplevel_manager_v1> manager,
+                     DesktopEntries &entries, QString ownApplication);
+    void add(zwlr_foreign_toplevel_handle_v1 *handle);
+    void remove(const Toplevel &toplevel);
+    void update();
+
+    FrontApplication m_front;
+    QString m_ownApplication;
+    WaylandHandle<zwlr_foreign_toplevel_manager_v1> m_manager;
+    std::vector<std::unique_ptr<Toplevel>> m_toplevels;
+};
+
+} // namespace zeph

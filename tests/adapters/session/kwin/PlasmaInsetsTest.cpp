@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "KWinFixture.h"
+
+#include "adapters/session/kwin/PlasmaInsets.h"
+#include "support/QtPrinters.h"
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+class PlasmaInsetsTest : public PlayedKWinTest {
+protected:
+    void openInsets() {
+        kwin.appear();
+        open();
+        insets.emplace(ours.bus(), *script);
+        changes = insets->subscribe([this] { ++changeCount; });
+    }
+
+    bool waitForArea(const QString &output, const std::optional<QRectF> &area) {
+        return eventually([&] { return insets->usableArea(output) == area; }, 5000);
+    }
+
+    std::optional<PlasmaInsets> insets;
+    int changeCount = 0;
+    Subscription changes;
+};
+
+TEST_F(PlasmaInsetsTest, asksForAnOutputOnceItIsAskedForThat) {
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 756};
+    openInsets();
+    EXPECT_EQ(insets->usableArea(u"eDP-1"_s), std::nullopt);
+    EXPECT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 756)));
+    EXPECT_EQ(changeCount, 1);
+    EXPECT_EQ(kwin.questions, 1);
+}
+
+TEST_F(PlasmaInsetsTest, asksAgainWhenAPanelMoved) {
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 756};
+    openInsets();
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 756)));
+    kwin.areas[u"eDP-1"_s] = {0, 44, 1280, 756};
+    kwin.tellPanels();
+    EXPECT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 44, 1280, 756)));
+    EXPECT_EQ(changeCount, 2);
+}
+
+TEST_F(PlasmaInsetsTest, aPanelThatMovesAllTheTimeIsAskedForInTurn) {
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 756};
+    openInsets();
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 756)));
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 700};
+    for (int i = 0; i < 50; ++i) {
+        kwin.tellPanels();
+    }
+    EXPECT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 700)));
+    EXPECT_EQ(changeCount, 2);
+}
+
+TEST_F(PlasmaInsetsTest, anOutputThatTheShellDoesNotKnowHasNoArea) {
+    openInsets();
+    insets->usableArea(u"nowhere"_s);
+    ASSERT_TRUE(eventually([&] { return kwin.questions == 1; }));
+    EXPECT_EQ(insets->usableArea(u"nowhere"_s), std::nullopt);
+    EXPECT_EQ(changeCount, 0);
+}
+
+TEST_F(PlasmaInsetsTest, panelsGoWithTheShellAndComeBackWithIt) {
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 756};
+    openInsets();
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 756)));
+    kwin.vanish();
+    EXPECT_TRUE(waitForArea(u"eDP-1"_s, std::nullopt));
+    EXPECT_EQ(changeCount, 2);
+    kwin.appear();
+    EXPECT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 756)));
+}
+
+} // namespace zeph

@@ -1,0 +1,13 @@
+# SPDX-License-Identifier: MIT
+from displays.x11_desk import X11Desk
+
+ABSENT = "there is no manager"
+
+
+class Row(X11Desk):
+    name = "no_manager"
+    title = "no window manager"
+    packages = ["xserver-xorg-core"]
+    has_workspaces = False
+    limits = {check: ABSENT for check in ("workspaces", "chosen_workspaces", "manager_replaced")} | {
+        "panel": "nobody tells how much room panels take"}
