@@ -21,6 +21,7 @@ class Desk:
     packages = []        # whose versions are told
     needs = []           # the programs without which the row can't run
     has_icons = False
+    icon_colour = ICON
     panel_edges = ()     # where the desktop itself has a panel: "top", "bottom"
     program_environment = {}
     limits = {}          # name of a check: why it does not apply here
@@ -165,7 +166,7 @@ class Desk:
 
     def icons(self):
         """How many pixels of the loud icon are on the screen."""
-        return self.picture().count(ICON)
+        return self.picture().count(self.icon_colour)
 
     def show(self, area, colour, **options):
         window = self.show_window(area, colour, **options)
