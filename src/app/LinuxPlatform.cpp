@@ -9,6 +9,7 @@
 #include "adapters/desktop/SettingsPages.h"
 #include "adapters/focus/FocusSource.h"
 #include "adapters/focus/LinuxFocusFile.h"
+#include "adapters/icons/ScreensBesideIcons.h"
 #include "adapters/kernel/ProcHostStatistics.h"
 #include "adapters/kernel/ProcNetworkInterfaces.h"
 #include "adapters/kernel/StatvfsVolume.h"
@@ -96,6 +97,16 @@ QByteArray fileName(const QString &path) {
     return QFile::encodeName(path);
 }
 
+std::optional<IconStore> iconStoreHere(const DesktopFolder &desktop) {
+    const auto kind = iconStoreKindFor(currentDesktop());
+    return kind ? std::optional(IconStore{
+                      *kind,
+                      {QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
+                       QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
+                       desktop.url().value_or(QByteArray())}})
+                : std::nullopt;
+}
+
 } // namespace
 
 /// What the display session works with, and so is there before it.
@@ -149,7 +160,7 @@ struct LinuxPlatform::Adapters {
                 .geocoder = geocoder,
                 .httpClient = httpClient,
                 .secureStore = secureStore,
-                .screens = session->screens(),
+                .screens = screens,
                 .windowServer = session->windowServer(),
                 .virtualDesktops = session->virtualDesktops()} {}
 
@@ -159,6 +170,8 @@ struct LinuxPlatform::Adapters {
     JsonUserDefaults &defaults = foundation->defaults;
     QtTaskExecutor &executor = foundation->executor;
     Background &background = foundation->background;
+    DesktopIconsWatch desktopIcons{iconStoreHere(foundation->desktopFolder), background};
+    ScreensBesideIcons screens{session->screens(), session->windowServer(), desktopIcons};
     SystemClock clock;
     QtTaskExecutor accountExecutor{mostTasks, QtTaskExecutor::Start::whenReleased};
     Background accountBackground = Background::over(accountExecutor, runLoop);
@@ -237,8 +250,8 @@ LinuxPlatform::Created LinuxPlatform::create(const QString &defaultsPath, const 
                                              const Calendar &gregorian,
                                              const Formatters &formatters) {
     auto foundation = std::make_unique<Foundation>(defaultsPath);
-    OpenedSession opened =
-        openSession({foundation->desktopEntries, foundation->consents.input, foundation->runLoop});
+    OpenedSession opened = openSession({foundation->desktopEntries, foundation->consents.input,
+                                        foundation->runLoop, foundation->background});
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }

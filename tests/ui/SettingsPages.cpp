@@ -52,11 +52,16 @@ void SettingsPages::addPanes() {
     const QStringList names{u"general"_s, u"integrations"_s, u"widgets"_s,
                             u"layout"_s,  u"permissions"_s,  u"about"_s};
     for (int tab = 0; tab < names.size(); ++tab) {
-        m_pages.push_back({names[tab], [this, tab] { m_window->showTab(tab); }});
+        m_pages.push_back({names[tab], [this, tab] {
+                               m_window->showTab(tab);
+                               if (tab == integrationsTab) {
+                                   m_integrations->select({});
+                               }
+                           }});
     }
     addPage(u"accounts"_s, {.page = PageKind::accounts, .provider = u"stripe"_s});
     addPage(u"no accounts"_s, {.page = PageKind::accounts, .provider = u"polar"_s});
-    addPage(u"endpoint"_s, {.page = PageKind::endpoint, .id = endpoint.id});
+    addEndpoint(u"endpoint"_s, endpoint.id);
     addPage(u"new endpoint"_s, {.page = PageKind::endpoint});
     addPage(u"quote"_s, {.page = PageKind::quote});
 }
@@ -67,9 +72,17 @@ void SettingsPages::addForms(const QStringList &services) {
         if (service.words && (services.isEmpty() || services.contains(key))) {
             const auto account =
                 m_parts.integrations.addConnection(key, std::nullopt, std::nullopt);
-            addPage(key, {.page = PageKind::account, .provider = key, .id = account.id});
+            addAccount(key, account);
         }
     }
+}
+
+void SettingsPages::addAccount(const QString &name, const IntegrationConnection &account) {
+    addPage(name, {.page = PageKind::account, .provider = account.provider, .id = account.id});
+}
+
+void SettingsPages::addEndpoint(const QString &name, const QUuid &id) {
+    addPage(name, {.page = PageKind::endpoint, .id = id});
 }
 
 void SettingsPages::addPage(const QString &name, const ui::IntegrationsSelection &selection) {

@@ -34,6 +34,8 @@ public:
     void addPanes();
     /// Those of all services, or of `services`.
     void addForms(const QStringList &services = {});
+    void addAccount(const QString &name, const IntegrationConnection &account);
+    void addEndpoint(const QString &name, const QUuid &id);
     const std::vector<Page> &pages() const { return m_pages; }
 
 private:

@@ -2,6 +2,7 @@
 #include "adapters/icons/ScreensBesideIcons.h"
 
 #include "adapters/icons/IconColumns.h"
+#include "ports/WindowServer.h"
 
 #include <algorithm>
 #include <utility>
@@ -19,6 +20,20 @@ IconScreen onDesktop(const Screen &screen, double scale) {
 }
 
 } // namespace
+
+bool liesBeneathIcons(DrawingMechanism mechanism) {
+    switch (mechanism) {
+    case DrawingMechanism::rootPixmap:
+    case DrawingMechanism::underDesktopProgram:
+    case DrawingMechanism::plasmaPictures:
+        return true;
+    case DrawingMechanism::desktopWindow:
+    case DrawingMechanism::loweredOverride:
+    case DrawingMechanism::layerSurface:
+        break;
+    }
+    return false;
+}
 
 std::vector<Screen> besideIcons(std::vector<Screen> screens, const DesktopIcons &icons) {
     const std::vector<Screen> all = screens;
@@ -41,12 +56,16 @@ std::vector<Screen> besideIcons(std::vector<Screen> screens, const DesktopIcons 
     return screens;
 }
 
-ScreensBesideIcons::ScreensBesideIcons(Screens &screens, DesktopIconsWatch &icons)
+ScreensBesideIcons::ScreensBesideIcons(Screens &screens, WindowServer &server,
+                                       DesktopIconsWatch &icons)
     : m_screens(screens),
+      m_server(server),
       m_icons(icons),
       m_screenChanges(screens.subscribe([this] { follow(); })),
+      m_wayChanges(server.subscribeToDrawingWay([this] { followWay(); })),
       m_iconChanges(icons.subscribe([this] { follow(); })) {
     follow();
+    followWay();
 }
 
 std::optional<Screen> ScreensBesideIcons::main() const {
@@ -55,6 +74,10 @@ std::optional<Screen> ScreensBesideIcons::main() const {
 
 Subscription ScreensBesideIcons::subscribe(std::function<void()> handler) {
     return m_changes.subscribe(std::move(handler));
+}
+
+void ScreensBesideIcons::followWay() {
+    m_icons.setOn(liesBeneathIcons(m_server.drawingWay().mechanism));
 }
 
 void ScreensBesideIcons::follow() {

@@ -21,6 +21,7 @@ constexpr double titleToSubtitle = 4;
 constexpr double subtitleToStatus = 12;
 constexpr double headerSymbolSize = 28;
 constexpr double headerSymbolToTitle = 16;
+constexpr int mostTitleLines = 2; // names that people gave may be of any length
 
 } // namespace
 
@@ -33,6 +34,7 @@ PaneHeader::PaneHeader(const QString &title, const QString &subtitle, QWidget *p
     m_column->setContentsMargins(0, scaled(aboveTitle), 0, 0);
     m_column->setSpacing(0);
     m_titleLine->setSpacing(scaled(headerSymbolToTitle));
+    m_title->setMostLines(mostTitleLines);
     m_titleLine->addWidget(m_title, 1);
     m_column->addLayout(m_titleLine);
     if (!subtitle.isEmpty()) {

@@ -3,6 +3,7 @@
 
 #include "base/Background.h"
 #include "support/FakeScreens.h"
+#include "support/FakeWindowServer.h"
 #include "support/QtPrinters.h"
 
 #include <gtest/gtest.h>
@@ -58,6 +59,13 @@ TEST(BesideIcons, lengthsAreInPoints) {
     EXPECT_EQ(visible(beside, 1), QRectF(2550, 0, 1050, 800));
 }
 
+TEST(BesideIcons, theWallpaperLiesInSomeWaysAlone) {
+    EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::rootPixmap));
+    EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::underDesktopProgram));
+    EXPECT_FALSE(liesBeneathIcons(DrawingMechanism::desktopWindow));
+    EXPECT_FALSE(liesBeneathIcons(DrawingMechanism::layerSurface));
+}
+
 TEST(ScreensBesideIcons, followTheScreensAndTheIcons) {
     const QTemporaryDir home;
     QDir(home.path()).mkpath(u"config/xfce4/desktop"_s);
@@ -72,11 +80,12 @@ TEST(ScreensBesideIcons, followTheScreensAndTheIcons) {
     DesktopIconsWatch icons(IconStore{IconStore::Kind::xfdesktop,
                                       {home.filePath(u"config"_s), home.filePath(u"data"_s), {}}},
                             background);
-    ScreensBesideIcons beside(screens, icons);
+    FakeWindowServer server;
+    ScreensBesideIcons beside(screens, server, icons);
     int calls = 0;
     const Subscription told = beside.subscribe([&] { ++calls; });
     EXPECT_EQ(beside.all(), screens.all()) << "nothing is read while nobody wants to know";
-    icons.setOn(true);
+    server.setDrawingWay({DrawingMechanism::rootPixmap});
     EXPECT_EQ(calls, 1);
     const double left = visible(beside.all()).left();
     EXPECT_GT(left, 100);
@@ -85,7 +94,7 @@ TEST(ScreensBesideIcons, followTheScreensAndTheIcons) {
     screens.change({screen(u"a"_s, 1, 600, 800)});
     EXPECT_EQ(calls, 2);
     EXPECT_EQ(visible(beside.all()).left(), 200) << "a third of the width";
-    icons.setOn(false);
+    server.setDrawingWay({DrawingMechanism::desktopWindow});
     EXPECT_EQ(calls, 3);
     EXPECT_EQ(beside.all(), screens.all());
 }
@@ -96,10 +105,11 @@ TEST(ScreensBesideIcons, tellOfNothingThatLooksTheSame) {
     const auto now = [](const std::function<void()> &action) { action(); };
     const Background background(now, now);
     DesktopIconsWatch icons(std::nullopt, background);
-    ScreensBesideIcons beside(screens, icons);
+    FakeWindowServer server;
+    ScreensBesideIcons beside(screens, server, icons);
     int calls = 0;
     const Subscription told = beside.subscribe([&] { ++calls; });
-    icons.setOn(true);
+    server.setDrawingWay({DrawingMechanism::rootPixmap});
     screens.change(screens.screens);
     EXPECT_EQ(calls, 0);
     screens.change({});

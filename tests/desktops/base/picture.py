@@ -80,12 +80,14 @@ class Picture:
     def row(self, y):
         return self.pixels[y * self.width:(y + 1) * self.width]
 
-    def unlike(self, other):
-        """How many pixels of a grid differ from those of another picture, which may be smaller."""
+    def unlike(self, other, above=0, below=0):
+        """How many pixels of a grid differ from those of another picture, which may be smaller;
+        `above` and `below` are the heights of what is left out at the edges."""
         if self.width < other.width or self.height < other.height:
             return len(other.pixels) // 25
         return sum(not are_alike(self.at(x, y), other.at(x, y))
-                   for y in range(0, other.height, 5) for x in range(0, other.width, 5))
+                   for y in range(above, other.height - below, 5)
+                   for x in range(0, other.width, 5))
 
     def write(self, path, width=640):
         """As a JPEG of that width."""

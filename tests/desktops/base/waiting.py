@@ -34,11 +34,17 @@ def prepare(condition, what, seconds=40, pause=PAUSE):
     return answer
 
 
-def expect_lasting(condition, seen, seconds=0.6):
-    """Like `expect`, and then looks on for a while: a fault may come late."""
-    expect(condition, seen)
-    deadline = time.monotonic() + seconds
-    while time.monotonic() < deadline:
+def expect_settled(condition, seen, seconds=6, lasting=0.7):
+    """Fails unless the condition comes true and stays so for a while: what two programs do to
+    each other may look right for a moment."""
+    begun = None
+
+    def holds_on():
+        nonlocal begun
         if not condition():
-            raise Failed(seen() if callable(seen) else seen)
-        time.sleep(PAUSE)
+            begun = None
+        elif begun is None:
+            begun = time.monotonic()
+        return begun is not None and time.monotonic() - begun > lasting
+
+    expect(holds_on, seen, seconds)

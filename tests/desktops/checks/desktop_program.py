@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-from base.waiting import expect, expect_lasting
+from base.waiting import expect, expect_settled
 
 TITLE = "desktop program"
 RULE = "The wallpaper and the icons are there again after the desktop's own program restarts."
@@ -7,7 +7,7 @@ RULE = "The wallpaper and the icons are there again after the desktop's own prog
 
 def check(desk):
     desk.restart_desktop_program()
-    expect_lasting(desk.shows_wallpaper, desk.seen)
+    expect_settled(desk.shows_wallpaper, desk.seen, 20)
     if desk.has_icons:
         expect(lambda: desk.icons() >= 0.95 * desk.icons_before,
                lambda: f"{desk.icons()} of the {desk.icons_before} pixels of an icon")

@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: MIT
 from base.outcome import Failed, NotApplicable
-from base.picture import ICON
 from base.waiting import expect
 
 TITLE = "icons"
@@ -12,7 +11,7 @@ def check(desk):
         raise NotApplicable("there are no icons")
     expect(lambda: desk.icons() >= 0.95 * desk.icons_before,
            lambda: f"{desk.icons()} of the {desk.icons_before} pixels of an icon", 5)
-    left, top, right, bottom = desk.picture().places_of(ICON)
+    left, top, right, bottom = desk.picture().places_of(desk.icon_colour)
     names, ours = desk.takes_clicks_at((left + right) // 2, (top + bottom) // 2)
     if ours:
         raise Failed(f"a click on an icon goes to {names[-1]}")

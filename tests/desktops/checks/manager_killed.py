@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 from base.picture import WINDOW
-from base.waiting import expect_lasting
+from base.waiting import expect_settled
 
 TITLE = "manager killed"
 RULE = "Without its window manager the wallpaper stays behind the windows, and under the next one."
@@ -17,7 +17,7 @@ def check(desk):
         return desk.seen([window.centre(), *desk.spots()])
 
     try:
-        expect_lasting(holds, lambda: f"without a manager: {seen()}")
+        expect_settled(holds, lambda: f"without a manager: {seen()}")
     finally:
         restart()
-    expect_lasting(holds, lambda: f"under the next manager: {seen()}")
+    expect_settled(holds, lambda: f"under the next manager: {seen()}")

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 from base.picture import WINDOW
-from base.waiting import expect_lasting
+from base.waiting import expect_settled
 
 TITLE = "manager replaced"
 RULE = "The wallpaper is behind the windows under another run of the window manager too."
@@ -9,5 +9,5 @@ RULE = "The wallpaper is behind the windows under another run of the window mana
 def check(desk):
     window = desk.show((300, 200, 260, 180), WINDOW)
     desk.replace_manager()
-    expect_lasting(lambda: desk.at(*window.centre()) == WINDOW and desk.shows_wallpaper(),
+    expect_settled(lambda: desk.at(*window.centre()) == WINDOW and desk.shows_wallpaper(),
                    lambda: desk.seen([window.centre(), *desk.spots()]))

@@ -1,14 +1,19 @@
 # SPDX-License-Identifier: MIT
-from base.picture import PANEL
+from base.outcome import Failed
+from base.picture import PANEL, is_wallpaper
 from base.waiting import expect
 
 TITLE = "panel"
 RULE = "A panel lies above the wallpaper, whose words keep out of its way."
 HEIGHT = 60
 BRIGHT = 205
+DISTANCE = 80  # of the lowest bright words, those of the clock, from what is below the wallpaper
 
 
 def check(desk):
+    own = desk.own_panel()
+    if own:
+        return check_own(desk, own)
     x, y, width, height = desk.screens()[0]
     lowest = lowest_words(desk.picture(), desk.screens()[0])
     panel = desk.show_panel(HEIGHT)
@@ -20,6 +25,19 @@ def check(desk):
            lambda: f"the lowest words are at {lowest} without a panel and at "
                    f"{lowest_words(desk.picture(), (x, y, width, height - covered))} with one "
                    f"of {covered} pixels")
+    return None
+
+
+def check_own(desk, panel):
+    """The desktop has a panel already, so the words keep the usual distance from it."""
+    x, y, width, height = desk.screens()[0]
+    lowest = lowest_words(desk.picture(), (x, y, width, height - panel))
+    distance = y + height - panel - lowest
+    if abs(distance - DISTANCE) > 2:
+        raise Failed(f"the lowest words are {distance} pixels above the panel")
+    if is_wallpaper(desk.at(x + width // 2, y + height - panel // 2)):
+        raise Failed("the wallpaper lies above the panel")
+    return f"its own, of {panel} pixels"
 
 
 def lowest_words(picture, area):

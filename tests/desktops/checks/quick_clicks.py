@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-from base.waiting import expect_lasting
+from base.waiting import expect_settled
 
 TITLE = "6 clicks"
 RULE = "Six quick clicks on the empty desktop leave wallpaper and icons where they are."
@@ -8,4 +8,4 @@ RULE = "Six quick clicks on the empty desktop leave wallpaper and icons where th
 def check(desk):
     for _ in range(6):
         desk.click(*desk.spot())
-    expect_lasting(desk.shows_wallpaper, desk.seen, 1.5)
+    expect_settled(desk.shows_wallpaper, desk.seen)

@@ -14,6 +14,5 @@ def check(desk):
 
 
 def expect_as_before(desk):
-    expect(lambda: not desk.picture().unlike(desk.before),
-           lambda: f"{desk.picture().unlike(desk.before)} places are not as before: {desk.seen()}",
-           8)
+    expect(lambda: not desk.unlike_before(),
+           lambda: f"{desk.unlike_before()} places are not as before: {desk.seen()}", 8)

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 from base.picture import WINDOW
-from base.waiting import expect, expect_lasting
+from base.waiting import expect, expect_settled
 
 TITLE = "show desktop"
 RULE = "The desktop's command to show the desktop leaves the wallpaper, and takes the windows."
@@ -13,7 +13,7 @@ def check(desk):
     desk.show_desktop(True)
     try:
         expect(lambda: desk.at(*place) != WINDOW, "the window stays")
-        expect_lasting(desk.shows_wallpaper, desk.seen)
+        expect_settled(desk.shows_wallpaper, desk.seen)
     finally:
         desk.show_desktop(False)
     desk.expect_colour(place, WINDOW, "when the windows are shown again")

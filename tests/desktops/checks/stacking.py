@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 from base.picture import WINDOW
-from base.waiting import expect_lasting
+from base.waiting import expect_settled
 
 TITLE = "stacking"
 RULE = "Windows lie above the wallpaper, also after a click on the desktop."
@@ -10,6 +10,6 @@ def check(desk):
     window = desk.show((300, 200, 260, 180), WINDOW)
     desk.expect_colour(window.centre(), WINDOW, "a new window")
     desk.click(*desk.spot())
-    expect_lasting(lambda: desk.at(*window.centre()) == WINDOW and desk.shows_wallpaper(),
+    expect_settled(lambda: desk.at(*window.centre()) == WINDOW and desk.shows_wallpaper(),
                    lambda: "after a click on the desktop: "
                            + desk.seen([window.centre(), *desk.spots()]))

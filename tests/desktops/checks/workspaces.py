@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 from base.picture import WINDOW
-from base.waiting import expect_lasting
+from base.waiting import expect_settled
 
 TITLE = "workspaces"
 RULE = "The wallpaper is on every workspace, below its windows, also after quick switches."
@@ -13,4 +13,4 @@ def check(desk):
     desk.expect_colour(window.centre(), WINDOW, "a window on the second workspace")
     for number in (0, 1, 0, 1, 0):
         desk.go_to_workspace(number)
-    expect_lasting(desk.shows_wallpaper, lambda: "back on the first workspace: " + desk.seen())
+    expect_settled(desk.shows_wallpaper, lambda: "back on the first workspace: " + desk.seen())

@@ -9,6 +9,7 @@ from base.waiting import expect, prepare, wait_until
 # Where the wallpaper has no words, as parts of the width and the height.
 FREE = [(x, y) for x in (0.72, 0.84, 0.96) for y in (0.45, 0.6, 0.75)]
 SPOT = (0.84, 0.6)
+PANEL_ROOM = 64
 
 
 class Desk:
@@ -20,6 +21,7 @@ class Desk:
     packages = []        # whose versions are told
     needs = []           # the programs without which the row can't run
     has_icons = False
+    icon_colour = ICON
     panel_edges = ()     # where the desktop itself has a panel: "top", "bottom"
     program_environment = {}
     limits = {}          # name of a check: why it does not apply here
@@ -68,6 +70,10 @@ class Desk:
 
     def show_window(self, area, colour, full_screen=False):
         raise NotApplicable("there is no program to open here")
+
+    def own_panel(self):
+        """The height of the desktop's own panel at the lower edge; None without one."""
+        return None
 
     def show_panel(self, height):
         raise NotApplicable("there is no panel to show here")
@@ -140,6 +146,13 @@ class Desk:
         picture = self.picture()
         return all(are_alike(picture.at(*place), self.before.at(*place)) for place in self.spots())
 
+    def unlike_before(self):
+        """In how many places of a grid the desktop differs from what it was before the program
+        came. The desktop's own panels show the time, so they differ."""
+        panels = {f"{'above' if edge == 'top' else 'below'}": PANEL_ROOM
+                  for edge in self.panel_edges}
+        return self.picture().unlike(self.before, **panels)
+
     def expect_wallpaper(self, where="", places=None, seconds=15):
         expect(lambda: self.shows_wallpaper(places),
                lambda: f"{where + ': ' if where else ''}{self.seen(places)}", seconds)
@@ -153,7 +166,7 @@ class Desk:
 
     def icons(self):
         """How many pixels of the loud icon are on the screen."""
-        return self.picture().count(ICON)
+        return self.picture().count(self.icon_colour)
 
     def show(self, area, colour, **options):
         window = self.show_window(area, colour, **options)

@@ -9,7 +9,7 @@ from base.waiting import expect, prepare
 from .bar import Bar
 from .desk import Desk
 from .layer_surfaces import take_clicks
-from .terminal import Terminal
+from .toolkit_window import ToolkitWindow
 
 FIRST = "HEADLESS-1"
 CONFIGURATION = f"""
@@ -99,15 +99,15 @@ class SwayDesk(Desk):
         return any("tavi" in (name or "").lower() for name in names)
 
     def show_window(self, area, colour, full_screen=False):
-        terminal = Terminal(self.room, area, colour)
-        prepare(lambda: any(one == terminal.pid for one in self.window_processes()), "a window")
+        window = ToolkitWindow(self.room, area, colour)
+        prepare(lambda: any(one == window.pid for one in self.window_processes()), "a window")
         x, y, width, height = area
         if full_screen:
-            self.command(f"[pid={terminal.pid}]", "fullscreen", "enable")
+            self.command(f"[pid={window.pid}]", "fullscreen", "enable")
         else:
-            self.command(f"[pid={terminal.pid}]", "resize", "set", width, height, ",",
+            self.command(f"[pid={window.pid}]", "resize", "set", width, height, ",",
                          "move", "absolute", "position", x, y)
-        return terminal
+        return window
 
     def window_processes(self):
         def visit(node):

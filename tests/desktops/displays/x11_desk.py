@@ -20,11 +20,11 @@ class X11Desk(Desk):
     menu_button = None     # of the pointer, that opens a menu over the empty desktop
 
     def open(self):
-        self.room.start_bus()
         self.room.put_on_desktop()
         self.xorg = Xorg(self.room)
         self.x11 = X11(self.room)
         self.furnish()
+        self.room.start_bus()  # what it starts knows the display
         self.start_manager()
         self.x11.paint_root()
         if self.desktop_program:
@@ -99,6 +99,11 @@ class X11Desk(Desk):
         window = OpenedWindow(self.x11, area, colour, full_screen=full_screen)
         expect(window.is_viewable, "a window of another program did not come up")
         return window
+
+    def own_panel(self):
+        if "bottom" not in self.panel_edges:
+            return None
+        return max(window.get_geometry().height for window in self.x11.windows_of_type("DOCK"))
 
     def show_panel(self, height):
         x, y, width, tall = self.screens()[0]

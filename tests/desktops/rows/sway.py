@@ -6,5 +6,5 @@ class Row(SwayDesk):
     name = "sway"
     title = "sway + swaybg"
     packages = ["sway", "swaybg"]
-    needs = ["sway", "swaybg", "grim", "foot"]
+    needs = ["sway", "swaybg", "grim"]
     desktop_program = ("swaybg", "-c", "#FF00FF")

@@ -73,7 +73,7 @@ TEST_F(UnsavedFormTest, aTypedKeyIsAskedAboutAndKept) {
     openAccount();
     type(stripeKey, u"sk_new"_s);
     goBack();
-    EXPECT_EQ(page(), Page::account);
+    ASSERT_EQ(page(), Page::account);
     EXPECT_TRUE(shows(question));
     EXPECT_EQ(QApplication::focusWidget(), button(u"Keep editing"_s));
     press(u"Keep editing"_s);
@@ -89,7 +89,7 @@ TEST_F(UnsavedFormTest, aSecondStepBackKeepsWhatIsTyped) {
     ASSERT_TRUE(shows(question));
     goBack();
     EXPECT_FALSE(shows(question));
-    EXPECT_EQ(page(), Page::account);
+    ASSERT_EQ(page(), Page::account);
     EXPECT_EQ(field(u"Display name"_s)->text(), u"Main store"_s);
 }
 
@@ -168,12 +168,12 @@ TEST_F(UnsavedFormTest, whatIsTypedWhileAnEndpointIsSavedStays) {
     press(u"Save changes"_s); // the keyring has not answered yet
     type(u"Name"_s, u"Sign-ups today"_s);
     settle();
-    EXPECT_EQ(page(), Page::endpoint);
+    ASSERT_EQ(page(), Page::endpoint);
     EXPECT_EQ(field(u"Name"_s)->text(), u"Sign-ups today"_s);
     EXPECT_EQ(store->customAPIs().front().name, u"Sign-ups"_s);
     EXPECT_TRUE(shows(u"Saved, but for what you changed since."_s));
     goBack();
-    EXPECT_TRUE(shows(question));
+    ASSERT_TRUE(shows(question));
     press(u"Keep editing"_s);
     press(u"Save changes"_s);
     settle();

@@ -6,6 +6,8 @@
 
 #include <QImage>
 
+class QScrollArea;
+
 namespace zeph {
 
 /// The settings on the sample day, on a display with room for all of a page.
@@ -21,8 +23,12 @@ protected:
     void open();
     void settle();
 
+    /// The scroll area of the tab that is shown.
+    QScrollArea &shownPane() const;
+
     /// Compares the picture of each page with "pages/<page>-<variant>" of the golden images.
-    void expectPictures(const QString &variant);
+    /// With `only`, of those pages alone.
+    void expectPictures(const QString &variant, const QStringList &only = {});
 
     /// The same of each step of the first start: "pages/step-<number>-<variant>".
     void expectSteps(const QString &variant);

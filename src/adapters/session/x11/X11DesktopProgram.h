@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/session/choose/DesktopProgram.h"
+#include "adapters/session/x11/RootPixmapTarget.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11EventListener.h"
 #include "base/ChangePublisher.h"
@@ -33,6 +34,9 @@ public:
         xcb_pixmap_t pixmap = XCB_PIXMAP_NONE;
         QSize pixmapSize = {};        ///< in device pixels
         std::uint8_t pixmapDepth = 0; ///< 24 or 32
+
+        /// Its picture, and where it shows it.
+        RootPixmapTarget target() const { return {pixmap, pixmapDepth, pixmapSize, windows}; }
 
         bool operator==(const Found &) const = default;
     };

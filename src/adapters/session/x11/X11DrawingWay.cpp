@@ -4,6 +4,7 @@
 #include "adapters/session/choose/MechanismChoice.h"
 #include "adapters/session/x11/X11Compositor.h"
 #include "adapters/session/x11/X11Connection.h"
+#include "adapters/session/x11/X11DesktopPicture.h"
 #include "adapters/session/x11/X11DesktopProgram.h"
 #include "adapters/session/x11/X11WindowManager.h"
 #include "base/Log.h"
@@ -71,7 +72,9 @@ SessionOffer X11DrawingWay::offer() const {
         offer.windowManager = {manager->name, manager->knowsDesktopType};
     }
     if (const auto &program = m_parties.program.found()) {
-        offer.desktopProgram = {program->kind, program->pixmap != XCB_PIXMAP_NONE,
+        offer.desktopProgram = {program->kind,
+                                X11DesktopPicture::isPossible(m_parties.connection) &&
+                                    refusalOf(program->target()).isEmpty(),
                                 static_cast<int>(program->windows.size())};
     }
     return offer;

@@ -20,12 +20,18 @@ public:
         Consent &inputConsent;
     };
 
+    /// A session, or why there is none, to tell the user.
+    struct Opened {
+        std::unique_ptr<X11Session> session;
+        QString refusal;
+    };
+
     /// Connects to `display`, that of the environment when empty. A few round trips.
-    static OpenedSession open(const Surroundings &surroundings, const QByteArray &display = {});
+    static Opened open(const Surroundings &surroundings, const QByteArray &display = {});
 
     Screens &screens() override { return m_screens; }
     WindowServer &windowServer() override { return *m_windowServer; }
-    Workspace &workspace() override { return m_workspace; }
+    X11Workspace &workspace() override { return m_workspace; }
     InputEvents &inputEvents() override { return m_inputEvents; }
     VirtualDesktops &virtualDesktops() override { return m_virtualDesktops; }
 

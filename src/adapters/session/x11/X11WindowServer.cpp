@@ -17,9 +17,7 @@ constexpr std::uint8_t kOpaque = 24;
 constexpr std::uint8_t kWithAlpha = 32;
 
 std::optional<RootPixmapTarget> pictureOf(const std::optional<X11DesktopProgram::Found> &program) {
-    return program ? std::optional(RootPixmapTarget{program->pixmap, program->pixmapDepth,
-                                                    program->pixmapSize, program->windows})
-                   : std::nullopt;
+    return program ? std::optional(program->target()) : std::nullopt;
 }
 
 /// Has the program paint its own picture anew. The others take a new pixmap whenever theirs
@@ -65,11 +63,12 @@ std::unique_ptr<DesktopSurface> X11WindowServer::makeDesktopSurface(const Screen
                                                                     bool wantsTransparency) {
     settle();
     followPicture();
-    if (m_picture && m_way.now().mechanism == DrawingMechanism::rootPixmap) {
-        return std::make_unique<X11RootPixmapSurface>(m_connection, *m_picture, screen);
-    }
     // Without a compositor alpha is ignored, and every other surface is cheaper opaque.
     const bool isTransparent = wantsTransparency && m_withAlpha && m_compositor.isRunning();
+    // Through a transparent surface icons are seen and clicked from above, too.
+    if (m_picture && m_way.now().mechanism == DrawingMechanism::rootPixmap && !isTransparent) {
+        return std::make_unique<X11RootPixmapSurface>(m_connection, *m_picture, screen);
+    }
     return std::make_unique<X11DesktopSurface>(m_connection, m_stacking, place(),
                                                isTransparent ? *m_withAlpha : m_opaque, screen);
 }

@@ -54,6 +54,19 @@ TEST(WaylandOutputs, areKnownAtOnceInEveryVersionOfTheProtocol) {
     }
 }
 
+TEST(WaylandOutputs, areIdentifiedByTheNameThatTheCompositorGives) {
+    FakeOutput dark = second();
+    dark.mode = {};
+    dark.points = {};
+    dark.name = "DP-3";
+    FakeCompositor compositor({.outputs = {second(), FakeOutput(), dark}});
+    const Followed followed(compositor);
+    EXPECT_EQ(followed.outputs.identityOf(u"DP-1"_s), u"Acme P27 XY12"_s);
+    EXPECT_EQ(followed.outputs.identityOf(u"DP-2"_s), u"Acme P24 7"_s);
+    EXPECT_EQ(followed.outputs.identityOf(u"DP-3"_s), QString()) << "it shows nothing";
+    EXPECT_EQ(followed.outputs.identityOf(u"HDMI-A-1"_s), QString());
+}
+
 TEST(WaylandOutputs, beginWithTheOneAtTheOrigin) {
     FakeCompositor compositor({.outputs = {second(), FakeOutput()}});
     const Followed followed(compositor);

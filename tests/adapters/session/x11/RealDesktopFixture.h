@@ -83,30 +83,28 @@ protected:
         return waitFollowing([&] { return client->pixel(position) == (colour.rgb() & 0xFFFFFF); });
     }
 
-    /// Waits for the program's own picture of one colour with an icon in `icons`.
+    /// Waits for the program's own picture of one colour with an icon in `area`. It shows black
+    /// before, and an icon over that.
     void waitForIcons(const QRect &area, QColor colour) {
         icons = area;
         background = colour;
-        ASSERT_TRUE(waitFollowing([&] {
-            return picture->isThere() && iconPixels(client->screenshot(area), colour) > 300;
-        })) << "the program did not start";
-        // It draws an icon before it has its picture, and once more with it.
         QImage last;
         ASSERT_TRUE(waitFollowing([&] {
-            const QImage now = client->screenshot(area);
-            return std::exchange(last, now) == now && iconPixels(now, colour) > 300;
-        }));
-        before = client->screenshot(area);
+            before = client->screenshot(area);
+            return picture->isThere() && hasIcon(before, colour) &&
+                   std::exchange(last, before) == before;
+        })) << "the program did not start";
     }
 
-    static int iconPixels(const QImage &image, QColor colour) {
+    /// Whether the picture of one colour is there, and something on it.
+    static bool hasIcon(const QImage &image, QColor colour) {
         int count = 0;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {
                 count += image.pixel(x, y) != colour.rgb() ? 1 : 0;
             }
         }
-        return count;
+        return count > 300 && count < image.width() * image.height() / 4;
     }
 
     /// Whether the icons look as before, and every pixel where the program's picture was is ours.

@@ -182,9 +182,9 @@ TEST_F(XfceTest, comesBackWithTheProgramAfterItsCrash) {
 }
 
 TEST_F(ComposedXfceTest, theIconsStayAndTheirPictureIsOurs) {
-    ASSERT_TRUE(waitUntil([&] {
-        return server->makeDesktopSurface(wholeScreen(), true)->isTransparent();
-    })) << "nothing composes the windows";
+    const X11Compositor compositor(*connection);
+    ASSERT_TRUE(waitUntil([&] { return compositor.isRunning(); }))
+        << "nothing composes the windows";
     const auto surface = shown(Qt::blue);
     EXPECT_TRUE(waitUntil([&] { return liesBeneathIcons(Qt::blue); }));
     fill(*surface, Qt::darkCyan, QRect(200, 100, 800, 600));
@@ -250,6 +250,82 @@ TEST_F(LxdeTest, theIconsStayAndTheirPictureIsOurs) {
     picture.reset();
     EXPECT_TRUE(waitForPixel(kFree, kFirst));
     EXPECT_TRUE(waitUntil([&] { return client->screenshot(icons) == before; }));
+}
+
+TEST_F(XfceTest, theWindowServerDrawsBeneathTheIcons) {
+    picture.reset(); // it has one of its own
+    auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::rootPixmap);
+    fill(*surface, Qt::blue);
+    surface->orderFront();
+    EXPECT_TRUE(waitUntil([&] { return liesBeneathIcons(Qt::blue); }));
+    surface.reset();
+    EXPECT_TRUE(waitUntil([&] { return client->screenshot(icons) == before; }));
+}
+
+TEST_F(XfceTest, theMechanismFollowsTheDesktopProgram) {
+    picture.reset();
+    const auto mechanism = [&] { return server->drawingWay().mechanism; };
+    server->settle();
+    ASSERT_EQ(mechanism(), DrawingMechanism::rootPixmap);
+    auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    const Subscription follow = server->subscribeToDrawingWay([&] {
+        surface = server->makeDesktopSurface(wholeScreen(), false);
+        fill(*surface, Qt::blue);
+        surface->orderFront();
+    });
+    session.stop(program);
+    ASSERT_TRUE(waitUntil([&] { return mechanism() == DrawingMechanism::desktopWindow; }));
+    EXPECT_TRUE(waitForPixel(kFree, Qt::blue));
+    startProgram();
+    ASSERT_TRUE(waitUntil([&] { return mechanism() == DrawingMechanism::rootPixmap; }));
+    EXPECT_TRUE(waitForPixel(kFree, Qt::blue));
+    EXPECT_TRUE(waitUntil([&] { return liesBeneathIcons(Qt::blue); }));
+}
+
+TEST_F(ComposedXfceTest, aTransparentWallpaperLiesAboveTheIconsAndShowsThem) {
+    picture.reset();
+    ASSERT_TRUE(waitUntil([&] { return X11Compositor(*connection).isRunning(); }));
+    const auto surface = server->makeDesktopSurface(wholeScreen(), true);
+    EXPECT_TRUE(surface->isTransparent());
+    surface->show([](QImage &frame) {
+        frame.fill(Qt::transparent);
+        frame.setPixelColor(kFree, Qt::blue);
+        return QRegion(frame.rect());
+    });
+    surface->orderFront();
+    EXPECT_TRUE(waitForPixel(kFree, Qt::blue));
+    EXPECT_TRUE(waitUntil([&] { return client->screenshot(icons) == before; }));
+}
+
+TEST_F(MateTest, theWindowServerDrawsBeneathTheIcons) {
+    picture.reset();
+    const auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::rootPixmap);
+    fill(*surface, Qt::blue);
+    surface->orderFront();
+    EXPECT_TRUE(waitUntil([&] { return liesBeneathIcons(Qt::blue); }));
+    click({88, 46});
+    EXPECT_TRUE(waitUntil([&] { return !liesBeneathIcons(Qt::blue); })) << "it is highlighted";
+}
+
+TEST_F(MateTest, aNoteThatAKilledProgramLeftIsNoDesktopProgram) {
+    picture.reset();
+    server->settle();
+    ASSERT_EQ(server->drawingWay().mechanism, DrawingMechanism::rootPixmap);
+    client->killOwner(desktopWindow());
+    EXPECT_TRUE(waitUntil(
+        [&] { return server->drawingWay().mechanism == DrawingMechanism::desktopWindow; }));
+    EXPECT_NE(desktopWindow(), xcb_window_t{XCB_WINDOW_NONE});
+}
+
+TEST_F(LxdeTest, theWindowServerDrawsBeneathTheIcons) {
+    picture.reset();
+    const auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::rootPixmap);
+    fill(*surface, Qt::blue);
+    surface->orderFront();
+    EXPECT_TRUE(waitUntil([&] { return liesBeneathIcons(Qt::blue); }));
 }
 
 } // namespace zeph

@@ -1,0 +1,133 @@
+# SPDX-License-Identifier: MIT
+"""Plasma on Wayland: kwin_wayland in a window of a private X display, which is looked at instead
+of it."""
+import shutil
+
+from base.outcome import NotApplicable
+from base.picture import DESKTOP
+from base.waiting import prepare
+from .desk import Desk
+from .layer_surfaces import take_clicks
+from .plasma import OWN_PICTURE, is_ready, run_script
+from .toolkit_window import ToolkitWindow
+from .x11 import X11
+from .xorg import Xorg
+
+SIZE = (1280, 800)
+RULES = """[General]
+count=1
+rules=sample
+
+[sample]
+Description=sample
+wmclass=sample
+wmclassmatch=1
+position=300,200
+positionrule=3
+size=260,180
+sizerule=3
+noborder=true
+noborderrule=2
+"""
+
+
+class KWinDesk(Desk):
+    session = "Wayland"
+    has_icons = True
+    panel_edges = ("bottom",)
+    program_environment = {"WAYLAND_DEBUG": "client"}
+
+    def open(self):
+        self.room.put_on_desktop()
+        self.xorg = Xorg(self.room)
+        self.x11 = X11(self.room)
+        outer = self.room.environment.pop("DISPLAY")
+        self.room.environment |= {
+            "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5",
+            "XDG_SESSION_TYPE": "wayland", "WAYLAND_DISPLAY": "wayland-k",
+            "QT_QPA_PLATFORM": "wayland"}
+        self.room.write("config/kwinrc", "[Desktops]\nNumber=2\nRows=1\n")
+        self.room.write("config/kwinrulesrc", RULES)
+        self.room.start_bus()
+        # With the capabilities of its file it may not run in a sandbox; a copy has none.
+        folder = self.room.folder / "kwin"
+        folder.mkdir()
+        shutil.copy(shutil.which("kwin_wayland"), folder / "kwin_wayland")
+        self.room.start(folder / "kwin_wayland", "--x11-display", outer, "--width", SIZE[0],
+                        "--height", SIZE[1], "--socket", "wayland-k", "--no-lockscreen",
+                        "--no-global-shortcuts", "--xwayland",
+                        extra={"DISPLAY": outer, "QT_QPA_PLATFORM": ""})
+        self.outer = outer
+        prepare((self.room.folder / "runtime/wayland-k").exists, "kwin_wayland")
+        prepare(self.find_window, "the window of kwin_wayland")
+        self.start_desktop_program()
+
+    def find_window(self):
+        """Its window, which no manager has placed."""
+        for window in self.x11.children(self.x11.root):
+            if self.x11.is_viewable(window) and window.get_geometry().width == SIZE[0]:
+                window.configure(x=0, y=0)
+                return True
+        return False
+
+    def start_desktop_program(self):
+        self.desktop_process = self.room.start("plasmashell", "--no-respawn")
+        prepare(lambda: is_ready(self.room), "plasmashell", 60)
+        run_script(self.room, OWN_PICTURE.format(picture=self.room.desktop_picture()))
+        prepare(lambda: all(self.at(*place) == DESKTOP for place in self.spots()),
+                "the desktop's own picture")
+        prepare(self.icons, "icons")
+
+    def restart_desktop_program(self):
+        self.room.stop(self.desktop_process)
+        self.start_again()
+
+    def start_again(self):
+        self.desktop_process = self.room.start("plasmashell", "--no-respawn")
+        prepare(lambda: is_ready(self.room), "plasmashell", 60)
+
+    # Desk
+
+    def picture(self):
+        return self.x11.picture()
+
+    def screens(self):
+        return [(0, 0, *SIZE)]
+
+    def click(self, x, y, button=1):
+        self.room.ask("xdotool", "mousemove", int(x), int(y), "click", button,
+                      extra={"DISPLAY": self.outer})
+
+    def takes_clicks_at(self, x, y):
+        self.click(x, y)
+        ours = take_clicks(self.tavi.log())
+        if ours is None:
+            raise NotApplicable("the program has no surface of its own here")
+        return ["what lies beneath, since it takes input nowhere"], ours
+
+    def show_window(self, area, colour, full_screen=False):
+        window = ToolkitWindow(self.room, (300, 200, 260, 180), colour, full_screen)
+        prepare(lambda: self.at(*window.centre()) == colour, "a window")
+        return window
+
+    def own_panel(self):
+        return 44
+
+    def workspace(self):
+        return int(self.ask_kwin("org.kde.KWin.currentDesktop") or 1) - 1
+
+    def go_to_workspace(self, number):
+        self.ask_kwin("org.kde.KWin.setCurrentDesktop", number + 1)
+        prepare(lambda: self.workspace() == number, f"workspace {number + 1}")
+
+    def ask_kwin(self, method, *words):
+        answer = self.room.ask("gdbus", "call", "--session", "-d", "org.kde.KWin", "-o", "/KWin",
+                               "-m", method, *words)
+        return answer.strip("(,)\n ")
+
+    def show_desktop(self, on):
+        self.ask_kwin("org.kde.KWin.showDesktop", "true" if on else "false")
+
+    def replace_manager(self):
+        """It reads its settings anew."""
+        self.ask_kwin("org.kde.KWin.reconfigure")
