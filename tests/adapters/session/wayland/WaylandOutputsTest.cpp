@@ -61,8 +61,11 @@ TEST(WaylandOutputs, areIdentifiedByTheNameThatTheCompositorGives) {
     dark.name = "DP-3";
     FakeCompositor compositor({.outputs = {second(), FakeOutput(), dark}});
     const Followed followed(compositor);
-    EXPECT_EQ(followed.outputs.identityOf(u"DP-1"_s), u"Acme P27 XY12"_s);
-    EXPECT_EQ(followed.outputs.identityOf(u"DP-2"_s), u"Acme P24 7"_s);
+    const auto screens = followed.outputs.all();
+    ASSERT_EQ(screens.size(), 2U);
+    EXPECT_EQ(followed.outputs.identityOf(u"DP-1"_s), screens[0].persistentID);
+    EXPECT_EQ(followed.outputs.identityOf(u"DP-2"_s), screens[1].persistentID);
+    EXPECT_NE(screens[0].persistentID, screens[1].persistentID);
     EXPECT_EQ(followed.outputs.identityOf(u"DP-3"_s), QString()) << "it shows nothing";
     EXPECT_EQ(followed.outputs.identityOf(u"HDMI-A-1"_s), QString());
 }
