@@ -17,7 +17,7 @@ WALLPAPER_SETTING = "#1E7A96"
 def is_wallpaper(colour):
     """Of a spot without words."""
     red, green, blue = colour >> 16, colour >> 8 & 255, colour & 255
-    return red < 56 and 60 < green < 136 and green < blue < 170
+    return red < 56 and 60 < green < 136 and green < blue < 1.4 * green
 
 
 def name_of(colour):

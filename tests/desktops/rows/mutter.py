@@ -9,8 +9,13 @@ class Row(X11Desk):
     needs = ["mutter"]
     manager = ("mutter", "--x11", "--sm-disable")
     root_is_bare = False
-    replacement = ("mutter", "--x11", "--sm-disable", "--replace")
+    limits = {"manager_replaced":
+              "the one that leaves deletes the announcement of the one that comes"}
 
     def furnish(self):
         self.set_setting("org.gnome.mutter", "dynamic-workspaces", "false")
         self.set_setting("org.gnome.desktop.wm.preferences", "num-workspaces", "4")
+
+    def shows_nothing_else(self):
+        """Its own picture comes some time after it."""
+        return self.at(*self.spot()) != 0
