@@ -160,6 +160,8 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const std::function<void(
     QCoreApplication::exec();
     save();
     saveEverything = nullptr;
+    // Before the wait: what is cut short must not leave our picture behind.
+    app.takeDownWallpaper();
     if (!platform.finishTasks(budget)) {
         // A task hangs in the system. Everything is saved, and it can't be waited for.
         std::fflush(stdout);
