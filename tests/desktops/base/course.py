@@ -50,8 +50,9 @@ def outcome_of(desk, name, module):
     except NotReady as missing:
         outcome = FAILED, f"the desktop did not go along: {missing}"
     except Exception as fault:  # A check that breaks has proven nothing.
-        place = traceback.extract_tb(fault.__traceback__)[-1]
-        outcome = FAILED, f"the check broke: {fault!r} in {Path(place.filename).name}:{place.lineno}"
+        frame = traceback.extract_tb(fault.__traceback__)[-1]
+        place = f"{Path(frame.filename).name}:{frame.lineno}"
+        outcome = FAILED, f"the check broke: {fault!r} in {place}"
     if not getattr(module, "ENDS", False):
         tidy(desk)
     print(f"  {name}: {': '.join(filter(None, outcome))} ({time.monotonic() - begun:.1f} s)",

@@ -159,7 +159,8 @@ class X11:
 
     def is_managed(self):
         check = self.number("_NET_SUPPORTING_WM_CHECK")
-        return bool(check) and self.property(self.window(check), "_NET_SUPPORTING_WM_CHECK") is not None
+        return bool(check) and self.property(self.window(check),
+                                             "_NET_SUPPORTING_WM_CHECK") is not None
 
     def is_composited(self):
         owner = self.connection.get_selection_owner(self.connection.intern_atom("_NET_WM_CM_S0"))

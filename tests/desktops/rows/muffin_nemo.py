@@ -2,6 +2,10 @@
 from displays.x11_desk import X11Desk
 
 
+# Seen without the program too: the icons are gone with the picture beneath them.
+LOST = "muffin without Cinnamon's shell paints no desktop windows after a workspace switch"
+
+
 class Row(X11Desk):
     name = "muffin_nemo"
     title = "Cinnamon: muffin + nemo-desktop"
@@ -12,6 +16,7 @@ class Row(X11Desk):
     desktop_program = ("nemo-desktop",)
     has_icons = True
     menu_button = 3
+    limits = {"workspaces": LOST, "chosen_workspaces": LOST}
 
     def furnish(self):
         self.room.environment["XDG_CURRENT_DESKTOP"] = "X-Cinnamon"
