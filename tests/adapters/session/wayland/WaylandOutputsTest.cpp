@@ -59,6 +59,7 @@ TEST(WaylandOutputs, areIdentifiedByTheNameThatTheCompositorGives) {
     dark.mode = {};
     dark.points = {};
     dark.name = "DP-3";
+    dark.description = "Acme P24 8 (DP-3)";
     FakeCompositor compositor({.outputs = {second(), FakeOutput(), dark}});
     const Followed followed(compositor);
     const auto screens = followed.outputs.all();
