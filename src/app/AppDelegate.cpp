@@ -121,6 +121,10 @@ void AppDelegate::applicationWillTerminate() {
     }
 }
 
+void AppDelegate::takeDownWallpaper() {
+    m_desktopWindows.clear();
+}
+
 void AppDelegate::rebuildDesktopWindows() {
     const std::vector<Screen> screens =
         selectedScreens(m_services.preferences.displaySelection(), m_services.platform.screens);

@@ -77,6 +77,9 @@ public:
     /// Saves today. Safe to call more than once, and before the launch finished.
     void applicationWillTerminate();
 
+    /// Takes the wallpaper off the desktop, where the earlier picture shows then; for the end.
+    void takeDownWallpaper();
+
     AppState &state() { return m_state; }
     const std::vector<std::unique_ptr<DesktopWindow>> &desktopWindows() const {
         return m_desktopWindows;

@@ -65,13 +65,12 @@ bool ApplicationShell::isOnboarded() const {
     return m_context.defaults.boolean(onboardedKey);
 }
 
-/// Where the desktop is as the user wants it, nothing is run, which would restart the desktop. Nor
-/// is anything shown that was not hidden here: the user hid it by the desktop's own setting.
+/// Where the desktop is as the user wants it, nothing is run, which would restart the desktop.
 void ApplicationShell::applyDesktopIcons() {
     m_desktopIcons.systemIconsVisible(m_questions.whileAlive([this](bool areVisible) {
         // Read now: the user may have worked the switch meanwhile.
         const bool hide = m_context.defaults.boolean(hideIconsKey);
-        if (hide == areVisible && (hide || m_desktopIcons.hasHidden())) {
+        if (hide == areVisible) {
             m_desktopIcons.applyHidden(hide);
         }
     }));

@@ -32,6 +32,7 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QStandardPaths>
+#include <QThread>
 
 #include <unistd.h>
 
@@ -75,6 +76,30 @@ void saveAtExit() {
         std::fflush(stdout);
         _exit(EXIT_SUCCESS);
     }
+}
+
+QtMessageHandler printMessage = nullptr;
+
+// More than an end may take.
+constexpr unsigned long lastWordsPatience = 1000; // milliseconds
+
+// The toolkit's Wayland plug-in does so too, by _exit() on a thread of its own and right after it
+// has complained. Nothing of it can be heard before that, so it is kept waiting there.
+void saveAfterLastWords(QtMsgType kind, const QMessageLogContext &context, const QString &message) {
+    printMessage(kind, context, message);
+    if (!message.startsWith("The Wayland connection"_L1)) {
+        return;
+    }
+    if (QThread::currentThread() == qApp->thread()) {
+        saveAtExit();
+    } else {
+        QMetaObject::invokeMethod(qApp, saveAtExit, Qt::QueuedConnection);
+        QThread::msleep(lastWordsPatience);
+    }
+}
+
+bool isToolkitOnWayland() {
+    return QGuiApplication::platformName().startsWith("wayland"_L1);
 }
 
 /// Not by quit(), which asks the windows first, and one of them may refuse.
@@ -126,12 +151,17 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const std::function<void(
                 const EndBudget &budget) {
     saveEverything = &save;
     std::atexit(saveAtExit);
+    if (isToolkitOnWayland()) {
+        printMessage = qInstallMessageHandler(saveAfterLastWords);
+    }
     app.launch();
     platform.ports().runLoop.after(tasksRest, [&platform] { platform.releaseTasks(); });
     platform.ports().runLoop.after(startEnd, returnFreedMemory);
     QCoreApplication::exec();
     save();
     saveEverything = nullptr;
+    // Before the wait: what is cut short must not leave our picture behind.
+    app.takeDownWallpaper();
     if (!platform.finishTasks(budget)) {
         // A task hangs in the system. Everything is saved, and it can't be waited for.
         std::fflush(stdout);
@@ -173,7 +203,9 @@ int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox
         .terminate = endProgram});
 
     const UnixSignals signals([](int) { endProgram(); });
-    const Subscription loss = ports.windowServer.subscribeToLoss(endProgram);
+    const Subscription loss = ports.windowServer.subscribeToLoss(
+        // What the toolkit does by itself is not waited for.
+        isToolkitOnWayland() ? saveAtExit : endProgram);
     EndBudget budget(endBudget);
     const auto terminate = [&app, &budget] {
         budget.begin();

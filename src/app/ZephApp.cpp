@@ -18,4 +18,8 @@ void ZephApp::terminate() {
     }
 }
 
+void ZephApp::takeDownWallpaper() {
+    m_delegate.takeDownWallpaper();
+}
+
 } // namespace zeph

@@ -16,6 +16,9 @@ public:
     /// Saves what was counted. Further calls do nothing.
     void terminate();
 
+    /// Takes the wallpaper off the desktop, for good.
+    void takeDownWallpaper();
+
 private:
     AppDelegate m_delegate;
     bool m_terminated = false;

@@ -67,10 +67,6 @@ bool DesktopIconsManager::canHide() const {
     return m_shell.canHideIcons();
 }
 
-bool DesktopIconsManager::hasHidden() const {
-    return m_defaults.contains(earlierKey);
-}
-
 void DesktopIconsManager::systemIconsVisible(std::function<void(bool)> told) {
     m_background.run(
         m_questions, [&shell = m_shell] { return areVisible(shell); }, std::move(told));

@@ -21,10 +21,6 @@ public:
     /// Whether this desktop has such a setting.
     bool canHide() const;
 
-    /// Whether icons were hidden here and did not come back yet. Those that the user hid by the
-    /// desktop's own means are none of them.
-    bool hasHidden() const;
-
     /// Asks the desktop; `told` runs on the main thread. Icons count as visible where nobody can
     /// tell.
     void systemIconsVisible(std::function<void(bool)> told);

@@ -35,6 +35,18 @@ PermissionState permissionState(bool isGranted) {
     return {isGranted ? u"Allowed"_s : u"Not allowed"_s};
 }
 
+PermissionState inputState(bool isGranted, bool canCountKeys, bool tellsFront) {
+    PermissionState state = permissionState(isGranted);
+    if (!canCountKeys) {
+        state.note = u"Your desktop does not tell how often keys are pressed, so there is no "
+                     u"typing rhythm here."_s;
+        if (tellsFront) {
+            state.note += u" If you allow this, Tavi can still see which app is in front."_s;
+        }
+    }
+    return state;
+}
+
 PermissionState locationState(bool isGranted, LocationHindrance hindrance) {
     return {permissionState(isGranted).word, locationNote(isGranted, hindrance)};
 }

@@ -18,6 +18,10 @@ struct PermissionState {
 /// Of a permission that is ours alone to give.
 PermissionState permissionState(bool isGranted);
 
+/// Of input timing: not every desktop tells of keys, and on some of those the same consent lets
+/// the application in front be known.
+PermissionState inputState(bool isGranted, bool canCountKeys, bool tellsFront);
+
 /// Of the location, which the system's service has a say in.
 PermissionState locationState(bool isGranted, LocationHindrance hindrance);
 

@@ -77,6 +77,14 @@ void PermissionsManager::refresh() {
     remindersGranted = store.authorizationStatus(EntityType::reminder) == EventAccess::fullAccess;
 }
 
+bool PermissionsManager::canCountKeys() const {
+    return m_context.inputEvents.canCountKeys();
+}
+
+bool PermissionsManager::inputConsentTellsFront() const {
+    return m_context.inputEvents.consentTellsFront();
+}
+
 LocationHindrance PermissionsManager::locationHindrance() const {
     return m_context.locationClient == nullptr ? LocationHindrance::noService
                                                : m_context.locationClient->hindrance();

@@ -66,6 +66,10 @@ public:
     /// Reads the four states anew.
     void refresh();
 
+    /// What the desktop lets the permission to input timing be of use for: see `InputEvents`.
+    bool canCountKeys() const;
+    bool inputConsentTellsFront() const;
+
     /// What keeps the true position away, to be told beside the state.
     LocationHindrance locationHindrance() const;
 

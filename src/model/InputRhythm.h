@@ -12,6 +12,7 @@ struct InputRhythm {
     qint64 mouseClicks = 0;
     double mouseDistanceMeters = 0;
     double dailyAverageKPM = 0; ///< average of the earlier days' rates
+    bool isCountable = true;    ///< false on a desktop that does not tell of keys
 
     bool operator==(const InputRhythm &) const = default;
 };

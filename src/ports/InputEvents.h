@@ -59,6 +59,10 @@ public:
     /// can be had with the user's consent. The same for as long as the session lasts.
     virtual bool canCountKeys() const { return true; }
 
+    /// Whether the user's consent also lets the application in front be known, on a desktop that
+    /// tells that to assistive tools alone.
+    virtual bool consentTellsFront() const { return false; }
+
     /// Makes a stream, off at first, that calls `handler` on the main thread, or answers null when
     /// the permission or the system's facility is missing.
     virtual std::unique_ptr<InputEventTap>

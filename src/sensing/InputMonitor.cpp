@@ -26,7 +26,7 @@ InputMonitor::InputMonitor(const Clock &clock, InputEvents &events)
 InputMonitor::~InputMonitor() = default;
 
 void InputMonitor::start() {
-    if (m_tap) {
+    if (m_tap || !m_events.canCountKeys()) {
         return;
     }
     m_tap = m_events.makeTap([this](const InputEvent &event) { handle(event); });

@@ -182,6 +182,7 @@ void SamplingCoordinator::publishRhythm() {
     rhythm.mouseClicks = m_input.mouseClicks();
     rhythm.mouseDistanceMeters = m_input.mouseDistanceMeters();
     rhythm.dailyAverageKPM = m_context.usageStore.averageKPM(true, averageDays);
+    rhythm.isCountable = m_context.platform.inputEvents.canCountKeys();
     m_context.state.rhythm = rhythm;
 }
 

@@ -90,6 +90,9 @@ QString accountReason(WidgetKind kind, const AppState &state) {
 /// Of a kind that stands in the order, is switched on and has no content.
 QString emptyReason(WidgetKind kind, const AppState &state, bool quoteEnabled) {
     switch (kind) {
+    case rhythm:
+        return u"Your desktop does not tell how often keys are pressed, so there is no typing "
+               u"rhythm here"_s;
     case devices:
         return u"No connected device tells its charge"_s;
     case reminders:

@@ -106,13 +106,14 @@ bool hasContent(WidgetKind kind, const AppState &state, const PreferencesStore &
     case currentApp:
     case topApp:
     case appRanking:
-    case rhythm:
     case desktop:
     case machine:
     case progress:
     case sun:
     case airQuality:
         return true;
+    case rhythm:
+        return state.rhythm->isCountable;
     case devices:
         return !state.deviceBatteries->empty();
     case reminders:

@@ -86,6 +86,14 @@ TEST_F(AppDelegateTest, launchMakesOneVisibleWindowAScreen) {
     EXPECT_EQ(delegate.builtScreenIDs(), QStringList({u"A"_s, u"B"_s}));
 }
 
+TEST_F(AppDelegateTest, theEndTakesTheWallpaperOffTheDesktop) {
+    delegate.applicationDidFinishLaunching();
+    ASSERT_TRUE(windowServer.logs.front()->visible);
+    delegate.takeDownWallpaper();
+    EXPECT_FALSE(windowServer.logs.front()->visible);
+    EXPECT_THAT(delegate.desktopWindows(), IsEmpty());
+}
+
 TEST_F(AppDelegateTest, theFirstPictureIsPaintedBeforeItIsShown) {
     delegate.applicationDidFinishLaunching();
     ASSERT_GE(windowServer.story->size(), 6U);

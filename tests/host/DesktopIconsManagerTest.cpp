@@ -100,16 +100,16 @@ TEST_F(DesktopIconsManagerTest, countsIconsAsVisibleWhereNobodyCanTell) {
 
 TEST_F(DesktopIconsManagerTest, theSettingOfTheUserComesBack) {
     shell.style = smallIcons;
-    EXPECT_FALSE(manager.hasHidden());
+    EXPECT_FALSE(defaults.contains(earlierIcons));
     manager.applyHidden(true);
     settle();
     EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
-    EXPECT_TRUE(manager.hasHidden());
+    EXPECT_TRUE(defaults.contains(earlierIcons));
     shell.style.clear();
     manager.applyHidden(false);
     settle();
     EXPECT_EQ(shell.style, smallIcons);
-    EXPECT_FALSE(manager.hasHidden()) << "it is the user's own again";
+    EXPECT_FALSE(defaults.contains(earlierIcons)) << "it is the user's own again";
 }
 
 TEST_F(DesktopIconsManagerTest, theSettingIsKeptBeforeItIsWrittenOver) {
@@ -148,20 +148,20 @@ TEST_F(DesktopIconsManagerTest, iconsThatWereHiddenUnreadComeBackAsTheDesktopSho
     shell.isReadable = false;
     manager.applyHidden(true);
     settle();
-    EXPECT_TRUE(manager.hasHidden());
+    EXPECT_TRUE(defaults.contains(earlierIcons));
     shell.isReadable = true;
     shell.style = smallIcons;
     manager.applyHidden(false);
     settle();
     EXPECT_EQ(shell.style, FakeDesktopShell::plain);
-    EXPECT_FALSE(manager.hasHidden());
+    EXPECT_FALSE(defaults.contains(earlierIcons));
 }
 
 TEST_F(DesktopIconsManagerTest, iconsThatTheUserHidAreNotKeptAsHidden) {
     shell.areShown = false;
     manager.applyHidden(true);
     settle();
-    EXPECT_FALSE(manager.hasHidden());
+    EXPECT_FALSE(defaults.contains(earlierIcons));
     manager.applyHidden(false);
     settle();
     EXPECT_TRUE(shell.areShown) << "that is what the switch says";
@@ -182,7 +182,7 @@ TEST_F(DesktopIconsManagerTest, aSettingThatDidNotComeBackIsKeptForTheNextTry) {
     shell.outcome = ShellOutcome::done;
     manager.applyHidden(false);
     settle();
-    EXPECT_FALSE(manager.hasHidden());
+    EXPECT_FALSE(defaults.contains(earlierIcons));
 }
 
 TEST_F(DesktopIconsManagerTest, tellsWhetherTheDesktopHasSuchASetting) {

@@ -14,6 +14,21 @@ TEST(PermissionWords, sayWhetherItIsAllowed) {
     EXPECT_EQ(permissionState(false), (PermissionState{u"Not allowed"_s, {}}));
 }
 
+TEST(PermissionWords, ofInputTimingAreThoseOfAnyPermissionWhereKeysCanBeCounted) {
+    for (const bool isGranted : {true, false}) {
+        EXPECT_EQ(inputState(isGranted, true, false), permissionState(isGranted));
+    }
+}
+
+TEST(PermissionWords, tellThatKeysCanNotBeCounted) {
+    const QString note = u"Your desktop does not tell how often keys are pressed, so there is no "
+                         u"typing rhythm here."_s;
+    EXPECT_EQ(inputState(false, false, false), (PermissionState{u"Not allowed"_s, note}));
+    EXPECT_EQ(inputState(true, false, false), (PermissionState{u"Allowed"_s, note}));
+    EXPECT_EQ(inputState(false, false, true).note,
+              note + u" If you allow this, Tavi can still see which app is in front."_s);
+}
+
 TEST(PermissionWords, ofALocationWithNothingInTheWayAreThoseOfAnyPermission) {
     for (const bool isGranted : {true, false}) {
         EXPECT_EQ(locationState(isGranted, LocationHindrance::none), permissionState(isGranted));

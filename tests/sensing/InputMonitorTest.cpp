@@ -58,6 +58,15 @@ TEST_F(InputMonitorTap, printsOneLineForEachRefusedTap) {
     EXPECT_FALSE(input.hasTap());
 }
 
+TEST_F(InputMonitorTap, asksForNoTapWhereKeysCanNotBeCounted) {
+    events.countsKeys = false;
+    testing::internal::CaptureStdout();
+    input.start();
+    EXPECT_EQ(testing::internal::GetCapturedStdout(), "") << "no permission is missing";
+    EXPECT_FALSE(input.hasTap());
+    EXPECT_EQ(events.tapsMade, 0);
+}
+
 TEST_F(InputMonitorTap, printsNothingWhenTheTapIsMade) {
     testing::internal::CaptureStdout();
     input.start();

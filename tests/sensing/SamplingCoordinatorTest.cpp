@@ -45,6 +45,14 @@ TEST_F(SamplingCoordinatorTest, whatIsNotThereOrNotAllowedIsLoggedAtTheStart) {
     EXPECT_TRUE(loggedLines(u"zeph.none"_s, [this] { makeCoordinator().start(); }).isEmpty());
 }
 
+TEST_F(SamplingCoordinatorTest, theFirstPublicationTellsWhetherKeysCanBeCounted) {
+    makeCoordinator().start();
+    EXPECT_TRUE(state.rhythm->isCountable);
+    input.countsKeys = false;
+    makeCoordinator().start();
+    EXPECT_FALSE(state.rhythm->isCountable);
+}
+
 TEST_F(SamplingCoordinatorTest, firstFastTickPublishesAndTheNextPublicationIsAtCounterFive) {
     makeCoordinator().start();
     input.emitEvent(InputEventKind::keyDown);

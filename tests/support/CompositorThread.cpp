@@ -20,7 +20,7 @@ CompositorThread::CompositorThread()
       m_display(wl_display_create()),
       m_wakeUp(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
     listen();
-    wl_event_loop_add_fd(
+    m_wakeUps = wl_event_loop_add_fd(
         wl_display_get_event_loop(m_display), m_wakeUp, WL_EVENT_READABLE,
         [](int /*descriptor*/, std::uint32_t /*mask*/, void *self) {
             static_cast<CompositorThread *>(self)->runPosted();
@@ -52,6 +52,7 @@ void CompositorThread::serve() {
         wl_event_loop_dispatch(wl_display_get_event_loop(m_display), -1);
         wl_display_flush_clients(m_display);
     }
+    wl_event_source_remove(m_wakeUps);
     wl_display_destroy_clients(m_display);
     wl_display_destroy(m_display);
 }

@@ -47,6 +47,7 @@ private:
     QByteArray m_socket;
     wl_display *m_display;
     int m_wakeUp;
+    wl_event_source *m_wakeUps = nullptr;
     std::mutex m_mutex; // for the next line
     std::vector<std::function<void(wl_display *)>> m_posted;
     std::promise<void> m_thaw;

@@ -10,6 +10,7 @@ class FakeInputEvents : public InputEvents {
 public:
     double secondsSinceLastEvent() const override { return idleSeconds; }
     bool isTrusted() const override { return trusted; }
+    bool canCountKeys() const override { return countsKeys; }
     Subscription subscribeToTrust(std::function<void()> handler) override {
         return m_trust.subscribe(std::move(handler));
     }
@@ -39,6 +40,7 @@ public:
     double idleSeconds = 0;
     bool trusted = true;
     bool refuses = false;
+    bool countsKeys = true;
     int tapsMade = 0;
     int enables = 0;
 

@@ -9,6 +9,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
@@ -66,7 +68,8 @@ bool isOurs(const QJsonObject &desktop) {
 /// The filters of an earlier answer by desktop, of which nothing but the told parts is kept.
 QJsonObject filtersIn(const QString &earlier) {
     QJsonObject filters;
-    for (const QJsonValue &value : QJsonDocument::fromJson(earlier.toUtf8()).array()) {
+    const QJsonArray kept = QJsonDocument::fromJson(earlier.toUtf8()).array();
+    for (const QJsonValue value : kept) {
         const QJsonObject desktop = value.toObject();
         filters.insert(QString::number(desktop[u"id"_s].toInt()),
                        filter(desktop[u"filterMode"_s].toInt(),
@@ -85,8 +88,8 @@ ShellOutcome outcomeOf(const QDBusMessage &answer) {
 
 } // namespace
 
-PlasmaIcons::PlasmaIcons(const QDBusConnection &bus)
-    : m_bus(bus), m_isInstalled(isProgramThere(u"plasmashell"_s)) {}
+PlasmaIcons::PlasmaIcons(QDBusConnection bus)
+    : m_bus(std::move(bus)), m_isInstalled(isProgramThere(u"plasmashell"_s)) {}
 
 std::optional<IconSetting> PlasmaIcons::iconSetting() const {
     const QDBusMessage answer = evaluate(readingScript());
@@ -98,7 +101,8 @@ std::optional<IconSetting> PlasmaIcons::iconSetting() const {
         return std::nullopt;
     }
     QJsonArray shown;
-    for (const QJsonValue &desktop : told.array()) {
+    const QJsonArray all = told.array();
+    for (const QJsonValue desktop : all) {
         if (!isOurs(desktop.toObject())) {
             shown.append(desktop);
         }

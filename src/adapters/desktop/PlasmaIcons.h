@@ -12,7 +12,7 @@ namespace zeph {
 class PlasmaIcons : public DesktopShell {
 public:
     /// `bus` is the session bus.
-    explicit PlasmaIcons(const QDBusConnection &bus);
+    explicit PlasmaIcons(QDBusConnection bus);
 
     bool canHideIcons() const override { return m_isInstalled; }
     std::optional<IconSetting> iconSetting() const override;

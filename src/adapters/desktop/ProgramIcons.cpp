@@ -43,9 +43,9 @@ QString profileIn(const QByteArray &commandLine) {
     const QStringList words = QString::fromUtf8(commandLine).split(QChar(0));
     for (qsizetype index = 1; index < words.size(); ++index) {
         const QString &word = words[index];
-        const QString profile = word == u"--profile"_s || word == u"-p"_s ? words.value(index + 1)
-                                : word.startsWith(u"--profile="_s)        ? word.section(u'=', 1)
-                                                                          : QString();
+        QString profile = word == u"--profile"_s || word == u"-p"_s ? words.value(index + 1)
+                          : word.startsWith(u"--profile="_s)        ? word.section(u'=', 1)
+                                                                    : QString();
         if (isPlainName(profile)) {
             return profile;
         }

@@ -187,6 +187,11 @@ double scale() {
     return points / designPointSize * dotsPerInch() / designDotsPerInch;
 }
 
+bool isTextLarge() {
+    constexpr int largeFrom = 140; // percent, and fonts are not sized to the last digit
+    return std::lround(scale() * 100) >= largeFrom;
+}
+
 int scaled(double measure) {
     return static_cast<int>(std::lround(measure * scale()));
 }

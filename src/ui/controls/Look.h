@@ -97,6 +97,9 @@ double symbolStroke(double size);
 /// being 1.
 double scale();
 
+/// Whether text is so large, from 140 % on, that what stands side by side goes below each other.
+bool isTextLarge();
+
 /// `measure`, in logical pixels at a font of 10 points, for the application's font.
 int scaled(double measure);
 

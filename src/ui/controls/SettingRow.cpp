@@ -28,7 +28,6 @@ constexpr double aboveControl = 7;       // so that a row with a title and a swi
 constexpr double aboveControlAlone = 10; // where there is no symbol
 constexpr double rowTitleToDetail = 2;
 constexpr double textToBelow = 10;
-constexpr double stackedFrom = 1.4; // of the scale, the control goes below its texts
 
 /// How far the control's box ends from the card's rowEdge, so that what is painted of it ends at
 /// the common line.
@@ -67,7 +66,7 @@ SettingRow::SettingRow(const Words &words, QWidget *control, QWidget *parent)
     top->setSpacing(scaled(rowPartsGap));
     top->addWidget(m_labels, 1, Qt::AlignVCenter);
     column->addLayout(top);
-    if (control != nullptr && scale() < stackedFrom) {
+    if (control != nullptr && !isTextLarge()) {
         top->addWidget(control, 0, Qt::AlignVCenter);
     } else if (control != nullptr) {
         auto *under = new QHBoxLayout;

@@ -64,6 +64,7 @@ Tile::Tile(const Words &words, QWidget *parent)
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
+    setAutoDefault(true); // so that Enter presses it too
     set(words);
 }
 

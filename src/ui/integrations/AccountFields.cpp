@@ -16,7 +16,6 @@ namespace zeph::ui {
 namespace {
 
 constexpr double pairGap = 10;
-constexpr double besideUntil = 1.4; // from this scale on, fields are below each other
 
 void setTextOf(TextField &field, const QString &text) {
     if (field.text() != text) {
@@ -38,7 +37,7 @@ AccountFields::AccountFields(const AccountWords &service, QWidget *parent)
         }
     }
     const bool asksForBoth = value != nullptr && !service.keyLabel.isEmpty();
-    if (asksForBoth && scale() < besideUntil) {
+    if (asksForBoth && !isTextLarge()) {
         addPair(name, value);
     } else {
         add(name);

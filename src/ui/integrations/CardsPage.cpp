@@ -19,6 +19,7 @@
 #include <QHBoxLayout>
 
 #include <set>
+#include <utility>
 
 namespace zeph::ui {
 
@@ -28,10 +29,11 @@ namespace {
 
 constexpr double tileGap = 12;
 constexpr double groupGap = 30;
-constexpr double singleColumnFrom = 1.4;
+constexpr double leastBeside = 230; // of a tile that has another one beside it
 
-int tileColumns() {
-    return scale() < singleColumnFrom ? 2 : 1;
+int tileColumns(int width) {
+    const bool isRoomForTwo = width >= 2 * scaled(leastBeside) + scaled(tileGap);
+    return !isTextLarge() && isRoomForTwo ? 2 : 1;
 }
 
 /// The group that the custom endpoints stand in.
@@ -51,8 +53,9 @@ CardsPage::CardsPage(const IntegrationsContext &context, PageActions actions, QW
         auto *grid = new QGridLayout(tiles);
         grid->setContentsMargins(0, 0, 0, 0);
         grid->setSpacing(scaled(tileGap));
-        if (group.cards.size() == 1 && tileColumns() > 1) { // no wider than where there are two
-            grid->addWidget(new QWidget(tiles), 0, 1);
+        if (group.cards.size() == 1) { // no wider than where there are two
+            m_fillers.push_back(new QWidget(tiles));
+            grid->addWidget(m_fillers.back(), 0, 1);
         }
         m_grids.push_back(grid);
         add(tiles, tileGap);
@@ -138,6 +141,9 @@ void CardsPage::refresh() {
         }
         return isGone;
     });
+    for (QWidget *filler : m_fillers) {
+        filler->setVisible(m_columns > 1);
+    }
     bool hasMoved = false;
     for (std::size_t index = 0; index < groups.size(); ++index) {
         hasMoved = fill(*m_grids[index], groups[index]) || hasMoved;
@@ -161,9 +167,16 @@ void CardsPage::orderCards(const std::vector<CardGroup> &groups) {
     orderStops(stops);
 }
 
+void CardsPage::resizeEvent(QResizeEvent *event) {
+    IntegrationsPage::resizeEvent(event);
+    if (std::exchange(m_columns, tileColumns(width())) != m_columns) {
+        refresh();
+    }
+}
+
 /// Keeps the cards that are there, since one may have the focus. True when one stands elsewhere.
 bool CardsPage::fill(QGridLayout &grid, const CardGroup &group) {
-    const int columns = tileColumns();
+    const int columns = m_columns;
     bool hasMoved = false;
     for (int index = 0; index < static_cast<int>(group.cards.size()); ++index) {
         const ServiceCard &words = group.cards[static_cast<std::size_t>(index)];
@@ -186,9 +199,8 @@ bool CardsPage::fill(QGridLayout &grid, const CardGroup &group) {
             hasMoved = true;
         }
     }
-    for (int column = 0; column < columns; ++column) {
-        grid.setColumnStretch(column, 1);
-    }
+    grid.setColumnStretch(0, 1);
+    grid.setColumnStretch(1, columns - 1);
     return hasMoved;
 }
 

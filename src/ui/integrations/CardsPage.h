@@ -32,6 +32,9 @@ public:
 
     void refresh();
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void addKeyringNotice();
     void addLockedLine();
@@ -39,6 +42,8 @@ private:
     bool fill(QGridLayout &grid, const CardGroup &group);
 
     std::vector<QGridLayout *> m_grids; ///< one a group
+    std::vector<QWidget *> m_fillers;   ///< beside a card that is alone in its group
+    int m_columns = 2;
     std::map<QString, IntegrationCard *> m_cards;
     QWidget *m_locked = nullptr; ///< shown while the endpoints can't be read
     PillButton *m_openKeyring = nullptr;

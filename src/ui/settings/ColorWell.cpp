@@ -17,6 +17,7 @@ constexpr double wellHeight = 30;
 
 ColorWell::ColorWell(const QString &name, QWidget *parent) : QPushButton(parent) {
     setAccessibleName(name);
+    setAutoDefault(true); // so that Enter presses it too
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QPushButton::clicked, this, [this] { ask(); });
 }

@@ -89,7 +89,8 @@ QWidget *PermissionsPane::makeButtons() {
 void PermissionsPane::refresh() {
     const PermissionsManager &manager = *m_context.permissions;
     m_accessibility->show(*manager.accessibilityGranted,
-                          permissionState(*manager.accessibilityGranted));
+                          inputState(*manager.accessibilityGranted, manager.canCountKeys(),
+                                     manager.inputConsentTellsFront()));
     m_location->show(*manager.locationGranted,
                      locationState(*manager.locationGranted, manager.locationHindrance()));
     m_calendar->show(*manager.calendarGranted, permissionState(*manager.calendarGranted));

@@ -1,37 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "adapters/secret/SilentService.h"
 #include "adapters/secret/Elsewhere.h"
 #include "adapters/secret/SecretServer.h"
 #include "adapters/secret/SecretServiceStore.h"
-
-#include <QDBusMessage>
-#include <QDBusVirtualObject>
 
 using namespace Qt::StringLiterals;
 
 namespace zeph {
 
 namespace {
-
-/// A secret service that takes every call and answers none.
-class SilentService : public QDBusVirtualObject {
-public:
-    explicit SilentService(QDBusConnection bus) : m_bus(std::move(bus)) {
-        EXPECT_TRUE(m_bus.registerVirtualObject(u"/org/freedesktop/secrets"_s, this,
-                                                QDBusConnection::SubPath));
-        EXPECT_TRUE(m_bus.registerService(u"org.freedesktop.secrets"_s));
-    }
-    QString introspect(const QString & /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection & /*bus*/) override {
-        message.setDelayedReply(true);
-        ++calls;
-        return true;
-    }
-
-    std::atomic<int> calls = 0;
-
-private:
-    QDBusConnection m_bus;
-};
 
 class SilentServiceTest : public testing::Test {
 protected:

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "wayland/FakeCompositor.h"
 #include "wayland/WaylandClient.h"
+#include "x11/PlayedDesktop.h"
 #include "x11/X11Fixture.h"
 
+#include "adapters/session/x11/X11DesktopPicture.h"
+#include "adapters/session/x11/X11RootPixmapSurface.h"
 #include "support/FakeWindowServer.h"
 
 namespace zeph {
@@ -32,6 +35,35 @@ struct X11Kind {
     std::unique_ptr<X11Connection> connection;
     XTestClient client;
     std::unique_ptr<X11WindowServer> server;
+};
+
+/// In the picture of a program that draws icons, of which there is none where the tests paint.
+struct RootPixmapKind {
+    RootPixmapKind()
+        : desktop(session.display(), {1280, 800}, Qt::darkRed),
+          connection(X11Connection::open(session.display())),
+          client(session.display()),
+          picture(*connection, [] {}) {
+        picture.setTarget(desktop.target());
+    }
+
+    std::unique_ptr<DesktopSurface> make(const Screen &screen) {
+        return std::make_unique<X11RootPixmapSurface>(*connection, picture, screen);
+    }
+    bool waitForShown(const QImage &expected) {
+        return waitUntil([&] { return client.screenshot(expected.rect()) == expected; });
+    }
+    static void setFree() {}
+    /// What is put is more than is sent without shared memory, and read in a later turn.
+    static void keepBusy(DesktopSurface &surface) {
+        surface.show([](QImage &frame) { return QRegion(frame.rect()); });
+    }
+
+    XvfbSession session;
+    PlayedDesktop desktop;
+    std::unique_ptr<X11Connection> connection;
+    XTestClient client;
+    X11DesktopPicture picture;
 };
 
 struct FakeKind {
@@ -91,7 +123,7 @@ protected:
     Kind kind;
 };
 
-using Kinds = testing::Types<X11Kind, LayerKind, FakeKind>;
+using Kinds = testing::Types<X11Kind, RootPixmapKind, LayerKind, FakeKind>;
 TYPED_TEST_SUITE(SurfaceContract, Kinds);
 
 TYPED_TEST(SurfaceContract, hasBlackPixelsOfTheScreensSizeAtFirst) {

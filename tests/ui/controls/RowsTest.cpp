@@ -250,8 +250,11 @@ TEST_F(TileTest, isAButtonThatSaysWhereItStands) {
     EXPECT_EQ(accessible(tile).text(QAccessible::Name), u"Stripe");
     EXPECT_EQ(accessible(tile).text(QAccessible::Description), u"Revenue. 2 connected");
     tile.setFocus(Qt::TabFocusReason);
-    QTest::keyClick(&tile, Qt::Key_Space);
-    EXPECT_TRUE(isPressed);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
+        isPressed = false;
+        QTest::keyClick(&tile, key);
+        EXPECT_TRUE(isPressed) << key;
+    }
 }
 
 TEST_F(TileTest, isAsHighAsWhatStandsOnIt) {

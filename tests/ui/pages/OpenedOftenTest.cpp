@@ -5,6 +5,9 @@
 
 #include <malloc.h>
 
+#include <algorithm>
+#include <array>
+
 namespace zeph {
 
 /// The window as it is kept over months.
@@ -28,9 +31,8 @@ protected:
 };
 
 TEST_F(OpenedOftenTest, fiveHundredTimesTakesNoMoreMemoryThanAnEmptyWindow) {
-    constexpr int often = 500;
-    constexpr int untilCachesAreFull = 20;
-    constexpr qint64 flat = qint64{48} << 10;
+    constexpr int aRound = 100;
+    constexpr qint64 flat = qint64{8} << 10; // in a round
     open();
     for (const SettingsPages::Page &page : pages.pages()) {
         page.show(); // so that every pane is there
@@ -39,10 +41,16 @@ TEST_F(OpenedOftenTest, fiveHundredTimesTakesNoMoreMemoryThanAnEmptyWindow) {
     pages.pages().front().show();
     QWidget empty;
     empty.setAttribute(Qt::WA_QuitOnClose, false);
-    growth(empty, untilCachesAreFull);
-    const qint64 own = growth(empty, often);
-    growth(*window, untilCachesAreFull);
-    EXPECT_LT(growth(*window, often), own + flat);
+    growth(empty, aRound / 5); // until caches are full
+    const qint64 own = growth(empty, aRound);
+    growth(*window, aRound / 5);
+    std::array<qint64, 5> rounds{};
+    for (qint64 &round : rounds) {
+        round = growth(*window, aRound);
+    }
+    // Now and then a cache is filled or emptied.
+    std::sort(rounds.begin(), rounds.end());
+    EXPECT_LT(rounds[rounds.size() / 2], own + flat) << testing::PrintToString(rounds);
 }
 
 } // namespace zeph

@@ -42,6 +42,16 @@ TEST_F(PermissionsPaneTest, givesAndTakesBackTheConsentToCountInput) {
     EXPECT_TRUE(named<PillButton>(u"Allow Accessibility"_s).hasFocus());
 }
 
+TEST_F(PermissionsPaneTest, saysWhereKeysCanNotBeCounted) {
+    const QString note = u"Your desktop does not tell how often keys are pressed, so there is no "
+                         u"typing rhythm here."_s;
+    open();
+    EXPECT_FALSE(says(note));
+    input.countsKeys = false;
+    open();
+    EXPECT_TRUE(says(note));
+}
+
 TEST_F(PermissionsPaneTest, asksForTheLocation) {
     open();
     click(named<PillButton>(u"Allow Location"_s));

@@ -14,8 +14,9 @@ constexpr double kMillisecondsInSecond = 1000;
 
 } // namespace
 
-WatchedInputEvents::WatchedInputEvents(std::unique_ptr<IdleWatcher> watcher, Consent &consent)
-    : m_watcher(std::move(watcher)), m_consent(consent) {}
+WatchedInputEvents::WatchedInputEvents(std::unique_ptr<IdleWatcher> watcher, Consent &consent,
+                                       ConsentUse use)
+    : m_watcher(std::move(watcher)), m_consent(consent), m_use(use) {}
 
 bool WatchedInputEvents::isQuietForMoreThan(double seconds) const {
     // A watch tells once its time is reached, and more than that is asked for.

@@ -12,6 +12,6 @@ GnomeSession::GnomeSession(std::unique_ptr<X11Session> x11, const Surroundings &
       m_accessible(surroundings.sessionBus, surroundings.background, surroundings.inputConsent),
       m_workspace(m_x11->workspace(), m_accessible, surroundings.entries, surroundings.runLoop),
       m_inputEvents(std::make_unique<MutterIdle>(surroundings.sessionBus),
-                    surroundings.inputConsent) {}
+                    surroundings.inputConsent, WatchedInputEvents::ConsentUse::frontApplication) {}
 
 } // namespace zeph

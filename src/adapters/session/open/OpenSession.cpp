@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/open/OpenSession.h"
 
+#include "adapters/session/gnome/GnomeSession.h"
+#include "adapters/session/open/KWinParts.h"
+#include "adapters/session/open/ProtocolParts.h"
 #include "adapters/session/open/SwayParts.h"
 #include "adapters/session/wayland/WaylandSession.h"
 #include "adapters/session/x11/X11Session.h"
 #include "base/Log.h"
+
+#include <QDBusConnection>
 
 using namespace Qt::StringLiterals;
 
@@ -12,13 +17,36 @@ namespace zeph {
 
 namespace {
 
+bool isCurrentDesktop(const QString &name) {
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(name);
+}
+
 /// By what the compositor offers beside the protocol.
-std::unique_ptr<SessionParts> makeSessionParts(const SessionSurroundings &surroundings) {
+std::unique_ptr<SessionParts> makeSessionParts(const SessionSurroundings &surroundings,
+                                               WaylandConnection &connection,
+                                               WaylandOutputs &outputs) {
     const QString sway = qEnvironmentVariable("SWAYSOCK");
     if (!sway.isEmpty()) {
-        return std::make_unique<SwayParts>(surroundings.runLoop, surroundings.entries, sway);
+        return std::make_unique<SwayParts>(surroundings, connection, outputs, sway);
     }
-    return std::make_unique<UnknownParts>();
+    if (isCurrentDesktop(u"KDE"_s)) {
+        return std::make_unique<KWinParts>(surroundings, connection, QDBusConnection::sessionBus());
+    }
+    return std::make_unique<ProtocolParts>(surroundings, connection);
+}
+
+/// The X server of a Wayland compositor tells of its own windows and input alone.
+OpenedSession openX11Session(const SessionSurroundings &surroundings, bool isOfWayland) {
+    auto opened = X11Session::open({surroundings.entries, surroundings.inputConsent});
+    if (!opened.session || !isOfWayland) {
+        return {std::move(opened.session), opened.refusal};
+    }
+    return {std::make_unique<GnomeSession>(
+                std::move(opened.session),
+                GnomeSession::Surroundings{QDBusConnection::sessionBus(), surroundings.background,
+                                           surroundings.entries, surroundings.inputConsent,
+                                           surroundings.runLoop}),
+            {}};
 }
 
 } // namespace
@@ -40,18 +68,16 @@ OpenedSession openSession(const QByteArray &compositor, const SessionOpeners &op
 }
 
 OpenedSession openSession(const SessionSurroundings &surroundings) {
-    const auto makeParts = [&surroundings](WaylandConnection & /*connection*/,
-                                           WaylandOutputs & /*outputs*/) {
-        return makeSessionParts(surroundings);
+    const auto makeParts = [&surroundings](WaylandConnection &connection, WaylandOutputs &outputs) {
+        return makeSessionParts(surroundings, connection, outputs);
     };
-    return openSession(
-        qgetenv("WAYLAND_DISPLAY"),
-        {[&makeParts](const QByteArray &display) {
-             return WaylandSession::open(makeParts, display);
-         },
-         [&surroundings] {
-             return X11Session::open({surroundings.entries, surroundings.inputConsent});
-         }});
+    const QByteArray compositor = qgetenv("WAYLAND_DISPLAY");
+    return openSession(compositor, {[&makeParts](const QByteArray &display) {
+                                        return WaylandSession::open(makeParts, display);
+                                    },
+                                    [&surroundings, &compositor] {
+                                        return openX11Session(surroundings, !compositor.isEmpty());
+                                    }});
 }
 
 QByteArray toolkitPlatform(bool hasX11, bool hasWayland) {

@@ -9,6 +9,7 @@
 
 namespace zeph {
 
+class Background;
 class Consent;
 class DesktopEntries;
 class RunLoop;
@@ -29,6 +30,7 @@ struct SessionSurroundings {
     DesktopEntries &entries;
     Consent &inputConsent;
     RunLoop &runLoop;
+    const Background &background;
 };
 
 /// The session of the environment.

@@ -1,9 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/open/SwayParts.h"
 
+#include "adapters/session/open/OpenSession.h"
+#include "adapters/session/wayland/WaylandIdle.h"
+#include "adapters/session/wayland/WaylandOutputs.h"
+
 namespace zeph {
 
-SwayParts::SwayParts(RunLoop &runLoop, DesktopEntries &entries, const QString &socket)
-    : m_ipc(runLoop, socket), m_workspace(m_ipc, entries), m_list(m_ipc), m_insets(m_list) {}
+SwayParts::SwayParts(const SessionSurroundings &surroundings, WaylandConnection &connection,
+                     WaylandOutputs &outputs, const QString &socket)
+    : m_ipc(surroundings.runLoop, socket),
+      m_workspace(m_ipc, surroundings.entries),
+      m_list(m_ipc),
+      m_insets(m_list),
+      m_virtualDesktops(m_list,
+                        [&outputs](const QString &name) { return outputs.identityOf(name); }),
+      m_inputEvents(std::make_unique<WaylandIdle>(connection), surroundings.inputConsent) {}
 
 } // namespace zeph

@@ -1,20 +1,26 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/session/common/WatchedInputEvents.h"
 #include "adapters/session/sway/SwayInsets.h"
 #include "adapters/session/sway/SwayIpc.h"
+#include "adapters/session/sway/SwayVirtualDesktops.h"
 #include "adapters/session/sway/SwayWorkspace.h"
 #include "adapters/session/sway/SwayWorkspaceList.h"
 #include "adapters/session/wayland/SessionParts.h"
-#include "adapters/session/wayland/UnknownParts.h"
 
 namespace zeph {
 
-/// What sway tells over its own socket.
+struct SessionSurroundings;
+class WaylandConnection;
+class WaylandOutputs;
+
+/// What sway tells over its own socket, and of the input by the protocol.
 class SwayParts : public SessionParts {
 public:
     /// `socket` as in SWAYSOCK. The others outlive this.
-    SwayParts(RunLoop &runLoop, DesktopEntries &entries, const QString &socket);
+    SwayParts(const SessionSurroundings &surroundings, WaylandConnection &connection,
+              WaylandOutputs &outputs, const QString &socket);
 
     Workspace &workspace() override { return m_workspace; }
     InputEvents &inputEvents() override { return m_inputEvents; }
@@ -26,8 +32,8 @@ private:
     SwayWorkspace m_workspace;
     SwayWorkspaceList m_list;
     SwayInsets m_insets;
-    UnknownInputEvents m_inputEvents;
-    NoVirtualDesktops m_virtualDesktops;
+    SwayVirtualDesktops m_virtualDesktops;
+    WatchedInputEvents m_inputEvents;
 };
 
 } // namespace zeph

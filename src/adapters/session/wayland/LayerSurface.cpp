@@ -46,7 +46,7 @@ void LayerSurface::makeLayer() {
     if (!place) {
         return;
     }
-    Layer &layer = m_layer.emplace();
+    LayerObjects &layer = m_layer.emplace();
     layer.output = place->number;
     layer.surface.reset(wl_compositor_create_surface(&m_tools.compositor));
     const WaylandHandle<wl_region> nowhere(wl_compositor_create_region(&m_tools.compositor));
@@ -141,7 +141,7 @@ QRegion LayerSurface::show(FramePainter paint) {
         return {};
     }
     m_waiting = nullptr;
-    const QRegion painted = m_frames.paint(paint);
+    QRegion painted = m_frames.paint(paint);
     if (!painted.isEmpty()) {
         showFrame(painted);
     }
@@ -198,7 +198,7 @@ void LayerSurface::attach(const WaylandPixels &pixels) {
 }
 
 void LayerSurface::scale(const SurfaceScaling &scaling) {
-    Layer &layer = *m_layer;
+    LayerObjects &layer = *m_layer;
     if (scaling == layer.scaling) {
         return;
     }

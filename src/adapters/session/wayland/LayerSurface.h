@@ -25,6 +25,18 @@ struct LayerTools {
     SteadyNow now;
 };
 
+/// The objects of the protocol behind a surface, in the order of their making.
+struct LayerObjects {
+    std::uint32_t output = 0; ///< number of the output that it is on
+    WaylandHandle<wl_surface> surface;
+    WaylandHandle<zwlr_layer_surface_v1> role;
+    WaylandHandle<wp_viewport> viewport; ///< made when it is needed
+    std::optional<QSize> points;         ///< absent until the compositor has told a size
+    std::optional<std::uint32_t> serial; ///< of a size that is not answered yet
+    QSize attached;                      ///< size of the pixels that it shows
+    SurfaceScaling scaling;
+};
+
 /// A surface on the layer between the compositor's own background and all windows. Hidden, it shows
 /// one pixel of nothing: a surface that is taken off has to be negotiated anew, which compositors
 /// get wrong in haste. While its output is away there is nothing on the screen.
@@ -40,18 +52,6 @@ public:
     void orderOut() override;
 
 private:
-    /// The objects of the protocol, in the order of their making.
-    struct Layer {
-        std::uint32_t output = 0; ///< number of the output that it is on
-        WaylandHandle<wl_surface> surface;
-        WaylandHandle<zwlr_layer_surface_v1> role;
-        WaylandHandle<wp_viewport> viewport; ///< made when it is needed
-        std::optional<QSize> points;         ///< absent until the compositor has told a size
-        std::optional<std::uint32_t> serial; ///< of a size that is not answered yet
-        QSize attached;                      ///< size of the pixels that it shows
-        SurfaceScaling scaling;
-    };
-
     void makeLayer();
     void followPlaces();
     void noteSize(std::uint32_t serial, QSize points);
@@ -72,7 +72,7 @@ private:
     WaylandFrames m_frames;
     std::unique_ptr<WaylandPixels> m_nothing; // made when it is needed
     FramePainter m_waiting;                   // until pixels are free
-    std::optional<Layer> m_layer;             // absent while the output is away
+    std::optional<LayerObjects> m_layer;      // absent while the output is away
     Subscription m_places;
     QObject m_context;
 };

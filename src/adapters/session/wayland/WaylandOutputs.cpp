@@ -77,6 +77,19 @@ std::optional<WaylandOutputs::Place> WaylandOutputs::placeOf(const Screen &scree
                                      : std::optional(Place{(*output)->handle(), found->second});
 }
 
+QString WaylandOutputs::identityOf(const QString &name) const {
+    for (const auto &output : m_outputs) {
+        const auto shown =
+            std::find_if(m_screens.begin(), m_screens.end(), [&output](const auto &candidate) {
+                return candidate.second == output->number();
+            });
+        if (output->facts().words.connector == name && shown != m_screens.end()) {
+            return shown->first.persistentID.value_or(QString());
+        }
+    }
+    return {};
+}
+
 void WaylandOutputs::followGlobals() {
     const auto &globals = m_connection.globals();
     const auto isGone = [&globals](const auto &output) {

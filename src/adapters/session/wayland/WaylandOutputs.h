@@ -38,6 +38,10 @@ public:
     /// The output that shows `screen` now, or none.
     std::optional<Place> placeOf(const Screen &screen) const;
 
+    /// `Screen::persistentID` of the output that the compositor calls `name`; empty where none is
+    /// shown.
+    QString identityOf(const QString &name) const;
+
     /// Calls `handler` after an output came, went or changed, also where the screens are the same.
     [[nodiscard]] Subscription subscribeToPlaces(std::function<void()> handler);
 

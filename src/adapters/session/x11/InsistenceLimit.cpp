@@ -8,15 +8,14 @@ namespace zeph {
 
 namespace {
 
-constexpr int kBurstMilliseconds = 2000;
-constexpr int kLongestBurstMilliseconds = 64000;
+constexpr std::chrono::milliseconds kLongestBurst{64000};
 
 } // namespace
 
-InsistenceLimit::InsistenceLimit(std::function<void()> lookAgain)
-    : m_lookAgain(std::move(lookAgain)) {
+InsistenceLimit::InsistenceLimit(std::function<void()> lookAgain, std::chrono::milliseconds burst)
+    : m_lookAgain(std::move(lookAgain)), m_shortest(burst) {
     m_burst.setSingleShot(true);
-    m_burst.setInterval(kBurstMilliseconds);
+    m_burst.setInterval(m_shortest);
     QObject::connect(&m_burst, &QTimer::timeout, &m_burst, [this] { endBurst(); });
 }
 
@@ -34,8 +33,8 @@ bool InsistenceLimit::allows(int most) {
 }
 
 void InsistenceLimit::endBurst() {
-    m_burst.setInterval(m_wasCutOff ? std::min(2 * m_burst.interval(), kLongestBurstMilliseconds)
-                                    : kBurstMilliseconds);
+    m_burst.setInterval(m_wasCutOff ? std::min(2 * m_burst.intervalAsDuration(), kLongestBurst)
+                                    : m_shortest);
     if (m_wasCutOff) {
         m_lookAgain();
     }

@@ -3,6 +3,7 @@
 
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 
 namespace zeph {
@@ -13,7 +14,8 @@ class InsistenceLimit {
 public:
     /// `lookAgain` is called at the end of a burst that was cut off, as no notice comes any more
     /// when both sides rest. With a program that goes on and on that happens ever more seldom.
-    explicit InsistenceLimit(std::function<void()> lookAgain);
+    explicit InsistenceLimit(std::function<void()> lookAgain,
+                             std::chrono::milliseconds burst = std::chrono::seconds(2));
 
     /// Whether it may be asked for once more, `most` times within a burst. Counts the question.
     bool allows(int most);
@@ -22,6 +24,7 @@ private:
     void endBurst();
 
     std::function<void()> m_lookAgain;
+    std::chrono::milliseconds m_shortest;
     QTimer m_burst; // runs from the first question to the end of the burst
     int m_asked = 0;
     bool m_wasCutOff = false;

@@ -133,10 +133,10 @@ void askForNoAttention(X11Connection &connection, xcb_window_t window) {
         {kRemove, connection.atom(X11Atom::netWmStateDemandsAttention), 0, kFromApplication, 0});
 }
 
-void askToRaise(X11Connection &connection, xcb_window_t window) {
+void askToRestack(X11Connection &connection, xcb_window_t window, xcb_stack_mode_t mode) {
     constexpr std::uint32_t kFromPager = 2; // ordinary applications are refused by some managers
     askManager(connection, window, connection.atom(X11Atom::netRestackWindow),
-               {kFromPager, XCB_WINDOW_NONE, XCB_STACK_MODE_ABOVE, 0, 0});
+               {kFromPager, XCB_WINDOW_NONE, static_cast<std::uint32_t>(mode), 0, 0});
 }
 
 void lower(X11Connection &connection, xcb_window_t window) {

@@ -29,8 +29,9 @@ void askForNoAttention(X11Connection &connection, xcb_window_t window);
 /// Lets every click through to what lies beneath.
 void refuseInput(X11Connection &connection, xcb_window_t window);
 
-/// Asks the window manager to put the window above its peers.
-void askToRaise(X11Connection &connection, xcb_window_t window);
+/// Asks the window manager to put the window above or below its peers, as a pager does. Some
+/// refuse that to applications while people work in another.
+void askToRestack(X11Connection &connection, xcb_window_t window, xcb_stack_mode_t mode);
 
 /// Puts the window beneath its peers, by the window manager where it knows the window.
 void lower(X11Connection &connection, xcb_window_t window);

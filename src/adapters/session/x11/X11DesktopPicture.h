@@ -44,7 +44,7 @@ public:
     /// `askForItsOwn` has the desktop program paint its picture anew where it has a way to be
     /// asked; it is called when what a killed run kept may be out of date.
     X11DesktopPicture(X11Connection &connection, std::function<void()> askForItsOwn);
-    ~X11DesktopPicture();
+    ~X11DesktopPicture() override;
 
     /// False when the server lacks what tells their pixels from ours.
     static bool isPossible(const X11Connection &connection);

@@ -74,9 +74,8 @@ void X11DesktopStacking::keepAbove(xcb_window_t window, const std::vector<xcb_wi
     if (ours == order.end() || hiding == order.end() || !mayRestack()) {
         return;
     }
-    const auto &manager = m_manager.facts();
-    if (!manager || manager->knowsRestacking) {
-        askToRaise(m_connection, window);
+    if (canAsk()) {
+        askToRestack(m_connection, window, XCB_STACK_MODE_ABOVE);
         return;
     }
     std::for_each(hiding, order.end(), [&](xcb_window_t other) {
@@ -90,9 +89,18 @@ void X11DesktopStacking::keepBelow(xcb_window_t window, const std::vector<xcb_wi
     const auto &order = m_windows.all();
     const auto ours = std::find(order.begin(), order.end(), window);
     const auto hidden = std::find_first_of(order.begin(), ours, others.begin(), others.end());
-    if (ours != order.end() && hidden != ours && mayRestack()) {
+    if (ours == order.end() || hidden == ours || !mayRestack()) {
+        return;
+    }
+    if (canAsk()) {
+        askToRestack(m_connection, window, XCB_STACK_MODE_BELOW);
+    } else {
         lower(m_connection, window);
     }
+}
+
+bool X11DesktopStacking::canAsk() const {
+    return !m_manager.facts() || m_manager.facts()->knowsRestacking;
 }
 
 bool X11DesktopStacking::mayRestack() {

@@ -40,6 +40,7 @@ private:
     void keepAbove(xcb_window_t window, const std::vector<xcb_window_t> &others);
     void keepBelow(xcb_window_t window, const std::vector<xcb_window_t> &others);
     std::vector<xcb_window_t> desktopsOfOthers() const;
+    bool canAsk() const;
     bool mayRestack();
 
     X11Connection &m_connection;

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace zeph {
 
-OpenedSession X11Session::open(const Surroundings &surroundings, const QByteArray &display) {
+X11Session::Opened X11Session::open(const Surroundings &surroundings, const QByteArray &display) {
     auto connection = X11Connection::open(display);
     if (!connection) {
         return {nullptr, u"there is no X display to draw on"_s};

@@ -20,8 +20,14 @@ public:
         Consent &inputConsent;
     };
 
+    /// A session, or why there is none, to tell the user.
+    struct Opened {
+        std::unique_ptr<X11Session> session;
+        QString refusal;
+    };
+
     /// Connects to `display`, that of the environment when empty. A few round trips.
-    static OpenedSession open(const Surroundings &surroundings, const QByteArray &display = {});
+    static Opened open(const Surroundings &surroundings, const QByteArray &display = {});
 
     Screens &screens() override { return m_screens; }
     WindowServer &windowServer() override { return *m_windowServer; }

@@ -82,6 +82,10 @@ TEST_F(WatchedInputEventsTest, saysThatKeysCanNotBeCounted) {
     consent.set(ConsentState::granted);
     EXPECT_FALSE(events.canCountKeys());
     EXPECT_EQ(events.makeTap([](const InputEvent &) {}), nullptr);
+    EXPECT_FALSE(events.consentTellsFront());
+    const WatchedInputEvents ofGnome(nullptr, consent,
+                                     WatchedInputEvents::ConsentUse::frontApplication);
+    EXPECT_TRUE(ofGnome.consentTellsFront());
 }
 
 TEST_F(WatchedInputEventsTest, isTrustedByTheUsersConsentAlone) {

@@ -54,6 +54,23 @@ TEST(WaylandOutputs, areKnownAtOnceInEveryVersionOfTheProtocol) {
     }
 }
 
+TEST(WaylandOutputs, areIdentifiedByTheNameThatTheCompositorGives) {
+    FakeOutput dark = second();
+    dark.mode = {};
+    dark.points = {};
+    dark.name = "DP-3";
+    dark.description = "Acme P24 8 (DP-3)";
+    FakeCompositor compositor({.outputs = {second(), FakeOutput(), dark}});
+    const Followed followed(compositor);
+    const auto screens = followed.outputs.all();
+    ASSERT_EQ(screens.size(), 2U);
+    EXPECT_EQ(followed.outputs.identityOf(u"DP-1"_s), screens[0].persistentID);
+    EXPECT_EQ(followed.outputs.identityOf(u"DP-2"_s), screens[1].persistentID);
+    EXPECT_NE(screens[0].persistentID, screens[1].persistentID);
+    EXPECT_EQ(followed.outputs.identityOf(u"DP-3"_s), QString()) << "it shows nothing";
+    EXPECT_EQ(followed.outputs.identityOf(u"HDMI-A-1"_s), QString());
+}
+
 TEST(WaylandOutputs, beginWithTheOneAtTheOrigin) {
     FakeCompositor compositor({.outputs = {second(), FakeOutput()}});
     const Followed followed(compositor);

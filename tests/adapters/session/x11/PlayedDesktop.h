@@ -17,7 +17,7 @@ namespace zeph {
 /// on a connection of its own and waiting until the server has done what it asks for.
 class PlayedDesktop {
 public:
-    static constexpr QRect icon{40, 40, 50, 50};
+    static constexpr QRect icon{1100, 300, 50, 50};
     static constexpr QRgb iconColour = 0xFFFFFF;
 
     /// With a picture of one colour. Of depth 24 it is on the screen too.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "X11Fixture.h"
 
+#include "adapters/session/x11/InsistenceLimit.h"
+
 #include <gmock/gmock.h>
 
 #include <QTemporaryDir>
@@ -109,6 +111,64 @@ TEST_F(RealManagersTest, comesBackAboveADesktopThatIsRaisedWithoutRestacking) {
                   std::chrono::milliseconds(200));
         EXPECT_TRUE(waitForPixel(kPlace, Qt::blue));
     }
+}
+
+TEST_F(X11OpenboxTest, liesBeneathADesktopThatShinesThrough) {
+    const auto base = client->show({.geometry = kWholeScreen,
+                                    .colour = 0x552200,
+                                    .type = kDesktopType,
+                                    .instance = "nemo-desktop",
+                                    .name = "Nemo-desktop"});
+    server->settle();
+    session.start({u"picom"_s, u"--config"_s, u"/dev/null"_s, u"--backend"_s, u"xrender"_s});
+    ASSERT_TRUE(waitUntil(
+        [&] { return server->drawingWay().mechanism == DrawingMechanism::underDesktopProgram; }));
+    const auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    fill(*surface, Qt::blue);
+    surface->orderFront();
+    const auto window = windowOf(*surface);
+    const auto isBeneath = [&] {
+        const auto order = client->stacking();
+        return client->isViewable(window) &&
+               order.indexOf(client->frameOf(window)) < order.indexOf(client->frameOf(base));
+    };
+    ASSERT_TRUE(waitUntil(isBeneath));
+    for (int i = 0; i < 3; ++i) {
+        client->raise(window);
+        waitUntil([&] { return !isBeneath(); }, std::chrono::milliseconds(300));
+        EXPECT_TRUE(waitUntil(isBeneath));
+    }
+}
+
+TEST_F(X11OpenboxTest, goesBackToItsScreenWhenItIsMovedOrResized) {
+    const auto surface = showSurface(Qt::blue);
+    const auto window = windowOf(*surface);
+    for (const QString &place : {u"0,100,100,600,400"_s, u"0,-300,0,1280,800"_s}) {
+        session.run({u"wmctrl"_s, u"-i"_s, u"-r"_s, QString::number(window), u"-e"_s, place});
+        waitUntil([&] { return client->geometry(window) != kWholeScreen; },
+                  std::chrono::milliseconds(300));
+        EXPECT_TRUE(waitUntil([&] { return client->geometry(window) == kWholeScreen; }));
+    }
+    EXPECT_TRUE(waitForPixel(kPlace, Qt::blue));
+}
+
+TEST(InsistenceLimitTest, stopsAfterSoManyQuestionsAndLooksAgainAfterTheBurst) {
+    int looks = 0;
+    InsistenceLimit limit([&] { ++looks; }, std::chrono::milliseconds(20));
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_TRUE(limit.allows(3));
+    }
+    EXPECT_FALSE(limit.allows(3));
+    EXPECT_TRUE(waitUntil([&] { return looks == 1; }));
+    EXPECT_TRUE(limit.allows(3)) << "the next burst begins anew";
+}
+
+TEST(InsistenceLimitTest, restsWhenNothingWasCutOff) {
+    int looks = 0;
+    InsistenceLimit limit([&] { ++looks; }, std::chrono::milliseconds(1));
+    EXPECT_TRUE(limit.allows(1));
+    runLoopFor(std::chrono::milliseconds(30));
+    EXPECT_EQ(looks, 0);
 }
 
 } // namespace zeph

@@ -26,6 +26,7 @@ protected:
 
     /// As the program starts: on a connection of its own, which a kill ends.
     void start() {
+        server.reset(); // of the connection that ends here
         connection = X11Connection::open(session.display());
         picture = std::make_unique<X11DesktopPicture>(*connection, [this] { ++reloads; });
         picture->setTarget(desktop.target());

@@ -19,7 +19,7 @@ namespace {
 struct SessionTest : X11Test {
     explicit SessionTest(const XvfbSession::Options &options = {}) : X11Test(options) {}
 
-    OpenedSession open(const QByteArray &display) {
+    X11Session::Opened open(const QByteArray &display) {
         return X11Session::open({entries, consents.input}, display);
     }
 
@@ -38,7 +38,7 @@ struct PoorSessionTest : SessionTest {
 } // namespace
 
 TEST_F(SessionTest, offersEverythingOfOneDisplay) {
-    const OpenedSession opened = open(session.display());
+    const X11Session::Opened opened = open(session.display());
     ASSERT_TRUE(opened.session);
     EXPECT_EQ(opened.refusal, QString());
     EXPECT_EQ(opened.session->screens().all().size(), 1U);
@@ -51,13 +51,13 @@ TEST_F(SessionTest, offersEverythingOfOneDisplay) {
 }
 
 TEST_F(SessionTest, saysThatThereIsNoDisplay) {
-    const OpenedSession opened = open(":999999");
+    const X11Session::Opened opened = open(":999999");
     EXPECT_FALSE(opened.session);
     EXPECT_EQ(opened.refusal, u"there is no X display to draw on"_s);
 }
 
 TEST_F(PoorSessionTest, saysThatThePixelsCantBePainted) {
-    const OpenedSession opened = open(session.display());
+    const X11Session::Opened opened = open(session.display());
     EXPECT_FALSE(opened.session);
     EXPECT_EQ(opened.refusal, u"the X server keeps pixels in no form that can be painted"_s);
 }

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/open/KWinParts.h"
+
+#include "adapters/session/open/OpenSession.h"
+#include "adapters/session/wayland/WaylandIdle.h"
+
+#include <QDir>
+
+namespace zeph {
+
+namespace {
+
+/// Where KWin can read what another program of the user writes.
+QString sharedFolder() {
+    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    return folder.isEmpty() ? QDir::tempPath() : folder;
+}
+
+} // namespace
+
+KWinParts::KWinParts(const SessionSurroundings &surroundings, WaylandConnection &connection,
+                     const QDBusConnection &sessionBus)
+    : m_script(sessionBus, sharedFolder()),
+      m_workspace(m_script, surroundings.entries, surroundings.runLoop),
+      m_virtualDesktops(sessionBus),
+      m_insets(sessionBus, m_script),
+      m_inputEvents(std::make_unique<WaylandIdle>(connection), surroundings.inputConsent) {}
+
+} // namespace zeph

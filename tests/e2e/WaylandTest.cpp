@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "TaviFixture.h"
+
+#include "support/SwaySession.h"
+
+#include <QElapsedTimer>
+
+#include <csignal>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+/// A sway of a loud colour and no X, unless the test wants that too.
+struct TaviOnSwayTest : TaviTest {
+    TaviOnSwayTest() {
+        if (!sway.isRunning()) {
+            throw std::runtime_error("sway did not start");
+        }
+        EXPECT_TRUE(waitUntil([this] { return countBare() == 1280 * 720; })) << "its background";
+    }
+
+    QProcessEnvironment environment() const {
+        QProcessEnvironment variables = TaviTest::environment();
+        variables.remove(u"DISPLAY"_s);
+        variables.insert(u"WAYLAND_DISPLAY"_s, QString::fromLocal8Bit(sway.waylandDisplay()));
+        variables.insert(u"SWAYSOCK"_s, QString::fromLocal8Bit(sway.controlSocket()));
+        return variables;
+    }
+
+    QImage picture() const {
+        return QImage::fromData(sway.run({u"grim"_s, u"-t"_s, u"ppm"_s, u"-"_s}), "PPM")
+            .convertToFormat(QImage::Format_RGB32);
+    }
+    qint64 countBare() const {
+        const QImage image = picture();
+        qint64 count = image.isNull() ? -1 : 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                count += (image.pixel(x, y) & 0xFFFFFF) == kBareScreen ? 1 : 0;
+            }
+        }
+        return count;
+    }
+    bool waitForLayer() const {
+        return waitUntil([this] { return countBare() == 0; }, kPatience);
+    }
+
+    SwaySession sway{{.configuration = "output * bg #FF00FF solid_color"}};
+};
+
+} // namespace
+
+TEST_F(TaviOnSwayTest, drawsWithoutAnyXAndLeavesTheScreenAsItWas) {
+    Program program(environment());
+    ASSERT_TRUE(waitForLayer()) << qPrintable(program.errors());
+    EXPECT_TRUE(waitUntil(
+        [this] { return readWords(picture()).contains(u"machine"_s, Qt::CaseInsensitive); },
+        kPatience));
+    program.send(SIGTERM);
+    EXPECT_TRUE(program.endsWith(EXIT_SUCCESS));
+    EXPECT_TRUE(waitUntil([this] { return countBare() == 1280 * 720; }));
+}
+
+TEST_F(TaviOnSwayTest, drawsAnewWhereTheScaleChanges) {
+    Program program(environment());
+    ASSERT_TRUE(waitForLayer());
+    ASSERT_TRUE(
+        sway.tell(u"output HEADLESS-1 mode --custom 1920x1080, output HEADLESS-1 scale 1.5"_s));
+    EXPECT_TRUE(
+        waitUntil([this] { return picture().width() == 1920 && countBare() == 0; }, kPatience));
+    EXPECT_TRUE(waitUntil(
+        [this] { return readWords(picture()).contains(u"machine"_s, Qt::CaseInsensitive); },
+        kPatience));
+    EXPECT_TRUE(program.isRunning());
+}
+
+TEST_F(TaviOnSwayTest, endsWellWithTheCompositor) {
+    Program program(environment());
+    ASSERT_TRUE(waitForLayer());
+    sway.killCompositor();
+    EXPECT_TRUE(program.endsWith(EXIT_SUCCESS)) << "with everything saved";
+}
+
+TEST_F(TaviOnSwayTest, saysThatThereIsNothingToDrawOn) {
+    QProcessEnvironment nowhere = environment();
+    nowhere.insert(u"WAYLAND_DISPLAY"_s, u"/nonexistent/display"_s);
+    Program program(nowhere);
+    EXPECT_TRUE(program.endsWith(EXIT_FAILURE));
+    EXPECT_EQ(program.errors(),
+              u"tavi: there is no X display and no Wayland compositor to draw on\n"_s);
+}
+
+} // namespace zeph
