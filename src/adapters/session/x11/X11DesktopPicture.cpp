@@ -85,8 +85,13 @@ void X11DesktopPicture::setTarget(const std::optional<RootPixmapTarget> &target)
         stopFollowing();
         return;
     }
+    const bool isOfFormerRun = m_earlier->origin() == X11EarlierPicture::Origin::formerRun;
+    if (isOfFormerRun) {
+        // That run was killed, and left its pixels wherever it had a surface.
+        putBack(QRect(QPoint(), target->size));
+    }
     repaintAll();
-    if (m_earlier->origin() == X11EarlierPicture::Origin::formerRun) {
+    if (isOfFormerRun) {
         m_askForItsOwn();
     }
 }
@@ -100,7 +105,7 @@ void X11DesktopPicture::leaveItAsItWas() {
     for (const Claim *claim : m_claims) {
         ours += claim->area();
     }
-    change(ours, [&] { m_earlier->putBack(ours); });
+    putBack(ours);
     stopFollowing();
     m_earlier.reset(); // its record makes way for the next one
 }
@@ -116,7 +121,11 @@ void X11DesktopPicture::release(const Claim &claim) {
     for (const Claim *other : m_claims) {
         free -= other->area();
     }
-    change(free, [&] { m_earlier->putBack(free); });
+    putBack(free);
+}
+
+void X11DesktopPicture::putBack(const QRegion &region) {
+    change(region, [&] { m_earlier->putBack(region); });
 }
 
 void X11DesktopPicture::paint(const QRegion &region,

@@ -69,6 +69,7 @@ private:
     void release(const Claim &claim);
     void repaintAll();
     void leaveItAsItWas();
+    void putBack(const QRegion &region);
     void change(const QRegion &region, const std::function<void()> &change);
     void keepWhatTheyPainted();
     void followTheirPainting();

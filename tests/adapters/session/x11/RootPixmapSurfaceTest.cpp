@@ -283,6 +283,14 @@ TEST_F(KilledRunTest, theNextStartKnowsTheEarlierPicture) {
     EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
 }
 
+TEST_F(KilledRunTest, theNextStartPutsThePictureBackWhereNoSurfaceIsShown) {
+    forgetTheRun();
+    start();
+    const auto surface = shown(Qt::green, {0, 0, 640, 800});
+    EXPECT_TRUE(waitForPixel({640, 600}, Qt::darkRed));
+    EXPECT_TRUE(waitForPicture({1279, 799}, Qt::darkRed));
+}
+
 TEST_F(KilledRunTest, theNextStartTakesThePictureThatTheProgramPaintsThen) {
     forgetTheRun();
     start();
