@@ -253,6 +253,23 @@ TEST_F(RootPixmapSurfaceTest, theEndLeavesNothingInTheServer) {
     EXPECT_TRUE(waitUntil([&] { return client->size(kept).isEmpty(); }));
 }
 
+TEST_F(RootPixmapSurfaceTest, leavesNoClientBehindWhereThereIsNoRoomForACopy) {
+    const std::uint32_t ids = xcb_get_setup(connection->xcb())->resource_id_mask;
+    const std::uint32_t keeper = client->numbers(client->root(), kRecordName).value(0) & ~ids;
+    auto target = desktop.target();
+    target.size = {40000, 40000}; // more than a server has pixels for
+    for (int i = 0; i < 5; ++i) {
+        picture->setTarget(std::nullopt);
+        picture->setTarget(target);
+        ASSERT_FALSE(picture->isThere());
+    }
+    // A server gives each client the lowest ids that are free.
+    EXPECT_TRUE(waitUntil([&] {
+        const auto next = X11Connection::open(session.display());
+        return next && xcb_get_setup(next->xcb())->resource_id_base == keeper;
+    }));
+}
+
 /// What is left when the program was killed while its surface was shown.
 class KilledRunTest : public RootPixmapSurfaceTest {
 protected:
