@@ -96,6 +96,10 @@ void X11DesktopPicture::setTarget(const std::optional<RootPixmapTarget> &target)
     }
 }
 
+bool X11DesktopPicture::isRefused() const {
+    return m_target && refusalOf(*m_target).isEmpty() && !isThere();
+}
+
 void X11DesktopPicture::leaveItAsItWas() {
     m_unannounced.stop();
     if (!isThere()) {

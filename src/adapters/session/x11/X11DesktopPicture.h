@@ -56,6 +56,9 @@ public:
     /// Whether there is a picture to paint into.
     bool isThere() const { return m_earlier != nullptr; }
 
+    /// Whether there is one that is left alone, as the server has no room for a copy of it.
+    bool isRefused() const;
+
     /// Takes `area`, in device pixels of the root. `repaint` is called whenever the desktop program
     /// painted over it or came back.
     std::unique_ptr<Claim> claim(const QRect &area, std::function<void()> repaint);

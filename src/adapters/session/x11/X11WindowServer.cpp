@@ -96,6 +96,9 @@ void X11WindowServer::followPicture() {
     }
     if (m_picture) {
         m_picture->setTarget(isPaintedInto ? pictureOf(m_program.found()) : std::nullopt);
+        if (m_picture->isRefused()) {
+            m_way.doWithoutPicture();
+        }
     }
 }
 
