@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/session/x11/InsistenceLimit.h"
 #include "adapters/session/x11/RootPixmapTarget.h"
 #include "adapters/session/x11/X11EarlierPicture.h"
 #include "adapters/session/x11/X11EventListener.h"
@@ -70,6 +71,7 @@ public:
 private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
     void release(const Claim &claim);
+    void answerTheirPainting();
     void repaintAll();
     void leaveItAsItWas();
     void putBack(const QRegion &region);
@@ -86,6 +88,7 @@ private:
     xcb_xfixes_region_t m_painted = 0; // by them
     std::vector<Claim *> m_claims;
     QTimer m_unannounced; // runs after they painted until they announce it
+    InsistenceLimit m_answers;
 };
 
 } // namespace zeph

@@ -270,6 +270,19 @@ TEST_F(RootPixmapSurfaceTest, leavesNoClientBehindWhereThereIsNoRoomForACopy) {
     }));
 }
 
+TEST_F(RootPixmapSurfaceTest, restsWhileTheProgramPaintsOnAndOnAndComesBackAfterwards) {
+    int repaints = 0;
+    const auto claim = picture->claim(kWholeScreen, [&] { ++repaints; });
+    for (int i = 0; i < 50; ++i) {
+        desktop.announce();
+    }
+    ASSERT_TRUE(waitUntil([&] { return repaints > 0; }));
+    runLoopFor(std::chrono::milliseconds(50));
+    const int atFirst = repaints;
+    EXPECT_LE(atFirst, 10);
+    EXPECT_TRUE(waitUntil([&] { return repaints > atFirst; }));
+}
+
 /// What is left when the program was killed while its surface was shown.
 class KilledRunTest : public RootPixmapSurfaceTest {
 protected:
