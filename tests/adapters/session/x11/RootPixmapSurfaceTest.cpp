@@ -321,6 +321,17 @@ TEST_F(KilledRunTest, theNextStartPutsThePictureBackWhereNoSurfaceIsShown) {
     EXPECT_TRUE(waitForPicture({1279, 799}, Qt::darkRed));
 }
 
+TEST_F(KilledRunTest, theNextStartPutsThePictureBackThoughItDrawsAWindow) {
+    forgetTheRun();
+    connection = X11Connection::open(session.display());
+    server = X11WindowServer::create(*connection);
+    server->settle();
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::desktopWindow);
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
+    EXPECT_FALSE(hasRecord());
+    EXPECT_TRUE(client->size(kept).isEmpty());
+}
+
 TEST_F(KilledRunTest, theNextStartTakesThePictureThatTheProgramPaintsThen) {
     forgetTheRun();
     start();
