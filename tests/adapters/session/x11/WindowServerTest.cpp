@@ -17,13 +17,14 @@ class FullWindowServerTest : public X11Test {
 protected:
     FullWindowServerTest() : X11Test({.serverArguments = {u"-maxclients"_s, u"64"_s}}) {}
 
-    void startDesktop() {
+    xcb_window_t startDesktop() {
         const auto desktop = client->show({.geometry = kWholeScreen,
                                            .type = kDesktopType,
                                            .instance = "xfdesktop",
                                            .name = "Xfdesktop"});
         client->setIds(client->root(), "XFCE_DESKTOP_WINDOW", XCB_ATOM_WINDOW, {desktop});
         sharePicture();
+        return desktop;
     }
     void sharePicture() {
         client->setIds(client->root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP,
@@ -164,6 +165,20 @@ TEST_F(FullWindowServerTest, drawsAWindowOnceThereIsNoRoomForACopyOfThePicture) 
     sharePicture();
     runLoopFor(std::chrono::milliseconds(400));
     EXPECT_EQ(calls, untilThen) << "it does not try for ever";
+}
+
+TEST_F(FullWindowServerTest, mendsWhatAKilledRunLeftWhenItTurnsToAWindow) {
+    XTestClient keeper(session.display());
+    const auto kept = keeper.makePixmap(kWholeScreen.size(), 24);
+    ASSERT_TRUE(fillServer());
+    server->settle();
+    const auto desktop = startDesktop();
+    const auto picture = client->numbers(client->root(), "_XROOTPMAP_ID").value(0);
+    client->setNumbers(client->root(), "_TAVI_EARLIER_PICTURE",
+                       {kept, picture, 1280, 800, 24, desktop});
+    EXPECT_TRUE(waitUntil([&] { return client->size(kept).isEmpty(); }));
+    EXPECT_TRUE(client->numbers(client->root(), "_TAVI_EARLIER_PICTURE").isEmpty());
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::desktopWindow);
 }
 
 } // namespace zeph
