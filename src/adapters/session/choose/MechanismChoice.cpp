@@ -69,9 +69,9 @@ bool canPaintInto(const DesktopProgramOffer &desktop) {
     switch (desktop.program) {
     case DesktopProgram::xfdesktop:
     case DesktopProgram::caja:
-        return desktop.sharesPicture;
+        return desktop.sharesPicture && desktop.hasRoomForCopy;
     case DesktopProgram::pcmanfm:
-        return desktop.sharesPicture && desktop.windows == 1;
+        return desktop.sharesPicture && desktop.hasRoomForCopy && desktop.windows == 1;
     case DesktopProgram::pcmanfmQt:
     case DesktopProgram::nemoDesktop:
     case DesktopProgram::ding:
@@ -116,7 +116,10 @@ DrawingWay wayWithDesktop(const SessionOffer &offer, const DesktopProgramOffer &
         [[fallthrough]];
     case DesktopProgram::xfdesktop:
     case DesktopProgram::caja:
-        return wayAbove(desktop, u"%1 shares no picture that could be painted into"_s.arg(name));
+        return wayAbove(desktop,
+                        desktop.sharesPicture
+                            ? u"The X server has no room for a copy of the desktop's picture"_s
+                            : u"%1 shares no picture that could be painted into"_s.arg(name));
     case DesktopProgram::pcmanfmQt:
         return wayAbove(desktop, u"%1 keeps its picture to itself"_s.arg(name));
     case DesktopProgram::nemoDesktop:

@@ -29,6 +29,7 @@ struct DesktopProgramOffer {
     DesktopProgram program = DesktopProgram::xfdesktop;
     bool sharesPicture = false; ///< its picture lies in a pixmap that others can paint into
     int windows = 1;            ///< that its desktop consists of: some have one a display
+    bool hasRoomForCopy = true; ///< the X server can keep that picture while we paint over it
 
     bool operator==(const DesktopProgramOffer &) const = default;
 };

@@ -19,6 +19,9 @@ bool isSamePicture(const RootPixmapTarget &one, const RootPixmapTarget &other) {
 // Within this time after the first stroke a desktop program tells that its picture is ready.
 constexpr std::chrono::milliseconds kAnnouncementPatience{60};
 
+// Enough for a program that paints and announces one monitor after the other.
+constexpr int kAnswersPerBurst = 10;
+
 } // namespace
 
 X11DesktopPicture::Claim::Claim(X11DesktopPicture &picture, const QRect &area,
@@ -36,10 +39,13 @@ bool X11DesktopPicture::isPossible(const X11Connection &connection) {
 }
 
 X11DesktopPicture::X11DesktopPicture(X11Connection &connection, std::function<void()> askForItsOwn)
-    : X11EventListener(connection), m_askForItsOwn(std::move(askForItsOwn)) {
+    : X11EventListener(connection),
+      m_askForItsOwn(std::move(askForItsOwn)),
+      m_answers([this] { answerTheirPainting(); }) {
     m_unannounced.setSingleShot(true);
     m_unannounced.setInterval(kAnnouncementPatience);
-    QObject::connect(&m_unannounced, &QTimer::timeout, &m_unannounced, [this] { repaintAll(); });
+    QObject::connect(&m_unannounced, &QTimer::timeout, &m_unannounced,
+                     [this] { answerTheirPainting(); });
     if (!isPossible(connection)) {
         return;
     }
@@ -85,10 +91,19 @@ void X11DesktopPicture::setTarget(const std::optional<RootPixmapTarget> &target)
         stopFollowing();
         return;
     }
+    const bool isOfFormerRun = m_earlier->origin() == X11EarlierPicture::Origin::formerRun;
+    if (isOfFormerRun) {
+        // That run was killed, and left its pixels wherever it had a surface.
+        putBack(QRect(QPoint(), target->size));
+    }
     repaintAll();
-    if (m_earlier->origin() == X11EarlierPicture::Origin::formerRun) {
+    if (isOfFormerRun) {
         m_askForItsOwn();
     }
+}
+
+bool X11DesktopPicture::isRefused() const {
+    return m_target && refusalOf(*m_target).isEmpty() && !isThere();
 }
 
 void X11DesktopPicture::leaveItAsItWas() {
@@ -100,7 +115,7 @@ void X11DesktopPicture::leaveItAsItWas() {
     for (const Claim *claim : m_claims) {
         ours += claim->area();
     }
-    change(ours, [&] { m_earlier->putBack(ours); });
+    putBack(ours);
     stopFollowing();
     m_earlier.reset(); // its record makes way for the next one
 }
@@ -116,7 +131,11 @@ void X11DesktopPicture::release(const Claim &claim) {
     for (const Claim *other : m_claims) {
         free -= other->area();
     }
-    change(free, [&] { m_earlier->putBack(free); });
+    putBack(free);
+}
+
+void X11DesktopPicture::putBack(const QRegion &region) {
+    change(region, [&] { m_earlier->putBack(region); });
 }
 
 void X11DesktopPicture::paint(const QRegion &region,
@@ -166,6 +185,13 @@ void X11DesktopPicture::stopFollowing() {
     }
 }
 
+/// Not without end, as a program may answer ours in turn.
+void X11DesktopPicture::answerTheirPainting() {
+    if (m_answers.allows(kAnswersPerBurst)) {
+        repaintAll();
+    }
+}
+
 void X11DesktopPicture::repaintAll() {
     m_unannounced.stop();
     const auto claims = m_claims;
@@ -183,7 +209,7 @@ void X11DesktopPicture::handleEvent(std::uint8_t kind, const xcb_generic_event_t
         if (notify.window == connection().root() &&
             notify.atom == connection().atom(X11Atom::rootPixmap) &&
             notify.state == XCB_PROPERTY_NEW_VALUE) {
-            repaintAll();
+            answerTheirPainting();
         }
     } else if (kind == m_damageEvent + XCB_DAMAGE_NOTIFY &&
                eventAs<xcb_damage_notify_event_t>(event).damage == m_damage) {

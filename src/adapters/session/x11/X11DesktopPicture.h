@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/session/x11/InsistenceLimit.h"
 #include "adapters/session/x11/RootPixmapTarget.h"
 #include "adapters/session/x11/X11EarlierPicture.h"
 #include "adapters/session/x11/X11EventListener.h"
@@ -56,6 +57,9 @@ public:
     /// Whether there is a picture to paint into.
     bool isThere() const { return m_earlier != nullptr; }
 
+    /// Whether there is one that is left alone, as the server has no room for a copy of it.
+    bool isRefused() const;
+
     /// Takes `area`, in device pixels of the root. `repaint` is called whenever the desktop program
     /// painted over it or came back.
     std::unique_ptr<Claim> claim(const QRect &area, std::function<void()> repaint);
@@ -67,8 +71,10 @@ public:
 private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
     void release(const Claim &claim);
+    void answerTheirPainting();
     void repaintAll();
     void leaveItAsItWas();
+    void putBack(const QRegion &region);
     void change(const QRegion &region, const std::function<void()> &change);
     void keepWhatTheyPainted();
     void followTheirPainting();
@@ -82,6 +88,7 @@ private:
     xcb_xfixes_region_t m_painted = 0; // by them
     std::vector<Claim *> m_claims;
     QTimer m_unannounced; // runs after they painted until they announce it
+    InsistenceLimit m_answers;
 };
 
 } // namespace zeph

@@ -51,6 +51,12 @@ void X11DrawingWay::chooseSoon() {
     }
 }
 
+void X11DrawingWay::doWithoutPicture() {
+    if (std::exchange(m_hasRoomForCopy, false)) {
+        chooseSoon();
+    }
+}
+
 void X11DrawingWay::choose() {
     m_rest.stop();
     const bool isFirst = !std::exchange(m_isChosen, true);
@@ -75,7 +81,7 @@ SessionOffer X11DrawingWay::offer() const {
         offer.desktopProgram = {program->kind,
                                 X11DesktopPicture::isPossible(m_parties.connection) &&
                                     refusalOf(program->target()).isEmpty(),
-                                static_cast<int>(program->windows.size())};
+                                static_cast<int>(program->windows.size()), m_hasRoomForCopy};
     }
     return offer;
 }

@@ -38,6 +38,10 @@ public:
     /// Chooses by what is known of the parties at this moment.
     void choose();
 
+    /// Chooses another way soon where a desktop's picture would be painted into, and for good: the
+    /// server has no room for a copy of it, and surfaces are not to be made anew for every trial.
+    void doWithoutPicture();
+
     /// Whether there was a choice yet.
     bool isChosen() const { return m_isChosen; }
 
@@ -52,6 +56,7 @@ private:
     Parties m_parties;
     DrawingWay m_way;
     bool m_isChosen = false;
+    bool m_hasRoomForCopy = true;
     ChangePublisher m_changes;
     QTimer m_rest; // from the first news until the next choice
     std::vector<Subscription> m_news;

@@ -48,7 +48,6 @@ std::unique_ptr<X11EarlierPicture> X11EarlierPicture::keep(X11Connection &connec
     if (xcb_connection_has_error(keeper.get()) != 0) {
         return nullptr;
     }
-    xcb_set_close_down_mode(keeper.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
     const xcb_pixmap_t kept = xcb_generate_id(keeper.get());
     const auto made = xcb_create_pixmap_checked(keeper.get(), target.depth, kept, connection.root(),
                                                 wireLength(target.size.width()),
@@ -56,6 +55,9 @@ std::unique_ptr<X11EarlierPicture> X11EarlierPicture::keep(X11Connection &connec
     if (const X11Reply<xcb_generic_error_t> refused{xcb_request_check(keeper.get(), made)}) {
         return nullptr;
     }
+    // Not before there is something to retain: the server would hold on to an empty client.
+    xcb_set_close_down_mode(keeper.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
+    waitForServer(keeper.get());
     return std::unique_ptr<X11EarlierPicture>(
         new X11EarlierPicture(connection, target, std::move(keeper), kept));
 }

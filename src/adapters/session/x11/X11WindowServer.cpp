@@ -50,12 +50,16 @@ X11WindowServer::X11WindowServer(X11Connection &connection, const X11Visual &opa
       m_way(known, {connection, m_compositor, m_manager, m_program}),
       m_stacking(connection, m_windows, m_manager),
       m_programChanges(m_program.subscribe([this] { followPicture(); })),
-      m_wayChanges(m_way.subscribe([this] { followPicture(); })) {}
+      m_wayChanges(m_way.subscribe([this] {
+          followPicture();
+          mendPicture();
+      })) {}
 
 void X11WindowServer::settle() {
     if (!m_way.isChosen()) {
         m_connection.waitForReplies();
         m_way.choose();
+        mendPicture();
     }
 }
 
@@ -96,6 +100,16 @@ void X11WindowServer::followPicture() {
     }
     if (m_picture) {
         m_picture->setTarget(isPaintedInto ? pictureOf(m_program.found()) : std::nullopt);
+        if (m_picture->isRefused()) {
+            m_way.doWithoutPicture();
+        }
+    }
+}
+
+/// A killed run may have painted into a picture that this one leaves alone.
+void X11WindowServer::mendPicture() {
+    if (m_way.now().mechanism != DrawingMechanism::rootPixmap) {
+        restoreDesktopPicture(m_connection);
     }
 }
 

@@ -24,7 +24,8 @@ public:
                                                    const SessionOffer &known = {});
 
     /// Has the way of drawing chosen by now, waiting for what the server was asked at the start.
-    /// Costs no round trip where others have waited for replies since.
+    /// What a run that was killed left in a desktop's picture is mended then. Costs a round trip,
+    /// or two where nobody has waited for replies since.
     void settle();
 
     std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,
@@ -38,6 +39,7 @@ private:
     X11WindowServer(X11Connection &connection, const X11Visual &opaque, const SessionOffer &known);
     DesktopPlace place() const;
     void followPicture();
+    void mendPicture();
 
     X11Connection &m_connection;
     X11Visual m_opaque;

@@ -94,12 +94,16 @@ INSTANTIATE_TEST_SUITE_P(
             x11(kManagerWithoutDesktops, {{DesktopProgram::xfdesktop, true}}), rootPixmap},
         Row{"xfdesktopWithoutAPixmap", x11(kManager, {{DesktopProgram::xfdesktop, false}}),
             desktopWindow},
+        Row{"xfdesktopWithoutRoomForACopy",
+            x11(kManager, {{DesktopProgram::xfdesktop, true, 1, false}}), desktopWindow},
         Row{"caja", x11(kManager, {{DesktopProgram::caja, true}}), rootPixmap},
         Row{"cajaWithoutAPixmap", x11(kManager, {{DesktopProgram::caja, false}}), desktopWindow},
         Row{"pcmanfm", x11(kManager, {{DesktopProgram::pcmanfm, true}}), rootPixmap},
         Row{"pcmanfmInOneColour", x11(kManager, {{DesktopProgram::pcmanfm, false}}), desktopWindow},
         Row{"pcmanfmOnTwoDisplays", x11(kManager, {{DesktopProgram::pcmanfm, true, 2}}),
             desktopWindow},
+        Row{"pcmanfmWithoutRoomForACopy",
+            x11(kManager, {{DesktopProgram::pcmanfm, true, 1, false}}), desktopWindow},
         Row{"pcmanfmQt", x11(kManager, {{DesktopProgram::pcmanfmQt, true}}), desktopWindow},
         Row{"pcmanfmQtBesideAManagerWithoutDesktops",
             x11(kManagerWithoutDesktops, {{DesktopProgram::pcmanfmQt}}), loweredOverride},
@@ -148,6 +152,8 @@ TEST(MechanismReasonTest, namesTheDesktopWhoseIconsAreMeant) {
     EXPECT_THAT(reasonOf(x11(kManager, {{DesktopProgram::caja, true}})), HasSubstr("MATE"));
     EXPECT_THAT(reasonOf(x11(kManager, {{DesktopProgram::pcmanfm, true, 2}})),
                 HasSubstr("one display only"));
+    EXPECT_THAT(reasonOf(x11(kManager, {{DesktopProgram::caja, true, 1, false}})),
+                HasSubstr("no room for a copy"));
     EXPECT_THAT(reasonOf(wayland(u"GNOME"_s, false)), HasSubstr("GNOME"));
     EXPECT_THAT(reasonOf(wayland(u"weston"_s, false)), Not(HasSubstr("GNOME")));
 }

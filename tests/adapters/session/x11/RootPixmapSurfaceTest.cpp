@@ -253,6 +253,36 @@ TEST_F(RootPixmapSurfaceTest, theEndLeavesNothingInTheServer) {
     EXPECT_TRUE(waitUntil([&] { return client->size(kept).isEmpty(); }));
 }
 
+TEST_F(RootPixmapSurfaceTest, leavesNoClientBehindWhereThereIsNoRoomForACopy) {
+    const std::uint32_t ids = xcb_get_setup(connection->xcb())->resource_id_mask;
+    const std::uint32_t keeper = client->numbers(client->root(), kRecordName).value(0) & ~ids;
+    auto target = desktop.target();
+    target.size = {40000, 40000}; // more than a server has pixels for
+    for (int i = 0; i < 5; ++i) {
+        picture->setTarget(std::nullopt);
+        picture->setTarget(target);
+        ASSERT_FALSE(picture->isThere());
+    }
+    // A server gives each client the lowest ids that are free.
+    EXPECT_TRUE(waitUntil([&] {
+        const auto next = X11Connection::open(session.display());
+        return next && xcb_get_setup(next->xcb())->resource_id_base == keeper;
+    }));
+}
+
+TEST_F(RootPixmapSurfaceTest, restsWhileTheProgramPaintsOnAndOnAndComesBackAfterwards) {
+    int repaints = 0;
+    const auto claim = picture->claim(kWholeScreen, [&] { ++repaints; });
+    for (int i = 0; i < 50; ++i) {
+        desktop.announce();
+    }
+    ASSERT_TRUE(waitUntil([&] { return repaints > 0; }));
+    runLoopFor(std::chrono::milliseconds(50));
+    const int atFirst = repaints;
+    EXPECT_LE(atFirst, 10);
+    EXPECT_TRUE(waitUntil([&] { return repaints > atFirst; }));
+}
+
 /// What is left when the program was killed while its surface was shown.
 class KilledRunTest : public RootPixmapSurfaceTest {
 protected:
@@ -281,6 +311,25 @@ TEST_F(KilledRunTest, theNextStartKnowsTheEarlierPicture) {
     EXPECT_TRUE(client->size(kept).isEmpty()) << "one copy is enough";
     surface->orderOut();
     EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
+}
+
+TEST_F(KilledRunTest, theNextStartPutsThePictureBackWhereNoSurfaceIsShown) {
+    forgetTheRun();
+    start();
+    const auto surface = shown(Qt::green, {0, 0, 640, 800});
+    EXPECT_TRUE(waitForPixel({640, 600}, Qt::darkRed));
+    EXPECT_TRUE(waitForPicture({1279, 799}, Qt::darkRed));
+}
+
+TEST_F(KilledRunTest, theNextStartPutsThePictureBackThoughItDrawsAWindow) {
+    forgetTheRun();
+    connection = X11Connection::open(session.display());
+    server = X11WindowServer::create(*connection);
+    server->settle();
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::desktopWindow);
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
+    EXPECT_FALSE(hasRecord());
+    EXPECT_TRUE(client->size(kept).isEmpty());
 }
 
 TEST_F(KilledRunTest, theNextStartTakesThePictureThatTheProgramPaintsThen) {

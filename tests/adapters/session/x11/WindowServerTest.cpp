@@ -12,6 +12,41 @@ namespace {
 const QStringList kPicom{u"picom"_s,     u"--config"_s, u"/dev/null"_s,
                          u"--backend"_s, u"xrender"_s,  u"--no-fading-openclose"_s};
 
+/// A server that serves few programs, and a desktop program that shares its picture.
+class FullWindowServerTest : public X11Test {
+protected:
+    FullWindowServerTest() : X11Test({.serverArguments = {u"-maxclients"_s, u"64"_s}}) {}
+
+    xcb_window_t startDesktop() {
+        const auto desktop = client->show({.geometry = kWholeScreen,
+                                           .type = kDesktopType,
+                                           .instance = "xfdesktop",
+                                           .name = "Xfdesktop"});
+        client->setIds(client->root(), "XFCE_DESKTOP_WINDOW", XCB_ATOM_WINDOW, {desktop});
+        sharePicture();
+        return desktop;
+    }
+    void sharePicture() {
+        client->setIds(client->root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP,
+                       {client->makePixmap(kWholeScreen.size(), 24)});
+    }
+
+    /// Connects until the server serves nobody else.
+    bool fillServer() {
+        while (m_others.size() < 64) {
+            auto other = X11Connection::open(session.display());
+            if (!other) {
+                return true;
+            }
+            m_others.push_back(std::move(other));
+        }
+        return false;
+    }
+
+private:
+    std::vector<std::unique_ptr<X11Connection>> m_others;
+};
+
 } // namespace
 
 TEST_F(WindowServerTest, refusesTransparencyWithoutACompositor) {
@@ -113,6 +148,37 @@ TEST_F(WindowServerTest, noticesTheLossWithoutBeingAskedForAnything) {
 
 TEST(X11Connection, isNotMadeWithoutADisplay) {
     EXPECT_EQ(X11Connection::open(":999999"), nullptr);
+}
+
+TEST_F(FullWindowServerTest, drawsAWindowOnceThereIsNoRoomForACopyOfThePicture) {
+    ASSERT_TRUE(fillServer());
+    server->settle();
+    int calls = 0;
+    const Subscription told = server->subscribeToDrawingWay([&] { ++calls; });
+    startDesktop();
+    ASSERT_TRUE(
+        waitUntil([&] { return server->drawingWay().reason.contains(u"no room for a copy"_s); }));
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::desktopWindow);
+    const auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    EXPECT_NE(dynamic_cast<X11DesktopSurface *>(surface.get()), nullptr);
+    const int untilThen = calls;
+    sharePicture();
+    runLoopFor(std::chrono::milliseconds(400));
+    EXPECT_EQ(calls, untilThen) << "it does not try for ever";
+}
+
+TEST_F(FullWindowServerTest, mendsWhatAKilledRunLeftWhenItTurnsToAWindow) {
+    XTestClient keeper(session.display());
+    const auto kept = keeper.makePixmap(kWholeScreen.size(), 24);
+    ASSERT_TRUE(fillServer());
+    server->settle();
+    const auto desktop = startDesktop();
+    const auto picture = client->numbers(client->root(), "_XROOTPMAP_ID").value(0);
+    client->setNumbers(client->root(), "_TAVI_EARLIER_PICTURE",
+                       {kept, picture, 1280, 800, 24, desktop});
+    EXPECT_TRUE(waitUntil([&] { return client->size(kept).isEmpty(); }));
+    EXPECT_TRUE(client->numbers(client->root(), "_TAVI_EARLIER_PICTURE").isEmpty());
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::desktopWindow);
 }
 
 } // namespace zeph
