@@ -14,8 +14,9 @@ constexpr std::uint32_t kAllEdges =
 // Keeps clear of no panel.
 constexpr std::int32_t kBelowPanels = -1;
 
-// By this name one compositor knows a desktop, which it keeps below all else.
-constexpr const char *kScope = "desktop";
+// Not "desktop": KWin takes that for the desktop's own window, and a click there raises the one of
+// Plasma's shell over it.
+constexpr const char *kScope = "tavi-wallpaper";
 
 QImage::Format formatOf(bool isTransparent) {
     return isTransparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;

@@ -66,7 +66,7 @@ TEST_F(LayerSurfaceTest, liesAtTheBottomOverTheWholeOutputAndTakesNoInput) {
     const auto surface = showSurface(Qt::blue);
     const FakeLayerState layer = compositor.layer();
     EXPECT_EQ(layer.output, "DP-1");
-    EXPECT_EQ(layer.scope, "desktop");
+    EXPECT_EQ(layer.scope, "tavi-wallpaper");
     EXPECT_EQ(layer.layer, 1U);
     EXPECT_EQ(layer.anchor, 15U);
     EXPECT_EQ(layer.exclusiveZone, -1);
