@@ -64,8 +64,14 @@ void DesktopWindow::rebuildSurface() {
 }
 
 void DesktopWindow::setTargetScreen(const Screen &screen) {
+    const bool isResized = screen.deviceFrame.size() != m_screen.deviceFrame.size();
     m_screen = screen;
     m_surface->setScreen(screen);
+    if (isResized) {
+        // Its pixels are new, also where they are of the size that was painted last by the time
+        // that it is shown.
+        m_renderer.invalidate();
+    }
     display(); // another size or scale repaints all
 }
 

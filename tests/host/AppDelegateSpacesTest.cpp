@@ -109,6 +109,19 @@ TEST_F(AppDelegateSpacesTest, workspacesThatAreKnownLateHideWhatWasShown) {
     EXPECT_THAT(visible(), ElementsAre(false, false));
 }
 
+TEST_F(AppDelegateSpacesTest, aScreenThatWasOfAnotherSizeMeanwhileIsPaintedWhole) {
+    launch();
+    choose({2});
+    const auto before = screens.screens;
+    const qint64 presented = living()[0]->presentedPixels;
+    screens.change({screen(u"A"_s, 1, 800, 600), screen(u"B"_s, 2, 640, 400, 800)});
+    loop.drain();
+    screens.change(before);
+    loop.drain();
+    goTo(2);
+    EXPECT_EQ(living()[0]->presentedPixels - presented, 640 * 400) << "new pixels show nothing yet";
+}
+
 TEST_F(AppDelegateSpacesTest, screensThatChangeInPlaceStayHidden) {
     launch();
     choose({2});

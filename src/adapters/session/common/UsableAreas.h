@@ -20,6 +20,10 @@ public:
     /// the desktop does not name so. The first call for an output may be what has it followed.
     virtual std::optional<QRectF> usableArea(const QString &outputName) = 0;
 
+    /// Whether the compositor draws the later of two surfaces of one layer below the earlier one: a
+    /// panel that comes late lies beneath a wallpaper of its layer then.
+    virtual bool laterLieBelow() const { return false; }
+
     /// Calls `handler` after every change, until the subscription ends.
     [[nodiscard]] virtual Subscription subscribe(std::function<void()> handler) = 0;
 };

@@ -12,7 +12,7 @@ SwayParts::SwayParts(const SessionSurroundings &surroundings, WaylandConnection 
     : m_ipc(surroundings.runLoop, socket),
       m_workspace(m_ipc, surroundings.entries),
       m_list(m_ipc),
-      m_insets(m_list),
+      m_insets(m_ipc, m_list),
       m_virtualDesktops(m_list,
                         [&outputs](const QString &name) { return outputs.identityOf(name); }),
       m_inputEvents(std::make_unique<WaylandIdle>(connection), surroundings.inputConsent) {}

@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <initializer_list>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +17,9 @@ namespace {
 
 constexpr double kLargestId = 9007199254740991; // the largest whole number that JSON carries
 constexpr double kLargestSide = 1 << 20;        // of a layout, in points
+
+// Draws with the scene graph of its library, where the later of two is the upper one.
+constexpr std::pair kFirstInOrder{1, 10};
 
 // A title may hold any bytes, which would cost the whole answer.
 QJsonDocument documentIn(const QByteArray &payload) {
@@ -119,6 +123,16 @@ std::optional<SwayWorkspaceChange> swayWorkspaceChangeIn(const QByteArray &paylo
     return SwayWorkspaceChange{event[u"change"].toString(),
                                current[u"nodes"].toArray().isEmpty() &&
                                    current[u"floating_nodes"].toArray().isEmpty()};
+}
+
+std::optional<bool> swayLaterLieBelowIn(const QByteArray &payload) {
+    const QJsonObject version = documentIn(payload).object();
+    const int major = version[u"major"].toInt(-1);
+    const int minor = version[u"minor"].toInt(-1);
+    if (major < 0 || minor < 0) {
+        return std::nullopt;
+    }
+    return std::pair(major, minor) < kFirstInOrder;
 }
 
 bool swaySuccessIn(const QByteArray &payload) {

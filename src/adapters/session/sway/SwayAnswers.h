@@ -60,6 +60,10 @@ std::optional<SwayWindowFacts> swayFocusedWindowIn(const QByteArray &payload);
 std::optional<SwayWindowChange> swayWindowChangeIn(const QByteArray &payload);
 std::optional<SwayWorkspaceChange> swayWorkspaceChangeIn(const QByteArray &payload);
 
+/// Whether the sway of that version draws the later of two surfaces of one layer below the earlier
+/// one: all did before 1.10.
+std::optional<bool> swayLaterLieBelowIn(const QByteArray &payload);
+
 /// Whether an answer without other content says that the request was met.
 bool swaySuccessIn(const QByteArray &payload);
 

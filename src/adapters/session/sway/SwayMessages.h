@@ -9,7 +9,7 @@
 namespace zeph {
 
 /// The kinds of messages that are used, by the numbers of sway-ipc(7).
-enum class SwayRequest : std::uint32_t { workspaces = 1, subscribe = 2, tree = 4 };
+enum class SwayRequest : std::uint32_t { workspaces = 1, subscribe = 2, tree = 4, version = 7 };
 
 /// Those that sway sends by itself, without the bit that marks them.
 enum class SwayEvent : std::uint32_t { workspace = 0, window = 3, barConfig = 4, barState = 20 };

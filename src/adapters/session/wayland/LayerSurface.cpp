@@ -14,8 +14,12 @@ constexpr std::uint32_t kAllEdges =
 // Keeps clear of no panel.
 constexpr std::int32_t kBelowPanels = -1;
 
-// By this name one compositor knows a desktop, which it keeps below all else.
-constexpr const char *kScope = "desktop";
+// While panels come and go all the time, it is made anew no more often than this.
+constexpr std::chrono::seconds kRest{1};
+
+// Not "desktop": KWin takes that for the desktop's own window, and a click there raises the one of
+// Plasma's shell over it.
+constexpr const char *kScope = "tavi-wallpaper";
 
 QImage::Format formatOf(bool isTransparent) {
     return isTransparent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
@@ -34,6 +38,13 @@ LayerSurface::LayerSurface(const LayerTools &tools, const Screen &screen, bool i
                    }
                }),
       m_places(tools.outputs.subscribeToPlaces([this] { followPlaces(); })) {
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(kRest);
+    QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [this] {
+        if (m_isAbove) {
+            remakeBelow();
+        }
+    });
     makeLayer();
 }
 
@@ -48,6 +59,7 @@ void LayerSurface::makeLayer() {
     }
     LayerObjects &layer = m_layer.emplace();
     layer.output = place->number;
+    layer.panels = place->panels;
     layer.surface.reset(wl_compositor_create_surface(&m_tools.compositor));
     const WaylandHandle<wl_region> nowhere(wl_compositor_create_region(&m_tools.compositor));
     wl_surface_set_input_region(layer.surface.get(), nowhere.get());
@@ -55,13 +67,16 @@ void LayerSurface::makeLayer() {
         zwlr_layer_shell_v1_get_layer_surface(&m_tools.shell, layer.surface.get(), place->output,
                                               ZWLR_LAYER_SHELL_V1_LAYER_BOTTOM, kScope));
     static constexpr zwlr_layer_surface_v1_listener listener{
-        [](void *self, zwlr_layer_surface_v1 * /*role*/, std::uint32_t serial, std::uint32_t width,
+        [](void *self, zwlr_layer_surface_v1 *role, std::uint32_t serial, std::uint32_t width,
            std::uint32_t height) {
-            static_cast<LayerSurface *>(self)->noteSize(
-                serial, {static_cast<int>(width), static_cast<int>(height)});
+            if (auto &surface = *static_cast<LayerSurface *>(self); surface.isCurrent(role)) {
+                surface.noteSize(serial, {static_cast<int>(width), static_cast<int>(height)});
+            }
         },
-        [](void *self, zwlr_layer_surface_v1 * /*role*/) {
-            static_cast<LayerSurface *>(self)->noteClosed();
+        [](void *self, zwlr_layer_surface_v1 *role) {
+            if (auto &surface = *static_cast<LayerSurface *>(self); surface.isCurrent(role)) {
+                surface.noteClosed();
+            }
         }};
     zwlr_layer_surface_v1_add_listener(layer.role.get(), &listener, this);
     zwlr_layer_surface_v1_set_size(layer.role.get(), 0, 0); // the compositor decides
@@ -76,12 +91,42 @@ void LayerSurface::makeLayer() {
 void LayerSurface::followPlaces() {
     const auto place = m_tools.outputs.placeOf(m_screen);
     if (place && (!m_layer || m_layer->output != place->number)) {
+        m_former.reset();
         makeLayer();
+    } else if (place && place->laterLieBelow) {
+        followPanels(place->panels);
     }
+}
+
+/// What was made before a panel may cover it.
+void LayerSurface::followPanels(const QMarginsF &panels) {
+    const QMarginsF before = std::exchange(m_layer->panels, panels);
+    const bool isMore = panels.left() > before.left() || panels.top() > before.top() ||
+                        panels.right() > before.right() || panels.bottom() > before.bottom();
+    m_isAbove = m_isAbove || isMore;
+    if (m_isAbove && !m_rest.isActive()) {
+        remakeBelow();
+    }
+}
+
+void LayerSurface::remakeBelow() {
+    m_isAbove = false;
+    m_rest.start();
+    // What is on the screen goes when there is something in its place. While that one waits for its
+    // size, the one before may still be there.
+    if (m_isVisible && m_layer && !m_layer->attached.isEmpty()) {
+        m_former.emplace(std::move(*m_layer));
+    }
+    makeLayer();
+}
+
+bool LayerSurface::isCurrent(const zwlr_layer_surface_v1 *role) const {
+    return m_layer && m_layer->role.get() == role;
 }
 
 void LayerSurface::noteClosed() {
     const std::uint32_t closed = m_layer->output;
+    m_former.reset();
     m_layer.reset();
     m_frames.noteHidden();
     // Mostly because the output goes, in which case it is told next. Where another one has taken
@@ -172,9 +217,11 @@ void LayerSurface::showFrame(const QRegion &damage) {
     tellDamage(damage);
     wl_surface_commit(m_layer->surface.get());
     m_frames.noteCommitted();
+    m_former.reset();
 }
 
 void LayerSurface::showNothing() {
+    m_former.reset();
     if (!m_layer || m_layer->attached.isEmpty()) {
         return; // it is not on the screen yet
     }

@@ -7,7 +7,9 @@
 #include "adapters/session/wayland/WaylandOutputs.h"
 #include "ports/DesktopSurface.h"
 
+#include <QMarginsF>
 #include <QObject>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -28,6 +30,7 @@ struct LayerTools {
 /// The objects of the protocol behind a surface, in the order of their making.
 struct LayerObjects {
     std::uint32_t output = 0; ///< number of the output that it is on
+    QMarginsF panels;         ///< there were on that output when it was made, or fewer since
     WaylandHandle<wl_surface> surface;
     WaylandHandle<zwlr_layer_surface_v1> role;
     WaylandHandle<wp_viewport> viewport; ///< made when it is needed
@@ -39,7 +42,8 @@ struct LayerObjects {
 
 /// A surface on the layer between the compositor's own background and all windows. Hidden, it shows
 /// one pixel of nothing: a surface that is taken off has to be negotiated anew, which compositors
-/// get wrong in haste. While its output is away there is nothing on the screen.
+/// get wrong in haste. While its output is away there is nothing on the screen. Where the later of
+/// two surfaces lies below, it is made anew after a panel came, which may be of the same layer.
 class LayerSurface : public DesktopSurface {
 public:
     LayerSurface(const LayerTools &tools, const Screen &screen, bool isTransparent);
@@ -54,6 +58,9 @@ public:
 private:
     void makeLayer();
     void followPlaces();
+    void followPanels(const QMarginsF &panels);
+    void remakeBelow();
+    bool isCurrent(const zwlr_layer_surface_v1 *role) const;
     void noteSize(std::uint32_t serial, QSize points);
     void answerSize();
     bool acknowledgeSize();
@@ -73,6 +80,9 @@ private:
     std::unique_ptr<WaylandPixels> m_nothing; // made when it is needed
     FramePainter m_waiting;                   // until pixels are free
     std::optional<LayerObjects> m_layer;      // absent while the output is away
+    std::optional<LayerObjects> m_former;     // shown until `m_layer` shows something
+    QTimer m_rest;                            // runs after it was made anew for a panel
+    bool m_isAbove = false;                   // of a panel that came during the rest
     Subscription m_places;
     QObject m_context;
 };

@@ -13,7 +13,7 @@ constexpr std::chrono::milliseconds kPatience{100};
 // Faster than this a second buffer costs less than a new one for each frame.
 constexpr std::chrono::milliseconds kBurst{1000};
 
-// Of earlier sizes. More pile up only where the compositor never tells that it has read them.
+// More pile up only where the compositor never tells that it has read them.
 constexpr std::size_t kMostRetired = 2;
 
 } // namespace
@@ -31,6 +31,7 @@ WaylandFrames::WaylandFrames(wl_shm &memory, QSize size, QImage::Format format, 
     QObject::connect(&m_patience, &QTimer::timeout, &m_patience, [this] {
         m_keepsShown = true;
         if (std::exchange(m_isAwaited, false)) {
+            giveUpSpare();
             m_becameFree();
         }
     });
@@ -47,16 +48,26 @@ std::unique_ptr<WaylandPixels> WaylandFrames::makeBlack() {
     return pixels;
 }
 
-void WaylandFrames::resize(QSize size) {
-    for (auto *pixels : {&m_front, &m_spare}) {
-        if (*pixels && (*pixels)->isHeld()) {
-            m_retired.push_back(std::move(*pixels));
-        }
-        pixels->reset();
+/// Ends the pixels, those that are held once the compositor has read them.
+void WaylandFrames::retire(std::unique_ptr<WaylandPixels> pixels) {
+    if (!pixels || !pixels->isHeld()) {
+        return;
     }
+    m_retired.push_back(std::move(pixels));
     if (m_retired.size() > kMostRetired) {
-        m_retired.erase(m_retired.begin(), m_retired.end() - kMostRetired);
+        m_retired.erase(m_retired.begin());
     }
+}
+
+/// So that the next frame gets a new buffer: the wallpaper stands still where neither is ever read.
+void WaylandFrames::giveUpSpare() {
+    retire(std::move(m_spare));
+    m_missedBySpare = {};
+}
+
+void WaylandFrames::resize(QSize size) {
+    retire(std::move(m_front));
+    retire(std::move(m_spare));
     m_patience.stop();
     m_isAwaited = false;
     m_isShown = false;
@@ -72,7 +83,7 @@ bool WaylandFrames::canPaint() const {
 
 bool WaylandFrames::makeFree() {
     m_isAwaited = !canPaint();
-    if (m_isAwaited && !m_spare && !m_patience.isActive()) {
+    if (m_isAwaited && !m_patience.isActive()) {
         m_patience.start();
     }
     return !m_isAwaited;

@@ -18,7 +18,7 @@ using SteadyNow = std::function<std::chrono::steady_clock::time_point()>;
 /// The pixels of one surface, black at first. There is one buffer of them where the compositor
 /// tells soon that it has read it. One that reads for as long as the pixels are shown gets a new
 /// buffer for each frame, and the one before ends as soon as it was read; while frames follow each
-/// other fast, two take turns.
+/// other fast, two take turns. Where both are held for long, a new one stands in for the older.
 class WaylandFrames {
 public:
     /// `becameFree` is called when pixels can be painted again after `makeFree` said no.
@@ -46,6 +46,8 @@ public:
 private:
     std::unique_ptr<WaylandPixels> makeBlack();
     bool canPaint() const;
+    void retire(std::unique_ptr<WaylandPixels> pixels);
+    void giveUpSpare();
     QRegion paintInFront(const FramePainter &painter);
     QRegion paintNext(const FramePainter &painter);
     void noteReleased();
@@ -58,13 +60,13 @@ private:
     std::unique_ptr<WaylandPixels> m_front;
     std::unique_ptr<WaylandPixels> m_spare;                // shown before `m_front`, or null
     QRegion m_missedBySpare;                               // painted in `m_front` since
-    std::vector<std::unique_ptr<WaylandPixels>> m_retired; // of another size, still being read
+    std::vector<std::unique_ptr<WaylandPixels>> m_retired; // done with, still being read
     std::chrono::steady_clock::time_point m_lastCommit;
     bool m_isBurst = false;    // the last two commits followed each other fast
     bool m_isShown = false;    // `m_front` is, as it was committed
     bool m_keepsShown = false; // the compositor reads pixels for as long as it shows them
     bool m_isAwaited = false;  // someone wants to paint
-    QTimer m_patience;         // runs until it is known whether it does
+    QTimer m_patience;         // runs while someone waits
 };
 
 } // namespace zeph

@@ -13,6 +13,14 @@ namespace {
 constexpr std::uint32_t kNewestOutput = 4;
 constexpr std::uint32_t kNewestExactness = 3;
 
+/// What is not the screen's to use, at each of its edges.
+QMarginsF panelsOn(const Screen &screen) {
+    const QRectF &all = screen.frame;
+    const QRectF &visible = screen.visibleFrame;
+    return {visible.left() - all.left(), visible.top() - all.top(), all.right() - visible.right(),
+            all.bottom() - visible.bottom()};
+}
+
 } // namespace
 
 WaylandOutputs::WaylandOutputs(WaylandConnection &connection, const ScalingAbilities &abilities,
@@ -28,10 +36,8 @@ WaylandOutputs::WaylandOutputs(WaylandConnection &connection, const ScalingAbili
 
 void WaylandOutputs::follow(UsableAreas *areas) {
     m_areas = areas;
-    if (areas) {
-        m_areaChanges = areas->subscribe([this] { scheduleUpdate(); });
-        update();
-    }
+    m_areaChanges = areas ? areas->subscribe([this] { scheduleUpdate(); }) : Subscription();
+    update();
 }
 
 QRectF WaylandOutputs::visibleFrame(const Screen &screen, const QString &connector) const {
@@ -73,8 +79,11 @@ std::optional<WaylandOutputs::Place> WaylandOutputs::placeOf(const Screen &scree
         std::find_if(m_outputs.begin(), m_outputs.end(), [&found](const auto &followed) {
             return followed->number() == found->second;
         });
-    return output == m_outputs.end() ? std::nullopt
-                                     : std::optional(Place{(*output)->handle(), found->second});
+    if (output == m_outputs.end()) {
+        return std::nullopt;
+    }
+    return Place{(*output)->handle(), found->second, panelsOn(found->first),
+                 m_areas != nullptr && m_areas->laterLieBelow()};
 }
 
 QString WaylandOutputs::identityOf(const QString &name) const {

@@ -6,6 +6,8 @@
 #include "adapters/session/wayland/WaylandOutput.h"
 #include "ports/Screens.h"
 
+#include <QMarginsF>
+
 #include <memory>
 #include <optional>
 #include <utility>
@@ -20,6 +22,9 @@ public:
     struct Place {
         wl_output *output = nullptr;
         std::uint32_t number = 0; ///< another one when the output was gone in between
+        QMarginsF panels = {};    ///< what they take of it, in points
+        /// What comes later to a layer is drawn below what is there.
+        bool laterLieBelow = false;
     };
 
     /// Knows the outputs that are there; one round trip. `connection` outlives this. `drmFolder` is

@@ -110,7 +110,7 @@ TEST_F(RealSwayTest, aWorkspaceKeepsItsIdForAsLongAsItLives) {
 }
 
 TEST_F(RealSwayTest, theUsableAreaIsThatOfTheOutputWithoutItsBar) {
-    SwayInsets insets(list);
+    SwayInsets insets(ipc, list);
     ASSERT_TRUE(waitUntil([&] { return insets.usableArea(u"HEADLESS-1"_s).has_value(); }));
     EXPECT_EQ(insets.usableArea(u"HEADLESS-1"_s), QRectF(0, 0, 1280, 720));
     EXPECT_EQ(insets.usableArea(u"HEADLESS-2"_s), QRectF(1280, 0, 1280, 720));

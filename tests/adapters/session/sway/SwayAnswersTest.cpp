@@ -30,6 +30,16 @@ TEST(SwayAnswersTest, aListThatCouldNotBeReadIsNoEmptyOne) {
     EXPECT_EQ(swayWorkspacesIn(""), std::nullopt);
 }
 
+TEST(SwayAnswersTest, theLaterOfTwoSurfacesLieBelowBeforeSwayHadASceneGraph) {
+    EXPECT_EQ(swayLaterLieBelowIn(R"({"major": 1, "minor": 7, "patch": 0})"), true);
+    EXPECT_EQ(swayLaterLieBelowIn(R"({"major": 1, "minor": 9, "patch": 0})"), true);
+    EXPECT_EQ(swayLaterLieBelowIn(R"({"major": 1, "minor": 10, "patch": 0})"), false);
+    EXPECT_EQ(swayLaterLieBelowIn(R"({"major": 2, "minor": 0, "patch": 0})"), false);
+    for (const char *unknown : {"", "[]", "{}", R"({"major": 1})", R"({"minor": 7})"}) {
+        EXPECT_EQ(swayLaterLieBelowIn(unknown), std::nullopt) << unknown;
+    }
+}
+
 TEST(SwayAnswersTest, aWorkspaceWithoutAnIdIsLeftOut) {
     EXPECT_EQ(swayWorkspacesIn(R"([{"name": "1"}, {"id": -1}, {"id": 1e300}, 7])"),
               std::vector<SwayWorkspaceFacts>());

@@ -16,6 +16,7 @@ class PlayedSwayTest : public testing::Test {
 protected:
     static constexpr quint32 kWorkspaces = 1;
     static constexpr quint32 kTree = 4;
+    static constexpr quint32 kVersion = 7;
     static constexpr quint32 kWorkspaceEvent = 0;
     static constexpr quint32 kWindowEvent = 3;
 

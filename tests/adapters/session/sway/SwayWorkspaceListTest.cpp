@@ -121,11 +121,26 @@ TEST_F(SwayWorkspaceListTest, eachOutputHasWorkspacesOfItsOwn) {
 TEST_F(SwayWorkspaceListTest, barsLeaveTheAreaOfTheWorkspaceThatAnOutputShows) {
     open("[" + one(4, "A", false, "[0,0,1280,720]") + "," + one(5, "A", true, "[0,23,1280,697]") +
          "," + one(6, "B", true, "[1280,0,1024,740]") + "," + one(7, "C", true) + "]");
-    SwayInsets insets(*list);
+    SwayInsets insets(ipc, *list);
     EXPECT_EQ(insets.usableArea(u"A"_s), QRectF(0, 23, 1280, 697));
     EXPECT_EQ(insets.usableArea(u"B"_s), QRectF(1280, 0, 1024, 740));
     EXPECT_EQ(insets.usableArea(u"C"_s), std::nullopt) << "not laid out yet";
     EXPECT_EQ(insets.usableArea(u"D"_s), std::nullopt);
+}
+
+TEST_F(SwayWorkspaceListTest, barsThatComeLateLieBelowInTheVersionsThatDrawSo) {
+    sway.answers[kVersion] = R"({"major": 1, "minor": 7, "patch": 0})";
+    open("[]");
+    const SwayInsets insets(ipc, *list);
+    EXPECT_FALSE(insets.laterLieBelow()) << "not known yet";
+    settle();
+    EXPECT_TRUE(insets.laterLieBelow());
+    sway.answers[kVersion] = R"({"major": 1, "minor": 10, "patch": 1})";
+    sway.hangUp();
+    ASSERT_TRUE(waitUntil([&] { return !ipc.isConnected(); }));
+    runLoop.advance(1);
+    settle();
+    EXPECT_FALSE(insets.laterLieBelow()) << "another one was started";
 }
 
 } // namespace zeph

@@ -73,6 +73,7 @@ struct Compositor {
     std::set<wl_resource *> buffers;
     std::vector<wl_resource *> held;
     std::uint32_t serial = 100;
+    int madeLayers = 0;
 
     Surface *newestLayer() const {
         for (auto it = surfaces.rbegin(); it != surfaces.rend(); ++it) {
@@ -338,6 +339,7 @@ void getLayerSurface(wl_client *client, wl_resource *resource, std::uint32_t id,
             left->role = nullptr;
         }
     });
+    surface.state.number = ++surface.compositor->madeLayers;
     surface.state.layer = layer;
     surface.state.scope = scope;
     if (output && wl_resource_get_user_data(output)) {

@@ -29,6 +29,7 @@ struct FakeOutput {
 
 /// A layer surface as the compositor has it.
 struct FakeLayerState {
+    int number = 0; ///< from 1, in the order of their making
     QByteArray output;
     QByteArray scope;
     std::uint32_t layer = 0;

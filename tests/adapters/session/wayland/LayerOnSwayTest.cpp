@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/wayland/LayerSurface.h"
 
+#include "FakePanels.h"
 #include "WaylandClient.h"
 #include "support/SwaySession.h"
 
@@ -124,6 +125,22 @@ TEST_F(LayerOnSwayTest, coversTheBackgroundAndLeavesItWhenItEnds) {
     auto surface = showSurface(Qt::blue);
     surface.reset();
     EXPECT_TRUE(waitForPicture(plainImage(kSize, kBackground)));
+}
+
+TEST_F(LayerOnSwayTest, liesBelowAPanelOfItsLayerThatCameLater) {
+    FakePanels panels;
+    client->outputs->follow(&panels);
+    const auto surface = showSurface(Qt::blue);
+    const WaylandClient other(sway.waylandDisplay());
+    const auto panel = other.makeSurface();
+    fillSurface(*panel, Qt::red);
+    panel->orderFront();
+    other.settle();
+    EXPECT_TRUE(waitForPicture(plainImage(kSize, Qt::blue))) << "this sway draws it below";
+    panels.setHeight(30);
+    EXPECT_TRUE(waitForPicture(plainImage(kSize, Qt::red)));
+    EXPECT_EQ(losses, 0);
+    client->outputs->follow(nullptr);
 }
 
 TEST_F(LayerOnSwayTest, knowsTheOutputsOfSway) {

@@ -94,11 +94,37 @@ TEST(WaylandFrames, neverChangePixelsThatTheCompositorReads) {
     ASSERT_TRUE(shown.waitForShown(Qt::red)) << "in a second buffer";
     fillSurface(*shown.surface, Qt::green);
     fillSurface(*shown.surface, Qt::yellow);
-    shown.client.settle();
+    shown.client.connection->waitForAnswers(); // no patience ends meanwhile
     EXPECT_EQ(shown.compositor.layer().shown, plainImage({400, 300}, Qt::red));
     EXPECT_EQ(shown.compositor.liveBuffers(), 2);
     shown.compositor.releaseBuffers();
     EXPECT_TRUE(shown.waitForShown(Qt::yellow)) << "the newest";
+}
+
+TEST(WaylandFrames, goOnWhereNoneIsEverReleasedAndDoNotPileUp) {
+    Shown shown(Release::never);
+    const std::vector<QColor> colours{Qt::red,   Qt::green, Qt::yellow,
+                                      Qt::white, Qt::cyan,  Qt::gray};
+    for (const QColor &colour : colours) {
+        fillSurface(*shown.surface, colour);
+        ASSERT_TRUE(shown.waitForShown(colour));
+        EXPECT_LE(shown.compositor.liveBuffers(), 4);
+    }
+}
+
+TEST(WaylandFrames, keepTheirPixelsInABufferThatReplacesAHeldOne) {
+    Shown shown(Release::never);
+    QImage expected = plainImage({400, 300}, Qt::blue);
+    for (int i = 0; i < 4; ++i) {
+        const QRect part(100 * i, 0, 100, 300);
+        fillPart(*shown.surface, Qt::white, part);
+        for (int x = part.left(); x <= part.right(); ++x) {
+            for (int y = 0; y < 300; ++y) {
+                expected.setPixelColor(x, y, Qt::white);
+            }
+        }
+        ASSERT_TRUE(waitUntil([&] { return shown.compositor.layer().shown == expected; })) << i;
+    }
 }
 
 TEST(WaylandFrames, ofManySizesDoNotPileUpWhereNoneIsEverReleased) {
