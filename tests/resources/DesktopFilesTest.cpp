@@ -97,7 +97,7 @@ Metainfo metainfo() {
 TEST(DesktopEntry, hasTheKeysOfAnApplication) {
     const QMap<QString, QString> keys = desktopEntry();
     EXPECT_EQ(keys[u"Type"_s], u"Application");
-    EXPECT_EQ(keys[u"Version"_s], u"1.5");
+    EXPECT_EQ(keys[u"Version"_s], u"1.4") << "what the validator of Debian 12 knows";
     EXPECT_EQ(keys[u"Name"_s], u"Tavi");
     EXPECT_EQ(keys[u"Exec"_s], u"tavi");
     EXPECT_EQ(keys[u"Terminal"_s], u"false");
@@ -107,13 +107,11 @@ TEST(DesktopEntry, hasTheKeysOfAnApplication) {
 }
 
 TEST(DesktopEntry, usesOnlyKeysOfTheFormat) {
-    static const QSet<QString> known{
-        u"Type"_s,           u"Version"_s,          u"Name"_s,
-        u"GenericName"_s,    u"Comment"_s,          u"Exec"_s,
-        u"Icon"_s,           u"Terminal"_s,         u"Categories"_s,
-        u"Keywords"_s,       u"StartupNotify"_s,    u"StartupWMClass"_s,
-        u"NoDisplay"_s,      u"SingleMainWindow"_s, u"Actions"_s,
-        u"DBusActivatable"_s};
+    static const QSet<QString> known{u"Type"_s,        u"Version"_s,       u"Name"_s,
+                                     u"GenericName"_s, u"Comment"_s,       u"Exec"_s,
+                                     u"Icon"_s,        u"Terminal"_s,      u"Categories"_s,
+                                     u"Keywords"_s,    u"StartupNotify"_s, u"StartupWMClass"_s,
+                                     u"NoDisplay"_s,   u"Actions"_s,       u"DBusActivatable"_s};
     for (const QString &key : desktopEntry().keys()) {
         EXPECT_TRUE(known.contains(key)) << qPrintable(key);
     }
@@ -149,7 +147,7 @@ TEST(DesktopEntry, theBusStartsTheProgramUnderItsName) {
     EXPECT_EQ(desktopEntry()[u"DBusActivatable"_s], u"true");
     const QByteArray service = readResource(applicationId + u".service.in"_s);
     EXPECT_TRUE(service.contains("Name=com.tavi.Tavi\n"));
-    EXPECT_TRUE(service.contains("/tavi\n"));
+    EXPECT_TRUE(service.contains("Exec=@program@\n")) << "known when it is installed";
 }
 
 TEST(DesktopEntry, namesTheApplicationIdForIconAndWindow) {
