@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "host/OnboardingFlow.h"
 
+#include "host/PermissionWords.h"
 #include "host/PermissionsManager.h"
 #include "ports/SystemSettings.h"
 
@@ -11,6 +12,15 @@
 using namespace Qt::StringLiterals;
 
 namespace zeph {
+
+namespace {
+
+PermissionState inputOffer(const PermissionsManager &permissions) {
+    return inputState(*permissions.accessibilityGranted, permissions.canCountKeys(),
+                      permissions.inputConsentTellsFront());
+}
+
+} // namespace
 
 OnboardingFlow::OnboardingFlow(std::shared_ptr<PermissionsManager> permissions,
                                SystemSettings &settings, std::function<void()> onDone)
@@ -36,7 +46,12 @@ void OnboardingFlow::goOn() {
 }
 
 bool OnboardingFlow::asks() const {
-    return m_step == OnboardingStep::input || m_step == OnboardingStep::location;
+    return m_step == OnboardingStep::location ||
+           (m_step == OnboardingStep::input && inputOffer(*m_permissions).isOffered);
+}
+
+QString OnboardingFlow::hindrance() const {
+    return m_step == OnboardingStep::input && !asks() ? inputOffer(*m_permissions).note : QString();
 }
 
 bool OnboardingFlow::isGranted() const {
@@ -52,7 +67,8 @@ bool OnboardingFlow::isGranted() const {
 
 bool OnboardingFlow::offersSettings() const {
     // Where there is a page for the location, asking for it opens that page as well.
-    return m_step == OnboardingStep::input && hasPage(PermissionsManager::accessibilityLink());
+    return m_step == OnboardingStep::input && asks() &&
+           hasPage(PermissionsManager::accessibilityLink());
 }
 
 void OnboardingFlow::refresh() {

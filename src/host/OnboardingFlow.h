@@ -38,6 +38,8 @@ public:
 
     /// Whether this step asks for a permission.
     bool asks() const;
+    /// Why it does not where it otherwise would; mostly empty.
+    QString hindrance() const;
     /// Whether the permission that this step asks for is there.
     bool isGranted() const;
     /// Whether this step offers the desktop's own page as another way to its permission.

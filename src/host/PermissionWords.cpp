@@ -40,6 +40,7 @@ PermissionState inputState(bool isGranted, bool canCountKeys, bool tellsFront) {
     if (!canCountKeys) {
         state.note = u"Your desktop does not tell how often keys are pressed, so there is no "
                      u"typing rhythm here."_s;
+        state.isOffered = tellsFront;
         if (tellsFront) {
             state.note += u" If you allow this, Tavi can still see which app is in front."_s;
         }

@@ -9,8 +9,9 @@ enum class LocationHindrance;
 
 /// What the row of a permission says of its state.
 struct PermissionState {
-    QString word;      ///< one or two words
-    QString note = {}; ///< one sentence on what stands in the way; mostly empty
+    QString word;          ///< one or two words
+    QString note = {};     ///< one sentence on what stands in the way; mostly empty
+    bool isOffered = true; ///< whether anything would come of it here
 
     bool operator==(const PermissionState &) const = default;
 };

@@ -2,6 +2,7 @@
 #include "host/OnboardingFlow.h"
 
 #include "host/CalendarPermission.h"
+#include "host/PermissionWords.h"
 #include "host/PermissionsManager.h"
 #include "settings/Consents.h"
 #include "support/FakeEventStore.h"
@@ -94,6 +95,21 @@ TEST_F(OnboardingFlowTest, asksForTwoPermissionsOnlyAndIsStoppedByNeither) {
     EXPECT_EQ(ends, 1);
     EXPECT_EQ(defaults.writes, 0);
     EXPECT_EQ(location.authorizationRequests, 0);
+}
+
+TEST_F(OnboardingFlowTest, doesNotAskForTheInputWhereNothingWouldComeOfIt) {
+    input.countsKeys = false;
+    goTo(OnboardingStep::input);
+    EXPECT_FALSE(flow.asks());
+    EXPECT_FALSE(flow.offersSettings());
+    EXPECT_EQ(flow.hindrance(), inputState(false, false, false).note);
+    input.countsKeys = true;
+    EXPECT_TRUE(flow.asks());
+    EXPECT_EQ(flow.hindrance(), QString());
+    input.countsKeys = false;
+    flow.goOn();
+    EXPECT_TRUE(flow.asks()) << "the location is another permission";
+    EXPECT_EQ(flow.hindrance(), QString());
 }
 
 TEST_F(OnboardingFlowTest, allowingTheInputIsAtOnceTheConsent) {

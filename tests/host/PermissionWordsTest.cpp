@@ -23,8 +23,9 @@ TEST(PermissionWords, ofInputTimingAreThoseOfAnyPermissionWhereKeysCanBeCounted)
 TEST(PermissionWords, tellThatKeysCanNotBeCounted) {
     const QString note = u"Your desktop does not tell how often keys are pressed, so there is no "
                          u"typing rhythm here."_s;
-    EXPECT_EQ(inputState(false, false, false), (PermissionState{u"Not allowed"_s, note}));
-    EXPECT_EQ(inputState(true, false, false), (PermissionState{u"Allowed"_s, note}));
+    EXPECT_EQ(inputState(false, false, false), (PermissionState{u"Not allowed"_s, note, false}));
+    EXPECT_EQ(inputState(true, false, false), (PermissionState{u"Allowed"_s, note, false}));
+    EXPECT_TRUE(inputState(false, false, true).isOffered) << "something comes of it";
     EXPECT_EQ(inputState(false, false, true).note,
               note + u" If you allow this, Tavi can still see which app is in front."_s);
 }

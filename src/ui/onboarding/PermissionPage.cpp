@@ -50,7 +50,9 @@ PermissionPage::PermissionPage(const OnboardingWords::Permission &words, QWidget
                usualTop, parent),
       m_allow(new PillButton(OnboardingWords::allow(), PillButton::Kind::primary)),
       m_allowed(allowedLabel(nullptr)),
+      m_hindrance(centered({}, TypeRole::detail, TextLabel::Ink::second)),
       m_openSettings(new PillButton(OnboardingWords::openSettings(), PillButton::Kind::plain)) {
+    m_hindrance->setFixedWidth(scaled(optionalWidth));
     m_allow->setHeight(PillButton::Height::large);
     m_allow->setAccessibleDescription(words.reason);
     connect(m_allow, &PillButton::clicked, this, [this] { onAllow(); });
@@ -80,6 +82,7 @@ QWidget *PermissionPage::answer() {
     row->addStretch(1);
     row->addWidget(m_allow);
     row->addWidget(m_allowed);
+    row->addWidget(m_hindrance);
     row->addStretch(1);
     column->addWidget(place);
     column->addSpacing(scaled(belowAllow));
@@ -89,7 +92,9 @@ QWidget *PermissionPage::answer() {
 
 void PermissionPage::refresh(const OnboardingFlow &flow) {
     const bool isGranted = flow.isGranted();
-    m_allow->setVisible(!isGranted);
+    m_allow->setVisible(!isGranted && flow.asks());
+    m_hindrance->setText(flow.hindrance());
+    m_hindrance->setVisible(!isGranted && !flow.asks());
     m_allowed->setVisible(isGranted);
     m_openSettings->setVisible(!isGranted && flow.offersSettings());
 }

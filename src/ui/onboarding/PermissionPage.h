@@ -9,6 +9,7 @@
 namespace zeph::ui {
 
 class PillButton;
+class TextLabel;
 
 /// Asks for one permission, and tells when it is there.
 class PermissionPage : public StepPage {
@@ -25,6 +26,7 @@ private:
 
     PillButton *m_allow;
     QWidget *m_allowed;
+    TextLabel *m_hindrance;
     PillButton *m_openSettings;
 };
 

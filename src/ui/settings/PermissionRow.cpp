@@ -74,7 +74,7 @@ void PermissionRow::show(bool isGranted, const PermissionState &state) {
     m_isGranted = isGranted;
     m_state->word->setText(state.word);
     m_state->granted->setVisible(isGranted);
-    m_state->asking->setVisible(!isGranted);
+    m_state->asking->setVisible(!isGranted && state.isOffered);
     if (hadFocus) {
         button()->setFocus(); // the one that was pressed is gone
     }

@@ -23,6 +23,7 @@ public:
 
     PermissionRow(const Words &words, Actions actions, QWidget *parent = nullptr);
 
+    /// What is not offered has no button until it is granted.
     void show(bool isGranted, const PermissionState &state);
 
     /// What can be pressed now.

@@ -112,7 +112,8 @@ bool PermissionsPane::event(QEvent *event) {
 std::vector<SearchEntry> PermissionsPane::searchEntries() {
     std::vector<SearchEntry> entries;
     for (const auto &[words, row] : m_rows) {
-        entries.push_back({words.title, words.detail, row->button()});
+        QWidget *button = row->button();
+        entries.push_back({words.title, words.detail, button->isVisibleTo(row) ? button : row});
     }
     return entries;
 }

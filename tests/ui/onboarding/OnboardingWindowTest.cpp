@@ -165,6 +165,19 @@ TEST_F(OnboardingWindowTest, allowingTheRhythmShowsAtOnce) {
     EXPECT_TRUE(systemSettings.opened.isEmpty());
 }
 
+TEST_F(OnboardingWindowTest, doesNotAskForTheRhythmWhereNothingWouldComeOfIt) {
+    const QString why = u"Your desktop does not tell how often keys are pressed, so there is no "
+                        u"typing rhythm here."_s;
+    input.countsKeys = false;
+    openAt(OnboardingStep::input);
+    EXPECT_EQ(button(u"Allow"_s), nullptr);
+    EXPECT_EQ(button(u"Open System Settings instead"_s), nullptr);
+    EXPECT_THAT(words(), Contains(why));
+    click(u"Continue"_s);
+    EXPECT_NE(button(u"Allow"_s), nullptr) << "the place";
+    EXPECT_THAT(words(), Not(Contains(why)));
+}
+
 TEST_F(OnboardingWindowTest, theOtherWayOpensTheDesktopsPage) {
     openAt(OnboardingStep::input);
     click(u"Open System Settings instead"_s);

@@ -52,6 +52,18 @@ TEST_F(PermissionsPaneTest, saysWhereKeysCanNotBeCounted) {
     EXPECT_TRUE(says(note));
 }
 
+TEST_F(PermissionsPaneTest, offersNoConsentOfWhichNothingWouldCome) {
+    input.countsKeys = false;
+    open();
+    EXPECT_TRUE(says(u"Accessibility"_s));
+    EXPECT_FALSE(offers(u"Allow Accessibility"_s));
+    EXPECT_TRUE(offers(u"Allow Location"_s));
+    consents.input.set(ConsentState::granted);
+    permissions->refresh();
+    settle();
+    EXPECT_TRUE(canWithdraw(u"Accessibility"_s)) << "what was given can be taken back";
+}
+
 TEST_F(PermissionsPaneTest, asksForTheLocation) {
     open();
     click(named<PillButton>(u"Allow Location"_s));
