@@ -27,7 +27,8 @@ std::vector<QRectF> cellsOf(const DesktopIcons &icons, const QRectF &workArea) {
                    [&](QPointF place) { return QRectF(origin + place, icons.cell); });
     const int rows = std::max(1, static_cast<int>(workArea.height() / icons.cell.height()));
     for (int i = 0; i < std::min(icons.unplaced, kMostUnplaced); ++i) {
-        const QPointF place(i / rows * icons.cell.width(), i % rows * icons.cell.height());
+        const int column = i / rows;
+        const QPointF place(column * icons.cell.width(), i % rows * icons.cell.height());
         cells.emplace_back(workArea.topLeft() + place, icons.cell);
     }
     return cells;

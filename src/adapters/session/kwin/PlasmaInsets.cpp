@@ -23,7 +23,7 @@ std::optional<QRectF> areaIn(const QDBusMessage &answer) {
     if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != u"(iiii)"_s) {
         return std::nullopt;
     }
-    const QRect area = qdbus_cast<QRect>(answer.arguments().constFirst());
+    const auto area = qdbus_cast<QRect>(answer.arguments().constFirst());
     return area.isEmpty() ? std::nullopt : std::optional(QRectF(area));
 }
 

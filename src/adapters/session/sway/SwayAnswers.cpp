@@ -76,7 +76,7 @@ std::optional<std::vector<SwayWorkspaceFacts>> swayWorkspacesIn(const QByteArray
     }
     std::vector<SwayWorkspaceFacts> workspaces;
     const QJsonArray list = document.array();
-    for (const QJsonValue &value : list) {
+    for (const auto &value : list) {
         const QJsonObject node = value.toObject();
         if (const auto id = idIn(node)) {
             workspaces.push_back({.id = *id,
@@ -99,7 +99,7 @@ std::optional<SwayWindowFacts> swayFocusedWindowIn(const QByteArray &payload) {
         }
         for (const QString &key : {u"nodes"_s, u"floating_nodes"_s}) {
             const QJsonArray children = node[key].toArray();
-            for (const QJsonValue &child : children) {
+            for (const auto &child : children) {
                 open.push_back(child.toObject());
             }
         }

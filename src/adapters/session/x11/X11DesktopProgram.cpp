@@ -144,7 +144,7 @@ X11DesktopProgram::describe(const std::vector<xcb_window_t> &candidates,
             programIn(replies[kRepliesPerCandidate * i], replies[kRepliesPerCandidate * i + 1]);
         if (program && (!found || found->kind == *program)) {
             if (!found) {
-                found.emplace().kind = *program;
+                found = Found{.kind = *program};
             }
             found->windows.insert(found->windows.begin(), candidates[i]);
         }
