@@ -182,7 +182,7 @@ void AppDelegate::observeSpaces() {
         notifications::zephDesktopSelectionChanged, [this] { applyDesktopSelection(); }));
     m_subscriptions.push_back(m_services.platform.virtualDesktops.subscribe([this] {
         // Those that are on every workspace are so without help.
-        if (m_services.preferences.desktopSelection() != DesktopSelection(AllDesktops{})) {
+        if (chosenDesktops(m_services.preferences.desktopSelection())) {
             applyDesktopSelection();
         }
     }));
