@@ -185,7 +185,7 @@ TEST_F(LayerOnSwayTest, letsTheBackgroundThroughWhereItIsTransparent) {
 
 TEST_F(LayerOnSwayTest, letsClicksReachTheDesktopBeneath) {
     ASSERT_TRUE(sway.tell(u"for_window [app_id=foot] floating enable"_s));
-    ASSERT_GT(sway.start({u"foot"_s}), 0);
+    ASSERT_GT(sway.start({u"foot"_s, u"sleep"_s, u"60"_s}), 0);
     ASSERT_TRUE(waitUntil([&] { return focusedNode()[u"app_id"_s] == u"foot"_s; }));
     ASSERT_TRUE(sway.tell(u"[app_id=foot] resize set 300 200, move position 10 10"_s));
     const auto surface = client->makeSurface();
