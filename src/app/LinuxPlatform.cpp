@@ -250,8 +250,9 @@ LinuxPlatform::Created LinuxPlatform::create(const QString &defaultsPath, const 
                                              const Calendar &gregorian,
                                              const Formatters &formatters) {
     auto foundation = std::make_unique<Foundation>(defaultsPath);
-    OpenedSession opened = openSession({foundation->desktopEntries, foundation->consents.input,
-                                        foundation->runLoop, foundation->background});
+    OpenedSession opened =
+        openSession({foundation->desktopEntries, foundation->consents.input, foundation->runLoop,
+                     foundation->background, foundation->defaults});
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }

@@ -46,6 +46,7 @@ std::vector<Screen> X11Screens::describeAll() const {
             describe(monitors[i], identities[i],
                      screenScale(scales, facts[i].connector, static_cast<qsizetype>(i))));
         screens.back().name = names[i];
+        screens.back().connector = facts[i].connector;
     }
     return screens;
 }
