@@ -162,7 +162,8 @@ struct LinuxPlatform::Adapters {
                 .secureStore = secureStore,
                 .screens = screens,
                 .windowServer = session->windowServer(),
-                .virtualDesktops = session->virtualDesktops()} {}
+                .virtualDesktops = session->virtualDesktops(),
+                .desktopWallpaper = session->desktopWallpaper()} {}
 
     std::unique_ptr<Foundation> foundation;
     std::unique_ptr<DisplaySession> session;
