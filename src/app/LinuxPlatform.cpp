@@ -230,7 +230,8 @@ struct LinuxPlatform::Shell {
     X11ApplicationPolicy policy;
     std::unique_ptr<LoginItem> loginItem;
     PackageKitUpdates updates{QDBusConnection::systemBus(),
-                              QCoreApplication::applicationFilePath()};
+                              QCoreApplication::applicationFilePath(),
+                              runsInSandbox(QCoreApplication::applicationFilePath())};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
     std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(
         currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
