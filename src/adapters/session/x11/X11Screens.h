@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/session/x11/X11MonitorWorkAreas.h"
 #include "adapters/session/x11/X11Monitors.h"
 #include "adapters/session/x11/X11ReservedSpace.h"
 #include "ports/Screens.h"
@@ -22,8 +23,10 @@ private:
     std::vector<Screen> describeAll() const;
     Screen describe(const X11Monitor &monitor, const QString &identity, double scale) const;
     QRectF availableFrame(const Screen &screen) const;
+    std::optional<QRect> workArea(const QRect &monitor) const;
     void follow();
 
+    X11MonitorWorkAreas m_areas; // first: its answers come while the others wait for theirs
     X11Monitors m_monitors;
     X11ReservedSpace m_space;
     std::vector<Screen> m_screens; // the primary one first

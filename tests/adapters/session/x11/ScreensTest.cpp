@@ -241,6 +241,25 @@ TEST_F(FollowedScreensTest, leavesOutWhatIsNoWorkAreaOfALoneDisplay) {
     EXPECT_EQ(screens.main()->visibleFrame, screens.main()->frame);
 }
 
+// As GNOME tells it: without a panel of its own in any list of windows.
+TEST_F(FollowedScreensTest, leavesOutWhatIsNoWorkAreaOfEachDisplay) {
+    splitTheScreen();
+    const xcb_atom_t hint = connection->intern("_GTK_WORKAREAS");
+    xcb_change_property(connection->xcb(), XCB_PROP_MODE_REPLACE, connection->root(),
+                        connection->intern("_NET_SUPPORTED"), XCB_ATOM_ATOM, 32, 1, &hint);
+    client->setNumbers(client->root(), "_NET_WORKAREA", {0, 0, 1280, 800});
+    client->setNumbers(client->root(), "_GTK_WORKAREAS_D0", {0, 32, 640, 768, 640, 0, 600, 800});
+    EXPECT_TRUE(waitUntil([&] {
+        const auto all = screens.all();
+        return all[0].visibleFrame == QRectF(0, 32, 640, 768) &&
+               all[1].visibleFrame == QRectF(640, 0, 600, 800);
+    }));
+    // They are of the whole monitor, whatever its points are.
+    setResources("Xft.dpi:\t192\n");
+    EXPECT_TRUE(
+        waitUntil([&] { return screens.all()[0].visibleFrame == QRectF(0, 16, 320, 384); }));
+}
+
 namespace {
 
 class NoMonitorsTest : public ScreensTest {
