@@ -16,6 +16,12 @@ X11Screens::X11Screens(X11Connection &connection)
     m_space.setChangeHandler([this] { follow(); });
 }
 
+void X11Screens::setScales(MonitorScales &scales) {
+    m_scales = &scales;
+    m_scaleChanges = scales.subscribe([this] { follow(); });
+    follow();
+}
+
 std::optional<Screen> X11Screens::main() const {
     return m_screens.empty() ? std::nullopt : std::optional(m_screens.front());
 }
@@ -43,9 +49,9 @@ std::vector<Screen> X11Screens::describeAll() const {
                                qgetenv("QT_SCREEN_SCALE_FACTORS")};
     std::vector<Screen> screens;
     for (std::size_t i = 0; i < monitors.size(); ++i) {
-        screens.push_back(
-            describe(monitors[i], identities[i],
-                     screenScale(scales, facts[i].connector, static_cast<qsizetype>(i))));
+        const double scale = screenScale(
+            scales, {facts[i].connector, static_cast<qsizetype>(i), toldScale(monitors[i])});
+        screens.push_back(describe(monitors[i], identities[i], scale));
         screens.back().name = names[i];
     }
     return screens;
@@ -63,6 +69,11 @@ Screen X11Screens::describe(const X11Monitor &monitor, const QString &identity,
     screen.visibleFrame = visibleFrame(screen.frame, availableFrame(screen),
                                        m_space.margins(monitor.geometry), scale);
     return screen;
+}
+
+std::optional<double> X11Screens::toldScale(const X11Monitor &monitor) const {
+    return m_scales != nullptr ? m_scales->scaleOf(monitor.facts.connector, monitor.geometry)
+                               : std::nullopt;
 }
 
 QRectF X11Screens::availableFrame(const Screen &screen) const {
