@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "adapters/session/x11/X11Screens.h"
+#include "ScreensFixture.h"
 
-#include "X11Fixture.h"
 #include "adapters/session/identity/EdidBlock.h"
-
-#include <xcb/randr.h>
 
 using namespace Qt::StringLiterals;
 
@@ -12,57 +9,7 @@ namespace zeph {
 
 namespace {
 
-class ScreensTest : public X11Test {
-protected:
-    ScreensTest() = default;
-    explicit ScreensTest(const XvfbSession::Options &options) : X11Test(options) {}
-
-    QByteArray xrandr(const QStringList &arguments) const {
-        return session.run(QStringList{u"xrandr"_s} + arguments);
-    }
-
-    void setMonitor(const QString &name, const QString &geometry, const QString &output) const {
-        ASSERT_FALSE(xrandr({u"--setmonitor"_s, name, geometry, output}).isNull());
-    }
-
-    void setResources(const QByteArray &resources) const {
-        xcb_change_property(connection->xcb(), XCB_PROP_MODE_REPLACE, connection->root(),
-                            XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8,
-                            static_cast<std::uint32_t>(resources.size()), resources.constData());
-        xcb_flush(connection->xcb());
-    }
-
-    /// Gives the only output an identity, as a plugged display has one.
-    void setEdid(const QByteArray &block) const {
-        const X11Reply<xcb_randr_get_screen_resources_current_reply_t> resources(
-            xcb_randr_get_screen_resources_current_reply(
-                connection->xcb(),
-                xcb_randr_get_screen_resources_current(connection->xcb(), connection->root()),
-                nullptr));
-        ASSERT_TRUE(resources && resources->num_outputs == 1);
-        xcb_randr_change_output_property(
-            connection->xcb(), *xcb_randr_get_screen_resources_current_outputs(resources.get()),
-            connection->intern("EDID"), XCB_ATOM_INTEGER, 8, XCB_PROP_MODE_REPLACE,
-            static_cast<std::uint32_t>(block.size()), block.constData());
-        xcb_flush(connection->xcb());
-    }
-};
-
-/// Displays that tell of changes.
-class FollowedScreensTest : public ScreensTest {
-protected:
-    void splitTheScreen() {
-        setMonitor(u"left"_s, u"640/100x800/100+0+0"_s, u"screen"_s);
-        setMonitor(u"right"_s, u"640/100x800/100+640+0"_s, u"none"_s);
-        ASSERT_TRUE(waitUntil([&] { return screens.all().size() == 2 && calls > 0; }));
-    }
-
-    X11Screens screens{*connection};
-    int calls = 0;
-    Subscription told = screens.subscribe([this] { ++calls; });
-};
-
-/// The same with panels.
+/// Displays that tell of changes, with panels.
 class PanelScreensTest : public FollowedScreensTest {
 protected:
     PanelScreensTest() {
