@@ -13,6 +13,7 @@
 #include "adapters/storage/FolderLock.h"
 #include "app/EndBudget.h"
 #include "app/LinuxPlatform.h"
+#include "app/OwnFolder.h"
 #include "app/RequestInbox.h"
 #include "app/StartClaim.h"
 #include "app/Windows.h"
@@ -31,7 +32,6 @@
 
 #include <QApplication>
 #include <QDBusConnection>
-#include <QStandardPaths>
 #include <QThread>
 
 #include <unistd.h>
@@ -61,10 +61,6 @@ constexpr std::chrono::milliseconds endPatience{1000}; // for another program to
 
 // A bus that is well answers within milliseconds, and on a machine that logs its user in later.
 constexpr std::chrono::milliseconds busPatience{2000};
-
-QString folder(QStandardPaths::StandardLocation base) {
-    return QStandardPaths::writableLocation(base) + u"/Zeph"_s;
-}
 
 // The toolkit's own connection ends the process by exit() when it is the first to notice that the
 // X server is gone. What was counted is saved on that way too.
@@ -174,7 +170,8 @@ int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox
     const Platform &ports = platform->ports();
     NotificationCenter notifications;
     PreferencesStore preferences(ports.userDefaults, notifications, ports.formatters);
-    UsageStore usageStore(folder(QStandardPaths::GenericDataLocation), ports.clock, ports.calendar);
+    UsageStore usageStore(ownFolder(QStandardPaths::GenericDataLocation), ports.clock,
+                          ports.calendar);
     Keychain keychain(ports.secureStore, ports.userDefaults);
     IntegrationsStore integrations(ports.userDefaults, keychain, notifications, ports.runLoop,
                                    ports.taskExecutor);
@@ -223,7 +220,7 @@ int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox
 int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartClaim &claim) {
     // While the bus does not answer nobody else can tell that the program runs already, and two
     // would write over each other.
-    const FolderLock lock(folder(QStandardPaths::GenericDataLocation), endPatience);
+    const FolderLock lock(ownFolder(QStandardPaths::GenericDataLocation), endPatience);
     if (lock.isHeldByAnother()) {
         if (!claim.callRunning()) {
             std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
@@ -233,9 +230,9 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
     const IcuCalendar calendar;
     const IcuCalendar gregorian(u"en_US"_s);
     const IcuFormatters formatters;
-    const LinuxPlatform::Created created =
-        LinuxPlatform::create(folder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s,
-                              calendar, gregorian, formatters);
+    const LinuxPlatform::Created created = LinuxPlatform::create(
+        ownFolder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s, calendar, gregorian,
+        formatters);
     if (!created.platform) {
         std::fprintf(stderr, "tavi: %s\n", qPrintable(created.refusal));
         return EXIT_FAILURE;
@@ -259,7 +256,7 @@ int runProgram(char **arguments, const ProgramSettings &settings) {
                    stderr);
         return EXIT_FAILURE;
     }
-    // The program takes no options; the toolkit would take its own from the command line.
+    // The wallpaper takes no options; the toolkit would take its own from the command line.
     int argumentCount = 1;
     const auto toolkit = makeToolkit(plugin, argumentCount, arguments);
     display.reset();
