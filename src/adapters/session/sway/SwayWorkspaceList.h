@@ -21,7 +21,6 @@ public:
     }
 
 private:
-    void follow(SwayEvent kind, const QByteArray &payload);
     void read();
     void take(const QByteArray &payload);
 
@@ -31,6 +30,7 @@ private:
     bool m_readsAgain = false;
     ChangePublisher m_changes;
     Subscription m_starts;
+    Subscription m_windows;
     Subscription m_events;
 };
 

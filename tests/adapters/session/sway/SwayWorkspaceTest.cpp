@@ -128,9 +128,16 @@ TEST_F(SwayWorkspaceTest, asksAnewAfterSwayHungUp) {
                                          "app_id": "term"}]})";
     sway.hangUp();
     ASSERT_TRUE(waitUntil([&] { return !ipc.isConnected(); }));
-    EXPECT_EQ(front(), u"org.example.Editor"_s) << "nothing else is known";
     runLoop.advance(1);
     ASSERT_TRUE(waitUntil([&] { return front() == u"term"_s; }));
+}
+
+TEST_F(SwayWorkspaceTest, noneIsInFrontOnceNobodyTellsOfIt) {
+    open();
+    tellWindow("focus", editor);
+    sway.die();
+    ASSERT_TRUE(waitUntil([&] { return !ipc.isConnected(); }));
+    EXPECT_EQ(workspace->frontmostApplication(), std::nullopt);
 }
 
 TEST_F(SwayWorkspaceTest, whatMakesNoSenseChangesNothing) {
