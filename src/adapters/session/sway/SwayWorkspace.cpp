@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/sway/SwayWorkspace.h"
 
+#include "adapters/apps/OwnApplication.h"
 #include "adapters/apps/RunningProgram.h"
-
-#include <unistd.h>
 
 #include <utility>
 
@@ -80,8 +79,8 @@ void SwayWorkspace::windowChanged(const SwayWindowChange &event) {
 void SwayWorkspace::setFocused(const std::optional<SwayWindowFacts> &window) {
     m_isTold = true;
     m_focused = window ? std::optional(window->id) : std::nullopt;
-    const bool isOurs = window && window->process == getpid();
-    m_front.set(window && !isOurs ? std::optional(hintsOf(*window)) : std::nullopt);
+    const auto hints = window ? std::optional(hintsOf(*window)) : std::nullopt;
+    m_front.set(hints && !isOwnApplication(*hints) ? hints : std::nullopt);
 }
 
 } // namespace zeph

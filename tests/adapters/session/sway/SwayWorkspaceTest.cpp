@@ -116,8 +116,12 @@ TEST_F(SwayWorkspaceTest, noneIsInFrontOnceTheWindowIsClosed) {
 TEST_F(SwayWorkspaceTest, aWindowOfOursIsNoApplicationInFront) {
     open();
     tellWindow("focus", editor);
+    tellWindow("focus", R"({"id": 9, "app_id": "com.tavi.Tavi"})");
+    EXPECT_EQ(workspace->frontmostApplication(), std::nullopt);
     tellWindow("focus", R"({"id": 9, "app_id": "org.example.Editor", "pid": )" +
                             QByteArray::number(getpid()) + "}");
+    EXPECT_EQ(front(), u"org.example.Editor"_s) << "a sandbox may have such a process too";
+    tellWindow("focus", R"({"id": 9, "window_properties": {"class": "com.tavi.Tavi"}})");
     EXPECT_EQ(workspace->frontmostApplication(), std::nullopt);
 }
 
