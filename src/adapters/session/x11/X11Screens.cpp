@@ -53,6 +53,7 @@ std::vector<Screen> X11Screens::describeAll() const {
             scales, {facts[i].connector, static_cast<qsizetype>(i), toldScale(monitors[i])});
         screens.push_back(describe(monitors[i], identities[i], scale));
         screens.back().name = names[i];
+        screens.back().connector = facts[i].connector;
     }
     return screens;
 }

@@ -30,7 +30,7 @@ public:
     static Opened open(const Surroundings &surroundings, const QByteArray &display = {});
 
     X11Screens &screens() override { return m_screens; }
-    WindowServer &windowServer() override { return *m_windowServer; }
+    X11WindowServer &windowServer() override { return *m_windowServer; }
     X11Workspace &workspace() override { return m_workspace; }
     InputEvents &inputEvents() override { return m_inputEvents; }
     VirtualDesktops &virtualDesktops() override { return m_virtualDesktops; }
