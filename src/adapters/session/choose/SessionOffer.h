@@ -42,6 +42,7 @@ struct SessionOffer {
     std::optional<WindowManagerOffer> windowManager = {}; ///< of X11
     Compositing compositing = Compositing::none;          ///< of X11
     std::optional<DesktopProgramOffer> desktopProgram = {}; ///< that runs now
+    bool isTransparent = false;       ///< what lies beneath the wallpaper shines through it
     bool mayUsePlasmaPackage = false; ///< the person let us put our wallpaper into Plasma
 
     bool operator==(const SessionOffer &) const = default;

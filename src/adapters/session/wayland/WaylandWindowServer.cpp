@@ -16,10 +16,11 @@ constexpr std::uint32_t kNewestShell = 4;
 constexpr std::uint32_t kOnlyMemory = 1;
 constexpr std::uint32_t kOnlyViewporter = 1;
 
-DrawingWay layerWay() {
+DrawingWay layerWay(bool isTransparent) {
     SessionOffer offer = offerOfEnvironment();
     offer.displaySystem = DisplaySystem::wayland;
     offer.hasLayerShell = true;
+    offer.isTransparent = isTransparent;
     return chooseDrawingWay(offer);
 }
 
@@ -49,12 +50,24 @@ WaylandWindowServer::WaylandWindowServer(WaylandConnection &connection, LayerShe
       m_shell(std::move(shell)),
       m_outputs(outputs),
       m_now(std::move(now)),
-      m_way(layerWay()) {
+      m_way(layerWay(false)) {
     qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
+}
+
+/// In a turn of the loop of its own, as surfaces are made while others are told of it.
+void WaylandWindowServer::noteWay(DrawingWay way) {
+    if (way == m_way) {
+        return;
+    }
+    m_way = std::move(way);
+    qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
+    QMetaObject::invokeMethod(
+        &m_context, [this] { m_wayChanges.send(); }, Qt::QueuedConnection);
 }
 
 std::unique_ptr<DesktopSurface> WaylandWindowServer::makeDesktopSurface(const Screen &screen,
                                                                         bool wantsTransparency) {
+    noteWay(layerWay(wantsTransparency));
     return std::make_unique<LayerSurface>(LayerTools{*m_shell.compositor, *m_shell.memory,
                                                      *m_shell.shell, m_shell.viewporter.get(),
                                                      m_outputs, m_shell.abilities(), m_now},
@@ -62,7 +75,7 @@ std::unique_ptr<DesktopSurface> WaylandWindowServer::makeDesktopSurface(const Sc
 }
 
 Subscription WaylandWindowServer::subscribeToDrawingWay(std::function<void()> handler) {
-    return m_never.subscribe(std::move(handler));
+    return m_wayChanges.subscribe(std::move(handler));
 }
 
 Subscription WaylandWindowServer::subscribeToCompositing(std::function<void()> handler) {

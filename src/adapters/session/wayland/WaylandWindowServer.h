@@ -32,19 +32,24 @@ public:
     std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,
                                                        bool wantsTransparency) override;
     DrawingWay drawingWay() const override { return m_way; }
-    /// What a compositor offers stays the same while it runs; this never happens.
+    /// What a compositor offers stays the same while it runs, but the words for it go by whether
+    /// the newest surface is transparent.
     Subscription subscribeToDrawingWay(std::function<void()> handler) override;
     /// Every compositor of Wayland composes; this never happens.
     Subscription subscribeToCompositing(std::function<void()> handler) override;
     Subscription subscribeToLoss(std::function<void()> handler) override;
 
 private:
+    void noteWay(DrawingWay way);
+
     WaylandConnection &m_connection;
     LayerShell m_shell;
     WaylandOutputs &m_outputs;
     SteadyNow m_now;
     DrawingWay m_way;
+    ChangePublisher m_wayChanges;
     ChangePublisher m_never;
+    QObject m_context;
 };
 
 } // namespace zeph

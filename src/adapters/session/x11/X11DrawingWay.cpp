@@ -57,6 +57,12 @@ void X11DrawingWay::doWithoutPicture() {
     }
 }
 
+void X11DrawingWay::noteTransparency(bool isTransparent) {
+    if (std::exchange(m_known.isTransparent, isTransparent) != isTransparent) {
+        chooseSoon();
+    }
+}
+
 void X11DrawingWay::choose() {
     m_rest.stop();
     const bool isFirst = !std::exchange(m_isChosen, true);

@@ -42,6 +42,10 @@ public:
     /// server has no room for a copy of it, and surfaces are not to be made anew for every trial.
     void doWithoutPicture();
 
+    /// Chooses other words soon where what lies beneath the wallpaper shines through it by now, or
+    /// does so no longer.
+    void noteTransparency(bool isTransparent);
+
     /// Whether there was a choice yet.
     bool isChosen() const { return m_isChosen; }
 
