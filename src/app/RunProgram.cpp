@@ -15,6 +15,7 @@
 #include "app/DisplayLoss.h"
 #include "app/EndBudget.h"
 #include "app/LinuxPlatform.h"
+#include "app/OwnFolder.h"
 #include "app/RequestInbox.h"
 #include "app/StartClaim.h"
 #include "app/Windows.h"
@@ -33,7 +34,6 @@
 
 #include <QApplication>
 #include <QDBusConnection>
-#include <QStandardPaths>
 #include <QThread>
 
 #include <unistd.h>
@@ -64,10 +64,6 @@ constexpr std::chrono::milliseconds endPatience{1000}; // for another program to
 
 // A bus that is well answers within milliseconds, and on a machine that logs its user in later.
 constexpr std::chrono::milliseconds busPatience{2000};
-
-QString folder(QStandardPaths::StandardLocation base) {
-    return QStandardPaths::writableLocation(base) + u"/Zeph"_s;
-}
 
 /// What is to be done however the program ends.
 struct Ending {
@@ -190,7 +186,8 @@ int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox
     const Platform &ports = platform->ports();
     NotificationCenter notifications;
     PreferencesStore preferences(ports.userDefaults, notifications, ports.formatters);
-    UsageStore usageStore(folder(QStandardPaths::GenericDataLocation), ports.clock, ports.calendar);
+    UsageStore usageStore(ownFolder(QStandardPaths::GenericDataLocation), ports.clock,
+                          ports.calendar);
     Keychain keychain(ports.secureStore, ports.userDefaults);
     IntegrationsStore integrations(ports.userDefaults, keychain, notifications, ports.runLoop,
                                    ports.taskExecutor);
@@ -244,7 +241,7 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
                DisplayLoss &loss) {
     // While the bus does not answer nobody else can tell that the program runs already, and two
     // would write over each other.
-    const FolderLock lock(folder(QStandardPaths::GenericDataLocation), endPatience);
+    const FolderLock lock(ownFolder(QStandardPaths::GenericDataLocation), endPatience);
     if (lock.isHeldByAnother()) {
         if (!claim.callRunning()) {
             std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
@@ -254,9 +251,9 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
     const IcuCalendar calendar;
     const IcuCalendar gregorian(u"en_US"_s);
     const IcuFormatters formatters;
-    const LinuxPlatform::Created created =
-        LinuxPlatform::create(folder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s,
-                              calendar, gregorian, formatters);
+    const LinuxPlatform::Created created = LinuxPlatform::create(
+        ownFolder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s, calendar, gregorian,
+        formatters);
     if (!created.platform) {
         std::fprintf(stderr, "tavi: %s\n", qPrintable(created.refusal));
         return EXIT_FAILURE;
@@ -282,7 +279,7 @@ int runOnce(char **arguments, const ProgramSettings &settings, DisplayLoss &loss
                    stderr);
         return EXIT_FAILURE;
     }
-    // The program takes no options; the toolkit would take its own from the command line.
+    // The wallpaper takes no options; the toolkit would take its own from the command line.
     int argumentCount = 1;
     const auto toolkit = makeToolkit(plugin, argumentCount, arguments);
     server.reset();

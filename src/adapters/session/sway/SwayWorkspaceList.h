@@ -24,7 +24,6 @@ public:
     }
 
 private:
-    void follow(SwayEvent kind, const QByteArray &payload);
     void read();
     void take(const QByteArray &payload);
 
@@ -34,6 +33,7 @@ private:
     bool m_readsAgain = false;
     ChangePublisher m_changes;
     Subscription m_starts;
+    Subscription m_windows;
     Subscription m_events;
 };
 

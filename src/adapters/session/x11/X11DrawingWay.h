@@ -46,6 +46,9 @@ public:
     /// does so no longer.
     void noteTransparency(bool isTransparent);
 
+    /// Whether our wallpaper can take the place of Plasma's own; chooses at once by it.
+    void permitPlasma(const PlasmaPermission &permission);
+
     /// Whether there was a choice yet.
     bool isChosen() const { return m_isChosen; }
 
