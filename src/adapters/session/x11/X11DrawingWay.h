@@ -42,6 +42,10 @@ public:
     /// server has no room for a copy of it, and surfaces are not to be made anew for every trial.
     void doWithoutPicture();
 
+    /// Chooses other words soon where what lies beneath the wallpaper shines through it by now, or
+    /// does so no longer.
+    void noteTransparency(bool isTransparent);
+
     /// Whether our wallpaper can take the place of Plasma's own; chooses at once by it.
     void permitPlasma(const PlasmaPermission &permission);
 
