@@ -152,7 +152,9 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const std::function<void(
     saveEverything = &save;
     std::atexit(saveAtExit);
     if (isToolkitOnWayland()) {
-        printMessage = qInstallMessageHandler(saveAfterLastWords);
+        // Known before the first message of any thread comes this way.
+        printMessage = qInstallMessageHandler(nullptr);
+        qInstallMessageHandler(saveAfterLastWords);
     }
     app.launch();
     platform.ports().runLoop.after(tasksRest, [&platform] { platform.releaseTasks(); });
