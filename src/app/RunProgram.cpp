@@ -227,10 +227,11 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
     // would write over each other.
     const FolderLock lock(folder(QStandardPaths::GenericDataLocation), endPatience);
     if (lock.isHeldByAnother()) {
-        if (!claim.callRunning()) {
-            std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
+        if (claim.callRunning()) {
+            return EXIT_SUCCESS;
         }
-        return EXIT_SUCCESS;
+        std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
+        return EXIT_FAILURE;
     }
     const IcuCalendar calendar;
     const IcuCalendar gregorian(u"en_US"_s);
