@@ -173,7 +173,8 @@ struct LinuxPlatform::Adapters {
                 .secureStore = secureStore,
                 .screens = screens,
                 .windowServer = session->windowServer(),
-                .virtualDesktops = session->virtualDesktops()} {}
+                .virtualDesktops = session->virtualDesktops(),
+                .desktopWallpaper = session->desktopWallpaper()} {}
 
     std::unique_ptr<Foundation> foundation;
     std::unique_ptr<DisplaySession> session;
@@ -241,7 +242,8 @@ struct LinuxPlatform::Shell {
     X11ApplicationPolicy policy;
     std::unique_ptr<LoginItem> loginItem;
     PackageKitUpdates updates{QDBusConnection::systemBus(),
-                              QCoreApplication::applicationFilePath()};
+                              QCoreApplication::applicationFilePath(),
+                              runsInSandbox(QCoreApplication::applicationFilePath())};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
     std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(
         currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
@@ -261,8 +263,9 @@ LinuxPlatform::Created LinuxPlatform::create(const QString &defaultsPath, const 
                                              const Calendar &gregorian,
                                              const Formatters &formatters) {
     auto foundation = std::make_unique<Foundation>(defaultsPath);
-    OpenedSession opened = openSession({foundation->desktopEntries, foundation->consents.input,
-                                        foundation->runLoop, foundation->background});
+    OpenedSession opened =
+        openSession({foundation->desktopEntries, foundation->consents.input, foundation->runLoop,
+                     foundation->background, foundation->defaults});
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }

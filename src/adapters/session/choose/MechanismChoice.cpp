@@ -36,10 +36,15 @@ bool isDesktop(const SessionOffer &offer, QLatin1StringView name) {
 }
 
 DrawingWay plasmaWay(const SessionOffer &offer, Mechanism without) {
-    if (offer.mayUsePlasmaPackage) {
+    if (offer.plasma.isGranted) {
         return {Mechanism::plasmaPictures,
                 u"Tavi hands its pictures to its own wallpaper in Plasma, so your icons stay "
                 u"visible and clickable."_s};
+    }
+    if (!offer.plasma.problem.isEmpty()) {
+        return {without,
+                u"%1, so Tavi lies above the desktop of Plasma and covers its icons."_s.arg(
+                    offer.plasma.problem)};
     }
     return {without, u"Plasma lets nothing shine through its desktop, so Tavi lies above it and "
                      u"covers the icons until you allow Tavi's own wallpaper for Plasma."_s};
@@ -147,7 +152,7 @@ DrawingWay chooseDrawingWay(const SessionOffer &offer) {
             u"%1 shares its desktop picture, so Tavi paints into it and your icons stay visible "
             u"and clickable."_s.arg(nameOf(desktop->program))};
     }
-    if (desktop && desktop->program == DesktopProgram::plasmashell && offer.mayUsePlasmaPackage) {
+    if (desktop && desktop->program == DesktopProgram::plasmashell && offer.plasma.isGranted) {
         return plasmaWay(offer, Mechanism::desktopWindow);
     }
     if (offer.displaySystem != DisplaySystem::x11) {

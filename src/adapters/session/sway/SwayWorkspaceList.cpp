@@ -9,8 +9,7 @@ namespace zeph {
 
 namespace {
 
-/// Of a panel's coming and going sway tells nothing: it is seen at the next thing that happens to
-/// a window.
+/// Windows come, go and move with gaps around them. Titles change all the time.
 bool mayMoveEdges(const SwayWindowChange &event) {
     return event.change == u"new" || event.change == u"close" || event.change == u"focus" ||
            event.change == u"move";

@@ -15,6 +15,9 @@ public:
 
     const std::vector<SwayWorkspaceFacts> &all() const { return m_all; }
 
+    /// Asks for them anew, for what sway tells of in no event of its own: that a panel came.
+    void lookAgain() { read(); }
+
     /// Calls `handler` after every change of them.
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) {
         return m_changes.subscribe(std::move(handler));

@@ -16,11 +16,11 @@ constexpr std::uint32_t kNewestShell = 4;
 constexpr std::uint32_t kOnlyMemory = 1;
 constexpr std::uint32_t kOnlyViewporter = 1;
 
-DrawingWay layerWay() {
+SessionOffer offerOfLayers() {
     SessionOffer offer = offerOfEnvironment();
     offer.displaySystem = DisplaySystem::wayland;
     offer.hasLayerShell = true;
-    return chooseDrawingWay(offer);
+    return offer;
 }
 
 } // namespace
@@ -49,7 +49,8 @@ WaylandWindowServer::WaylandWindowServer(WaylandConnection &connection, LayerShe
       m_shell(std::move(shell)),
       m_outputs(outputs),
       m_now(std::move(now)),
-      m_way(layerWay()) {
+      m_offer(offerOfLayers()),
+      m_way(chooseDrawingWay(m_offer)) {
     qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
 }
 
@@ -62,7 +63,16 @@ std::unique_ptr<DesktopSurface> WaylandWindowServer::makeDesktopSurface(const Sc
 }
 
 Subscription WaylandWindowServer::subscribeToDrawingWay(std::function<void()> handler) {
-    return m_never.subscribe(std::move(handler));
+    return m_ways.subscribe(std::move(handler));
+}
+
+void WaylandWindowServer::permitPlasma(const PlasmaPermission &permission) {
+    m_offer.plasma = permission;
+    const DrawingWay last = std::exchange(m_way, chooseDrawingWay(m_offer));
+    if (m_way != last) {
+        qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
+        m_ways.send();
+    }
 }
 
 Subscription WaylandWindowServer::subscribeToCompositing(std::function<void()> handler) {

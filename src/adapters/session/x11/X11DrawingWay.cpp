@@ -57,6 +57,12 @@ void X11DrawingWay::doWithoutPicture() {
     }
 }
 
+void X11DrawingWay::permitPlasma(const PlasmaPermission &permission) {
+    if (std::exchange(m_known.plasma, permission) != permission && m_isChosen) {
+        choose();
+    }
+}
+
 void X11DrawingWay::choose() {
     m_rest.stop();
     const bool isFirst = !std::exchange(m_isChosen, true);

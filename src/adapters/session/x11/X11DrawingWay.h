@@ -42,6 +42,9 @@ public:
     /// server has no room for a copy of it, and surfaces are not to be made anew for every trial.
     void doWithoutPicture();
 
+    /// Whether our wallpaper can take the place of Plasma's own; chooses at once by it.
+    void permitPlasma(const PlasmaPermission &permission);
+
     /// Whether there was a choice yet.
     bool isChosen() const { return m_isChosen; }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11ReservedSpace.h"
 
+#include "adapters/session/x11/WorkAreas.h"
 #include "adapters/session/x11/X11Properties.h"
 
 #include <algorithm>
@@ -24,12 +25,8 @@ QSize sizeIn(const X11AnyReply &reply) {
 
 // The first desktop's stands for all.
 std::optional<QRect> workAreaIn(const X11AnyReply &reply) {
-    const auto values = numbersIn(propertyIn(reply));
-    if (values.size() < kWorkAreaNumbers) {
-        return std::nullopt;
-    }
-    const auto number = [&](std::size_t i) { return static_cast<int>(values[i]); };
-    return QRect(number(0), number(1), number(2), number(3));
+    const auto areas = rectanglesIn(numbersIn(propertyIn(reply)));
+    return areas.empty() ? std::nullopt : std::optional(areas.front());
 }
 
 } // namespace

@@ -31,7 +31,7 @@ SessionOffer wayland(const QString &desktop, bool hasLayerShell) {
 }
 
 SessionOffer allowingPlasma(SessionOffer offer) {
-    offer.mayUsePlasmaPackage = true;
+    offer.plasma.isGranted = true;
     return offer;
 }
 

@@ -13,7 +13,7 @@ namespace zeph {
 TEST(WaylandSession, offersSurfacesAndScreensInEveryVersionOfTheLayers) {
     for (const std::uint32_t version : {1U, 2U, 3U, 4U}) {
         FakeCompositor compositor({.shellVersion = version});
-        const OpenedSession opened = WaylandSession::open({}, compositor.socket());
+        const auto opened = WaylandSession::open({}, compositor.socket());
         ASSERT_TRUE(opened.session) << version;
         const auto screens = opened.session->screens().all();
         ASSERT_EQ(screens.size(), 1U);
@@ -23,7 +23,7 @@ TEST(WaylandSession, offersSurfacesAndScreensInEveryVersionOfTheLayers) {
 
 TEST(WaylandSession, knowsNothingOfWhatTheDesktopDoesNotTell) {
     FakeCompositor compositor;
-    const OpenedSession opened = WaylandSession::open({}, compositor.socket());
+    const auto opened = WaylandSession::open({}, compositor.socket());
     ASSERT_TRUE(opened.session);
     EXPECT_EQ(opened.session->workspace().frontmostApplication(), std::nullopt);
     EXPECT_FALSE(opened.session->inputEvents().isTrusted());
@@ -32,7 +32,7 @@ TEST(WaylandSession, knowsNothingOfWhatTheDesktopDoesNotTell) {
 
 TEST(WaylandSession, drawsOnALayerAndSaysWhy) {
     FakeCompositor compositor;
-    const OpenedSession opened = WaylandSession::open({}, compositor.socket());
+    const auto opened = WaylandSession::open({}, compositor.socket());
     ASSERT_TRUE(opened.session);
     const DrawingWay way = opened.session->windowServer().drawingWay();
     EXPECT_EQ(way.mechanism, DrawingMechanism::layerSurface);
@@ -67,7 +67,7 @@ TEST(WaylandSession, takesThePartsOfTheDesktop) {
         parts = made.get();
         return made;
     };
-    const OpenedSession opened = WaylandSession::open(makeParts, compositor.socket());
+    const auto opened = WaylandSession::open(makeParts, compositor.socket());
     ASSERT_TRUE(opened.session);
     EXPECT_EQ(&opened.session->workspace(), &parts->workspace());
     Screens &screens = opened.session->screens();
@@ -90,14 +90,14 @@ TEST(WaylandSession, saysThatThereIsNoPlaceForAWallpaper) {
     FakeCompositor withoutLayers({.shellVersion = 0});
     FakeCompositor withoutSurfaces({.compositorVersion = 0});
     for (FakeCompositor *compositor : {&withoutLayers, &withoutSurfaces}) {
-        const OpenedSession opened = WaylandSession::open({}, compositor->socket());
+        const auto opened = WaylandSession::open({}, compositor->socket());
         EXPECT_FALSE(opened.session);
         EXPECT_EQ(opened.refusal, u"the Wayland compositor has no place for a wallpaper"_s);
     }
 }
 
 TEST(WaylandSession, saysThatThereIsNoCompositor) {
-    const OpenedSession opened = WaylandSession::open({}, "/nonexistent/display");
+    const auto opened = WaylandSession::open({}, "/nonexistent/display");
     EXPECT_FALSE(opened.session);
     EXPECT_EQ(opened.refusal, u"there is no Wayland compositor to draw on"_s);
 }

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/plasma/PictureFolders.h"
+
+#include "adapters/session/plasma/PictureNames.h"
+
+namespace zeph {
+
+std::shared_ptr<PictureFolder> PictureFolders::of(const QString &connector) {
+    const QString name = pictureFolderName(connector);
+    std::shared_ptr<PictureFolder> &folder = m_folders[name];
+    if (!folder) {
+        folder = std::make_shared<PictureFolder>(m_around + u'/' + name);
+    }
+    return folder;
+}
+
+} // namespace zeph

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/session/plasma/PictureFolder.h"
+
+#include <map>
+#include <memory>
+
+namespace zeph {
+
+/// The folders of all outputs, in one around them. Main thread only.
+class PictureFolders {
+public:
+    explicit PictureFolders(QString around) : m_around(std::move(around)) {}
+
+    const QString &around() const { return m_around; }
+
+    /// That of an output by the name of its connector; the same one at every call.
+    std::shared_ptr<PictureFolder> of(const QString &connector);
+
+private:
+    QString m_around;
+    std::map<QString, std::shared_ptr<PictureFolder>> m_folders; // shared with the writing
+};
+
+} // namespace zeph
