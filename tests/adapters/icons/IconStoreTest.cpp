@@ -80,7 +80,8 @@ TEST_F(IconStoreTest, ofPcmanfmIsThatOfTheProfileItRunsWith) {
     IconStore running = store(IconStore::Kind::pcmanfm);
     running.profile = [] { return u"work"_s; };
     EXPECT_EQ(running.read().places, (std::vector<QPointF>{{700, 5}}));
-    EXPECT_TRUE(std::any_of(running.watchedFolders().begin(), running.watchedFolders().end(),
+    const QStringList watched = running.watchedFolders();
+    EXPECT_TRUE(std::any_of(watched.begin(), watched.end(),
                             [](const QString &one) { return one.endsWith(u"/pcmanfm/work"_s); }));
 }
 
