@@ -11,6 +11,7 @@ public:
     double secondsSinceLastEvent() const override { return idleSeconds; }
     bool isTrusted() const override { return trusted; }
     bool canCountKeys() const override { return countsKeys; }
+    bool consentTellsFront() const override { return tellsFront; }
     Subscription subscribeToTrust(std::function<void()> handler) override {
         return m_trust.subscribe(std::move(handler));
     }
@@ -41,6 +42,7 @@ public:
     bool trusted = true;
     bool refuses = false;
     bool countsKeys = true;
+    bool tellsFront = false;
     int tapsMade = 0;
     int enables = 0;
 

@@ -29,7 +29,7 @@ public:
     /// Connects to `display`, that of the environment when empty. A few round trips.
     static Opened open(const Surroundings &surroundings, const QByteArray &display = {});
 
-    Screens &screens() override { return m_screens; }
+    X11Screens &screens() override { return m_screens; }
     X11WindowServer &windowServer() override { return *m_windowServer; }
     X11Workspace &workspace() override { return m_workspace; }
     InputEvents &inputEvents() override { return m_inputEvents; }
