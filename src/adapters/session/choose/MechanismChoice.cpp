@@ -56,10 +56,9 @@ DrawingWay plasmaWay(const SessionOffer &offer, Mechanism without) {
                 u"%1, so Tavi lies above the desktop of Plasma and covers its icons."_s.arg(
                     offer.plasma.problem)};
     }
-    return {
-        without,
-        u"Plasma lets nothing shine through its desktop, so Tavi lies above it and "
-        u"covers the icons until you allow Tavi's own wallpaper for Plasma, in Settings under General."_s};
+    return {without, u"Plasma lets nothing shine through its desktop, so Tavi lies above it and "
+                     u"covers the icons until you allow Tavi's own wallpaper for Plasma, in "
+                     u"Settings under General."_s};
 }
 
 DrawingWay waylandWay(const SessionOffer &offer) {
