@@ -22,7 +22,8 @@ public:
     bool canHide() const;
 
     /// Asks the desktop; `told` runs on the main thread. Icons count as visible where nobody can
-    /// tell.
+    /// tell, and where none are missed: without anything that draws them, unless `applyHidden`
+    /// took it away.
     void systemIconsVisible(std::function<void(bool)> told);
 
     /// Brings the desktop to the wanted state; where the first write does not take effect, once

@@ -50,8 +50,8 @@ bool OnboardingFlow::asks() const {
            (m_step == OnboardingStep::input && inputOffer(*m_permissions).isOffered);
 }
 
-QString OnboardingFlow::hindrance() const {
-    return m_step == OnboardingStep::input && !asks() ? inputOffer(*m_permissions).note : QString();
+QString OnboardingFlow::note() const {
+    return m_step == OnboardingStep::input ? inputOffer(*m_permissions).note : QString();
 }
 
 bool OnboardingFlow::isGranted() const {

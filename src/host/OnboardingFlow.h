@@ -38,8 +38,9 @@ public:
 
     /// Whether this step asks for a permission.
     bool asks() const;
-    /// Why it does not where it otherwise would; mostly empty.
-    QString hindrance() const;
+    /// What this desktop lacks for this step's permission: why nothing is asked, or what a consent is
+    /// good for all the same. Mostly empty.
+    QString note() const;
     /// Whether the permission that this step asks for is there.
     bool isGranted() const;
     /// Whether this step offers the desktop's own page as another way to its permission.

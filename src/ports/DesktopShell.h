@@ -9,10 +9,18 @@
 
 namespace zeph {
 
+/// What would draw icons on the desktop.
+enum class IconDrawer {
+    there, ///< and does or does not, as the setting says
+    off,   ///< since `DesktopShell::hideIcons`, or it never was on
+    none,  ///< so that there is nothing to hide or to show
+};
+
 /// The desktop's own setting of whether icons are shown on the desktop.
 struct IconSetting {
-    bool areShown = true;
-    QString value = {}; ///< the setting in the desktop's own words, for `DesktopShell::showIcons`
+    bool areShown = true; ///< never unless the drawer is there
+    QString value = {};   ///< the setting in the desktop's own words, for `DesktopShell::showIcons`
+    IconDrawer drawer = IconDrawer::there;
 
     bool operator==(const IconSetting &) const = default;
 };
@@ -33,6 +41,12 @@ public:
 
     /// Absent where it can't be read.
     virtual std::optional<IconSetting> iconSetting() const = 0;
+
+    /// What to keep for `showIcons` of two values that were read one after the other, with
+    /// `hideIcons` in between: the later, unless it tells of a part of the desktop only.
+    virtual QString mergedValue(const QString & /*earlier*/, const QString &later) const {
+        return later;
+    }
 
     virtual ShellOutcome hideIcons() = 0;
 

@@ -3,7 +3,7 @@
 
 #include "support/SwaySession.h"
 
-#include <QElapsedTimer>
+#include <QDir>
 
 #include <csignal>
 
@@ -77,11 +77,26 @@ TEST_F(TaviOnSwayTest, drawsAnewWhereTheScaleChanges) {
     EXPECT_TRUE(program.isRunning());
 }
 
-TEST_F(TaviOnSwayTest, endsWellWithTheCompositor) {
+TEST_F(TaviOnSwayTest, endsWellWithTheSession) {
     Program program(environment());
     ASSERT_TRUE(waitForLayer());
     sway.killCompositor();
+    QDir(sway.folder()).removeRecursively();
     EXPECT_TRUE(program.endsWith(EXIT_SUCCESS)) << "with everything saved";
+}
+
+TEST_F(TaviOnSwayTest, takesTheNextCompositorAfterACrash) {
+    Program program(environment());
+    ASSERT_TRUE(waitForLayer());
+    const qint64 process = program.process();
+    stored("DELETE FROM daily_stats");
+    ASSERT_TRUE(sway.restartCompositor());
+    EXPECT_TRUE(waitForLayer()) << qPrintable(program.errors());
+    EXPECT_TRUE(program.isRunning());
+    EXPECT_EQ(stored("SELECT count(*) FROM daily_stats"), u"1"_s) << "what was counted is saved";
+    EXPECT_EQ(program.process(), process);
+    program.send(SIGTERM);
+    EXPECT_TRUE(program.endsWith(EXIT_SUCCESS));
 }
 
 TEST_F(TaviOnSwayTest, saysThatThereIsNothingToDrawOn) {

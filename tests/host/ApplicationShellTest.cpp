@@ -123,6 +123,30 @@ TEST_F(ApplicationShellTest, theSwitchOfTheSettingsSaysWhetherIconsShow) {
         << "also those that were hidden by the desktop's own setting";
 }
 
+TEST_F(ApplicationShellTest, nothingIsStartedForIconsThatTheUserNeverHad) {
+    onboard();
+    shell.desktopShell.areShown = false;
+    shell.desktopShell.drawerUnshown = IconDrawer::off;
+    for (const bool hide : {false, true}) {
+        defaults.set(u"zeph.desktop.hideIcons"_s, hide);
+        launch();
+        EXPECT_THAT(told(), ElementsAre("accessory", "tray"));
+    }
+}
+
+TEST_F(ApplicationShellTest, iconsThatWeTookAwayComeBackWithTheSwitch) {
+    onboard();
+    shell.desktopShell.drawerUnshown = IconDrawer::off;
+    defaults.set(u"zeph.desktop.hideIcons"_s, true);
+    launch();
+    told();
+    launch();
+    EXPECT_THAT(told(), ElementsAre("accessory", "tray")) << "they are away";
+    defaults.set(u"zeph.desktop.hideIcons"_s, false);
+    launch();
+    EXPECT_THAT(told(), ElementsAre("accessory", "tray", "show icons", "relaunch"));
+}
+
 TEST_F(ApplicationShellTest, aSwitchWorkedWhileTheDesktopAnswersCounts) {
     onboard();
     defaults.set(u"zeph.desktop.hideIcons"_s, true);

@@ -4,6 +4,7 @@
 #include "base/Background.h"
 #include "support/FakeShell.h"
 #include "support/FakeUserDefaults.h"
+#include "support/LoggedLines.h"
 #include "support/ManualRunLoop.h"
 #include "support/ManualTaskExecutor.h"
 
@@ -142,6 +143,66 @@ TEST_F(DesktopIconsManagerTest, aNewerSettingOfTheUserTakesTheKeptOnesPlace) {
     manager.applyHidden(true);
     settle();
     EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+}
+
+TEST_F(DesktopIconsManagerTest, aNewerSettingOfAPartIsKeptBesideThoseOfTheOthers) {
+    shell.isOfParts = true;
+    manager.applyHidden(true);
+    settle();
+    EXPECT_EQ(defaults.get<QString>(earlierIcons), FakeDesktopShell::plain);
+    shell.areShown = true;
+    shell.style = smallIcons;
+    manager.applyHidden(true);
+    settle();
+    EXPECT_EQ(defaults.get<QString>(earlierIcons), FakeDesktopShell::plain + u'+' + smallIcons);
+}
+
+TEST_F(DesktopIconsManagerTest, iconsThatNothingDrawsCountAsVisibleAndAreLeftAlone) {
+    shell.areShown = false;
+    for (const IconDrawer drawer : {IconDrawer::off, IconDrawer::none}) {
+        shell.drawerUnshown = drawer;
+        std::optional<bool> told;
+        manager.systemIconsVisible([&](bool areVisible) { told = areVisible; });
+        manager.applyHidden(true);
+        manager.applyHidden(false);
+        const QStringList logged = loggedLines(QStringLiteral("zeph.system"), [this] { settle(); });
+        EXPECT_EQ(told, true) << "none are missed";
+        EXPECT_THAT(story, IsEmpty());
+        EXPECT_THAT(logged, IsEmpty());
+        EXPECT_FALSE(defaults.contains(earlierIcons));
+    }
+}
+
+TEST_F(DesktopIconsManagerTest, whatWeSwitchedOffComesBack) {
+    shell.drawerUnshown = IconDrawer::off;
+    shell.style = smallIcons;
+    manager.applyHidden(true);
+    const QStringList logged = loggedLines(QStringLiteral("zeph.system"), [this] { settle(); });
+    EXPECT_THAT(story, ElementsAre("hide icons", "relaunch"));
+    EXPECT_THAT(logged, IsEmpty());
+    std::optional<bool> told;
+    manager.systemIconsVisible([&](bool areVisible) { told = areVisible; });
+    settle();
+    EXPECT_EQ(told, false);
+    story.clear();
+    manager.applyHidden(false);
+    settle();
+    EXPECT_THAT(story, ElementsAre("show icons", "relaunch"));
+    EXPECT_EQ(shell.style, smallIcons);
+}
+
+TEST_F(DesktopIconsManagerTest, nothingIsShownWhereNoDesktopIsLeftThatShowsIcons) {
+    manager.applyHidden(true);
+    settle();
+    story.clear();
+    shell.drawerUnshown = IconDrawer::none;
+    std::optional<bool> told;
+    manager.systemIconsVisible([&](bool areVisible) { told = areVisible; });
+    manager.applyHidden(false);
+    settle();
+    EXPECT_EQ(told, true);
+    EXPECT_THAT(story, IsEmpty());
+    EXPECT_TRUE(defaults.contains(earlierIcons)) << "should it come back";
 }
 
 TEST_F(DesktopIconsManagerTest, iconsThatWereHiddenUnreadComeBackAsTheDesktopShowsThem) {

@@ -102,14 +102,28 @@ TEST_F(OnboardingFlowTest, doesNotAskForTheInputWhereNothingWouldComeOfIt) {
     goTo(OnboardingStep::input);
     EXPECT_FALSE(flow.asks());
     EXPECT_FALSE(flow.offersSettings());
-    EXPECT_EQ(flow.hindrance(), inputState(false, false, false).note);
+    EXPECT_EQ(flow.note(), inputState(false, false, false).note);
     input.countsKeys = true;
     EXPECT_TRUE(flow.asks());
-    EXPECT_EQ(flow.hindrance(), QString());
+    EXPECT_EQ(flow.note(), QString());
     input.countsKeys = false;
     flow.goOn();
     EXPECT_TRUE(flow.asks()) << "the location is another permission";
-    EXPECT_EQ(flow.hindrance(), QString());
+    EXPECT_EQ(flow.note(), QString());
+}
+
+TEST_F(OnboardingFlowTest, tellsWhatTheConsentIsForWhereItIsNotForKeys) {
+    input.countsKeys = false;
+    input.tellsFront = true;
+    EXPECT_EQ(flow.note(), QString()) << "the welcome asks for nothing";
+    goTo(OnboardingStep::input);
+    EXPECT_TRUE(flow.asks());
+    EXPECT_EQ(flow.note(), inputState(false, false, true).note);
+    flow.allow();
+    EXPECT_TRUE(flow.isGranted());
+    EXPECT_EQ(flow.note(), inputState(true, false, true).note) << "it was not given for more";
+    flow.goOn();
+    EXPECT_EQ(flow.note(), QString());
 }
 
 TEST_F(OnboardingFlowTest, allowingTheInputIsAtOnceTheConsent) {

@@ -10,6 +10,7 @@
 #include "ports/StatusBar.h"
 #include "ports/UpdateFramework.h"
 #include "support/FakeLocation.h"
+#include "support/FakeScreens.h"
 #include "support/FakeSystemSettings.h"
 
 #include <gtest/gtest.h>
@@ -142,8 +143,13 @@ public:
 
     bool canHideIcons() const override { return true; }
     std::optional<IconSetting> iconSetting() const override {
-        return isReadable ? std::optional(IconSetting{areShown, areShown ? style : none})
-                          : std::nullopt;
+        if (!isReadable) {
+            return std::nullopt;
+        }
+        return areShown ? IconSetting{true, style} : IconSetting{false, none, drawerUnshown};
+    }
+    QString mergedValue(const QString &earlier, const QString &later) const override {
+        return isOfParts ? earlier + QLatin1Char('+') + later : later;
     }
     ShellOutcome hideIcons() override { return write("hide icons", false); }
     ShellOutcome showIcons(const QString &earlier) override {
@@ -163,8 +169,10 @@ public:
 
     bool areShown = true;
     bool isReadable = true;
-    QString style = plain; ///< the setting's value while they are shown
-    int deafFor = 0;       ///< so many writes have no effect
+    QString style = plain;                        ///< the setting's value while they are shown
+    IconDrawer drawerUnshown = IconDrawer::there; ///< while they are not
+    bool isOfParts = false;                       ///< of which each has a value
+    int deafFor = 0;                              ///< so many writes have no effect
     ShellOutcome outcome = ShellOutcome::done;
 
 private:
@@ -229,6 +237,7 @@ public:
     FakeAppearance appearance;
     FakeDesktopShell desktopShell{story};
     FakeSystemSettings systemSettings;
+    FakeScreens windowScreens;
     ShellPorts ports{.policy = policy,
                      .statusBar = statusBar,
                      .loginItem = loginItem,
@@ -236,6 +245,7 @@ public:
                      .appearance = appearance,
                      .desktopShell = desktopShell,
                      .systemSettings = systemSettings,
+                     .windowScreens = windowScreens,
                      .makeLocationClient = [] { return std::make_unique<FakeLocationClient>(); }};
 };
 

@@ -64,7 +64,8 @@ std::optional<IconSetting> ExtensionIcons::iconSetting() const {
         enabled.append(line.trimmed());
     }
     const QStringList drawing = common(m_installed, enabled);
-    return IconSetting{!drawing.isEmpty(), drawing.join(u' ')};
+    return drawing.isEmpty() ? IconSetting{false, {}, IconDrawer::off}
+                             : IconSetting{true, drawing.join(u' ')};
 }
 
 /// What can't be listed may be switched on: switching off what is off already does no harm.

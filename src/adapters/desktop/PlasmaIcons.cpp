@@ -9,7 +9,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <map>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -65,13 +67,29 @@ bool isOurs(const QJsonObject &desktop) {
            desktop[u"filterPattern"_s].toString() == nothing;
 }
 
+int idOf(const QJsonObject &desktop) {
+    return desktop[u"id"_s].toInt();
+}
+
+QString textOf(const QJsonArray &desktops) {
+    return QString::fromUtf8(QJsonDocument(desktops).toJson(QJsonDocument::Compact));
+}
+
+/// The desktops in the value of a setting; none in anything else.
+std::vector<QJsonObject> desktopsIn(const QString &value) {
+    std::vector<QJsonObject> desktops;
+    const QJsonArray all = QJsonDocument::fromJson(value.toUtf8()).array();
+    for (const QJsonValue desktop : all) {
+        desktops.push_back(desktop.toObject());
+    }
+    return desktops;
+}
+
 /// The filters of an earlier answer by desktop, of which nothing but the told parts is kept.
 QJsonObject filtersIn(const QString &earlier) {
     QJsonObject filters;
-    const QJsonArray kept = QJsonDocument::fromJson(earlier.toUtf8()).array();
-    for (const QJsonValue value : kept) {
-        const QJsonObject desktop = value.toObject();
-        filters.insert(QString::number(desktop[u"id"_s].toInt()),
+    for (const QJsonObject &desktop : desktopsIn(earlier)) {
+        filters.insert(QString::number(idOf(desktop)),
                        filter(desktop[u"filterMode"_s].toInt(),
                               desktop[u"filterPattern"_s].toString(),
                               desktop[u"filterMimeTypes"_s].toString()));
@@ -100,15 +118,31 @@ std::optional<IconSetting> PlasmaIcons::iconSetting() const {
     if (!told.isArray()) {
         return std::nullopt;
     }
-    QJsonArray shown;
     const QJsonArray all = told.array();
+    if (all.isEmpty()) {
+        return IconSetting{false, {}, IconDrawer::none};
+    }
+    QJsonArray shown;
     for (const QJsonValue desktop : all) {
         if (!isOurs(desktop.toObject())) {
             shown.append(desktop);
         }
     }
-    return IconSetting{!shown.isEmpty(),
-                       QString::fromUtf8(QJsonDocument(shown).toJson(QJsonDocument::Compact))};
+    return IconSetting{!shown.isEmpty(), textOf(shown)};
+}
+
+QString PlasmaIcons::mergedValue(const QString &earlier, const QString &later) const {
+    std::map<int, QJsonObject> byDesktop;
+    for (const QString &value : {earlier, later}) {
+        for (const QJsonObject &desktop : desktopsIn(value)) {
+            byDesktop[idOf(desktop)] = desktop;
+        }
+    }
+    QJsonArray merged;
+    for (const auto &[id, desktop] : byDesktop) {
+        merged.append(desktop);
+    }
+    return textOf(merged);
 }
 
 ShellOutcome PlasmaIcons::hideIcons() {

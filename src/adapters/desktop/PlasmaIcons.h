@@ -16,6 +16,9 @@ public:
 
     bool canHideIcons() const override { return m_isInstalled; }
     std::optional<IconSetting> iconSetting() const override;
+    /// The filters of all desktops in either, the later one's where a desktop is in both.
+    QString mergedValue(const QString &earlier, const QString &later) const override;
+
     ShellOutcome hideIcons() override;
     ShellOutcome showIcons(const QString &earlier) override;
 

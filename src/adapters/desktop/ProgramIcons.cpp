@@ -64,7 +64,8 @@ std::optional<IconSetting> ProgramIcons::iconSetting() const {
     if (!look) {
         return std::nullopt;
     }
-    return IconSetting{look->isDrawn, look->isDrawn ? profileOf(look->process) : QString()};
+    return look->isDrawn ? IconSetting{true, profileOf(look->process)}
+                         : IconSetting{false, {}, IconDrawer::off};
 }
 
 ShellOutcome ProgramIcons::hideIcons() {

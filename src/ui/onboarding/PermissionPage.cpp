@@ -18,11 +18,13 @@ namespace {
 
 constexpr double symbolSize = 56;
 constexpr double belowTitle = 12;
-constexpr double belowReason = 28;
+constexpr double belowReason = 12;
+constexpr double belowNote = 16;
 constexpr double belowAllow = 13;
 constexpr double answerHeight = 40; // that of the button, so that nothing moves without it
 constexpr double optionalWidth = 340;
-constexpr double optionalAbove = 36; // above the footer's room
+constexpr double optionalAbove = 36;         // above the footer's room
+constexpr double optionalAboveWithNote = 24; // which takes some of it
 
 QWidget *allowedLabel(QWidget *parent) {
     auto *label = new QWidget(parent);
@@ -48,25 +50,26 @@ TextLabel *centered(const QString &text, TypeRole role, TextLabel::Ink ink) {
 PermissionPage::PermissionPage(const OnboardingWords::Permission &words, QWidget *parent)
     : StepPage(new SymbolView(words.symbol, symbolSize, SymbolView::Ink::accent), words.title,
                usualTop, parent),
+      m_reason(words.reason),
       m_allow(new PillButton(OnboardingWords::allow(), PillButton::Kind::primary)),
       m_allowed(allowedLabel(nullptr)),
+      m_note(centered({}, TypeRole::detail, TextLabel::Ink::second)),
       m_hindrance(centered({}, TypeRole::detail, TextLabel::Ink::second)),
-      m_openSettings(new PillButton(OnboardingWords::openSettings(), PillButton::Kind::plain)) {
+      m_openSettings(new PillButton(OnboardingWords::openSettings(), PillButton::Kind::plain)),
+      m_lowest(new QWidget) {
     m_hindrance->setFixedWidth(scaled(optionalWidth));
     m_allow->setHeight(PillButton::Height::large);
-    m_allow->setAccessibleDescription(words.reason);
     connect(m_allow, &PillButton::clicked, this, [this] { onAllow(); });
     connect(m_openSettings, &PillButton::clicked, this, [this] { onOpenSettings(); });
     add(centered(words.reason, TypeRole::lead, TextLabel::Ink::second), belowTitle);
-    add(answer(), belowReason);
+    add(m_note, belowReason);
+    add(answer(), belowNote);
     auto *optional =
         centered(OnboardingWords::optional(), TypeRole::detail, TextLabel::Ink::second);
     optional->setFixedWidth(scaled(optionalWidth));
-    auto *row = new QWidget;
-    auto *middle = new QHBoxLayout(row);
-    middle->setContentsMargins(0, 0, 0, 0);
+    auto *middle = new QHBoxLayout(m_lowest);
     middle->addWidget(optional);
-    addLowest(row, optionalAbove);
+    addLowest(m_lowest, 0);
 }
 
 /// The button, or in its place that it isn't needed any more; below it the other way.
@@ -92,8 +95,15 @@ QWidget *PermissionPage::answer() {
 
 void PermissionPage::refresh(const OnboardingFlow &flow) {
     const bool isGranted = flow.isGranted();
+    const QString note = flow.note();
+    const bool explains = flow.asks() && !note.isEmpty();
+    m_note->setText(note);
+    m_note->setVisible(explains);
+    m_lowest->layout()->setContentsMargins(
+        0, 0, 0, scaled(explains ? optionalAboveWithNote : optionalAbove));
+    m_allow->setAccessibleDescription(note.isEmpty() ? m_reason : m_reason + u' ' + note);
     m_allow->setVisible(!isGranted && flow.asks());
-    m_hindrance->setText(flow.hindrance());
+    m_hindrance->setText(note);
     m_hindrance->setVisible(!isGranted && !flow.asks());
     m_allowed->setVisible(isGranted);
     m_openSettings->setVisible(!isGranted && flow.offersSettings());

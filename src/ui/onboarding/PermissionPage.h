@@ -24,10 +24,13 @@ public:
 private:
     QWidget *answer();
 
+    QString m_reason;
     PillButton *m_allow;
     QWidget *m_allowed;
-    TextLabel *m_hindrance;
+    TextLabel *m_note;      ///< above the button
+    TextLabel *m_hindrance; ///< in place of the button
     PillButton *m_openSettings;
+    QWidget *m_lowest;
 };
 
 } // namespace zeph::ui

@@ -66,7 +66,7 @@ TEST_F(ExtensionIconsTest, goAndComeWithTheExtensionThatWasOn) {
     EXPECT_EQ(shown.hideIcons(), ShellOutcome::done);
     EXPECT_EQ(shown.relaunch(), ShellOutcome::done);
     EXPECT_EQ(folder.read(u"calls"_s), newerDing.toUtf8() + '\n') << "and no other";
-    EXPECT_EQ(shown.iconSetting(), (IconSetting{false, {}}));
+    EXPECT_EQ(shown.iconSetting(), (IconSetting{false, {}, IconDrawer::off}));
     EXPECT_EQ(shown.showIcons(earlier->value), ShellOutcome::done);
     EXPECT_EQ(shown.iconSetting(), earlier);
     EXPECT_TRUE(QFile::exists(folder.path(u"on/clock@example.org"_s)));

@@ -86,7 +86,20 @@ TEST_F(PlasmaIconsTest, areHiddenWhereEveryDesktopHasOurFilter) {
     plasma.printed = u"[%1]"_s.arg(desktop(1, 2, u"__none__"_s));
     EXPECT_TRUE(setting()->areShown) << "a filter that takes such files away is the user's own";
     plasma.printed = u"[]"_s;
-    EXPECT_FALSE(setting()->areShown) << "no desktop shows a folder";
+    EXPECT_EQ(setting(), (IconSetting{false, {}, IconDrawer::none})) << "no desktop shows a folder";
+}
+
+TEST_F(PlasmaIconsTest, keepTheFiltersOfAllDesktopsWhenOneIsNew) {
+    const QString first = desktop(7, 2, u"*.tmp"_s);
+    const QString second = desktop(12, 0, u"*"_s);
+    const QString changed = desktop(7, 1, u"*.txt"_s);
+    EXPECT_EQ(icons.mergedValue(u'[' + first + u']', u'[' + second + u']'),
+              u"[%1,%2]"_s.arg(first, second));
+    EXPECT_EQ(icons.mergedValue(u"[%1,%2]"_s.arg(first, second), u'[' + changed + u']'),
+              u"[%1,%2]"_s.arg(changed, second));
+    for (const auto &odd : {QString(), u"absent"_s, u"{}"_s}) {
+        EXPECT_EQ(icons.mergedValue(odd, u'[' + second + u']'), u'[' + second + u']');
+    }
 }
 
 TEST_F(PlasmaIconsTest, cannotBeReadFromAnythingElse) {

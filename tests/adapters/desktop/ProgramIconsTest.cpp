@@ -81,7 +81,7 @@ TEST_F(ProgramIconsTest, comeBackWithTheProfileThatTheProgramRanWith) {
     running.closeWriteChannel();
     running.waitForFinished();
     EXPECT_EQ(shown.hideIcons(), ShellOutcome::done);
-    EXPECT_EQ(shown.iconSetting(), (IconSetting{false, {}}));
+    EXPECT_EQ(shown.iconSetting(), (IconSetting{false, {}, IconDrawer::off}));
     EXPECT_EQ(shown.showIcons(u"LXDE-pi"_s), ShellOutcome::done);
     EXPECT_EQ(shown.relaunch(), ShellOutcome::done);
     EXPECT_EQ(calls().last(), u"--desktop --profile LXDE-pi"_s);

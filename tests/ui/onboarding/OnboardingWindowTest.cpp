@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/onboarding/OnboardingWindow.h"
 
+#include "host/PermissionWords.h"
 #include "ui/controls/PillButton.h"
 #include "ui/onboarding/BackgroundChoice.h"
 #include "ui/onboarding/OnboardingFixture.h"
@@ -10,6 +11,7 @@
 #include <QProgressBar>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 
 #include <gmock/gmock.h>
 
@@ -176,6 +178,23 @@ TEST_F(OnboardingWindowTest, doesNotAskForTheRhythmWhereNothingWouldComeOfIt) {
     click(u"Continue"_s);
     EXPECT_NE(button(u"Allow"_s), nullptr) << "the place";
     EXPECT_THAT(words(), Not(Contains(why)));
+}
+
+TEST_F(OnboardingWindowTest, tellsBeforeTheConsentThatItIsForTheAppInFrontAlone) {
+    const QString what = inputState(false, false, true).note;
+    input.countsKeys = false;
+    input.tellsFront = true;
+    openAt(OnboardingStep::input);
+    ASSERT_NE(button(u"Allow"_s), nullptr);
+    EXPECT_EQ(words().count(what), 1);
+    EXPECT_TRUE(button(u"Allow"_s)->accessibleDescription().endsWith(what));
+    const auto *page = window->findChild<QScrollArea *>();
+    EXPECT_EQ(page->verticalScrollBar()->maximum(), 0) << "all of it is in view";
+    click(u"Allow"_s);
+    EXPECT_EQ(words().count(what), 1);
+    EXPECT_THAT(words(), Contains(u"Allowed"_s));
+    click(u"Continue"_s);
+    EXPECT_THAT(words(), Not(Contains(what)));
 }
 
 TEST_F(OnboardingWindowTest, theOtherWayOpensTheDesktopsPage) {

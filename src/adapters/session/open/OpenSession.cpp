@@ -5,6 +5,7 @@
 #include "adapters/session/open/KWinParts.h"
 #include "adapters/session/open/ProtocolParts.h"
 #include "adapters/session/open/SwayParts.h"
+#include "adapters/session/plasma/PlasmaSession.h"
 #include "adapters/session/wayland/WaylandSession.h"
 #include "adapters/session/x11/X11Session.h"
 #include "base/Log.h"
@@ -21,6 +22,22 @@ bool isCurrentDesktop(const QString &name) {
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(name);
 }
 
+/// With what Plasma adds where that is the desktop.
+template <typename Session>
+OpenedSession onItsDesktop(std::unique_ptr<Session> session,
+                           const SessionSurroundings &surroundings) {
+    if (!session || !isCurrentDesktop(u"KDE"_s)) {
+        return {std::move(session), {}};
+    }
+    auto &server = session->windowServer();
+    return {std::make_unique<PlasmaSession>(
+                std::move(session),
+                [&server](const PlasmaPermission &permission) { server.permitPlasma(permission); },
+                PlasmaSession::Surroundings{QDBusConnection::sessionBus(), surroundings.defaults,
+                                            surroundings.background, surroundings.runLoop}),
+            {}};
+}
+
 /// By what the compositor offers beside the protocol.
 std::unique_ptr<SessionParts> makeSessionParts(const SessionSurroundings &surroundings,
                                                WaylandConnection &connection,
@@ -35,11 +52,26 @@ std::unique_ptr<SessionParts> makeSessionParts(const SessionSurroundings &surrou
     return std::make_unique<ProtocolParts>(surroundings, connection);
 }
 
+OpenedSession openWaylandSession(const SessionSurroundings &surroundings,
+                                 const QByteArray &display) {
+    const auto makeParts = [&surroundings](WaylandConnection &connection, WaylandOutputs &outputs) {
+        return makeSessionParts(surroundings, connection, outputs);
+    };
+    auto opened = WaylandSession::open(makeParts, display);
+    if (!opened.session) {
+        return {nullptr, opened.refusal};
+    }
+    return onItsDesktop(std::move(opened.session), surroundings);
+}
+
 /// The X server of a Wayland compositor tells of its own windows and input alone.
 OpenedSession openX11Session(const SessionSurroundings &surroundings, bool isOfWayland) {
     auto opened = X11Session::open({surroundings.entries, surroundings.inputConsent});
-    if (!opened.session || !isOfWayland) {
-        return {std::move(opened.session), opened.refusal};
+    if (!opened.session) {
+        return {nullptr, opened.refusal};
+    }
+    if (!isOfWayland) {
+        return onItsDesktop(std::move(opened.session), surroundings);
     }
     return {std::make_unique<GnomeSession>(
                 std::move(opened.session),
@@ -68,12 +100,9 @@ OpenedSession openSession(const QByteArray &compositor, const SessionOpeners &op
 }
 
 OpenedSession openSession(const SessionSurroundings &surroundings) {
-    const auto makeParts = [&surroundings](WaylandConnection &connection, WaylandOutputs &outputs) {
-        return makeSessionParts(surroundings, connection, outputs);
-    };
     const QByteArray compositor = qgetenv("WAYLAND_DISPLAY");
-    return openSession(compositor, {[&makeParts](const QByteArray &display) {
-                                        return WaylandSession::open(makeParts, display);
+    return openSession(compositor, {[&surroundings](const QByteArray &display) {
+                                        return openWaylandSession(surroundings, display);
                                     },
                                     [&surroundings, &compositor] {
                                         return openX11Session(surroundings, !compositor.isEmpty());
