@@ -318,6 +318,38 @@ TEST_F(ConnectionEditorTest, gitHubAsksForATokenOnlyForTheGraph) {
     EXPECT_FALSE(shows(note)) << "it is kept, though the last fetch was without it";
 }
 
+TEST_F(ConnectionEditorTest, aGraphThatIsChosenIsSavedThoughTheAccountChangedMeanwhile) {
+    auto &account = connect(u"github"_s, std::nullopt, u"octo"_s);
+    account.showContributionGraph = true;
+    open();
+    showAccount(account);
+    auto *const layouts = window.findChild<QComboBox *>();
+    ASSERT_NE(layouts, nullptr);
+    layouts->setFocus();
+    QTest::keyClick(layouts, Qt::Key_Down);
+    account.name = u"Work"_s;
+    store->updateConnection(account);
+    settle();
+    EXPECT_EQ(layouts->currentText(), u"Last 2 years (stacked)"_s);
+    press(u"Save changes"_s);
+    settle();
+    EXPECT_EQ(stored(account.id).contributionLayout, u"y2"_s);
+    EXPECT_EQ(stored(account.id).name, u"Work"_s);
+}
+
+TEST_F(ConnectionEditorTest, aGraphOfALaterVersionStaysUntilAnotherIsChosen) {
+    auto &account = connect(u"github"_s, std::nullopt, u"octo"_s);
+    account.showContributionGraph = true;
+    account.contributionLayout = u"y9"_s;
+    open();
+    showAccount(account);
+    type(u"Display name"_s, u"Mine"_s);
+    press(u"Save changes"_s);
+    settle();
+    EXPECT_EQ(stored(account.id).name, u"Mine"_s);
+    EXPECT_EQ(stored(account.id).contributionLayout, u"y9"_s);
+}
+
 TEST_F(ConnectionEditorTest, gitHubNeedsAUserNameAndSpeaksOfATokenNotOfAKey) {
     open();
     addAccount(u"github"_s);
