@@ -6,6 +6,7 @@
 #include "adapters/bus/NetworkManagerWiFi.h"
 #include "adapters/calendar/EdsEventStore.h"
 #include "adapters/desktop/DesktopShells.h"
+#include "adapters/desktop/ProgramIcons.h"
 #include "adapters/desktop/SettingsPages.h"
 #include "adapters/focus/FocusSource.h"
 #include "adapters/focus/LinuxFocusFile.h"
@@ -97,13 +98,23 @@ QByteArray fileName(const QString &path) {
     return QFile::encodeName(path);
 }
 
+/// The set of settings that the program runs with which draws LXDE's desktop. Waits.
+QString profileOfLxde() {
+    const auto running = ProgramIcons(lxdeDesktop(), &lookForDesktop, {}).iconSetting();
+    if (!running || !running->areShown) {
+        return lxdeDesktop().profile;
+    }
+    return running->value.isEmpty() ? QStringLiteral("default") : running->value;
+}
+
 std::optional<IconStore> iconStoreHere(const DesktopFolder &desktop) {
     const auto kind = iconStoreKindFor(currentDesktop());
     return kind ? std::optional(IconStore{
                       *kind,
                       {QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
                        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
-                       desktop.url().value_or(QByteArray())}})
+                       desktop.url().value_or(QByteArray())},
+                      &profileOfLxde})
                 : std::nullopt;
 }
 
@@ -162,7 +173,8 @@ struct LinuxPlatform::Adapters {
                 .secureStore = secureStore,
                 .screens = screens,
                 .windowServer = session->windowServer(),
-                .virtualDesktops = session->virtualDesktops()} {}
+                .virtualDesktops = session->virtualDesktops(),
+                .desktopWallpaper = session->desktopWallpaper()} {}
 
     std::unique_ptr<Foundation> foundation;
     std::unique_ptr<DisplaySession> session;
@@ -231,7 +243,8 @@ struct LinuxPlatform::Shell {
     X11ApplicationPolicy policy;
     std::unique_ptr<LoginItem> loginItem;
     PackageKitUpdates updates{QDBusConnection::systemBus(),
-                              QCoreApplication::applicationFilePath()};
+                              QCoreApplication::applicationFilePath(),
+                              runsInSandbox(QCoreApplication::applicationFilePath())};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
     std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(
         currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
@@ -251,8 +264,9 @@ LinuxPlatform::Created LinuxPlatform::create(const QString &defaultsPath, const 
                                              const Calendar &gregorian,
                                              const Formatters &formatters) {
     auto foundation = std::make_unique<Foundation>(defaultsPath);
-    OpenedSession opened = openSession({foundation->desktopEntries, foundation->consents.input,
-                                        foundation->runLoop, foundation->background});
+    OpenedSession opened =
+        openSession({foundation->desktopEntries, foundation->consents.input, foundation->runLoop,
+                     foundation->background, foundation->defaults});
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }

@@ -7,12 +7,15 @@
 #include "adapters/kernel/UnixSignals.h"
 #include "adapters/locale/IcuCalendar.h"
 #include "adapters/locale/IcuFormatters.h"
+#include "adapters/session/loss/LostDisplay.h"
 #include "adapters/session/open/OpenSession.h"
 #include "adapters/session/wayland/WaylandDisplay.h"
 #include "adapters/session/x11/X11Display.h"
 #include "adapters/storage/FolderLock.h"
+#include "app/DisplayLoss.h"
 #include "app/EndBudget.h"
 #include "app/LinuxPlatform.h"
+#include "app/OwnFolder.h"
 #include "app/RequestInbox.h"
 #include "app/StartClaim.h"
 #include "app/Windows.h"
@@ -31,7 +34,6 @@
 
 #include <QApplication>
 #include <QDBusConnection>
-#include <QStandardPaths>
 #include <QThread>
 
 #include <unistd.h>
@@ -41,6 +43,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace zeph {
 
@@ -62,19 +65,28 @@ constexpr std::chrono::milliseconds endPatience{1000}; // for another program to
 // A bus that is well answers within milliseconds, and on a machine that logs its user in later.
 constexpr std::chrono::milliseconds busPatience{2000};
 
-QString folder(QStandardPaths::StandardLocation base) {
-    return QStandardPaths::writableLocation(base) + u"/Zeph"_s;
-}
+/// What is to be done however the program ends.
+struct Ending {
+    std::function<void()> save;
+    DisplayLoss &loss;
+};
 
 // The toolkit's own connection ends the process by exit() when it is the first to notice that the
 // X server is gone. What was counted is saved on that way too.
-const std::function<void()> *saveEverything = nullptr;
+const Ending *openEnding = nullptr;
 
-void saveAtExit() {
-    if (saveEverything != nullptr) {
-        (*saveEverything)();
-        std::fflush(stdout);
-        _exit(EXIT_SUCCESS);
+/// After everything was saved, where there is no way back.
+[[noreturn]] void leaveProcess(const DisplayLoss &loss) {
+    loss.startAnewIfLost();
+    std::fflush(stdout);
+    _exit(EXIT_SUCCESS);
+}
+
+void leaveAfterLoss() {
+    if (openEnding != nullptr) {
+        openEnding->save();
+        openEnding->loss.note();
+        leaveProcess(openEnding->loss);
     }
 }
 
@@ -91,9 +103,9 @@ void saveAfterLastWords(QtMsgType kind, const QMessageLogContext &context, const
         return;
     }
     if (QThread::currentThread() == qApp->thread()) {
-        saveAtExit();
+        leaveAfterLoss();
     } else {
-        QMetaObject::invokeMethod(qApp, saveAtExit, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(qApp, leaveAfterLoss, Qt::QueuedConnection);
         QThread::msleep(lastWordsPatience);
     }
 }
@@ -146,11 +158,11 @@ std::unique_ptr<QApplication> makeToolkit(const QByteArray &plugin, int &argumen
     return std::make_unique<QApplication>(argumentCount, arguments);
 }
 
-/// Launches `app` and runs until the end, which `save` is for.
-int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const std::function<void()> &save,
+/// Launches `app` and runs until the end.
+int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const Ending &ending,
                 const EndBudget &budget) {
-    saveEverything = &save;
-    std::atexit(saveAtExit);
+    openEnding = &ending;
+    std::atexit(leaveAfterLoss);
     if (isToolkitOnWayland()) {
         // Known before the first message of any thread comes this way.
         printMessage = qInstallMessageHandler(nullptr);
@@ -160,23 +172,24 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const std::function<void(
     platform.ports().runLoop.after(tasksRest, [&platform] { platform.releaseTasks(); });
     platform.ports().runLoop.after(startEnd, returnFreedMemory);
     QCoreApplication::exec();
-    save();
-    saveEverything = nullptr;
+    ending.save();
+    openEnding = nullptr;
     // Before the wait: what is cut short must not leave our picture behind.
     app.takeDownWallpaper();
     if (!platform.finishTasks(budget)) {
         // A task hangs in the system. Everything is saved, and it can't be waited for.
-        std::fflush(stdout);
-        _exit(EXIT_SUCCESS);
+        leaveProcess(ending.loss);
     }
     return EXIT_SUCCESS;
 }
 
-int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox &requests) {
+int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox &requests,
+          DisplayLoss &displayLoss) {
     const Platform &ports = platform->ports();
     NotificationCenter notifications;
     PreferencesStore preferences(ports.userDefaults, notifications, ports.formatters);
-    UsageStore usageStore(folder(QStandardPaths::GenericDataLocation), ports.clock, ports.calendar);
+    UsageStore usageStore(ownFolder(QStandardPaths::GenericDataLocation), ports.clock,
+                          ports.calendar);
     Keychain keychain(ports.secureStore, ports.userDefaults);
     IntegrationsStore integrations(ports.userDefaults, keychain, notifications, ports.runLoop,
                                    ports.taskExecutor);
@@ -205,27 +218,32 @@ int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox
         .terminate = endProgram});
 
     const UnixSignals signals([](int) { endProgram(); });
-    const Subscription loss = ports.windowServer.subscribeToLoss(
-        // What the toolkit does by itself is not waited for.
-        isToolkitOnWayland() ? saveAtExit : endProgram);
+    const Subscription loss = ports.windowServer.subscribeToLoss([&displayLoss] {
+        if (isToolkitOnWayland()) { // what the toolkit does by itself is not waited for
+            leaveAfterLoss();
+        }
+        displayLoss.note();
+        endProgram();
+    });
     EndBudget budget(endBudget);
     const auto terminate = [&app, &budget] {
         budget.begin();
         app.terminate();
     };
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, terminate);
-    const std::function<void()> save = [&] {
+    const auto save = [&] {
         terminate();
         platform->cancelRequests(); // they hold the threads that secrets may wait for
         integrations.finish(budget.left(secretsPatience));
     };
-    return runToTheEnd(app, *platform, save, budget);
+    return runToTheEnd(app, *platform, {save, displayLoss}, budget);
 }
 
-int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartClaim &claim) {
+int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartClaim &claim,
+               DisplayLoss &loss) {
     // While the bus does not answer nobody else can tell that the program runs already, and two
     // would write over each other.
-    const FolderLock lock(folder(QStandardPaths::GenericDataLocation), endPatience);
+    const FolderLock lock(ownFolder(QStandardPaths::GenericDataLocation), endPatience);
     if (lock.isHeldByAnother()) {
         if (claim.callRunning()) {
             return EXIT_SUCCESS;
@@ -236,23 +254,25 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
     const IcuCalendar calendar;
     const IcuCalendar gregorian(u"en_US"_s);
     const IcuFormatters formatters;
-    const LinuxPlatform::Created created =
-        LinuxPlatform::create(folder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s,
-                              calendar, gregorian, formatters);
+    const LinuxPlatform::Created created = LinuxPlatform::create(
+        ownFolder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s, calendar, gregorian,
+        formatters);
     if (!created.platform) {
         std::fprintf(stderr, "tavi: %s\n", qPrintable(created.refusal));
         return EXIT_FAILURE;
     }
-    return runOn(created.platform.get(), settings, requests);
+    return runOn(created.platform.get(), settings, requests, loss);
 }
 
-} // namespace
-
-int runProgram(char **arguments, const ProgramSettings &settings) {
+/// One run from the start to the end, over the X server that was found already, if any.
+int runOnce(char **arguments, const ProgramSettings &settings, DisplayLoss &loss,
+            std::unique_ptr<X11Display> server) {
     const RequestInbox::Start start = takeStart();
     avoidHungBuses(busPatience);
-    auto display = std::make_unique<X11Display>();
-    const bool hasX11 = display->isReachable();
+    if (!server) {
+        server = std::make_unique<X11Display>();
+    }
+    const bool hasX11 = server->isReachable();
     const QByteArray compositor = qgetenv("WAYLAND_DISPLAY");
     const QByteArray plugin = toolkitPlatform(hasX11, !hasX11 && compositorAnswers(compositor));
     if (plugin.isEmpty()) {
@@ -262,17 +282,34 @@ int runProgram(char **arguments, const ProgramSettings &settings) {
                    stderr);
         return EXIT_FAILURE;
     }
-    // The program takes no options; the toolkit would take its own from the command line.
+    // The wallpaper takes no options; the toolkit would take its own from the command line.
     int argumentCount = 1;
     const auto toolkit = makeToolkit(plugin, argumentCount, arguments);
-    display.reset();
+    server.reset();
 
     RequestInbox requests(start);
     SingleInstance instance(
         QDBusConnection::sessionBus(),
         [&requests](const ApplicationRequest &request) { requests.take(request); });
     StartClaim claim(instance, requests);
-    return claim.isToRun() ? runPrimary(settings, requests, claim) : EXIT_SUCCESS;
+    return claim.isToRun() ? runPrimary(settings, requests, claim, loss) : EXIT_SUCCESS;
+}
+
+} // namespace
+
+int runProgram(char **arguments, const ProgramSettings &settings) {
+    DisplayLoss loss(arguments);
+    ReturnedDisplay display;
+    if (loss.isReturn()) {
+        display = waitForLostDisplay();
+        if (!display.isThere) {
+            return EXIT_SUCCESS; // the session is over, and everything was saved
+        }
+    }
+    loss.noteStart();
+    const int status = runOnce(arguments, settings, loss, std::move(display.server));
+    loss.startAnewIfLost();
+    return status;
 }
 
 } // namespace zeph

@@ -74,7 +74,8 @@ ui::SettingsContext Windows::makeContext(Consents &consents) {
             .updates = m_parts.shell.updates,
             .serviceCheck = m_serviceCheck,
             .wallpaper = m_parts.wallpaper,
-            .painter = services.painter};
+            .painter = services.painter,
+            .desktopWallpaper = platform.desktopWallpaper};
 }
 
 /// Unless they are what the user is looking at: the window stays where it was put.

@@ -43,6 +43,10 @@ UpdateWords updateWords(const UpdateStatus &status) {
         return {u"This Tavi was started from a build, so no package can replace it. "
                 u"Build it anew to update it."_s,
                 checkButton, Action::none};
+    case Phase::sandboxed:
+        return {
+            u"Tavi runs in a sandbox here. The store that it came from brings newer versions."_s,
+            checkButton, Action::none};
     case Phase::noService:
         return {u"There is no PackageKit on this computer to ask. "
                 u"Tavi is updated together with your other software."_s,

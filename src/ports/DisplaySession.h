@@ -9,6 +9,7 @@
 
 namespace zeph {
 
+class DesktopWallpaper;
 class InputEvents;
 class Screens;
 class VirtualDesktops;
@@ -24,6 +25,9 @@ public:
     virtual Workspace &workspace() = 0;
     virtual InputEvents &inputEvents() = 0;
     virtual VirtualDesktops &virtualDesktops() = 0;
+
+    /// Null where the desktop has no wallpaper that ours could take the place of.
+    virtual DesktopWallpaper *desktopWallpaper() { return nullptr; }
 };
 
 /// A session, or why there is none.

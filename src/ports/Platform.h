@@ -8,6 +8,7 @@ class Background;
 class Calendar;
 class Clock;
 class DesktopFolder;
+class DesktopWallpaper;
 class EventStore;
 class FocusFile;
 class Formatters;
@@ -62,6 +63,8 @@ struct Platform {
     Screens &screens;
     WindowServer &windowServer;
     VirtualDesktops &virtualDesktops;
+    /// Null where the desktop has no wallpaper that ours could take the place of.
+    DesktopWallpaper *desktopWallpaper = nullptr;
 };
 
 } // namespace zeph

@@ -18,10 +18,11 @@ struct Screen {
     std::optional<quint32> displayID;    ///< number of the display in this session
     std::optional<QString> persistentID; ///< stable across reboots and reconnects
     QRectF frame;
-    QRectF visibleFrame; ///< `frame` without panels and docks
-    double scale = 1;    ///< device pixels in a point
-    QRect deviceFrame;   ///< `frame` in device pixels of the window system
-    QString name = {};   ///< for people: make and model, else the connector; empty when unknown
+    QRectF visibleFrame;    ///< `frame` without panels and docks
+    double scale = 1;       ///< device pixels in a point
+    QRect deviceFrame;      ///< `frame` in device pixels of the window system
+    QString name = {};      ///< for people: make and model, else the connector; empty when unknown
+    QString connector = {}; ///< as the window system calls it, such as "DP-1"
 
     bool operator==(const Screen &) const = default;
 };

@@ -20,6 +20,7 @@ struct UpdateStatus {
         installing,  ///< `progress` tells how far
         installed,   ///< `version` runs from the next start on
         notPackaged, ///< this program was built from a clone, so that no package can replace it
+        sandboxed,   ///< the store that the sandbox came from brings newer versions
         noService,   ///< the system has nobody to ask
         failed,      ///< `problem` tells why
         refused,     ///< the user did not allow the installation

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "base/WholeNumber.h"
 
+#include <QString>
+
 #include <gtest/gtest.h>
 
 namespace zeph {

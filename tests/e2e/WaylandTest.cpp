@@ -3,7 +3,7 @@
 
 #include "support/SwaySession.h"
 
-#include <QElapsedTimer>
+#include <QDir>
 
 #include <csignal>
 
@@ -79,7 +79,7 @@ TEST_F(TaviOnSwayTest, drawsAnewWhereTheScaleChanges) {
     EXPECT_TRUE(program.isRunning());
 }
 
-TEST_F(TaviOnSwayTest, endsWellWithTheCompositorAndSavesWhatItCounted) {
+TEST_F(TaviOnSwayTest, endsWellWithTheSessionAndSavesWhatItCounted) {
     sway.start({u"foot"_s, u"sleep"_s, u"600"_s});
     Program program(environment());
     ASSERT_TRUE(waitForLayer());
@@ -91,8 +91,23 @@ TEST_F(TaviOnSwayTest, endsWellWithTheCompositorAndSavesWhatItCounted) {
     stored("DELETE FROM app_usage");
     ASSERT_EQ(stored(counted), u"0"_s);
     sway.killCompositor();
+    QDir(sway.folder()).removeRecursively();
     EXPECT_TRUE(program.endsWith(EXIT_SUCCESS));
     EXPECT_EQ(stored(counted), u"1"_s);
+}
+
+TEST_F(TaviOnSwayTest, takesTheNextCompositorAfterACrash) {
+    Program program(environment());
+    ASSERT_TRUE(waitForLayer());
+    const qint64 process = program.process();
+    stored("DELETE FROM daily_stats");
+    ASSERT_TRUE(sway.restartCompositor());
+    EXPECT_TRUE(waitForLayer()) << qPrintable(program.errors());
+    EXPECT_TRUE(program.isRunning());
+    EXPECT_EQ(stored("SELECT count(*) FROM daily_stats"), u"1"_s) << "what was counted is saved";
+    EXPECT_EQ(program.process(), process);
+    program.send(SIGTERM);
+    EXPECT_TRUE(program.endsWith(EXIT_SUCCESS));
 }
 
 TEST_F(TaviOnSwayTest, saysThatThereIsNothingToDrawOn) {

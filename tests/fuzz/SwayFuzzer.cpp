@@ -37,6 +37,7 @@ void readAnswers(const QByteArray &payload) {
     if (const auto window = zeph::swayFocusedWindowIn(payload)) {
         require(window->process > 0);
     }
+    zeph::swayTellsOfTitle(payload);
     zeph::swayWindowChangeIn(payload);
     zeph::swayWorkspaceChangeIn(payload);
     zeph::swaySuccessIn(payload);

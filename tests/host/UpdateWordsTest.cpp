@@ -60,6 +60,8 @@ TEST(UpdateWords, sayWhyNobodyCanBeAsked) {
     EXPECT_EQ(detailAt(Phase::notPackaged),
               u"This Tavi was started from a build, so no package can replace it. Build it anew to "
               u"update it."_s);
+    EXPECT_EQ(detailAt(Phase::sandboxed),
+              u"Tavi runs in a sandbox here. The store that it came from brings newer versions."_s);
     EXPECT_EQ(detailAt(Phase::noService),
               u"There is no PackageKit on this computer to ask. Tavi is updated together with your "
               u"other software."_s);
@@ -77,7 +79,7 @@ TEST(UpdateWords, offerWhatCanBeDone) {
         EXPECT_EQ(actionAt(phase), Action::install);
         EXPECT_EQ(updateWords({.phase = phase}).button, u"Install"_s);
     }
-    for (const Phase phase : {Phase::installed, Phase::notPackaged}) {
+    for (const Phase phase : {Phase::installed, Phase::notPackaged, Phase::sandboxed}) {
         EXPECT_EQ(actionAt(phase), Action::none);
         EXPECT_EQ(updateWords({.phase = phase}).button, u"Check for updates"_s);
     }

@@ -58,10 +58,14 @@ public:
     /// Ends the compositor as a crash would.
     void killCompositor();
 
-private:
-    bool writeConfiguration(const Options &options) const;
-    void startCompositor(const Options &options);
+    /// Starts another in its place, at the same socket; false when it did not come up.
+    bool restartCompositor();
 
+private:
+    bool writeConfiguration() const;
+    void startCompositor();
+
+    Options m_options;
     QTemporaryDir m_folder;
     SessionPrograms m_programs; // the compositor first, so that it ends last
     pid_t m_compositor = -1;

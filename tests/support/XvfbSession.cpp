@@ -11,21 +11,24 @@ namespace zeph {
 
 XvfbSession::XvfbSession() : XvfbSession(Options()) {}
 
-XvfbSession::XvfbSession(const Options &options) {
-    startServer(options);
+XvfbSession::XvfbSession(const Options &options) : m_options(options) {
+    startServer();
 }
 
-void XvfbSession::startServer(const Options &options) {
+void XvfbSession::startServer() {
     TestPipe number;
     QStringList command{u"Xvfb"_s,    u"-displayfd"_s, u"1"_s,
-                        u"-screen"_s, u"0"_s,          QString::fromLatin1(options.screen),
+                        u"-screen"_s, u"0"_s,          QString::fromLatin1(m_options.screen),
                         u"-noreset"_s};
-    if (options.listensToTcp) {
+    if (m_options.listensToTcp) {
         command << u"-listen"_s << u"tcp"_s << u"-ac"_s;
     } else {
         command << u"-nolisten"_s << u"tcp"_s;
     }
-    command += options.serverArguments;
+    command += m_options.serverArguments;
+    if (!m_display.isEmpty()) {
+        command.insert(1, QString::fromLatin1(m_display));
+    }
     m_server = m_programs.start(command, number.writingEnd());
     number.closeWritingEnd();
     const QByteArray line = number.firstLine();
@@ -51,6 +54,13 @@ bool XvfbSession::startOpenbox() {
         });
     };
     return goTo(u"1"_s) && goTo(u"0"_s);
+}
+
+bool XvfbSession::restartServer() {
+    killServer();
+    const QByteArray display = m_display;
+    startServer();
+    return isRunning() && m_display == display;
 }
 
 void XvfbSession::killServer() {

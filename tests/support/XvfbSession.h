@@ -45,9 +45,13 @@ public:
     /// Ends the server as a crash would.
     void killServer();
 
-private:
-    void startServer(const Options &options);
+    /// Starts another in its place, at the same display; false when it did not come up.
+    bool restartServer();
 
+private:
+    void startServer();
+
+    Options m_options;
     QByteArray m_display;
     SessionPrograms m_programs; // the server first, so that it ends last
     pid_t m_server = -1;

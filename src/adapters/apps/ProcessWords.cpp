@@ -2,6 +2,7 @@
 #include "adapters/apps/ProcessWords.h"
 
 #include "adapters/apps/RunningProgram.h"
+#include "adapters/storage/SmallFile.h"
 
 #include <QFile>
 
@@ -14,6 +15,11 @@ namespace zeph {
 namespace {
 
 constexpr qint64 kMostWords = 8192;
+
+constexpr QByteArrayView kName = "name=";
+
+// Stands between a sandbox and the buses outside of it.
+const QString kBusProxy = u"xdg-dbus-proxy"_s;
 
 QByteArray contentOf(qint64 process, const QString &name) {
     QFile file(u"/proc/%1/%2"_s.arg(process).arg(name));
@@ -73,6 +79,20 @@ QString desktopFileIn(const ProcessWords &words) {
     return unescaped(unit.sliced(unit.lastIndexOf('-') + 1));
 }
 
+/// Of a file with "name=…" in its group "[Application]".
+QString applicationOfSandbox(const QByteArray &info) {
+    bool isInGroup = false;
+    for (const QByteArray &raw : info.split('\n')) {
+        const QByteArray line = raw.trimmed();
+        if (line.startsWith('[')) {
+            isInGroup = line == "[Application]";
+        } else if (isInGroup && line.startsWith(kName)) {
+            return QString::fromUtf8(line.sliced(kName.size()).trimmed());
+        }
+    }
+    return {};
+}
+
 } // namespace
 
 ProcessWords wordsOfProcess(qint64 process) {
@@ -80,11 +100,22 @@ ProcessWords wordsOfProcess(qint64 process) {
     for (const QByteArray &argument : contentOf(process, u"cmdline"_s).split('\0')) {
         words.arguments.append(QString::fromLocal8Bit(argument));
     }
+    words.sandbox =
+        readSmallFile("/proc/" + QByteArray::number(process) + "/root/.flatpak-info", kMostWords)
+            .value_or(QByteArray());
     return words;
 }
 
 ApplicationHints hintsIn(const ProcessWords &words) {
     ApplicationHints hints;
+    hints.desktopFile = applicationOfSandbox(words.sandbox);
+    if (!hints.desktopFile.isEmpty()) {
+        hints.windowClass = hints.desktopFile; // its name where it has no entry
+        return hints;
+    }
+    if (words.program == kBusProxy) {
+        return hints;
+    }
     const QString script = isInterpreter(words.program) ? scriptIn(words.arguments) : QString();
     hints.program = script.isEmpty() ? words.program : script;
     hints.desktopFile = desktopFileIn(words);

@@ -7,13 +7,6 @@
 
 namespace zeph {
 
-namespace {
-
-// The refreshes of an hour come minutes apart; their stacks need not wait for the next one.
-constexpr std::chrono::seconds longestIdle{5};
-
-} // namespace
-
 QtTaskExecutor::QtTaskExecutor(int threads, Start start)
     : m_most(static_cast<std::size_t>(threads)), m_isHolding(start == Start::whenReleased) {}
 
@@ -35,9 +28,7 @@ void QtTaskExecutor::run(std::function<void()> task) {
     }
     joinEnded();
     m_waiting.push_back(std::move(task));
-    if (m_waiting.size() <= m_idle) {
-        m_wake.notify_one();
-    } else if (m_workers.size() < m_most) {
+    if (m_workers.size() < m_most) {
         Worker &worker = m_workers.emplace_back();
         try {
             worker.thread = std::thread([this, &worker] { work(worker); });
@@ -61,13 +52,9 @@ void QtTaskExecutor::release() {
 
 void QtTaskExecutor::work(Worker &self) {
     std::unique_lock lock(m_mutex);
-    for (;;) {
-        ++m_idle;
-        m_wake.wait_for(lock, longestIdle, [this] { return m_isEnding || !m_waiting.empty(); });
-        --m_idle;
-        if (m_waiting.empty()) {
-            break;
-        }
+    // Tasks come together and then not for some seconds: whoever waited for the next one would wake
+    // the processor to end.
+    while (!m_waiting.empty()) {
         auto task = std::move(m_waiting.front());
         m_waiting.pop_front();
         lock.unlock();
@@ -96,7 +83,6 @@ void QtTaskExecutor::beginShutdown() {
     m_isEnding = true;
     dropped.swap(m_waiting);
     held.swap(m_held);
-    m_wake.notify_all();
 }
 
 bool QtTaskExecutor::finish(std::chrono::milliseconds patience) {

@@ -13,7 +13,7 @@
 
 namespace zeph {
 
-/// Threads of its own, made when needed and ended after some idle seconds. Its end waits for the
+/// Threads of its own, made when needed and ended when no task waits. Its end waits for the
 /// tasks under way, so whoever can cut those short does that before. The threads are not the
 /// toolkit's: each of those opens descriptors for an event loop that no task needs, and where there
 /// are no more the process is aborted.
@@ -48,13 +48,11 @@ private:
 
     const std::size_t m_most;
     std::mutex m_mutex; // for all below
-    std::condition_variable m_wake;
     std::condition_variable m_ended;
     std::deque<std::function<void()>> m_waiting;
     std::vector<std::function<void()>> m_held;
     bool m_isHolding;
     std::list<Worker> m_workers;
-    std::size_t m_idle = 0; // workers that wait for a task
     bool m_isEnding = false;
 };
 

@@ -42,8 +42,11 @@ std::optional<PackageId> firstIn(const PackageOutcome &outcome) {
 
 } // namespace
 
-PackageKitUpdates::PackageKitUpdates(QDBusConnection systemBus, QString executable)
-    : m_bus(std::move(systemBus)), m_executable(std::move(executable)) {}
+PackageKitUpdates::PackageKitUpdates(QDBusConnection systemBus, QString executable,
+                                     bool isSandboxed)
+    : m_bus(std::move(systemBus)),
+      m_executable(std::move(executable)),
+      m_isSandboxed(isSandboxed) {}
 
 PackageKitUpdates::~PackageKitUpdates() = default;
 
@@ -53,6 +56,10 @@ Subscription PackageKitUpdates::subscribe(std::function<void()> handler) {
 
 void PackageKitUpdates::checkForUpdates() {
     if (m_status.phase == Phase::checking || m_status.phase == Phase::installing) {
+        return;
+    }
+    if (m_isSandboxed) {
+        set({.phase = Phase::sandboxed});
         return;
     }
     if (!canBelongToPackage(m_executable)) {

@@ -15,8 +15,8 @@ namespace zeph {
 /// user asks, and nothing at all for a program that no package can own.
 class PackageKitUpdates : public UpdateFramework {
 public:
-    /// `executable` is the running program.
-    PackageKitUpdates(QDBusConnection systemBus, QString executable);
+    /// `executable` is the running program; one that `isSandboxed` is of no package.
+    PackageKitUpdates(QDBusConnection systemBus, QString executable, bool isSandboxed);
     ~PackageKitUpdates() override;
 
     const UpdateStatus &status() const override { return m_status; }
@@ -47,6 +47,7 @@ private:
 
     QDBusConnection m_bus;
     QString m_executable;
+    bool m_isSandboxed;
     UpdateStatus m_status;
     PackageId m_installed;
     QString m_update; // the newer package, as the service names it

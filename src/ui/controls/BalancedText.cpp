@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "ui/controls/BalancedText.h"
 
+#include "ui/controls/WordWidths.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <limits>
+#include <optional>
 
 namespace zeph::ui {
 
@@ -16,8 +21,23 @@ constexpr QChar enDash(0x2013);
 constexpr QChar emDash(0x2014);
 constexpr double wholePixel = 1;
 
+constexpr double unlimited = 1e6;
+
 bool isDash(QChar character) {
     return character == enDash || character == emDash;
+}
+
+/// The least width, to a pixel, in which a text that fills `count` lines of `most` still does. No
+/// word is broken for it.
+double narrowest(double most, int count, double widestWord,
+                 const std::function<int(double width)> &linesIn) {
+    double least = std::min(most, std::max(widestWord, most / count / 2));
+    double enough = most;
+    while (enough - least > wholePixel) {
+        const double middle = (least + enough) / 2;
+        (linesIn(middle) > count ? least : enough) = middle;
+    }
+    return enough;
 }
 
 } // namespace
@@ -47,30 +67,59 @@ QString joined(const QString &text) {
 }
 
 BalancedText::BalancedText(const QString &text, const QFont &font, const Limits &limits)
-    : m_layout(joined(text), font), m_lineHeight(limits.line) {
+    : m_layout(joined(text), font),
+      m_lineHeight(limits.line),
+      m_narrowest(limits.width),
+      m_widest(limits.width) {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     option.setTextDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     m_layout.setTextOption(option);
     m_layout.setCacheEnabled(true);
     const double most = std::max(limits.width, wholePixel);
+    std::optional<WordWidths> words;
+    if (WordWidths::canTell(m_layout.text())) {
+        wrap(unlimited);
+        if (m_layout.lineAt(0).naturalTextWidth() <= most) {
+            holdOneLine(limits);
+            return;
+        }
+        words.emplace(m_layout.lineAt(0), m_layout.text());
+    }
     wrap(most);
     const int count = lineCount();
     if (limits.mostLines > 0 && count > limits.mostLines) {
         elide(limits);
-        return;
+    } else if (count < 2) {
+        holdOneLine(limits);
+    } else if (!words || !balance(*words, most)) {
+        wrap(most);
+        balance(most);
     }
-    if (count < 2) {
-        return;
-    }
-    double least = std::min(most, std::max(widestWord(), most / count / 2));
-    double enough = most;
-    while (enough - least > wholePixel) {
-        const double middle = (least + enough) / 2;
-        wrap(middle);
-        (lineCount() > count ? least : enough) = middle;
-    }
-    wrap(enough);
+}
+
+void BalancedText::holdOneLine(const Limits &limits) {
+    const double natural = lineCount() < 1 ? 0 : m_layout.lineAt(0).naturalTextWidth();
+    m_narrowest = std::min(natural, limits.width);
+    m_widest = std::numeric_limits<double>::max();
+}
+
+/// False where the layout does not come to the lines that the words foretold.
+bool BalancedText::balance(const WordWidths &words, double most) {
+    const int count = lineCount();
+    m_narrowest = narrowest(most, count, words.widest(),
+                            [&words](double width) { return words.linesIn(width); });
+    wrap(m_narrowest);
+    return lineCount() == count;
+}
+
+void BalancedText::balance(double most) {
+    const int count = lineCount();
+    m_narrowest = narrowest(most, count, widestWord(), [this](double width) {
+        wrap(width);
+        return lineCount();
+    });
+    wrap(m_narrowest);
 }
 
 void BalancedText::wrap(double width) {

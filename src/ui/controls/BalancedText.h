@@ -10,6 +10,8 @@ class QPainter;
 
 namespace zeph::ui {
 
+class WordWidths;
+
 /// `text` with its dashes and hyphens joined to what they belong to, for the layout alone: no line
 /// begins with a dash, and no word breaks at its hyphen.
 QString joined(const QString &text);
@@ -30,6 +32,9 @@ public:
     int width() const;
     int height() const;
     bool isElided() const { return m_isElided; }
+    /// Whether the lines are the same where they may take `width` at most: finding them costs far
+    /// more than anything else of a text.
+    bool holdsFor(double width) const { return width >= m_narrowest && width <= m_widest; }
     QStringList lines() const; ///< as laid out
 
     /// Paints the lines from `top` on, each aligned in `area`; `selected` counts as in the text.
@@ -44,6 +49,9 @@ public:
 
 private:
     void wrap(double width);
+    void holdOneLine(const Limits &limits);
+    bool balance(const WordWidths &words, double most);
+    void balance(double most);
     double widestWord();
     void elide(const Limits &limits);
     double lineX(int line, const QRectF &area, Qt::Alignment alignment) const;
@@ -51,6 +59,8 @@ private:
     mutable QTextLayout m_layout;
     double m_lineHeight;
     bool m_isElided = false;
+    double m_narrowest = 0; ///< limits of the width between which the lines are the same
+    double m_widest = 0;
 };
 
 } // namespace zeph::ui

@@ -33,11 +33,18 @@ QFont Segment::fontWhen(bool isChosen) const {
     return font;
 }
 
+/// The wider of the two, so that nothing moves when another one is chosen.
+double Segment::textWidth() const {
+    if (m_measured.text != text() || m_measured.scale != scale()) {
+        m_measured = {text(), scale(),
+                      std::max(QFontMetricsF(fontWhen(true)).horizontalAdvance(text()),
+                               QFontMetricsF(fontWhen(false)).horizontalAdvance(text()))};
+    }
+    return m_measured.width;
+}
+
 QSize Segment::sizeHint() const {
-    // The wider of the two, so that nothing moves when another one is chosen.
-    const double wide = std::max(QFontMetricsF(fontWhen(true)).horizontalAdvance(text()),
-                                 QFontMetricsF(fontWhen(false)).horizontalAdvance(text()));
-    const int padded = static_cast<int>(std::ceil(wide)) + 2 * scaled(m_setting.padding);
+    const int padded = static_cast<int>(std::ceil(textWidth())) + 2 * scaled(m_setting.padding);
     return {std::max(padded, scaled(m_setting.least)), scaled(m_setting.height)};
 }
 

@@ -29,9 +29,17 @@ protected:
 
 private:
     QFont fontWhen(bool isChosen) const;
+    double textWidth() const;
 
     Setting m_setting;
     Interaction m_interaction{*this};
+    // Layouts ask many times, and each answer takes two fonts and their letters.
+    struct Measured {
+        QString text;
+        double scale = 0;
+        double width = 0;
+    };
+    mutable Measured m_measured;
 };
 
 } // namespace zeph::ui

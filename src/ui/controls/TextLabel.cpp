@@ -77,15 +77,14 @@ const BalancedText &TextLabel::balanced(int width) const {
     const QString shown = text();
     const int wide = textWidth(width);
     const auto known = std::find_if(m_kept.begin(), m_kept.end(), [&](const Kept &kept) {
-        return kept.balanced != nullptr && kept.width == wide && kept.text == shown;
+        return kept.balanced != nullptr && kept.text == shown && kept.balanced->holdsFor(wide);
     });
     if (known == m_kept.end()) {
         m_kept.back() = {
-            shown, wide,
-            std::make_unique<BalancedText>(
-                shown, font(),
-                BalancedText::Limits{static_cast<double>(wide),
-                                     static_cast<double>(lineHeight(m_role)), m_mostLines})};
+            shown, std::make_unique<BalancedText>(
+                       shown, font(),
+                       BalancedText::Limits{static_cast<double>(wide),
+                                            static_cast<double>(lineHeight(m_role)), m_mostLines})};
         std::swap(m_kept.front(), m_kept.back());
     } else if (known != m_kept.begin()) {
         std::swap(m_kept.front(), m_kept.back());

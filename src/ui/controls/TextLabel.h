@@ -42,7 +42,6 @@ protected:
 private:
     struct Kept {
         QString text;
-        int width = -1;
         std::unique_ptr<BalancedText> balanced;
     };
 

@@ -4,6 +4,7 @@
 #include "ui/controls/PaneHeader.h"
 #include "ui/settings/BackgroundCard.h"
 #include "ui/settings/BehaviorCard.h"
+#include "ui/settings/DesktopWallpaperCard.h"
 #include "ui/settings/DesktopsCard.h"
 #include "ui/settings/DisplaysCard.h"
 #include "ui/settings/EventCountdownsCard.h"
@@ -22,6 +23,9 @@ GeneralPane::GeneralPane(const SettingsContext &context, const QString &desktopF
     add(new PaneHeader(u"General"_s, u"App behavior and appearance."_s), 0);
     addCard(new BehaviorCard(context, desktopFolder));
     addCard(new BackgroundCard(context));
+    if (context.desktopWallpaper != nullptr) {
+        addCard(new DesktopWallpaperCard(context, *context.desktopWallpaper));
+    }
     addCard(new UnitsCard(context));
     addCard(new DisplaysCard(context));
     addCard(new DesktopsCard(context));

@@ -10,6 +10,7 @@ namespace zeph {
 class AppState;
 class DesktopAppearance;
 class DesktopIconsManager;
+class DesktopWallpaper;
 class IntegrationsStore;
 class LaunchAtLogin;
 class NotificationCenter;
@@ -51,6 +52,8 @@ struct SettingsContext {
     const ServiceCheck &serviceCheck;
     const RootWallpaperView &wallpaper; ///< for the small pictures of it
     ScenePainter &painter;
+    /// Null where the desktop has no wallpaper that ours could take the place of.
+    DesktopWallpaper *desktopWallpaper = nullptr;
 };
 
 } // namespace ui

@@ -29,6 +29,7 @@ StatusLine::Kind kindOf(UpdateStatus::Phase phase) {
     case Phase::idle:
     case Phase::available:
     case Phase::notPackaged:
+    case Phase::sandboxed:
     case Phase::noService:
         break;
     }

@@ -25,10 +25,13 @@ public:
         read();
     }
 
+    /// At one blow: a file that is written in its place is noticed when it comes and again when it
+    /// is whole, and a reading between the two is followed by another, which nobody awaits.
     void install(const QString &identifier, const QByteArray &keys) {
-        QFile file(pathOf(identifier));
+        QFile file(m_data.filePath(QStringLiteral("coming")));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write("[Desktop Entry]\nType=Application\n" + keys);
+        ASSERT_TRUE(file.rename(pathOf(identifier)));
     }
 
     /// Reads them, as it happens away from the main thread.

@@ -11,6 +11,7 @@
 #include <latch>
 #include <memory>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace zeph {
@@ -85,6 +86,28 @@ TEST(QtTaskExecutor, needsNoDescriptorsForItsThreads) {
     begun.wait();
     EXPECT_EQ(openDescriptors(), before);
     go.set_value();
+}
+
+/// Whether a task runs on a thread that has run none before.
+bool meetsAFreshThread(QtTaskExecutor &executor) {
+    std::promise<bool> isFresh;
+    executor.run([&] {
+        thread_local bool hasRun = false;
+        isFresh.set_value(!std::exchange(hasRun, true));
+    });
+    return isFresh.get_future().get();
+}
+
+TEST(QtTaskExecutor, keepsNoThreadForTheTaskAfterNext) {
+    QtTaskExecutor executor(1);
+    EXPECT_TRUE(meetsAFreshThread(executor));
+    bool isFresh = false;
+    // Where it is asked while the thread of the last task is about to end, that takes the next one.
+    for (int round = 0; round < 1000 && !isFresh; ++round) {
+        std::this_thread::yield();
+        isFresh = meetsAFreshThread(executor);
+    }
+    EXPECT_TRUE(isFresh);
 }
 
 TEST(QtTaskExecutor, runsNoMoreSideBySideThanItHasThreads) {

@@ -21,8 +21,8 @@ protected:
         service.answers[u"GetUpdates"_s].packages = {{8, u"other;3;amd64;stable"_s}, {5, newerId}};
     }
 
-    void listen(const QString &executable = u"/usr/bin/tavi"_s) {
-        updates = std::make_unique<PackageKitUpdates>(client.bus(), executable);
+    void listen(const QString &executable = u"/usr/bin/tavi"_s, bool isSandboxed = false) {
+        updates = std::make_unique<PackageKitUpdates>(client.bus(), executable, isSandboxed);
         subscription = updates->subscribe([this] {
             if (told.isEmpty() || told.last() != static_cast<int>(updates->status().phase)) {
                 told << static_cast<int>(updates->status().phase);
@@ -147,6 +147,14 @@ TEST_F(PackageKitUpdatesTest, ofABuildAsksTheBusNothing) {
     EXPECT_FALSE(eventually([&] { return service.transactions > 0; }, 100));
 }
 
+TEST_F(PackageKitUpdatesTest, inASandboxAsksTheBusNothing) {
+    service.appear();
+    listen(u"/usr/bin/tavi"_s, true);
+    updates->checkForUpdates();
+    EXPECT_EQ(updates->status().phase, Phase::sandboxed);
+    EXPECT_FALSE(eventually([&] { return service.transactions > 0; }, 100));
+}
+
 TEST_F(PackageKitUpdatesTest, hasNobodyToAskWithoutTheService) {
     listen();
     EXPECT_TRUE(check(Phase::noService));
@@ -157,7 +165,7 @@ TEST_F(PackageKitUpdatesTest, hasNobodyToAskWithoutTheService) {
 TEST_F(PackageKitUpdatesTest, hasNobodyToAskWithoutABus) {
     bus.stop();
     BusConnection nowhere(bus.address());
-    updates = std::make_unique<PackageKitUpdates>(nowhere.bus(), u"/usr/bin/tavi"_s);
+    updates = std::make_unique<PackageKitUpdates>(nowhere.bus(), u"/usr/bin/tavi"_s, false);
     EXPECT_TRUE(check(Phase::noService));
 }
 
@@ -245,7 +253,7 @@ TEST_F(PackageKitUpdatesTest, givesUpASearchAtOnce) {
 TEST_F(PackageKitUpdatesTest, hearsNothingOfWhatWasGivenUpThoughItHadAnAnswer) {
     bus.stop();
     BusConnection nowhere(bus.address());
-    updates = std::make_unique<PackageKitUpdates>(nowhere.bus(), u"/usr/bin/tavi"_s);
+    updates = std::make_unique<PackageKitUpdates>(nowhere.bus(), u"/usr/bin/tavi"_s, false);
     updates->checkForUpdates(); // which is answered in the next turn
     updates->cancel();
     EXPECT_FALSE(eventually([&] { return updates->status() != UpdateStatus(); }, 100));

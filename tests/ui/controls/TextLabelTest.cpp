@@ -2,6 +2,7 @@
 #include "ui/controls/TextLabel.h"
 
 #include "support/WindowFixture.h"
+#include "ui/controls/WordWidths.h"
 
 namespace zeph::ui {
 
@@ -32,6 +33,60 @@ TEST(BalancedText, linesAreAsNarrowAsTheirNumberAllows) {
     EXPECT_EQ(narrow.lineCount(), wide.lineCount());
     EXPECT_GT(wrapped(longText, wide.width() - 4).lineCount(), wide.lineCount());
     EXPECT_EQ(wide.height(), 18 * wide.lineCount());
+}
+
+TEST(BalancedText, holdsForAllWidthsThatMakeTheSameLines) {
+    const BalancedText two = wrapped(longText, 440);
+    ASSERT_EQ(two.lineCount(), 2);
+    for (int width = 200; width < 600; width += 10) {
+        if (two.holdsFor(width)) {
+            EXPECT_EQ(wrapped(longText, width).lines(), two.lines()) << width;
+        }
+    }
+    EXPECT_TRUE(two.holdsFor(440));
+    EXPECT_TRUE(two.holdsFor(two.width() + 4));
+    EXPECT_FALSE(two.holdsFor(two.width() - 4)) << "it would take a third line";
+    EXPECT_FALSE(two.holdsFor(441)) << "it may fit on one";
+}
+
+TEST(BalancedText, aLineHoldsForAllWidthsFromItsOwnOn) {
+    const BalancedText one = wrapped(u"Show the clock as 14:30."_s, 440);
+    EXPECT_TRUE(one.holdsFor(one.width()));
+    EXPECT_TRUE(one.holdsFor(4000));
+    EXPECT_FALSE(one.holdsFor(one.width() - 4));
+}
+
+TEST(BalancedText, holdsForItsWidthWhateverTheTextIs) {
+    for (const QString &text : {QString(), u"W"_s, u"two\nlines"_s, u"שלום עולם"_s}) {
+        EXPECT_TRUE(wrapped(text, 1).holdsFor(1)) << qPrintable(text);
+    }
+    EXPECT_TRUE(wrapped(longText, 200, 2).holdsFor(200));
+    EXPECT_FALSE(wrapped(longText, 200, 2).holdsFor(201)) << "more of it may be seen";
+}
+
+TEST(WordWidths, foretellTheLinesOfTheLayout) {
+    QTextLayout layout(joined(longText), font(TypeRole::detail));
+    const auto lay = [&layout](double width) {
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(width);
+        }
+        layout.endLayout();
+        return layout.lineCount();
+    };
+    ASSERT_EQ(lay(100'000), 1);
+    const WordWidths words(layout.lineAt(0), layout.text());
+    for (int width = static_cast<int>(words.widest()) + 2; width < 900; width += 3) {
+        EXPECT_EQ(words.linesIn(width), lay(width)) << width;
+    }
+}
+
+TEST(WordWidths, canNotTellOfTextThatTurnsOrHasParagraphs) {
+    EXPECT_TRUE(WordWidths::canTell(u"a – b (c), 1.5 %"_s));
+    for (const QString &text :
+         {u"a שלום"_s, u"تاوي"_s, u"a\u2028b"_s, u"🎉"_s, u"a\tb"_s, u"\u202Ea"_s, QString()}) {
+        EXPECT_FALSE(WordWidths::canTell(text)) << qPrintable(text);
+    }
 }
 
 TEST(BalancedText, whatFitsInALineStaysOneLine) {

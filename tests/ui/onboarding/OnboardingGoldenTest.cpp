@@ -31,6 +31,11 @@ TEST_F(GoldenOnboarding, rhythmAllowed) {
     EXPECT_TRUE(matchesGolden(picture(), u"onboarding-1-rhythm-allowed"_s));
 }
 
+TEST_F(GoldenOnboarding, rhythmWhereKeysCanNotBeCounted) {
+    input.countsKeys = false;
+    expectStep(OnboardingStep::input, u"1-rhythm-uncounted"_s);
+}
+
 TEST_F(GoldenOnboarding, place) {
     expectStep(OnboardingStep::location, u"2-place"_s);
 }

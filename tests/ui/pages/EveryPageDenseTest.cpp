@@ -12,6 +12,7 @@ TEST_F(EveryPageDense, inTheDark) {
     open();
     ASSERT_EQ(window->devicePixelRatioF(), 2);
     expectPictures(u"dark@2x"_s);
+    expectFurtherForms(u"dark@2x"_s);
     expectSteps(u"dark@2x"_s);
 }
 

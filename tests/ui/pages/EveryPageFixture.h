@@ -30,6 +30,10 @@ protected:
     /// With `only`, of those pages alone.
     void expectPictures(const QString &variant, const QStringList &only = {});
 
+    /// The same of the forms of all services that have no page yet. Their accounts are there from
+    /// here on.
+    void expectFurtherForms(const QString &variant);
+
     /// The same of each step of the first start: "pages/step-<number>-<variant>".
     void expectSteps(const QString &variant);
 
@@ -38,6 +42,7 @@ protected:
     std::unique_ptr<ui::SettingsWindow> window;
 
 private:
+    void expectPicture(const SettingsPages::Page &page, const QString &variant);
     QImage picture();
 };
 

@@ -14,12 +14,14 @@ TEST_F(EveryPageGolden, inTheLight) {
     appearance.wantedScheme = DesktopAppearance::Scheme::light;
     open();
     expectPictures(u"light"_s);
+    expectFurtherForms(u"light"_s);
 }
 
 TEST_F(EveryPageGolden, fromRightToLeft) {
     QApplication::setLayoutDirection(Qt::RightToLeft);
     open();
     expectPictures(u"mirrored"_s);
+    expectFurtherForms(u"mirrored"_s);
     expectSteps(u"mirrored"_s);
 }
 
@@ -27,6 +29,7 @@ TEST_F(EveryPageGolden, withHalfAsLargeATextAgain) {
     setTextSize(15);
     open();
     expectPictures(u"font-150"_s);
+    expectFurtherForms(u"font-150"_s);
     expectSteps(u"font-150"_s);
 }
 

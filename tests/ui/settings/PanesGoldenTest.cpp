@@ -116,6 +116,20 @@ TEST_F(PanesGoldenTest, permissions) {
     expectPictures(u"permissions"_s, 4);
 }
 
+TEST_F(PanesGoldenTest, permissionsWhereKeysCanNotBeCounted) {
+    input.countsKeys = false;
+    eventStore.access[EntityType::event] = EventAccess::fullAccess;
+    permissions->refresh();
+    expectPictures(u"permissions-uncounted"_s, 4);
+}
+
+TEST_F(PanesGoldenTest, permissionsWhereTheyTellTheAppInFrontAlone) {
+    input.countsKeys = false;
+    input.tellsFront = true;
+    permissions->refresh();
+    expectPictures(u"permissions-front"_s, 4);
+}
+
 TEST_F(PanesGoldenTest, about) {
     expectPictures(u"about"_s, 5);
 }

@@ -34,6 +34,14 @@ struct DesktopProgramOffer {
     bool operator==(const DesktopProgramOffer &) const = default;
 };
 
+/// Whether our wallpaper can take the place of Plasma's own.
+struct PlasmaPermission {
+    bool isGranted = false; ///< the person let us, and nothing stands against it
+    QString problem = {};   ///< what does where the person let us, in words without a full stop
+
+    bool operator==(const PlasmaPermission &) const = default;
+};
+
 /// What a session offers to a wallpaper, by which the way of drawing is chosen.
 struct SessionOffer {
     DisplaySystem displaySystem = DisplaySystem::x11;
@@ -42,7 +50,8 @@ struct SessionOffer {
     std::optional<WindowManagerOffer> windowManager = {}; ///< of X11
     Compositing compositing = Compositing::none;          ///< of X11
     std::optional<DesktopProgramOffer> desktopProgram = {}; ///< that runs now
-    bool mayUsePlasmaPackage = false; ///< the person let us put our wallpaper into Plasma
+    bool isTransparent = false; ///< what lies beneath the wallpaper shines through it
+    PlasmaPermission plasma = {};
 
     bool operator==(const SessionOffer &) const = default;
 };

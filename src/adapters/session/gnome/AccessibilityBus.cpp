@@ -20,24 +20,23 @@ const QString kLauncherPath = u"/org/a11y/bus"_s;
 
 constexpr std::chrono::seconds kBusPatience{2};
 
-QString nextConnectionName() {
-    static std::atomic<int> count = 0;
-    return u"zeph-accessibility-%1"_s.arg(++count);
+/// A connection is never closed, but used again: to close one while calls come in uses memory in
+/// Qt 6.4 that was given back. Without subscriptions nothing comes in over it.
+QDBusConnection connectionTo(const QString &address) {
+    static std::atomic<int> lostConnections = 0;
+    const auto connect = [&address] {
+        return QDBusConnection::connectToBus(
+            address, u"zeph-accessibility-%1-%2"_s.arg(lostConnections).arg(address));
+    };
+    const QDBusConnection connection = connect();
+    if (connection.isConnected()) {
+        return connection;
+    }
+    ++lostConnections; // the bus itself closed it
+    return connect();
 }
 
 } // namespace
-
-/// Ends with whoever holds it, on whatever thread.
-struct AccessibilityBus::Connection {
-    explicit Connection(const QString &address)
-        : name(nextConnectionName()), bus(QDBusConnection::connectToBus(address, name)) {}
-    ~Connection() { QDBusConnection::disconnectFromBus(name); }
-    Connection(const Connection &) = delete;
-    Connection &operator=(const Connection &) = delete;
-
-    QString name;
-    QDBusConnection bus;
-};
 
 AccessibilityBus::AccessibilityBus(const QDBusConnection &sessionBus, Background background,
                                    std::function<void()> changed)
@@ -48,11 +47,11 @@ AccessibilityBus::AccessibilityBus(const QDBusConnection &sessionBus, Background
 AccessibilityBus::~AccessibilityBus() = default;
 
 const QDBusConnection *AccessibilityBus::connection() const {
-    return m_connection ? &m_connection->bus : nullptr;
+    return m_connection ? &*m_connection : nullptr;
 }
 
 void AccessibilityBus::ownerChanged() {
-    take(nullptr);
+    take(std::nullopt);
     m_launcher.ask(kLauncherPath, kLauncherName, u"GetAddress"_s, {}, busDefaultTimeout,
                    [this](const QDBusMessage &answer) {
                        if (answer.type() == QDBusMessage::ReplyMessage &&
@@ -64,26 +63,25 @@ void AccessibilityBus::ownerChanged() {
 
 /// To connect waits for the bus, so that the main thread does not do it.
 void AccessibilityBus::connect(const QString &address) {
-    const auto open = [address]() -> std::shared_ptr<Connection> {
+    const auto open = [address]() -> std::optional<QDBusConnection> {
         // One that hangs would hold up every other bus of the process.
         if (findHungBuses({address.toUtf8()}, kBusPatience).front()) {
-            return nullptr;
+            return std::nullopt;
         }
-        auto connection = std::make_shared<Connection>(address);
-        return connection->bus.isConnected() ? connection : nullptr;
+        const QDBusConnection connection = connectionTo(address);
+        return connection.isConnected() ? std::optional(connection) : std::nullopt;
     };
-    m_background.run(m_owner, open, [this](std::shared_ptr<Connection> connection) {
+    m_background.run(m_owner, open, [this](const std::optional<QDBusConnection> &connection) {
         if (!connection) {
             qCInfo(logSystem, "the accessibility bus can't be reached");
         }
-        take(std::move(connection));
+        take(connection);
     });
 }
 
-void AccessibilityBus::take(std::shared_ptr<Connection> connection) {
-    if (m_connection != connection) {
-        // Whoever uses the former one hears of its end before it ends.
-        const auto former = std::exchange(m_connection, std::move(connection));
+void AccessibilityBus::take(const std::optional<QDBusConnection> &connection) {
+    if (m_connection || connection) {
+        m_connection = connection;
         m_changed();
     }
 }

@@ -7,7 +7,7 @@
 #include <QDBusConnection>
 
 #include <functional>
-#include <memory>
+#include <optional>
 
 namespace zeph {
 
@@ -26,15 +26,13 @@ public:
     const QDBusConnection *connection() const;
 
 private:
-    struct Connection;
-
     void ownerChanged();
     void connect(const QString &address);
-    void take(std::shared_ptr<Connection> connection);
+    void take(const std::optional<QDBusConnection> &connection);
 
     Background m_background;
     std::function<void()> m_changed;
-    std::shared_ptr<Connection> m_connection;
+    std::optional<QDBusConnection> m_connection;
     WorkOwner m_owner;
     BusService m_launcher; // last, since it calls back
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/gnome/AccessibleFront.h"
 
+#include "adapters/apps/OwnApplication.h"
 #include "adapters/apps/ProcessWords.h"
 #include "adapters/bus/DBusCalls.h"
 #include "ports/Consent.h"
@@ -22,6 +23,10 @@ const QString kRegistryName = u"org.a11y.atspi.Registry"_s; // its interface has
 const QString kRegistryPath = u"/org/a11y/atspi/registry"_s;
 const QString kEventInterface = u"org.a11y.atspi.Event.Object"_s;
 const QString kActiveEvent = u"object:state-changed:active"_s;
+const QString kObjectInterface = u"org.a11y.atspi.Accessible"_s;
+
+// Who does not tell what it is by then counts as no window.
+constexpr int kRolePatienceMilliseconds = 1000;
 
 const QString kDaemonName = u"org.freedesktop.DBus"_s; // its interface has the same name
 const QString kDaemonPath = u"/org/freedesktop/DBus"_s;
@@ -35,10 +40,11 @@ AccessibleWindow accessibleWindowOf(const ProcessWords &process) {
     const bool isIcons =
         std::any_of(process.arguments.begin(), process.arguments.end(),
                     [](const QString &argument) { return argument.contains(kDesktopIcons); });
-    if (process.program == u"gnome-shell" || isIcons || process.number == getpid()) {
+    const ApplicationHints hints = hintsIn(process);
+    const bool isOurs = process.number == getpid() || isOwnApplication(hints);
+    if (process.program == u"gnome-shell" || isIcons || isOurs) {
         return {Kind::desktop};
     }
-    const ApplicationHints hints = hintsIn(process);
     const bool isTold = !hints.program.isEmpty() || !hints.desktopFile.isEmpty();
     return isTold ? AccessibleWindow{Kind::application, hints} : AccessibleWindow{Kind::untold};
 }
@@ -60,6 +66,10 @@ void AccessibleFront::followConsent() {
         m_bus = std::make_unique<AccessibilityBus>(m_sessionBus, m_background,
                                                    [this] { busChanged(); });
     } else {
+        // The connection stays, and with it what was asked of programs.
+        if (m_registry) {
+            m_registry->send(kRegistryPath, kRegistryName, u"DeregisterEvent"_s, {kActiveEvent});
+        }
         const auto former = std::move(m_bus); // outlives what listens over it
         busChanged();
     }
@@ -67,7 +77,7 @@ void AccessibleFront::followConsent() {
 
 void AccessibleFront::busChanged() {
     ++m_turn;
-    m_sender.clear();
+    m_active = {};
     m_senderEnd.reset();
     m_states.clear();
     m_registry.reset();
@@ -93,48 +103,81 @@ void AccessibleFront::registryChanged() {
 
 void AccessibleFront::stateChanged(const QDBusMessage &signal) {
     const bool isActive = signal.arguments().at(1).toInt() != 0;
-    if (isActive) {
-        gained(signal.service());
-    } else if (signal.service() == m_sender) {
-        // That of another one may come after the word of its successor.
-        lost();
+    const auto step = m_active.told({signal.service(), signal.path()}, isActive);
+    follow(step.news);
+    for (const AccessibleObject &object : step.questions) {
+        ask(object);
     }
 }
 
-void AccessibleFront::gained(const QString &sender) {
-    ++m_turn;
-    m_sender = sender;
-    const QDBusConnection &bus = *m_bus->connection();
-    // A program that ends does not say that its window lost the focus.
+void AccessibleFront::ask(const AccessibleObject &object) {
+    const QDBusMessage question =
+        QDBusMessage::createMethodCall(object.sender, object.path, kObjectInterface, u"GetRole"_s);
+    callAsync(*m_bus->connection(), question, kRolePatienceMilliseconds, &m_context,
+              [this, object](const QDBusMessage &answer) {
+                  const bool isTold =
+                      answer.type() == QDBusMessage::ReplyMessage && answer.signature() == u"u"_s;
+                  const bool isWindow =
+                      isTold && isWindowRole(answer.arguments().constFirst().toUInt());
+                  follow(m_active.answered(object, isWindow));
+              });
+}
+
+void AccessibleFront::follow(ActiveObject::News news) {
+    switch (news) {
+    case ActiveObject::News::none:
+        break;
+    case ActiveObject::News::gained:
+        ++m_turn;
+        followEnd();
+        askProcess();
+        break;
+    case ActiveObject::News::lost:
+        ++m_turn;
+        set({Kind::untold});
+        break;
+    }
+}
+
+/// A program that ends does not say that its window lost the focus.
+void AccessibleFront::followEnd() {
+    const QString sender = m_active.sender();
     m_senderEnd = std::make_unique<SignalWatch>(
-        bus,
+        *m_bus->connection(),
         BusSignal{kDaemonName, kDaemonPath, kDaemonName, u"NameOwnerChanged"_s, {sender}, u"sss"_s},
         [this, sender](const QDBusMessage &signal) {
-            if (signal.arguments().at(2).toString().isEmpty() && sender == m_sender) {
-                lost();
+            if (signal.arguments().at(2).toString().isEmpty()) {
+                follow(m_active.ended(sender));
             }
         });
+}
+
+void AccessibleFront::askProcess() {
     QDBusMessage question = QDBusMessage::createMethodCall(kDaemonName, kDaemonPath, kDaemonName,
                                                            u"GetConnectionUnixProcessID"_s);
-    question << sender;
-    callAsync(bus, question, busDefaultTimeout, &m_context,
+    question << m_active.sender();
+    callAsync(*m_bus->connection(), question, busDefaultTimeout, &m_context,
               [this, turn = m_turn](const QDBusMessage &answer) {
-                  if (turn == m_turn) {
-                      take(answer);
+                  if (turn != m_turn) {
+                      return;
+                  }
+                  if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == u"u"_s) {
+                      read(answer.arguments().constFirst().toUInt());
+                  } else {
+                      set({Kind::untold});
                   }
               });
 }
 
-void AccessibleFront::lost() {
-    ++m_turn;
-    m_sender.clear();
-    set({Kind::untold});
-}
-
-void AccessibleFront::take(const QDBusMessage &answer) {
-    const bool isTold = answer.type() == QDBusMessage::ReplyMessage && answer.signature() == u"u"_s;
-    set(isTold ? accessibleWindowOf(wordsOfProcess(answer.arguments().constFirst().toUInt()))
-               : AccessibleWindow{Kind::untold});
+/// Away from the main thread: the files of a sandbox may lie anywhere.
+void AccessibleFront::read(qint64 process) {
+    m_background.run(
+        m_reading, [process] { return accessibleWindowOf(wordsOfProcess(process)); },
+        [this, turn = m_turn](AccessibleWindow window) {
+            if (turn == m_turn) {
+                set(std::move(window));
+            }
+        });
 }
 
 void AccessibleFront::set(AccessibleWindow window) {

@@ -3,6 +3,7 @@
 
 #include "adapters/apps/ApplicationIndex.h"
 #include "adapters/session/gnome/AccessibilityBus.h"
+#include "adapters/session/gnome/ActiveObject.h"
 #include "base/ChangePublisher.h"
 
 #include <memory>
@@ -31,7 +32,8 @@ AccessibleWindow accessibleWindowOf(const ProcessWords &process);
 
 /// Which window is active, as programs tell assistive tools by themselves: GNOME's shell tells
 /// nobody. Listens with the user's consent alone, to that one event. Those of Qt and of small
-/// toolkits say nothing. Main thread only.
+/// toolkits say nothing, and of those in a sandbox its file tells which one it is. Main thread
+/// only.
 class AccessibleFront {
 public:
     /// `consent` outlives this.
@@ -45,24 +47,30 @@ public:
     }
 
 private:
+    // One that hangs must not keep the next one from being read.
+    static constexpr int kMostReadings = 2;
+
     void followConsent();
     void busChanged();
     void registryChanged();
     void stateChanged(const QDBusMessage &signal);
-    void gained(const QString &sender);
-    void lost();
-    void take(const QDBusMessage &answer);
+    void ask(const AccessibleObject &object);
+    void follow(ActiveObject::News news);
+    void followEnd();
+    void askProcess();
+    void read(qint64 process);
     void set(AccessibleWindow window);
 
     QDBusConnection m_sessionBus;
     Background m_background;
     Consent &m_consent;
     AccessibleWindow m_window;
-    QString m_sender; // name on the bus of who has the active window
-    quint64 m_turn = 0;
+    ActiveObject m_active;
+    quint64 m_turn = 0; // of who has the active window
     ChangePublisher m_changes;
     Subscription m_consentChanges;
     QObject m_context; // its end drops the calls under way
+    WorkOwner m_reading{kMostReadings};
     std::unique_ptr<AccessibilityBus> m_bus;
     // Over the connection of the bus, and so gone before it.
     std::unique_ptr<BusService> m_registry;

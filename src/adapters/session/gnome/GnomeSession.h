@@ -4,6 +4,7 @@
 #include "adapters/session/common/WatchedInputEvents.h"
 #include "adapters/session/gnome/AccessibleFront.h"
 #include "adapters/session/gnome/GnomeWorkspace.h"
+#include "adapters/session/gnome/MutterScales.h"
 #include "adapters/session/x11/X11Session.h"
 
 #include <memory>
@@ -11,7 +12,8 @@
 namespace zeph {
 
 /// The session of GNOME on Wayland: what is drawn goes through its X server, which knows nothing of
-/// the windows and the input of Wayland's own programs. That comes from the buses.
+/// the scales of the monitors and of the windows and input of Wayland's own programs. That comes
+/// from the buses.
 class GnomeSession : public DisplaySession {
 public:
     /// What the session works with beside the X server; everything outlives it.
@@ -32,7 +34,8 @@ public:
     VirtualDesktops &virtualDesktops() override { return m_x11->virtualDesktops(); }
 
 private:
-    std::unique_ptr<X11Session> m_x11;
+    MutterScales m_scales;
+    std::unique_ptr<X11Session> m_x11; // goes by the scales
     AccessibleFront m_accessible;
     GnomeWorkspace m_workspace;
     WatchedInputEvents m_inputEvents;

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/kwin/KWinFrontApplication.h"
 
+#include "adapters/apps/OwnApplication.h"
 #include "adapters/apps/RunningProgram.h"
 #include "ports/RunLoop.h"
-
-#include <unistd.h>
 
 #include <chrono>
 #include <utility>
@@ -15,6 +14,14 @@ namespace {
 
 // Between two windows KWin tells of none, for some milliseconds.
 constexpr std::chrono::milliseconds kBetweenWindows{50};
+
+ApplicationHints hintsOf(const KWinWindow &window) {
+    return {.desktopFile = window.desktopFile,
+            .gtkApplicationId = window.desktopFile,
+            .windowClass = window.windowClass,
+            .windowInstance = {},
+            .program = programOfProcess(window.process)};
+}
 
 } // namespace
 
@@ -32,12 +39,8 @@ Subscription KWinFrontApplication::subscribeToActivations(
 
 void KWinFrontApplication::windowActivated(const std::optional<KWinWindow> &window) {
     ++m_turn;
-    if (window && window->process != getpid()) {
-        ApplicationHints hints;
-        hints.desktopFile = window->desktopFile;
-        hints.gtkApplicationId = window->desktopFile;
-        hints.windowClass = window->windowClass;
-        hints.program = programOfProcess(window->process);
+    const auto hints = window ? std::optional(hintsOf(*window)) : std::nullopt;
+    if (hints && !isOwnApplication(*hints)) {
         m_front.set(hints);
         return;
     }

@@ -5,6 +5,7 @@
 #include "base/Log.h"
 
 #include <QDBusVirtualObject>
+#include <QFileInfo>
 
 #include <utility>
 
@@ -55,6 +56,15 @@ tellFront(isOld ? workspace.activeClient : workspace.activeWindow);
 )"_s;
 
 } // namespace
+
+QString kwinScriptFolder(const QString &runtimeFolder, const QString &flatpak) {
+    if (runtimeFolder.isEmpty() || flatpak.isEmpty()) {
+        return runtimeFolder;
+    }
+    const QString shared = runtimeFolder + u"/app/"_s + flatpak;
+    // What was started from a sandbox's terminal has its id, and perhaps not its folder.
+    return QFileInfo(shared).isDir() ? shared : runtimeFolder;
+}
 
 /// What the script calls.
 class KWinScript::Callee : public QDBusVirtualObject {

@@ -21,6 +21,10 @@ struct KWinWindow {
     bool operator==(const KWinWindow &) const = default;
 };
 
+/// Where KWin finds what we write there under the same path: in `runtimeFolder`, as XDG_RUNTIME_DIR
+/// tells, or in what a sandbox of Flatpak, with the id `flatpak`, shares of it. Empty for none.
+QString kwinScriptFolder(const QString &runtimeFolder, const QString &flatpak);
+
 /// A script of ours in KWin, which tells of windows: there is no other way to hear of those of
 /// others. It is put in for each KWin that comes, and taken out at the end. What one before us
 /// left is replaced. Main thread only.

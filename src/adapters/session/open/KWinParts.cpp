@@ -12,7 +12,8 @@ namespace {
 
 /// Where KWin can read what another program of the user writes.
 QString sharedFolder() {
-    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    const QString folder = kwinScriptFolder(qEnvironmentVariable("XDG_RUNTIME_DIR"),
+                                            qEnvironmentVariable("FLATPAK_ID"));
     return folder.isEmpty() ? QDir::tempPath() : folder;
 }
 

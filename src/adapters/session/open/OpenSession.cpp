@@ -4,7 +4,9 @@
 #include "adapters/session/gnome/GnomeSession.h"
 #include "adapters/session/open/KWinParts.h"
 #include "adapters/session/open/ProtocolParts.h"
+#include "adapters/session/open/SessionKinds.h"
 #include "adapters/session/open/SwayParts.h"
+#include "adapters/session/plasma/PlasmaSession.h"
 #include "adapters/session/wayland/WaylandSession.h"
 #include "adapters/session/x11/X11Session.h"
 #include "base/Log.h"
@@ -17,8 +19,21 @@ namespace zeph {
 
 namespace {
 
-bool isCurrentDesktop(const QString &name) {
-    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(name);
+QString currentDesktop() {
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+}
+
+/// With what Plasma adds.
+template <typename Session>
+OpenedSession withPlasma(std::unique_ptr<Session> session,
+                         const SessionSurroundings &surroundings) {
+    auto &server = session->windowServer();
+    return {std::make_unique<PlasmaSession>(
+                std::move(session),
+                [&server](const PlasmaPermission &permission) { server.permitPlasma(permission); },
+                PlasmaSession::Surroundings{QDBusConnection::sessionBus(), surroundings.defaults,
+                                            surroundings.background, surroundings.runLoop}),
+            {}};
 }
 
 /// By what the compositor offers beside the protocol.
@@ -26,27 +41,51 @@ std::unique_ptr<SessionParts> makeSessionParts(const SessionSurroundings &surrou
                                                WaylandConnection &connection,
                                                WaylandOutputs &outputs) {
     const QString sway = qEnvironmentVariable("SWAYSOCK");
-    if (!sway.isEmpty()) {
+    switch (partsKind(sway, currentDesktop())) {
+    case PartsKind::sway:
         return std::make_unique<SwayParts>(surroundings, connection, outputs, sway);
-    }
-    if (isCurrentDesktop(u"KDE"_s)) {
+    case PartsKind::kwin:
         return std::make_unique<KWinParts>(surroundings, connection, QDBusConnection::sessionBus());
+    case PartsKind::protocol:
+        break;
     }
     return std::make_unique<ProtocolParts>(surroundings, connection);
 }
 
-/// The X server of a Wayland compositor tells of its own windows and input alone.
-OpenedSession openX11Session(const SessionSurroundings &surroundings, bool isOfWayland) {
-    auto opened = X11Session::open({surroundings.entries, surroundings.inputConsent});
-    if (!opened.session || !isOfWayland) {
-        return {std::move(opened.session), opened.refusal};
+OpenedSession openWaylandSession(const SessionSurroundings &surroundings,
+                                 const QByteArray &display) {
+    const auto makeParts = [&surroundings](WaylandConnection &connection, WaylandOutputs &outputs) {
+        return makeSessionParts(surroundings, connection, outputs);
+    };
+    auto opened = WaylandSession::open(makeParts, display);
+    if (!opened.session) {
+        return {nullptr, opened.refusal};
     }
-    return {std::make_unique<GnomeSession>(
-                std::move(opened.session),
-                GnomeSession::Surroundings{QDBusConnection::sessionBus(), surroundings.background,
-                                           surroundings.entries, surroundings.inputConsent,
-                                           surroundings.runLoop}),
-            {}};
+    if (desktopKind(DisplaySystem::wayland, currentDesktop()) == DesktopKind::plasma) {
+        return withPlasma(std::move(opened.session), surroundings);
+    }
+    return {std::move(opened.session), {}};
+}
+
+OpenedSession openX11Session(const SessionSurroundings &surroundings, DisplaySystem system) {
+    auto opened = X11Session::open({surroundings.entries, surroundings.inputConsent});
+    if (!opened.session) {
+        return {nullptr, opened.refusal};
+    }
+    switch (desktopKind(system, currentDesktop())) {
+    case DesktopKind::plasma:
+        return withPlasma(std::move(opened.session), surroundings);
+    case DesktopKind::gnome:
+        return {std::make_unique<GnomeSession>(
+                    std::move(opened.session),
+                    GnomeSession::Surroundings{QDBusConnection::sessionBus(),
+                                               surroundings.background, surroundings.entries,
+                                               surroundings.inputConsent, surroundings.runLoop}),
+                {}};
+    case DesktopKind::plain:
+        break;
+    }
+    return {std::move(opened.session), {}};
 }
 
 } // namespace
@@ -68,15 +107,15 @@ OpenedSession openSession(const QByteArray &compositor, const SessionOpeners &op
 }
 
 OpenedSession openSession(const SessionSurroundings &surroundings) {
-    const auto makeParts = [&surroundings](WaylandConnection &connection, WaylandOutputs &outputs) {
-        return makeSessionParts(surroundings, connection, outputs);
-    };
     const QByteArray compositor = qgetenv("WAYLAND_DISPLAY");
-    return openSession(compositor, {[&makeParts](const QByteArray &display) {
-                                        return WaylandSession::open(makeParts, display);
+    return openSession(compositor, {[&surroundings](const QByteArray &display) {
+                                        return openWaylandSession(surroundings, display);
                                     },
                                     [&surroundings, &compositor] {
-                                        return openX11Session(surroundings, !compositor.isEmpty());
+                                        return openX11Session(surroundings,
+                                                              compositor.isEmpty()
+                                                                  ? DisplaySystem::x11
+                                                                  : DisplaySystem::xwayland);
                                     }});
 }
 

@@ -13,6 +13,7 @@ class Background;
 class Consent;
 class DesktopEntries;
 class RunLoop;
+class UserDefaults;
 
 /// How to open the session of each display system; answers why where it can't be.
 struct SessionOpeners {
@@ -31,6 +32,7 @@ struct SessionSurroundings {
     Consent &inputConsent;
     RunLoop &runLoop;
     const Background &background;
+    UserDefaults &defaults;
 };
 
 /// The session of the environment.

@@ -5,17 +5,12 @@
 #include "adapters/session/wayland/ForeignToplevels.h"
 #include "adapters/session/wayland/WaylandIdle.h"
 
-using namespace Qt::StringLiterals;
-
 namespace zeph {
 
 namespace {
 
-// The toolkit names our windows so, after our desktop entry.
-const QString kOwnApplication = u"com.tavi.Tavi"_s;
-
 std::unique_ptr<Workspace> makeWorkspace(WaylandConnection &connection, DesktopEntries &entries) {
-    auto toplevels = ForeignToplevels::create(connection, entries, kOwnApplication);
+    auto toplevels = ForeignToplevels::create(connection, entries);
     if (toplevels) {
         return toplevels;
     }

@@ -15,6 +15,7 @@ SwayParts::SwayParts(const SessionSurroundings &surroundings, WaylandConnection 
       m_insets(m_ipc, m_list),
       m_virtualDesktops(m_list,
                         [&outputs](const QString &name) { return outputs.identityOf(name); }),
-      m_inputEvents(std::make_unique<WaylandIdle>(connection), surroundings.inputConsent) {}
+      m_inputEvents(std::make_unique<WaylandIdle>(connection), surroundings.inputConsent),
+      m_edges(connection, outputs, [this] { m_list.lookAgain(); }) {}
 
 } // namespace zeph

@@ -7,6 +7,7 @@
 #include "adapters/session/sway/SwayVirtualDesktops.h"
 #include "adapters/session/sway/SwayWorkspace.h"
 #include "adapters/session/sway/SwayWorkspaceList.h"
+#include "adapters/session/wayland/EdgeProbes.h"
 #include "adapters/session/wayland/SessionParts.h"
 
 namespace zeph {
@@ -34,6 +35,7 @@ private:
     SwayInsets m_insets;
     SwayVirtualDesktops m_virtualDesktops;
     WatchedInputEvents m_inputEvents;
+    EdgeProbes m_edges;
 };
 
 } // namespace zeph

@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <array>
 #include <cmath>
 #include <initializer_list>
 #include <utility>
@@ -105,6 +106,18 @@ std::optional<SwayWindowFacts> swayFocusedWindowIn(const QByteArray &payload) {
         }
     }
     return std::nullopt;
+}
+
+bool swayTellsOfTitle(QByteArrayView payload) {
+    constexpr std::array<QByteArrayView, 4> beginning{"{", R"("change")", ":", R"("title")"};
+    for (const QByteArrayView piece : beginning) {
+        payload = payload.trimmed();
+        if (!payload.startsWith(piece)) {
+            return false;
+        }
+        payload = payload.sliced(piece.size());
+    }
+    return true;
 }
 
 std::optional<SwayWindowChange> swayWindowChangeIn(const QByteArray &payload) {

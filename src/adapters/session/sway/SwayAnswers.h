@@ -57,6 +57,10 @@ std::optional<std::vector<SwayWorkspaceFacts>> swayWorkspacesIn(const QByteArray
 /// The window of the tree that has the focus. Absent when it is no window, or the payload no tree.
 std::optional<SwayWindowFacts> swayFocusedWindowIn(const QByteArray &payload);
 
+/// Whether an event of a window is one of its title, by the first bytes alone: these come all the
+/// time, and each of them tells all that sway knows of the window.
+bool swayTellsOfTitle(QByteArrayView payload);
+
 std::optional<SwayWindowChange> swayWindowChangeIn(const QByteArray &payload);
 std::optional<SwayWorkspaceChange> swayWorkspaceChangeIn(const QByteArray &payload);
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/sway/SwayIpc.h"
 
-#include "adapters/session/sway/SwayAnswers.h"
 #include "base/Log.h"
 #include "ports/RunLoop.h"
 
@@ -28,6 +27,9 @@ constexpr int kMostPieces = 16; // in one turn of the loop
 // The first call after a second, the last one after two minutes.
 constexpr std::chrono::seconds kFirstDelay{1};
 constexpr int kMostFailures = 8;
+
+// Answers alone are no sign that all is well: what comes after them may make no sense each time.
+constexpr std::chrono::minutes kLasting{5};
 
 const QByteArray kWindowEvents = R"(["workspace","window"])";
 const QByteArray kAllEvents = R"(["workspace","window","barconfig_update","bar_state_update"])";
@@ -71,6 +73,14 @@ Subscription SwayIpc::subscribeToStart(std::function<void()> handler) {
     return m_starts.subscribe(std::move(handler));
 }
 
+Subscription SwayIpc::subscribeToEnd(std::function<void()> handler) {
+    return m_ends.subscribe(std::move(handler));
+}
+
+Subscription SwayIpc::subscribeToWindows(WindowHandler handler) {
+    return m_windows.subscribe([this, handler = std::move(handler)] { handler(m_windowChange); });
+}
+
 Subscription SwayIpc::subscribeToEvents(EventHandler handler) {
     return m_events.subscribe(
         [this, handler = std::move(handler)] { handler(m_event, m_eventPayload); });
@@ -97,6 +107,7 @@ void SwayIpc::call() {
             send(SwayRequest::subscribe, kWindowEvents, [](const QByteArray &) {});
         }
     });
+    m_runLoop.after(kLasting, m_connection->life.whileAlive([this] { m_failures = 0; }));
     m_starts.send();
 }
 
@@ -160,9 +171,7 @@ void SwayIpc::takeAll() {
 
 void SwayIpc::take(const SwayMessage &message) {
     if (message.isEvent) {
-        m_event = static_cast<SwayEvent>(message.kind);
-        m_eventPayload = message.payload;
-        m_events.send();
+        takeEvent(static_cast<SwayEvent>(message.kind), message.payload);
         return;
     }
     std::deque<Question> &questions = m_connection->questions;
@@ -170,10 +179,25 @@ void SwayIpc::take(const SwayMessage &message) {
         hangUp("sway answers what nobody asked");
         return;
     }
-    m_failures = 0;
     const Answer answer = std::move(questions.front().answer);
     questions.pop_front();
     answer(message.payload);
+}
+
+void SwayIpc::takeEvent(SwayEvent kind, const QByteArray &payload) {
+    if (kind != SwayEvent::window) {
+        m_event = kind;
+        m_eventPayload = payload;
+        m_events.send();
+        return;
+    }
+    if (swayTellsOfTitle(payload)) {
+        return;
+    }
+    if (auto change = swayWindowChangeIn(payload)) {
+        m_windowChange = *std::move(change);
+        m_windows.send();
+    }
 }
 
 void SwayIpc::hangUp(const char *reason) {
@@ -183,6 +207,7 @@ void SwayIpc::hangUp(const char *reason) {
     // Not at once: a notifier of it may be what led here.
     m_runLoop.post([ended = std::shared_ptr<Connection>(std::move(m_connection))] {});
     callAgain();
+    m_ends.send();
 }
 
 } // namespace zeph

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/sway/SwayWorkspace.h"
 
+#include "adapters/apps/OwnApplication.h"
 #include "adapters/apps/RunningProgram.h"
-
-#include <unistd.h>
 
 #include <utility>
 
@@ -36,6 +35,9 @@ SwayWorkspace::SwayWorkspace(SwayIpc &ipc, DesktopEntries &entries)
     : m_ipc(ipc),
       m_front(entries),
       m_starts(ipc.subscribeToStart([this] { start(); })),
+      m_ends(ipc.subscribeToEnd([this] { setFocused(std::nullopt); })),
+      m_windows(
+          ipc.subscribeToWindows([this](const SwayWindowChange &event) { windowChanged(event); })),
       m_events(ipc.subscribeToEvents(
           [this](SwayEvent kind, const QByteArray &payload) { follow(kind, payload); })) {
     start();
@@ -56,22 +58,20 @@ void SwayWorkspace::start() {
 }
 
 void SwayWorkspace::follow(SwayEvent kind, const QByteArray &payload) {
-    if (kind == SwayEvent::window) {
-        windowChanged(payload);
-    } else if (kind == SwayEvent::workspace) {
-        const auto event = swayWorkspaceChangeIn(payload);
-        // On one with windows the event of the window follows.
-        if (event && event->change == u"focus" && event->isEmpty) {
-            setFocused(std::nullopt);
-        }
+    if (kind != SwayEvent::workspace) {
+        return;
+    }
+    const auto event = swayWorkspaceChangeIn(payload);
+    // On one with windows the event of the window follows.
+    if (event && event->change == u"focus" && event->isEmpty) {
+        setFocused(std::nullopt);
     }
 }
 
-void SwayWorkspace::windowChanged(const QByteArray &payload) {
-    const auto event = swayWindowChangeIn(payload);
-    if (event && event->change == u"focus") {
-        setFocused(event->window);
-    } else if (event && event->change == u"close" && event->window.id == m_focused) {
+void SwayWorkspace::windowChanged(const SwayWindowChange &event) {
+    if (event.change == u"focus") {
+        setFocused(event.window);
+    } else if (event.change == u"close" && event.window.id == m_focused) {
         setFocused(std::nullopt); // until another one gets the focus
     }
 }
@@ -79,8 +79,8 @@ void SwayWorkspace::windowChanged(const QByteArray &payload) {
 void SwayWorkspace::setFocused(const std::optional<SwayWindowFacts> &window) {
     m_isTold = true;
     m_focused = window ? std::optional(window->id) : std::nullopt;
-    const bool isOurs = window && window->process == getpid();
-    m_front.set(window && !isOurs ? std::optional(hintsOf(*window)) : std::nullopt);
+    const auto hints = window ? std::optional(hintsOf(*window)) : std::nullopt;
+    m_front.set(hints && !isOwnApplication(*hints) ? hints : std::nullopt);
 }
 
 } // namespace zeph

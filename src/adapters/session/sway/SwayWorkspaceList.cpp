@@ -9,12 +9,10 @@ namespace zeph {
 
 namespace {
 
-/// Of a panel's coming and going sway tells nothing: it is seen at the next thing that happens to
-/// a window. Titles change all the time.
-bool mayMoveEdges(const QByteArray &payload) {
-    const auto event = swayWindowChangeIn(payload);
-    return event && (event->change == u"new" || event->change == u"close" ||
-                     event->change == u"focus" || event->change == u"move");
+/// Windows come, go and move with gaps around them. Titles change all the time.
+bool mayMoveEdges(const SwayWindowChange &event) {
+    return event.change == u"new" || event.change == u"close" || event.change == u"focus" ||
+           event.change == u"move";
 }
 
 } // namespace
@@ -25,15 +23,14 @@ SwayWorkspaceList::SwayWorkspaceList(SwayIpc &ipc)
           m_isReading = false; // what was asked is not answered any more
           read();
       })),
+      m_windows(ipc.subscribeToWindows([this](const SwayWindowChange &event) {
+          if (mayMoveEdges(event)) {
+              read();
+          }
+      })),
       m_events(ipc.subscribeToEvents(
-          [this](SwayEvent kind, const QByteArray &payload) { follow(kind, payload); })) {
+          [this](SwayEvent /*kind*/, const QByteArray & /*payload*/) { read(); })) {
     read();
-}
-
-void SwayWorkspaceList::follow(SwayEvent kind, const QByteArray &payload) {
-    if (kind != SwayEvent::window || mayMoveEdges(payload)) {
-        read();
-    }
 }
 
 void SwayWorkspaceList::read() {

@@ -15,13 +15,15 @@ public:
 
     const std::vector<SwayWorkspaceFacts> &all() const { return m_all; }
 
+    /// Asks for them anew, for what sway tells of in no event of its own: that a panel came.
+    void lookAgain() { read(); }
+
     /// Calls `handler` after every change of them.
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) {
         return m_changes.subscribe(std::move(handler));
     }
 
 private:
-    void follow(SwayEvent kind, const QByteArray &payload);
     void read();
     void take(const QByteArray &payload);
 
@@ -31,6 +33,7 @@ private:
     bool m_readsAgain = false;
     ChangePublisher m_changes;
     Subscription m_starts;
+    Subscription m_windows;
     Subscription m_events;
 };
 

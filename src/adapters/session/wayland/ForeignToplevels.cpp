@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/wayland/ForeignToplevels.h"
 
+#include "adapters/apps/OwnApplication.h"
+
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -78,25 +80,27 @@ private:
 };
 
 std::unique_ptr<ForeignToplevels> ForeignToplevels::create(WaylandConnection &connection,
-                                                           DesktopEntries &entries,
-                                                           QString ownApplication) {
+                                                           DesktopEntries &entries) {
     auto manager = connection.bindFirst<zwlr_foreign_toplevel_manager_v1>(
         zwlr_foreign_toplevel_manager_v1_interface, kNewestManager);
-    return manager ? std::unique_ptr<ForeignToplevels>(new ForeignToplevels(
-                         std::move(manager), entries, std::move(ownApplication)))
+    return manager ? std::unique_ptr<ForeignToplevels>(
+                         new ForeignToplevels(std::move(manager), entries))
                    : nullptr;
 }
 
 ForeignToplevels::ForeignToplevels(WaylandHandle<zwlr_foreign_toplevel_manager_v1> manager,
-                                   DesktopEntries &entries, QString ownApplication)
-    : m_front(entries), m_ownApplication(std::move(ownApplication)), m_manager(std::move(manager)) {
+                                   DesktopEntries &entries)
+    : m_front(entries), m_manager(std::move(manager)) {
     static constexpr zwlr_foreign_toplevel_manager_v1_listener listener{
         .toplevel =
             [](void *self, zwlr_foreign_toplevel_manager_v1 *,
                zwlr_foreign_toplevel_handle_v1 *handle) {
                 static_cast<ForeignToplevels *>(self)->add(handle);
             },
-        .finished = [](void *, zwlr_foreign_toplevel_manager_v1 *) {}};
+        .finished =
+            [](void *self, zwlr_foreign_toplevel_manager_v1 *) {
+                static_cast<ForeignToplevels *>(self)->finish();
+            }};
     zwlr_foreign_toplevel_manager_v1_add_listener(m_manager.get(), &listener, this);
 }
 
@@ -117,21 +121,31 @@ void ForeignToplevels::remove(const Toplevel &toplevel) {
 }
 
 void ForeignToplevels::update() {
+    if (m_isFinished) {
+        return;
+    }
     // The newest one: between two windows both may be active for a moment.
     const auto active = std::find_if(m_toplevels.rbegin(), m_toplevels.rend(),
                                      [](const auto &known) { return known->isActive(); });
-    if (active == m_toplevels.rend() || (*active)->name() == m_ownApplication) {
+    if (active == m_toplevels.rend()) {
         m_front.set(std::nullopt);
         return;
     }
     // By custom the name of the desktop entry; where it isn't, often its last part is. An X11
     // window has its class here.
     const QString &name = (*active)->name();
-    m_front.set(ApplicationHints{.desktopFile = name,
+    const ApplicationHints hints{.desktopFile = name,
                                  .gtkApplicationId = name,
                                  .windowClass = name,
                                  .windowInstance = {},
-                                 .program = {}});
+                                 .program = {}};
+    m_front.set(isOwnApplication(hints) ? std::nullopt : std::optional(hints));
+}
+
+/// The compositor tells nothing of windows any more.
+void ForeignToplevels::finish() {
+    m_isFinished = true;
+    m_front.set(std::nullopt);
 }
 
 } // namespace zeph

@@ -14,9 +14,9 @@ namespace zeph {
 class ForeignToplevels : public Workspace {
 public:
     /// Null where the compositor does not offer it. Both outlive this. None is in front before the
-    /// compositor's first word. Windows named `ownApplication` are ours.
-    static std::unique_ptr<ForeignToplevels>
-    create(WaylandConnection &connection, DesktopEntries &entries, QString ownApplication);
+    /// compositor's first word, nor after its last one.
+    static std::unique_ptr<ForeignToplevels> create(WaylandConnection &connection,
+                                                    DesktopEntries &entries);
     ~ForeignToplevels() override;
 
     std::optional<RunningApplication> frontmostApplication() const override {
@@ -29,15 +29,16 @@ private:
     class Toplevel;
 
     ForeignToplevels(WaylandHandle<zwlr_foreign_toplevel_manager_v1> manager,
-                     DesktopEntries &entries, QString ownApplication);
+                     DesktopEntries &entries);
     void add(zwlr_foreign_toplevel_handle_v1 *handle);
     void remove(const Toplevel &toplevel);
     void update();
+    void finish();
 
     FrontApplication m_front;
-    QString m_ownApplication;
     WaylandHandle<zwlr_foreign_toplevel_manager_v1> m_manager;
     std::vector<std::unique_ptr<Toplevel>> m_toplevels;
+    bool m_isFinished = false;
 };
 
 } // namespace zeph

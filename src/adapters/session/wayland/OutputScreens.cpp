@@ -65,6 +65,7 @@ std::vector<std::optional<Screen>> screensOf(const std::vector<OutputFacts> &out
             screen->displayID = connectorNumber(words[i].connector);
             screen->persistentID = identities[i];
             screen->name = names[i];
+            screen->connector = words[i].connector;
         }
         screens.push_back(std::move(screen));
     }

@@ -3,6 +3,8 @@
 
 #include "adapters/session/wayland/WaylandSocket.h"
 
+#include <sys/socket.h>
+#include <unistd.h>
 #include <wayland-client.h>
 
 namespace zeph {
@@ -17,6 +19,18 @@ bool compositorAnswers(const QByteArray &display, std::chrono::milliseconds pati
     const bool answers = makeRoundTrip(*connection, patience);
     wl_display_disconnect(connection);
     return answers;
+}
+
+std::optional<qint64> compositorProcess(const QByteArray &display) {
+    const int socket = connectToCompositor(display);
+    if (socket < 0) {
+        return std::nullopt;
+    }
+    ucred listener{};
+    socklen_t length = sizeof listener;
+    const bool isTold = getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &listener, &length) == 0;
+    close(socket);
+    return isTold ? std::optional(qint64{listener.pid}) : std::nullopt;
 }
 
 } // namespace zeph

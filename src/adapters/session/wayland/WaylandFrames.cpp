@@ -73,6 +73,7 @@ void WaylandFrames::resize(QSize size) {
     m_isShown = false;
     m_isBurst = false;
     m_missedBySpare = {};
+    m_unshown.reset();
     m_size = size;
     m_front = makeBlack();
 }
@@ -90,9 +91,29 @@ bool WaylandFrames::makeFree() {
 }
 
 QRegion WaylandFrames::paint(const FramePainter &painter) {
+    if (!m_front) {
+        m_front = makeBlack(); // there may be memory by now
+    }
     if (!m_front || !canPaint()) {
         return {};
     }
+    if (!m_unshown) {
+        return paintOnce(painter);
+    }
+    std::optional<WaylandPixels::Draft> unshown = std::exchange(m_unshown, std::nullopt);
+    bool isPainted = false;
+    QRegion painted = paintOnce([&](QImage &frame) {
+        isPainted = true;
+        unshown->copyTo(frame);
+        return painter(frame) + unshown->painted;
+    });
+    if (!isPainted) {
+        m_unshown = std::move(unshown);
+    }
+    return painted;
+}
+
+QRegion WaylandFrames::paintOnce(const FramePainter &painter) {
     if (!m_front->isHeld()) {
         return paintInFront(painter);
     }
@@ -115,12 +136,16 @@ QRegion WaylandFrames::paintInFront(const FramePainter &painter) {
 
 QRegion WaylandFrames::paintNext(const FramePainter &painter) {
     WaylandPixels::Next next = m_front->paintNext(painter);
-    if (next.pixels) {
-        m_spare = std::exchange(m_front, std::move(next.pixels));
-        m_missedBySpare = next.painted;
-        m_isShown = false;
+    if (!next.pixels) {
+        if (next.draft.memory) {
+            m_unshown = std::move(next.draft);
+        }
+        return {};
     }
-    return next.painted;
+    m_spare = std::exchange(m_front, std::move(next.pixels));
+    m_missedBySpare = next.draft.painted;
+    m_isShown = false;
+    return m_missedBySpare;
 }
 
 void WaylandFrames::noteCommitted() {

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace zeph {
@@ -33,7 +34,8 @@ public:
     bool makeFree();
 
     /// Has the pixels painted and answers which were: none where the system has no memory for
-    /// them. To be called only when `makeFree` says so.
+    /// them. What was painted then is shown with the next ones. To be called only when `makeFree`
+    /// says so.
     QRegion paint(const FramePainter &painter);
 
     /// What is to be shown; null where there is no memory.
@@ -48,6 +50,7 @@ private:
     bool canPaint() const;
     void retire(std::unique_ptr<WaylandPixels> pixels);
     void giveUpSpare();
+    QRegion paintOnce(const FramePainter &painter);
     QRegion paintInFront(const FramePainter &painter);
     QRegion paintNext(const FramePainter &painter);
     void noteReleased();
@@ -60,6 +63,7 @@ private:
     std::unique_ptr<WaylandPixels> m_front;
     std::unique_ptr<WaylandPixels> m_spare;                // shown before `m_front`, or null
     QRegion m_missedBySpare;                               // painted in `m_front` since
+    std::optional<WaylandPixels::Draft> m_unshown;         // painted after `m_front`
     std::vector<std::unique_ptr<WaylandPixels>> m_retired; // done with, still being read
     std::chrono::steady_clock::time_point m_lastCommit;
     bool m_isBurst = false;    // the last two commits followed each other fast

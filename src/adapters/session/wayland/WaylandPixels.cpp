@@ -77,20 +77,27 @@ QRegion WaylandPixels::paint(const FramePainter &painter) {
 }
 
 WaylandPixels::Next WaylandPixels::paintNext(const FramePainter &painter) const {
-    const auto draft = m_memory->draft();
-    if (!draft) {
+    auto memory = m_memory->draft();
+    if (!memory) {
         return {};
     }
-    QImage image = imageOf(draft->data(), size(), m_image.format());
+    QImage image = imageOf(memory->data(), size(), m_image.format());
     QRegion painted = painter(image) & image.rect();
-    auto file =
-        painted.isEmpty() ? nullptr : MemoryFile::create(bytesOf(size()), image.constBits());
-    if (!file) {
+    if (painted.isEmpty()) {
         return {};
     }
-    return {std::unique_ptr<WaylandPixels>(
-                new WaylandPixels(m_shm, std::move(file), size(), m_image.format(), m_released)),
-            painted};
+    Next next{{std::move(memory), std::move(image), std::move(painted)}, nullptr};
+    if (auto file = MemoryFile::create(bytesOf(size()), next.draft.image.constBits())) {
+        next.pixels.reset(
+            new WaylandPixels(m_shm, std::move(file), size(), m_image.format(), m_released));
+    }
+    return next;
+}
+
+void WaylandPixels::Draft::copyTo(QImage &other) const {
+    for (const QRect &rect : painted) {
+        copyRows(image, other, rect);
+    }
 }
 
 void WaylandPixels::copy(const WaylandPixels &source, const QRegion &region) {

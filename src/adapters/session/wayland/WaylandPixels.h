@@ -14,10 +14,21 @@ namespace zeph {
 /// no alpha, those in premultiplied ARGB32 have.
 class WaylandPixels {
 public:
-    /// Pixels painted after others, and where; null where there was nothing to paint or no memory.
-    struct Next {
-        std::unique_ptr<WaylandPixels> pixels;
+    /// Pixels painted after others that can't be shown yet.
+    struct Draft {
+        std::unique_ptr<MemoryView> memory; ///< null where nothing was painted
+        QImage image;
         QRegion painted;
+
+        /// Brings what was painted into an image of the same size and format.
+        void copyTo(QImage &other) const;
+    };
+
+    /// The draft, and the pixels made of it: null where nothing was painted, or the system has no
+    /// memory for it.
+    struct Next {
+        Draft draft;
+        std::unique_ptr<WaylandPixels> pixels;
     };
 
     /// Null when the size is empty or the system has no memory. `released` is called whenever the
@@ -31,7 +42,8 @@ public:
     /// Has the pixels painted and answers which were, cut to the size. Not while they are held.
     QRegion paint(const FramePainter &painter);
 
-    /// Has a copy of the pixels painted, which costs no more than that where nothing is.
+    /// Has a copy of the pixels painted, which costs no more than that where nothing is. `painter`
+    /// is not called where there is no memory even for that.
     Next paintNext(const FramePainter &painter) const;
 
     /// Takes the pixels of that region from others of the same size and format.

@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace zeph {
 
-OpenedSession WaylandSession::open(const PartsMaker &makeParts, const QByteArray &display,
-                                   std::chrono::milliseconds patience) {
+WaylandSession::Opened WaylandSession::open(const PartsMaker &makeParts, const QByteArray &display,
+                                            std::chrono::milliseconds patience) {
     auto opened = WaylandConnection::open(display, patience);
     if (!opened.connection) {
         return {nullptr, opened.refusal};

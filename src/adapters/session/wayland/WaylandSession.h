@@ -20,12 +20,18 @@ public:
     using PartsMaker =
         std::function<std::unique_ptr<SessionParts>(WaylandConnection &, WaylandOutputs &)>;
 
+    /// A session, or why there is none, to tell the user.
+    struct Opened {
+        std::unique_ptr<WaylandSession> session;
+        QString refusal;
+    };
+
     /// Connects to the compositor of that name. Two round trips, each with a limit.
-    static OpenedSession open(const PartsMaker &makeParts, const QByteArray &display,
-                              std::chrono::milliseconds patience = compositorPatience);
+    static Opened open(const PartsMaker &makeParts, const QByteArray &display,
+                       std::chrono::milliseconds patience = compositorPatience);
 
     Screens &screens() override { return m_outputs; }
-    WindowServer &windowServer() override { return m_windowServer; }
+    WaylandWindowServer &windowServer() override { return m_windowServer; }
     Workspace &workspace() override { return m_parts->workspace(); }
     InputEvents &inputEvents() override { return m_parts->inputEvents(); }
     VirtualDesktops &virtualDesktops() override { return m_parts->virtualDesktops(); }

@@ -16,11 +16,11 @@ constexpr std::uint32_t kNewestShell = 4;
 constexpr std::uint32_t kOnlyMemory = 1;
 constexpr std::uint32_t kOnlyViewporter = 1;
 
-DrawingWay layerWay() {
+SessionOffer offerOfLayers() {
     SessionOffer offer = offerOfEnvironment();
     offer.displaySystem = DisplaySystem::wayland;
     offer.hasLayerShell = true;
-    return chooseDrawingWay(offer);
+    return offer;
 }
 
 } // namespace
@@ -49,12 +49,29 @@ WaylandWindowServer::WaylandWindowServer(WaylandConnection &connection, LayerShe
       m_shell(std::move(shell)),
       m_outputs(outputs),
       m_now(std::move(now)),
-      m_way(layerWay()) {
+      m_offer(offerOfLayers()),
+      m_way(chooseDrawingWay(m_offer)) {
     qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
+}
+
+/// Whether it is another one.
+bool WaylandWindowServer::chooseAnew() {
+    const DrawingWay last = std::exchange(m_way, chooseDrawingWay(m_offer));
+    if (m_way == last) {
+        return false;
+    }
+    qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
+    return true;
 }
 
 std::unique_ptr<DesktopSurface> WaylandWindowServer::makeDesktopSurface(const Screen &screen,
                                                                         bool wantsTransparency) {
+    m_offer.isTransparent = wantsTransparency;
+    if (chooseAnew()) {
+        // In a turn of the loop of its own, as whoever is told may be about to make surfaces.
+        QMetaObject::invokeMethod(
+            &m_context, [this] { m_wayChanges.send(); }, Qt::QueuedConnection);
+    }
     return std::make_unique<LayerSurface>(LayerTools{*m_shell.compositor, *m_shell.memory,
                                                      *m_shell.shell, m_shell.viewporter.get(),
                                                      m_outputs, m_shell.abilities(), m_now},
@@ -62,7 +79,14 @@ std::unique_ptr<DesktopSurface> WaylandWindowServer::makeDesktopSurface(const Sc
 }
 
 Subscription WaylandWindowServer::subscribeToDrawingWay(std::function<void()> handler) {
-    return m_never.subscribe(std::move(handler));
+    return m_wayChanges.subscribe(std::move(handler));
+}
+
+void WaylandWindowServer::permitPlasma(const PlasmaPermission &permission) {
+    m_offer.plasma = permission;
+    if (chooseAnew()) {
+        m_wayChanges.send();
+    }
 }
 
 Subscription WaylandWindowServer::subscribeToCompositing(std::function<void()> handler) {

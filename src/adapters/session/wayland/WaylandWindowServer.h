@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/session/choose/SessionOffer.h"
 #include "adapters/session/wayland/LayerSurface.h"
 #include "adapters/session/wayland/WaylandConnection.h"
 #include "ports/WindowServer.h"
@@ -32,19 +33,29 @@ public:
     std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,
                                                        bool wantsTransparency) override;
     DrawingWay drawingWay() const override { return m_way; }
-    /// What a compositor offers stays the same while it runs; this never happens.
+
+    /// Has the way of drawing chosen anew by whether our wallpaper can take the place of Plasma's.
+    /// What a compositor offers stays the same while it runs, and the words for it go by whether
+    /// the newest surface is transparent, too.
+    void permitPlasma(const PlasmaPermission &permission);
+
     Subscription subscribeToDrawingWay(std::function<void()> handler) override;
     /// Every compositor of Wayland composes; this never happens.
     Subscription subscribeToCompositing(std::function<void()> handler) override;
     Subscription subscribeToLoss(std::function<void()> handler) override;
 
 private:
+    bool chooseAnew();
+
     WaylandConnection &m_connection;
     LayerShell m_shell;
     WaylandOutputs &m_outputs;
     SteadyNow m_now;
+    SessionOffer m_offer;
     DrawingWay m_way;
+    ChangePublisher m_wayChanges;
     ChangePublisher m_never;
+    QObject m_context;
 };
 
 } // namespace zeph

@@ -28,22 +28,25 @@ double fromResources(const QByteArray &resources) {
     return 1;
 }
 
-double ofScreen(const QByteArray &factors, const QByteArray &connector, qsizetype index) {
+std::optional<double> ofScreen(const QByteArray &factors, const ScaledScreen &screen) {
+    const QByteArray connector = screen.connector.toUtf8();
     const QList<QByteArray> all = factors.split(';');
     for (qsizetype i = 0; i < all.size(); ++i) {
         const auto equals = all[i].lastIndexOf('=');
-        if (equals < 0 ? i == index : all[i].left(equals).trimmed() == connector) {
-            return positive(all[i].mid(equals + 1), 0);
+        if (equals < 0 ? i == screen.index : all[i].left(equals).trimmed() == connector) {
+            const double own = positive(all[i].mid(equals + 1), 0);
+            return own > 0 ? std::optional(own) : std::nullopt;
         }
     }
-    return 0;
+    return std::nullopt;
 }
 
 } // namespace
 
-double screenScale(const ScaleSettings &settings, const QString &connector, qsizetype index) {
-    const double own = ofScreen(settings.factorsOfScreens, connector.toUtf8(), index);
-    return positive(settings.factor, 1) * (own > 0 ? own : fromResources(settings.resources));
+double screenScale(const ScaleSettings &settings, const ScaledScreen &screen) {
+    const auto own = ofScreen(settings.factorsOfScreens, screen);
+    const auto scale = own ? own : screen.told;
+    return positive(settings.factor, 1) * scale.value_or(fromResources(settings.resources));
 }
 
 } // namespace zeph

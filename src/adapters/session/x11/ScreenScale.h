@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 namespace zeph {
 
 /// Where a desktop and its user say how large a point is. The toolkit follows the same places in
@@ -14,9 +16,16 @@ struct ScaleSettings {
     QByteArray factorsOfScreens = {}; ///< QT_SCREEN_SCALE_FACTORS: "DP-1=1.5;DP-2=1" or "1.5;1"
 };
 
-/// Device pixels in a point on the screen with this connector and place in the order of screens.
-/// What stands for the screen by itself goes before the resources, where 96 dots an inch are one
-/// and fewer are not less; the factor multiplies either.
-double screenScale(const ScaleSettings &settings, const QString &connector, qsizetype index);
+/// The screen that a scale is asked for.
+struct ScaledScreen {
+    QString connector;
+    qsizetype index = 0;             ///< in the order of screens
+    std::optional<double> told = {}; ///< what the desktop tells of it beside the X server
+};
+
+/// Device pixels in a point on a screen. What stands for the screen by itself goes before what the
+/// desktop tells, and that before the resources, where 96 dots an inch are one and fewer are not
+/// less; the factor multiplies each of them.
+double screenScale(const ScaleSettings &settings, const ScaledScreen &screen);
 
 } // namespace zeph

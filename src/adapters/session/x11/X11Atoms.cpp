@@ -20,6 +20,7 @@ constexpr std::array<std::string_view, static_cast<std::size_t>(X11Atom::count)>
     "XFCE_DESKTOP_WINDOW",
     "_MOTIF_WM_HINTS",
     "_GTK_APPLICATION_ID",
+    "_GTK_WORKAREAS",
     "_KDE_NET_WM_DESKTOP_FILE",
     "_NET_ACTIVE_WINDOW",
     "_NET_CLIENT_LIST",

@@ -18,6 +18,7 @@ enum class X11Atom : std::size_t {
     xfceDesktopWindow,
     motifWmHints,
     gtkApplicationId,
+    gtkWorkareas,
     kdeDesktopFile,
     netActiveWindow,
     netClientList,

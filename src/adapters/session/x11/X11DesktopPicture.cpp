@@ -2,6 +2,7 @@
 #include "adapters/session/x11/X11DesktopPicture.h"
 
 #include "adapters/session/x11/X11Connection.h"
+#include "adapters/session/x11/X11ServerGrab.h"
 #include "base/Log.h"
 
 #include <algorithm>
@@ -68,6 +69,7 @@ X11DesktopPicture::~X11DesktopPicture() {
 }
 
 void X11DesktopPicture::setTarget(const std::optional<RootPixmapTarget> &target) {
+    m_lost.reset();
     if (target == m_target || m_damageEvent < 0) {
         return;
     }
@@ -81,20 +83,31 @@ void X11DesktopPicture::setTarget(const std::optional<RootPixmapTarget> &target)
     }
     leaveItAsItWas();
     m_target = target;
-    if (!isUsable) {
+    m_isRefused = false;
+    if (isUsable) {
+        takeTarget(*target);
+    }
+}
+
+void X11DesktopPicture::takeTarget(const RootPixmapTarget &target) {
+    followTheirPainting(); // first: what they paint from here on is kept anew
+    X11EarlierPicture::Kept kept = X11EarlierPicture::keep(connection(), target);
+    m_earlier = std::move(kept.picture);
+    if (kept.refusal == X11EarlierPicture::Refusal::pictureIsGone) {
+        stopFollowing();
+        m_lost = std::exchange(m_target, std::nullopt);
         return;
     }
-    followTheirPainting(); // first: what they paint from here on is kept anew
-    m_earlier = X11EarlierPicture::keep(connection(), *target);
     if (!m_earlier) {
         qCInfo(logSession) << "the X server has no room for a copy of the desktop's picture";
         stopFollowing();
+        m_isRefused = true;
         return;
     }
     const bool isOfFormerRun = m_earlier->origin() == X11EarlierPicture::Origin::formerRun;
     if (isOfFormerRun) {
         // That run was killed, and left its pixels wherever it had a surface.
-        putBack(QRect(QPoint(), target->size));
+        putBack(QRect(QPoint(), target.size));
     }
     repaintAll();
     if (isOfFormerRun) {
@@ -102,8 +115,12 @@ void X11DesktopPicture::setTarget(const std::optional<RootPixmapTarget> &target)
     }
 }
 
-bool X11DesktopPicture::isRefused() const {
-    return m_target && refusalOf(*m_target).isEmpty() && !isThere();
+/// What has the picture's number by now is another, or nothing of the desktop program's at all.
+void X11DesktopPicture::forgetPicture() {
+    m_damage = 0; // gone with the picture
+    m_earlier.reset();
+    m_lost = std::exchange(m_target, std::nullopt);
+    m_unannounced.start();
 }
 
 void X11DesktopPicture::leaveItAsItWas() {
@@ -153,10 +170,20 @@ void X11DesktopPicture::change(const QRegion &region, const std::function<void()
     if (!isThere() || region.isEmpty()) {
         return;
     }
-    keepWhatTheyPainted();
-    stopFollowing();
-    change();
-    followTheirPainting();
+    {
+        const X11ServerGrab grab(connection().xcb());
+        if (keepWhatTheyPainted()) {
+            stopFollowing();
+            change();
+            followTheirPainting();
+        } else {
+            m_damage = 0;
+        }
+    }
+    if (m_damage == 0) {
+        forgetPicture();
+        return;
+    }
     for (const xcb_window_t window : m_target->windows) {
         for (const QRect &rect : region) {
             xcb_clear_area(connection().xcb(), 1, window, static_cast<std::int16_t>(rect.x()),
@@ -168,9 +195,16 @@ void X11DesktopPicture::change(const QRegion &region, const std::function<void()
     xcb_flush(connection().xcb());
 }
 
-void X11DesktopPicture::keepWhatTheyPainted() {
-    xcb_damage_subtract(connection().xcb(), m_damage, XCB_NONE, m_painted);
+/// False when the picture is gone. A desktop program may take and free pixmaps in turns, whose
+/// numbers repeat; what followed the one does not follow the other.
+bool X11DesktopPicture::keepWhatTheyPainted() {
+    xcb_connection_t *xcb = connection().xcb();
+    const auto taken = xcb_damage_subtract_checked(xcb, m_damage, XCB_NONE, m_painted);
+    if (const X11Reply<xcb_generic_error_t> gone{xcb_request_check(xcb, taken)}) {
+        return false;
+    }
     m_earlier->keepAnew(m_painted);
+    return true;
 }
 
 void X11DesktopPicture::followTheirPainting() {
@@ -187,7 +221,12 @@ void X11DesktopPicture::stopFollowing() {
 
 /// Not without end, as a program may answer ours in turn.
 void X11DesktopPicture::answerTheirPainting() {
-    if (m_answers.allows(kAnswersPerBurst)) {
+    if (!m_answers.allows(kAnswersPerBurst)) {
+        return;
+    }
+    if (const auto lost = m_lost) {
+        setTarget(lost);
+    } else {
         repaintAll();
     }
 }
@@ -201,7 +240,7 @@ void X11DesktopPicture::repaintAll() {
 }
 
 void X11DesktopPicture::handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) {
-    if (!isThere()) {
+    if (!isThere() && !m_lost) {
         return;
     }
     if (kind == XCB_PROPERTY_NOTIFY) {

@@ -58,7 +58,7 @@ public:
     bool isThere() const { return m_earlier != nullptr; }
 
     /// Whether there is one that is left alone, as the server has no room for a copy of it.
-    bool isRefused() const;
+    bool isRefused() const { return m_isRefused; }
 
     /// Takes `area`, in device pixels of the root. `repaint` is called whenever the desktop program
     /// painted over it or came back.
@@ -72,17 +72,21 @@ private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
     void release(const Claim &claim);
     void answerTheirPainting();
+    void takeTarget(const RootPixmapTarget &target);
+    void forgetPicture();
     void repaintAll();
     void leaveItAsItWas();
     void putBack(const QRegion &region);
     void change(const QRegion &region, const std::function<void()> &change);
-    void keepWhatTheyPainted();
+    bool keepWhatTheyPainted();
     void followTheirPainting();
     void stopFollowing();
 
     std::function<void()> m_askForItsOwn;
     int m_damageEvent = -1;
     std::optional<RootPixmapTarget> m_target;
+    std::optional<RootPixmapTarget> m_lost; // is no more, though another may have its number
+    bool m_isRefused = false;
     std::unique_ptr<X11EarlierPicture> m_earlier; // there while there is a target
     xcb_damage_damage_t m_damage = 0;
     xcb_xfixes_region_t m_painted = 0; // by them

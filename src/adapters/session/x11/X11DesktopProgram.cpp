@@ -154,11 +154,13 @@ X11DesktopProgram::describe(const std::vector<xcb_window_t> &candidates,
 
 void X11DesktopProgram::readPixmap(Found found, xcb_pixmap_t pixmap) {
     const unsigned geometry = xcb_get_geometry(connection().xcb(), pixmap).sequence;
+    // Only a window has any, and nobody is to paint into one of others.
+    const unsigned attributes = xcb_get_window_attributes(connection().xcb(), pixmap).sequence;
     connection().whenReplied(
-        *this, {geometry},
+        *this, {geometry, attributes},
         [this, found = std::move(found), pixmap](const X11Connection::Replies &replies) mutable {
             const auto *place = static_cast<const xcb_get_geometry_reply_t *>(replies[0].get());
-            if (place && (place->depth == 24 || place->depth == 32)) {
+            if (place && !replies[1] && (place->depth == 24 || place->depth == 32)) {
                 found.pixmap = pixmap;
                 found.pixmapSize = {place->width, place->height};
                 found.pixmapDepth = place->depth;

@@ -38,9 +38,17 @@ public:
     /// Chooses by what is known of the parties at this moment.
     void choose();
 
-    /// Chooses another way soon where a desktop's picture would be painted into, and for good: the
-    /// server has no room for a copy of it, and surfaces are not to be made anew for every trial.
+    /// Chooses another way soon where a desktop's picture would be painted into: the server has no
+    /// room for a copy of it. It is tried again with the next news of the desktop program, a few
+    /// times in all, since surfaces are made anew for each trial.
     void doWithoutPicture();
+
+    /// Chooses other words soon where what lies beneath the wallpaper shines through it by now, or
+    /// does so no longer.
+    void noteTransparency(bool isTransparent);
+
+    /// Whether our wallpaper can take the place of Plasma's own; chooses at once by it.
+    void permitPlasma(const PlasmaPermission &permission);
 
     /// Whether there was a choice yet.
     bool isChosen() const { return m_isChosen; }
@@ -51,12 +59,14 @@ public:
 private:
     SessionOffer offer() const;
     void chooseSoon();
+    void programChanged();
 
     SessionOffer m_known;
     Parties m_parties;
     DrawingWay m_way;
     bool m_isChosen = false;
     bool m_hasRoomForCopy = true;
+    int m_trialsLeft;
     ChangePublisher m_changes;
     QTimer m_rest; // from the first news until the next choice
     std::vector<Subscription> m_news;

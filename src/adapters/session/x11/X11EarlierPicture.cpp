@@ -4,6 +4,7 @@
 #include "adapters/session/x11/EarlierPictureRecord.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11Properties.h"
+#include "adapters/session/x11/X11ServerGrab.h"
 
 #include <utility>
 
@@ -32,34 +33,50 @@ xcb_gcontext_t makeContext(X11Connection &connection, xcb_pixmap_t pixmap) {
     return context;
 }
 
-xcb_pixmap_t currentRootPixmap(X11Connection &connection) {
-    const auto reply = readNow(connection, connection.root(), connection.atom(X11Atom::rootPixmap),
-                               XCB_ATOM_PIXMAP, 1);
-    const auto numbers = numbersIn(reply.get());
-    return numbers.empty() ? xcb_pixmap_t{XCB_PIXMAP_NONE} : numbers.front();
-}
-
 } // namespace
 
-std::unique_ptr<X11EarlierPicture> X11EarlierPicture::keep(X11Connection &connection,
-                                                           const RootPixmapTarget &target) {
+bool isAnnounced(X11Connection &connection, const RootPixmapTarget &target) {
+    xcb_connection_t *xcb = connection.xcb();
+    const auto form = xcb_get_geometry(xcb, target.pixmap);
+    const auto attributes = xcb_get_window_attributes(xcb, target.pixmap);
+    const auto announced = readNow(connection, connection.root(),
+                                   connection.atom(X11Atom::rootPixmap), XCB_ATOM_PIXMAP, 1);
+    const X11Reply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(xcb, form, nullptr));
+    // Only a window has any.
+    const X11Reply<xcb_get_window_attributes_reply_t> window(
+        xcb_get_window_attributes_reply(xcb, attributes, nullptr));
+    const auto numbers = numbersIn(announced.get());
+    return !numbers.empty() && numbers.front() == target.pixmap && !window && geometry &&
+           geometry->depth == target.depth &&
+           QSize(geometry->width, geometry->height) == target.size;
+}
+
+X11EarlierPicture::Kept X11EarlierPicture::keep(X11Connection &connection,
+                                                const RootPixmapTarget &target) {
     const QByteArray &display = connection.display();
     Keeper keeper(xcb_connect(display.isEmpty() ? nullptr : display.constData(), nullptr));
     if (xcb_connection_has_error(keeper.get()) != 0) {
-        return nullptr;
+        return {nullptr, Refusal::noRoom};
     }
     const xcb_pixmap_t kept = xcb_generate_id(keeper.get());
     const auto made = xcb_create_pixmap_checked(keeper.get(), target.depth, kept, connection.root(),
                                                 wireLength(target.size.width()),
                                                 wireLength(target.size.height()));
     if (const X11Reply<xcb_generic_error_t> refused{xcb_request_check(keeper.get(), made)}) {
-        return nullptr;
+        return {nullptr, Refusal::noRoom};
+    }
+    std::unique_ptr<X11EarlierPicture> picture;
+    {
+        const X11ServerGrab grab(connection.xcb()); // the keeper is not to be waited for meanwhile
+        if (!isAnnounced(connection, target)) {
+            return {nullptr, Refusal::pictureIsGone};
+        }
+        picture.reset(new X11EarlierPicture(connection, target, std::move(keeper), kept));
     }
     // Not before there is something to retain: the server would hold on to an empty client.
-    xcb_set_close_down_mode(keeper.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
-    waitForServer(keeper.get());
-    return std::unique_ptr<X11EarlierPicture>(
-        new X11EarlierPicture(connection, target, std::move(keeper), kept));
+    xcb_set_close_down_mode(picture->m_keeper.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
+    waitForServer(picture->m_keeper.get());
+    return {std::move(picture), Refusal::none};
 }
 
 X11EarlierPicture::X11EarlierPicture(X11Connection &connection, RootPixmapTarget target,
@@ -122,8 +139,9 @@ bool restoreDesktopPicture(X11Connection &connection) {
     if (!record) {
         return false;
     }
-    const bool isStillThere = currentRootPixmap(connection) == record->target.pixmap;
     xcb_connection_t *xcb = connection.xcb();
+    const X11ServerGrab grab(xcb);
+    const bool isStillThere = isAnnounced(connection, record->target);
     if (isStillThere) {
         const xcb_gcontext_t context = makeContext(connection, record->kept);
         const QSize size = record->target.size;

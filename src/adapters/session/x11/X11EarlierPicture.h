@@ -22,10 +22,18 @@ public:
     /// Where that which is kept came from.
     enum class Origin { desktopProgram, formerRun };
 
+    /// Why nothing is kept.
+    enum class Refusal { none, noRoom, pictureIsGone };
+
+    struct Kept {
+        std::unique_ptr<X11EarlierPicture> picture; ///< null where it was refused
+        Refusal refusal = Refusal::none;
+    };
+
     /// Keeps all of the picture of `target`, or what a former run kept that was killed while it
-    /// painted into the same. Null when the server has no room for it. A few round trips.
-    static std::unique_ptr<X11EarlierPicture> keep(X11Connection &connection,
-                                                   const RootPixmapTarget &target);
+    /// painted into the same. Refused when the server has no room for it, or `target` is not what
+    /// the desktop program announces at this moment. A few round trips.
+    static Kept keep(X11Connection &connection, const RootPixmapTarget &target);
     /// Forgets what was kept. To be put back before.
     ~X11EarlierPicture();
     X11EarlierPicture(const X11EarlierPicture &) = delete;
@@ -63,6 +71,10 @@ private:
     xcb_gcontext_t m_clipped; // for the copies of regions
     Origin m_origin = Origin::desktopProgram;
 };
+
+/// Whether `target` is what the desktop program announces at this moment, and a pixmap of that
+/// form. One round trip.
+bool isAnnounced(X11Connection &connection, const RootPixmapTarget &target);
 
 /// Puts the picture back that a run of this program kept, which was killed, and has the desktop
 /// program show it; false when there is nothing to put back. For the way out of a desktop, such as

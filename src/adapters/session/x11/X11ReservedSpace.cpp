@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11ReservedSpace.h"
 
+#include "adapters/session/x11/WorkAreas.h"
 #include "adapters/session/x11/X11Properties.h"
 
 #include <algorithm>
@@ -24,17 +25,14 @@ QSize sizeIn(const X11AnyReply &reply) {
 
 // The first desktop's stands for all.
 std::optional<QRect> workAreaIn(const X11AnyReply &reply) {
-    const auto values = numbersIn(propertyIn(reply));
-    if (values.size() < kWorkAreaNumbers) {
-        return std::nullopt;
-    }
-    const auto number = [&](std::size_t i) { return static_cast<int>(values[i]); };
-    return QRect(number(0), number(1), number(2), number(3));
+    const auto areas = rectanglesIn(numbersIn(propertyIn(reply)));
+    return areas.empty() ? std::nullopt : std::optional(areas.front());
 }
 
 } // namespace
 
-X11ReservedSpace::X11ReservedSpace(X11Connection &connection) : X11EventListener(connection) {
+X11ReservedSpace::X11ReservedSpace(X11Connection &connection)
+    : X11EventListener(connection), m_unlisted(connection, [this] { read(); }) {
     connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     read();
     connection.waitForReplies();
@@ -84,8 +82,17 @@ void X11ReservedSpace::read() {
     connection().whenReplied(*this, {size, list, workArea},
                              [this](const X11Connection::Replies &replies) {
                                  readStruts({sizeIn(replies[0]), workAreaIn(replies[2])},
-                                            windowsIn(propertyIn(replies[1])));
+                                            withUnlisted(windowsIn(propertyIn(replies[1]))));
                              });
+}
+
+std::vector<xcb_window_t> X11ReservedSpace::withUnlisted(std::vector<xcb_window_t> windows) const {
+    for (const xcb_window_t window : m_unlisted.all()) {
+        if (std::find(windows.begin(), windows.end(), window) == windows.end()) {
+            windows.push_back(window);
+        }
+    }
+    return windows;
 }
 
 void X11ReservedSpace::readStruts(const Extent &extent, std::vector<xcb_window_t> windows) {

@@ -10,9 +10,16 @@
 namespace zeph {
 
 X11Screens::X11Screens(X11Connection &connection)
-    : m_monitors(connection), m_space(connection), m_screens(describeAll()) {
+    : m_areas(connection), m_monitors(connection), m_space(connection), m_screens(describeAll()) {
+    m_areas.setChangeHandler([this] { follow(); });
     m_monitors.setChangeHandler([this] { follow(); });
     m_space.setChangeHandler([this] { follow(); });
+}
+
+void X11Screens::setScales(MonitorScales &scales) {
+    m_scales = &scales;
+    m_scaleChanges = scales.subscribe([this] { follow(); });
+    follow();
 }
 
 std::optional<Screen> X11Screens::main() const {
@@ -42,10 +49,11 @@ std::vector<Screen> X11Screens::describeAll() const {
                                qgetenv("QT_SCREEN_SCALE_FACTORS")};
     std::vector<Screen> screens;
     for (std::size_t i = 0; i < monitors.size(); ++i) {
-        screens.push_back(
-            describe(monitors[i], identities[i],
-                     screenScale(scales, facts[i].connector, static_cast<qsizetype>(i))));
+        const double scale = screenScale(
+            scales, {facts[i].connector, static_cast<qsizetype>(i), toldScale(monitors[i])});
+        screens.push_back(describe(monitors[i], identities[i], scale));
         screens.back().name = names[i];
+        screens.back().connector = facts[i].connector;
     }
     return screens;
 }
@@ -64,19 +72,29 @@ Screen X11Screens::describe(const X11Monitor &monitor, const QString &identity,
     return screen;
 }
 
-/// The work area counts panels that are no windows too, but it is one that all monitors have in
-/// common, and so is of use for a lone one only.
+std::optional<double> X11Screens::toldScale(const X11Monitor &monitor) const {
+    return m_scales != nullptr ? m_scales->scaleOf(monitor.facts.connector, monitor.geometry)
+                               : std::nullopt;
+}
+
 QRectF X11Screens::availableFrame(const Screen &screen) const {
-    const auto &workArea = m_space.workArea();
-    if (m_monitors.all().size() != 1 || !workArea) {
+    const auto area = workArea(screen.deviceFrame);
+    if (!area) {
         return screen.frame;
     }
-    const QRect shared = *workArea & screen.deviceFrame;
+    const QRect shared = *area & screen.deviceFrame;
     const QRect &device = screen.deviceFrame;
     return screen.frame.marginsRemoved(
         QMarginsF(shared.left() - device.left(), shared.top() - device.top(),
                   device.right() - shared.right(), device.bottom() - shared.bottom()) /
         screen.scale);
+}
+
+/// Work areas count panels that are no windows too. The usual one is what all monitors have in
+/// common, and so is of use for a lone one only.
+std::optional<QRect> X11Screens::workArea(const QRect &monitor) const {
+    const auto own = m_areas.on(monitor);
+    return own || m_monitors.all().size() != 1 ? own : m_space.workArea();
 }
 
 } // namespace zeph

@@ -29,8 +29,8 @@ public:
     /// Connects to `display`, that of the environment when empty. A few round trips.
     static Opened open(const Surroundings &surroundings, const QByteArray &display = {});
 
-    Screens &screens() override { return m_screens; }
-    WindowServer &windowServer() override { return *m_windowServer; }
+    X11Screens &screens() override { return m_screens; }
+    X11WindowServer &windowServer() override { return *m_windowServer; }
     X11Workspace &workspace() override { return m_workspace; }
     InputEvents &inputEvents() override { return m_inputEvents; }
     VirtualDesktops &virtualDesktops() override { return m_virtualDesktops; }

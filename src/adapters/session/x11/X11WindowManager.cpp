@@ -32,7 +32,9 @@ void X11WindowManager::handleEvent(std::uint8_t kind, const xcb_generic_event_t 
 
 bool X11WindowManager::isNews(std::uint8_t kind, const xcb_generic_event_t &event) const {
     if (kind == XCB_DESTROY_NOTIFY) {
-        return m_facts && eventAs<xcb_destroy_notify_event_t>(event).window == m_facts->window;
+        // Its end is told before the replies on what it was, where both come at once.
+        const xcb_window_t gone = eventAs<xcb_destroy_notify_event_t>(event).window;
+        return gone == m_looked || (m_facts && gone == m_facts->window);
     }
     if (kind != XCB_PROPERTY_NOTIFY) {
         return false;
@@ -76,6 +78,7 @@ void X11WindowManager::read() {
 /// A manager that was killed leaves its note on the root, but its own window is gone.
 void X11WindowManager::readWindow(Facts facts) {
     // Before it is looked at, so that its end is told whenever it comes.
+    m_looked = facts.window;
     const std::uint32_t mask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(connection().xcb(), facts.window, XCB_CW_EVENT_MASK, &mask);
     const unsigned check =

@@ -43,6 +43,7 @@ private:
     void take(std::optional<Facts> facts);
 
     std::optional<Facts> m_facts;
+    xcb_window_t m_looked = XCB_WINDOW_NONE; // at which one it was looked last
     ChangePublisher m_changes;
     bool m_isReading = false;
     bool m_readsAgain = false;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11WindowReader.h"
 
+#include "adapters/apps/OwnApplication.h"
 #include "adapters/apps/RunningProgram.h"
 #include "adapters/session/x11/X11Properties.h"
 
@@ -60,11 +61,11 @@ WindowFacts windowFacts(const X11Connection &connection, const X11Connection::Re
 
     const auto processes = windowsIn(propertyIn(replies[Reply::process]));
     if (!processes.empty() && isFromHere(textIn(replies[Reply::machine]))) {
-        facts.isOurs = processes.front() == static_cast<std::uint32_t>(getpid());
         facts.hints.program = programOfProcess(processes.front());
     }
     facts.hints.gtkApplicationId = textIn(replies[Reply::gtkId]);
     facts.hints.desktopFile = textIn(replies[Reply::desktopFile]);
+    facts.isOurs = isOwnApplication(facts.hints);
     return facts;
 }
 

@@ -10,7 +10,7 @@ namespace zeph {
 struct WindowFacts {
     ApplicationHints hints;
     bool isDesktop = false; ///< the desktop itself, not an application
-    bool isOurs = false;    ///< made by this process
+    bool isOurs = false;    ///< bears our name
 };
 
 /// Asks for everything that `windowFacts` needs, without waiting.

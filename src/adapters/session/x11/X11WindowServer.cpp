@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11WindowServer.h"
 
+#include "adapters/session/x11/OwnPictureCommand.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11DesktopSurface.h"
 #include "adapters/session/x11/X11RootPixmapSurface.h"
@@ -20,11 +21,11 @@ std::optional<RootPixmapTarget> pictureOf(const std::optional<X11DesktopProgram:
     return program ? std::optional(program->target()) : std::nullopt;
 }
 
-/// Has the program paint its own picture anew. The others take a new pixmap whenever theirs
-/// changes, so that none of them can be out of date.
+/// Has the program paint its own picture anew, where it knows how.
 void askForItsPicture(const std::optional<X11DesktopProgram::Found> &program) {
-    if (program && program->kind == DesktopProgram::xfdesktop) {
-        QProcess::startDetached(QStringLiteral("xfdesktop"), {QStringLiteral("--reload")});
+    const QStringList command = program ? ownPictureCommand(program->kind) : QStringList();
+    if (!command.isEmpty()) {
+        QProcess::startDetached(command.first(), command.mid(1));
     }
 }
 
@@ -69,6 +70,7 @@ std::unique_ptr<DesktopSurface> X11WindowServer::makeDesktopSurface(const Screen
     followPicture();
     // Without a compositor alpha is ignored, and every other surface is cheaper opaque.
     const bool isTransparent = wantsTransparency && m_withAlpha && m_compositor.isRunning();
+    m_way.noteTransparency(isTransparent);
     // Through a transparent surface icons are seen and clicked from above, too.
     if (m_picture && m_way.now().mechanism == DrawingMechanism::rootPixmap && !isTransparent) {
         return std::make_unique<X11RootPixmapSurface>(m_connection, *m_picture, screen);

@@ -28,6 +28,9 @@ public:
     /// or two where nobody has waited for replies since.
     void settle();
 
+    /// Has the way of drawing chosen anew by whether our wallpaper can take the place of Plasma's.
+    void permitPlasma(const PlasmaPermission &permission) { m_way.permitPlasma(permission); }
+
     std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,
                                                        bool wantsTransparency) override;
     DrawingWay drawingWay() const override { return m_way.now(); }

@@ -8,6 +8,8 @@
 #include "adapters/loop/QtTaskExecutor.h"
 #include "support/FakeConsent.h"
 
+#include <QDBusConnectionInterface>
+
 #include <unistd.h>
 
 #include <optional>
@@ -31,6 +33,18 @@ TEST(AccessibleWindowTest, theShellItsIconsAndOursAreTheDesktop) {
     EXPECT_EQ(accessibleWindowOf({getpid(), u"tavi"_s, {}, {}}).kind, Kind::desktop);
     EXPECT_EQ(accessibleWindowOf({9, u"gedit"_s, {}, {}}).kind, Kind::application);
     EXPECT_EQ(accessibleWindowOf({9, {}, {}, {}}).kind, Kind::untold);
+}
+
+TEST(AccessibleWindowTest, whatSpeaksForASandboxIsWhoIsInIt) {
+    const QString proxy = u"xdg-dbus-proxy"_s;
+    const auto editor =
+        accessibleWindowOf({9, proxy, {}, {}, "[Application]\nname=org.example.Editor\n"});
+    EXPECT_EQ(editor.kind, Kind::application);
+    EXPECT_EQ(editor.hints.desktopFile, u"org.example.Editor"_s);
+    EXPECT_EQ(accessibleWindowOf({9, proxy, {}, {}, "[Application]\nname=com.tavi.Tavi\n"}).kind,
+              Kind::desktop);
+    EXPECT_EQ(accessibleWindowOf({9, proxy, {}, {}}).kind, Kind::untold)
+        << "all sandboxes would be one application";
 }
 
 class AccessibleFrontTest : public testing::Test {
@@ -102,6 +116,39 @@ TEST_F(AccessibleFrontTest, whoFollowsWithoutAWordIsAnotherOne) {
     EXPECT_TRUE(waitFor(Kind::untold));
 }
 
+TEST_F(AccessibleFrontTest, theCellsOfAListAreNoWindows) {
+    open();
+    TellingProgram editor(desktop.address(), u"editor"_s);
+    editor.tell(true);
+    ASSERT_TRUE(waitFor(Kind::application, u"editor"_s));
+    int changes = 0;
+    const Subscription told = front->subscribe([&] { ++changes; });
+    for (int row = 0; row < 5; ++row) {
+        editor.tellOf(u"/cell/%1"_s.arg(row), true);
+        editor.tellOf(u"/cell/%1"_s.arg(row), false);
+    }
+    TellingProgram viewer(desktop.address(), u"viewer"_s);
+    viewer.tellOf(u"/cell"_s, true);
+    eventually([&] { return changes > 0; }, 300);
+    EXPECT_EQ(front->now().hints.program, u"editor"_s);
+    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(editor.asked(), u"/window"_s) << "an arrow key costs no call";
+    EXPECT_EQ(viewer.asked(), u"/cell"_s);
+}
+
+TEST_F(AccessibleFrontTest, aProgramMayTellOfTwoWindowsInEitherOrder) {
+    open();
+    TellingProgram editor(desktop.address(), u"editor"_s);
+    editor.tellOf(u"/window/1"_s, true);
+    ASSERT_TRUE(waitFor(Kind::application, u"editor"_s));
+    editor.tellOf(u"/window/2"_s, true);
+    editor.tellOf(u"/window/1"_s, false);
+    eventually([&] { return front->now().kind != Kind::application; }, 300);
+    EXPECT_EQ(front->now().kind, Kind::application);
+    editor.tellOf(u"/window/2"_s, false);
+    EXPECT_TRUE(waitFor(Kind::untold));
+}
+
 TEST_F(AccessibleFrontTest, aProgramThatEndsIsNoLongerInFront) {
     open();
     TellingProgram editor(desktop.address(), u"editor"_s);
@@ -129,9 +176,24 @@ TEST_F(AccessibleFrontTest, theConsentTakesEffectAtOnceAndSoDoesItsWithdrawal) {
     ASSERT_TRUE(waitFor(Kind::application, u"editor"_s));
     consent.set(ConsentState::denied);
     EXPECT_EQ(front->now().kind, Kind::notHeard);
+    EXPECT_TRUE(eventually([&] { return desktop.events.isEmpty(); })) << "nobody need tell";
     editor.tell(true);
     eventually([&] { return front->now().kind != Kind::notHeard; }, 200);
     EXPECT_EQ(front->now().kind, Kind::notHeard);
+}
+
+TEST_F(AccessibleFrontTest, itsConnectionIsNeverClosed) {
+    const auto connections = [this] {
+        return BusConnection(desktop.address()).bus().interface()->registeredServiceNames().value();
+    };
+    open();
+    const qsizetype before = connections().size();
+    for (const auto state : {ConsentState::denied, ConsentState::granted, ConsentState::denied}) {
+        consent.set(state);
+        ASSERT_TRUE(eventually(
+            [&] { return desktop.events.isEmpty() == (state == ConsentState::denied); }));
+        EXPECT_EQ(connections().size(), before);
+    }
 }
 
 TEST_F(AccessibleFrontTest, listensAnewWhereTheBusIsStartedAnew) {

@@ -37,6 +37,11 @@ public:
             events.append(message.arguments().constFirst().toString());
             return true;
         }
+        if (message.member() == QStringLiteral("DeregisterEvent") &&
+            message.signature() == QStringLiteral("s")) {
+            events.removeAll(message.arguments().constFirst().toString());
+            return true;
+        }
         return false;
     }
 
@@ -56,19 +61,34 @@ private:
     std::unique_ptr<BusConnection> m_registry;
 };
 
-/// A program of its own, of a name that the test gives it, that tells of its window.
+/// A program of its own, of a name that the test gives it, that tells of its window and of cells
+/// in it.
 class TellingProgram {
 public:
     TellingProgram(const QString &bus, const QString &name) {
         const QString path = m_folder.filePath(name + QStringLiteral(".py"));
         QFile script(path);
         EXPECT_TRUE(script.open(QIODevice::WriteOnly));
-        script.write(R"py(import sys, dbus, dbus.bus, dbus.lowlevel
-bus = dbus.bus.BusConnection(sys.argv[1])
-print("here", flush=True)
-for line in sys.stdin:
-    signal = dbus.lowlevel.SignalMessage("/window", "org.a11y.atspi.Event.Object", "StateChanged")
-    word, end = line.split()
+        script.write(R"py(import sys, threading, dbus, dbus.bus, dbus.lowlevel
+from dbus.mainloop.glib import DBusGMainLoop
+from gi.repository import GLib
+
+bus = dbus.bus.BusConnection(sys.argv[1], mainloop=DBusGMainLoop())
+loop = GLib.MainLoop()
+asked = []
+
+def answer(connection, message):
+    if message.get_member() != "GetRole":
+        return dbus.lowlevel.HANDLER_RESULT_NOT_YET_HANDLED
+    asked.append(message.get_path())
+    frame, cell = 23, 56
+    reply = dbus.lowlevel.MethodReturnMessage(message)
+    reply.append(frame if "window" in message.get_path() else cell, signature="u")
+    connection.send_message(reply)
+    return dbus.lowlevel.HANDLER_RESULT_HANDLED
+
+def tell(word, end, path):
+    signal = dbus.lowlevel.SignalMessage(path, "org.a11y.atspi.Event.Object", "StateChanged")
     if end == "new":
         signal.append("active", int(word), 0, dbus.Int32(0), {}, signature="siiva{sv}")
     else:
@@ -76,21 +96,51 @@ for line in sys.stdin:
                       signature="siiv(so)")
     bus.send_message(signal)
     bus.flush()
+
+def listen():
+    for line in sys.stdin:
+        if line.strip() == "asked":
+            GLib.idle_add(lambda: print(" ".join(["asked"] + asked), flush=True))
+        else:
+            GLib.idle_add(tell, *line.split())
+    GLib.idle_add(loop.quit)
+
+bus.add_message_filter(answer)
+threading.Thread(target=listen, daemon=True).start()
+print("here", flush=True)
+loop.run()
 )py");
         script.close();
         endWithThisProcess(m_process);
         m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         m_process.start(QStringLiteral("/usr/bin/python3"), {path, bus});
         EXPECT_TRUE(m_process.waitForReadyRead(10'000)) << "the program did not start";
+        m_process.readAll();
     }
     ~TellingProgram() { end(); }
     TellingProgram(const TellingProgram &) = delete;
     TellingProgram &operator=(const TellingProgram &) = delete;
 
     void tell(bool isActive, bool isOld = false) {
+        tellOf(QStringLiteral("/window"), isActive, isOld);
+    }
+
+    /// Of one of its objects: those with "window" in their path are windows.
+    void tellOf(const QString &path, bool isActive, bool isOld = false) {
         m_process.write(isActive ? "1 " : "0 ");
-        m_process.write(isOld ? "old\n" : "new\n");
+        m_process.write(isOld ? "old " : "new ");
+        m_process.write(path.toUtf8() + '\n');
         m_process.waitForBytesWritten(10'000);
+    }
+
+    /// The paths whose roles were asked for so far, with a blank between two.
+    QString asked() {
+        m_process.write("asked\n");
+        QByteArray answer;
+        while (!answer.endsWith('\n') && m_process.waitForReadyRead(10'000)) {
+            answer += m_process.readAll();
+        }
+        return QString::fromUtf8(answer).section(u' ', 1).trimmed();
     }
 
     void end() {

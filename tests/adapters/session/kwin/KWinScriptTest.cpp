@@ -20,6 +20,16 @@ protected:
     Subscription panels;
 };
 
+TEST_F(KWinScriptTest, liesWhereKWinFindsItUnderTheSamePath) {
+    const QString runtime = folder.path();
+    EXPECT_EQ(kwinScriptFolder(runtime, {}), runtime);
+    EXPECT_EQ(kwinScriptFolder(runtime, u"org.example.Tavi"_s), runtime) << "no folder of its own";
+    ASSERT_TRUE(QDir(runtime).mkpath(u"app/org.example.Tavi"_s));
+    EXPECT_EQ(kwinScriptFolder(runtime, u"org.example.Tavi"_s),
+              runtime + u"/app/org.example.Tavi"_s);
+    EXPECT_EQ(kwinScriptFolder({}, u"org.example.Tavi"_s), QString());
+}
+
 TEST_F(KWinScriptTest, isLoadedAndStarted) {
     kwin.appear();
     open();

@@ -138,8 +138,7 @@ TEST_F(RealSwayTest, watchesForATimeWithoutInput) {
 TEST_F(RealSwayTest, tellsOfTheActiveWindowByItsProtocolToo) {
     const auto connection = WaylandConnection::open(session.waylandDisplay()).connection;
     ASSERT_TRUE(connection);
-    const auto toplevels =
-        ForeignToplevels::create(*connection, installed.entries(), u"com.tavi.Tavi"_s);
+    const auto toplevels = ForeignToplevels::create(*connection, installed.entries());
     ASSERT_TRUE(toplevels);
     const auto waitFor = [&](const std::optional<QString> &identifier) {
         return waitUntil([&] {

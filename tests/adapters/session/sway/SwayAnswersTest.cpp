@@ -112,4 +112,13 @@ TEST(SwayAnswersTest, onlyAClearYesIsSuccess) {
     EXPECT_FALSE(swaySuccessIn(""));
 }
 
+TEST(SwayAnswersTest, aTitleIsToldByTheFirstBytes) {
+    EXPECT_TRUE(swayTellsOfTitle(R"({ "change": "title", "container": { "id": 1 } })"));
+    EXPECT_TRUE(swayTellsOfTitle(R"({"change":"title"})"));
+    EXPECT_FALSE(swayTellsOfTitle(R"({ "change": "focus", "container": { "name": "title" } })"));
+    EXPECT_FALSE(swayTellsOfTitle(R"({ "container": { "id": 1 }, "change": "title" })"));
+    EXPECT_FALSE(swayTellsOfTitle(R"({ "change": )"));
+    EXPECT_FALSE(swayTellsOfTitle(""));
+}
+
 } // namespace zeph

@@ -15,6 +15,7 @@ namespace {
 
 constexpr quint32 kWorkspaces = 1;
 constexpr quint32 kSubscribe = 2;
+constexpr quint32 kWindow = 3;
 constexpr quint32 kBarState = 20;
 
 } // namespace
@@ -82,6 +83,37 @@ TEST_F(SwayIpcTest, handsOnEventsBetweenAnswers) {
     sway.send(kWorkspaces, "[]");
     ASSERT_TRUE(waitUntil([&] { return isAnswered; }));
     EXPECT_EQ(heard, QByteArrayList{"20 {}"});
+}
+
+TEST_F(SwayIpcTest, tellsWhatHappensToWindowsButForTheirTitles) {
+    const auto ipc = open();
+    QStringList heard;
+    const Subscription windows =
+        ipc->subscribeToWindows([&](const SwayWindowChange &event) { heard.append(event.change); });
+    const Subscription events =
+        ipc->subscribeToEvents([&](SwayEvent /*kind*/, const QByteArray &payload) {
+            heard.append(QString::fromUtf8(payload));
+        });
+    ASSERT_TRUE(waitUntil([&] { return sway.count(kSubscribe) == 1; }));
+    for (const QByteArray change : {"new", "title", "focus", "close"}) {
+        sway.sendEvent(kWindow, R"({ "change": ")" + change + R"(", "container": {"id": 7} })");
+    }
+    sway.sendEvent(kWindow, R"({ "change": "focus" })");
+    sway.sendEvent(kBarState, "{}");
+    ASSERT_TRUE(waitUntil([&] { return heard.contains(u"{}"_s); }));
+    EXPECT_EQ(heard, (QStringList{u"new"_s, u"focus"_s, u"close"_s, u"{}"_s}));
+}
+
+TEST_F(SwayIpcTest, tellsOfTheEndOfAConversation) {
+    const auto ipc = open();
+    int ends = 0;
+    const Subscription end = ipc->subscribeToEnd([&] {
+        ++ends;
+        EXPECT_FALSE(ipc->isConnected());
+    });
+    sway.hangUp();
+    ASSERT_TRUE(waitUntil([&] { return !ipc->isConnected(); }));
+    EXPECT_EQ(ends, 1);
 }
 
 TEST_F(SwayIpcTest, callsAgainWhenSwayHangsUp) {
@@ -169,6 +201,32 @@ TEST_F(SwayIpcTest, aServerThatOnlyTalksNonsenseIsLeftAlone) {
     }
     EXPECT_LE(sway.calls, 10);
     EXPECT_FALSE(ipc->isConnected());
+}
+
+TEST_F(SwayIpcTest, oneWhoseTreeIsTooLargeIsLeftAlone) {
+    sway.answers[4] = QByteArray(SwayMessageReader::largestPayload + 1, ' ');
+    const auto ipc = open();
+    const auto ask = [&] { ipc->ask(SwayRequest::tree, [](const QByteArray &) {}); };
+    const Subscription start = ipc->subscribeToStart(ask);
+    ask();
+    for (int i = 0; i < 20; ++i) {
+        ASSERT_TRUE(waitUntil([&] { return !ipc->isConnected(); }));
+        runLoop.advance(200);
+    }
+    EXPECT_GT(sway.calls, 2);
+    EXPECT_LE(sway.calls, 10);
+}
+
+TEST_F(SwayIpcTest, aConversationThatLastedMakesUpForFailures) {
+    const auto ipc = open();
+    for (int i = 0; i < 20; ++i) {
+        const int calls = sway.calls;
+        runLoop.advance(400);
+        sway.hangUp();
+        ASSERT_TRUE(waitUntil([&] { return !ipc->isConnected(); }));
+        runLoop.advance(1);
+        ASSERT_TRUE(waitUntil([&] { return sway.calls == calls + 1; })) << i;
+    }
 }
 
 } // namespace zeph

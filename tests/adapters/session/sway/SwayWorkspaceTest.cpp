@@ -116,8 +116,12 @@ TEST_F(SwayWorkspaceTest, noneIsInFrontOnceTheWindowIsClosed) {
 TEST_F(SwayWorkspaceTest, aWindowOfOursIsNoApplicationInFront) {
     open();
     tellWindow("focus", editor);
+    tellWindow("focus", R"({"id": 9, "app_id": "com.tavi.Tavi"})");
+    EXPECT_EQ(workspace->frontmostApplication(), std::nullopt);
     tellWindow("focus", R"({"id": 9, "app_id": "org.example.Editor", "pid": )" +
                             QByteArray::number(getpid()) + "}");
+    EXPECT_EQ(front(), u"org.example.Editor"_s) << "a sandbox may have such a process too";
+    tellWindow("focus", R"({"id": 9, "window_properties": {"class": "com.tavi.Tavi"}})");
     EXPECT_EQ(workspace->frontmostApplication(), std::nullopt);
 }
 
@@ -128,9 +132,16 @@ TEST_F(SwayWorkspaceTest, asksAnewAfterSwayHungUp) {
                                          "app_id": "term"}]})";
     sway.hangUp();
     ASSERT_TRUE(waitUntil([&] { return !ipc.isConnected(); }));
-    EXPECT_EQ(front(), u"org.example.Editor"_s) << "nothing else is known";
     runLoop.advance(1);
     ASSERT_TRUE(waitUntil([&] { return front() == u"term"_s; }));
+}
+
+TEST_F(SwayWorkspaceTest, noneIsInFrontOnceNobodyTellsOfIt) {
+    open();
+    tellWindow("focus", editor);
+    sway.die();
+    ASSERT_TRUE(waitUntil([&] { return !ipc.isConnected(); }));
+    EXPECT_EQ(workspace->frontmostApplication(), std::nullopt);
 }
 
 TEST_F(SwayWorkspaceTest, whatMakesNoSenseChangesNothing) {

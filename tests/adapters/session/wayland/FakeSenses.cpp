@@ -213,4 +213,11 @@ void FakeSenses::closeWindow(int window) {
     });
 }
 
+void FakeSenses::finishWindows() {
+    m_thread.run([&](wl_display * /*display*/) {
+        zwlr_foreign_toplevel_manager_v1_send_finished(m_state->manager);
+        wl_resource_destroy(m_state->manager);
+    });
+}
+
 } // namespace zeph

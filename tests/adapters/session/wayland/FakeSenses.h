@@ -50,6 +50,9 @@ public:
     /// The compositor says that it is gone.
     void closeWindow(int window);
 
+    /// The compositor tells of no windows any more.
+    void finishWindows();
+
 private:
     struct State;
 

@@ -15,7 +15,7 @@ class ForeignToplevelsTest : public SensesTest {
 protected:
     void open(std::uint32_t version = 3) {
         connect({.toplevelVersion = version});
-        workspace = ForeignToplevels::create(*connection, installed.entries(), u"com.tavi.Tavi"_s);
+        workspace = ForeignToplevels::create(*connection, installed.entries());
         ASSERT_TRUE(workspace);
         activations = workspace->subscribeToActivations([this](const RunningApplication &front) {
             seen.append(front.localizedName.value_or(u"?"_s));
@@ -49,7 +49,7 @@ protected:
 
 TEST_F(ForeignToplevelsTest, thereIsNoneWhereTheCompositorDoesNotTell) {
     connect({.toplevelVersion = 0});
-    EXPECT_EQ(ForeignToplevels::create(*connection, installed.entries(), {}), nullptr);
+    EXPECT_EQ(ForeignToplevels::create(*connection, installed.entries()), nullptr);
 }
 
 TEST_F(ForeignToplevelsTest, theFrontApplicationIsThatOfTheActiveWindowInEveryVersion) {
@@ -109,6 +109,17 @@ TEST_F(ForeignToplevelsTest, aWindowOfOursIsNoApplicationInFront) {
     open();
     show("com.tavi.Tavi", true);
     EXPECT_EQ(workspace->frontmostApplication(), std::nullopt);
+}
+
+TEST_F(ForeignToplevelsTest, noneIsInFrontOnceTheCompositorTellsNothingMore) {
+    open();
+    const int editor = show("org.example.Editor", true);
+    compositor->finishWindows();
+    settle();
+    EXPECT_EQ(workspace->frontmostApplication(), std::nullopt);
+    activate(editor, false);
+    activate(editor, true);
+    EXPECT_EQ(workspace->frontmostApplication(), std::nullopt) << "others would be missed";
 }
 
 TEST_F(ForeignToplevelsTest, endsWithTheWindowsThatItKnows) {

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "adapters/session/wayland/EdgeProbes.h"
 #include "adapters/session/wayland/LayerSurface.h"
 
 #include "FakePanels.h"
@@ -69,7 +70,8 @@ QJsonObject focusedIn(const QJsonObject &node) {
 
 /// A sway with a dark red background, and our side of it.
 struct LayerOnSwayTest : testing::Test {
-    LayerOnSwayTest() : sway({.configuration = "output * bg #550000 solid_color"}) {
+    explicit LayerOnSwayTest(const QByteArray &more = {})
+        : sway({.configuration = "output * bg #550000 solid_color\n" + more}) {
         if (!sway.isRunning()) {
             throw std::runtime_error("sway did not start");
         }
@@ -119,6 +121,11 @@ struct LayerOnSwayTest : testing::Test {
     Subscription loss;
 };
 
+/// With a bar of sway's own, hidden at first.
+struct BarOnSwayTest : LayerOnSwayTest {
+    BarOnSwayTest() : LayerOnSwayTest("bar {\n id bar\n mode invisible\n height 60\n}\n") {}
+};
+
 } // namespace
 
 TEST_F(LayerOnSwayTest, coversTheBackgroundAndLeavesItWhenItEnds) {
@@ -141,6 +148,25 @@ TEST_F(LayerOnSwayTest, liesBelowAPanelOfItsLayerThatCameLater) {
     EXPECT_TRUE(waitForPicture(plainImage(kSize, Qt::red)));
     EXPECT_EQ(losses, 0);
     client->outputs->follow(nullptr);
+}
+
+TEST_F(BarOnSwayTest, isNoticedWhenItComesAndGoes) {
+    int news = 0;
+    const EdgeProbes probes(*client->connection, *client->outputs, [&] { ++news; });
+    const auto surface = showSurface(Qt::blue);
+    client->settle();
+    news = 0;
+    for (const QColor &colour : {QColor(Qt::green), QColor(Qt::blue)}) {
+        fillSurface(*surface, colour);
+        EXPECT_TRUE(waitForPicture(plainImage(kSize, colour)));
+    }
+    EXPECT_EQ(news, 0) << "frames are none";
+    ASSERT_TRUE(sway.tell(u"bar mode dock bar"_s));
+    ASSERT_TRUE(waitUntil([&] { return news > 0; }));
+    const int atComing = news;
+    ASSERT_TRUE(sway.tell(u"bar mode invisible bar"_s));
+    EXPECT_TRUE(waitUntil([&] { return news > atComing; }));
+    EXPECT_EQ(losses, 0);
 }
 
 TEST_F(LayerOnSwayTest, knowsTheOutputsOfSway) {

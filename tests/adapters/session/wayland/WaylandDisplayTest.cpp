@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 namespace zeph {
 
 TEST(WaylandDisplay, tellsWhetherTheCompositorAnswers) {
@@ -16,6 +18,13 @@ TEST(WaylandDisplay, tellsWhetherTheCompositorAnswers) {
     compositor.thread().end();
     EXPECT_FALSE(compositorAnswers(compositor.socket(), shortPatience));
     EXPECT_FALSE(compositorAnswers({}, shortPatience));
+}
+
+TEST(WaylandDisplay, tellsWhoListens) {
+    FakeCompositor compositor;
+    EXPECT_EQ(compositorProcess(compositor.socket()), getpid());
+    compositor.thread().end();
+    EXPECT_EQ(compositorProcess(compositor.socket()), std::nullopt);
 }
 
 } // namespace zeph

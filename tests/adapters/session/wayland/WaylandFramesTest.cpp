@@ -3,6 +3,7 @@
 
 #include "FakeCompositor.h"
 #include "WaylandClient.h"
+#include "support/FullDisk.h"
 
 namespace zeph {
 
@@ -125,6 +126,46 @@ TEST(WaylandFrames, keepTheirPixelsInABufferThatReplacesAHeldOne) {
         }
         ASSERT_TRUE(waitUntil([&] { return shown.compositor.layer().shown == expected; })) << i;
     }
+}
+
+TEST(WaylandFrames, thatCouldNotBeShownAreShownWithTheNext) {
+    Shown shown(Release::whenReplaced);
+    shown.showLater(Qt::red); // from here on each frame takes new memory
+    const QRect first(0, 0, 10, 10);
+    const QRect second(20, 0, 10, 10);
+    const QRect third(40, 0, 10, 10);
+    {
+        const FullDisk disk(0);
+        shown.client.now += std::chrono::seconds(10);
+        EXPECT_EQ(fillPart(*shown.surface, Qt::white, first), QRegion());
+        EXPECT_EQ(fillPart(*shown.surface, Qt::white, second), QRegion());
+    }
+    EXPECT_EQ(fillPart(*shown.surface, Qt::white, third), QRegion(first) + second + third);
+    QImage expected = plainImage({400, 300}, Qt::red);
+    for (const QRect &part : {first, second, third}) {
+        for (int x = part.left(); x <= part.right(); ++x) {
+            for (int y = part.top(); y <= part.bottom(); ++y) {
+                expected.setPixelColor(x, y, Qt::white);
+            }
+        }
+    }
+    EXPECT_TRUE(waitUntil([&] { return shown.compositor.layer().shown == expected; }));
+}
+
+TEST(WaylandFrames, comeOnceThereIsMemory) {
+    FakeCompositor compositor;
+    const WaylandClient client(compositor.socket());
+    std::unique_ptr<DesktopSurface> surface;
+    {
+        const FullDisk disk(0);
+        surface = client.makeSurface();
+        surface->orderFront();
+        EXPECT_EQ(fillSurface(*surface, Qt::blue), QRegion());
+    }
+    fillSurface(*surface, Qt::blue);
+    EXPECT_TRUE(waitUntil([&] {
+        return compositor.layer().shown == plainImage({400, 300}, Qt::blue);
+    }));
 }
 
 TEST(WaylandFrames, ofManySizesDoNotPileUpWhereNoneIsEverReleased) {

@@ -5,6 +5,7 @@
 #include "WaylandClient.h"
 
 #include "adapters/session/wayland/UnknownParts.h"
+#include "support/Environment.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,7 +14,7 @@ namespace zeph {
 TEST(WaylandSession, offersSurfacesAndScreensInEveryVersionOfTheLayers) {
     for (const std::uint32_t version : {1U, 2U, 3U, 4U}) {
         FakeCompositor compositor({.shellVersion = version});
-        const OpenedSession opened = WaylandSession::open({}, compositor.socket());
+        const auto opened = WaylandSession::open({}, compositor.socket());
         ASSERT_TRUE(opened.session) << version;
         const auto screens = opened.session->screens().all();
         ASSERT_EQ(screens.size(), 1U);
@@ -23,7 +24,7 @@ TEST(WaylandSession, offersSurfacesAndScreensInEveryVersionOfTheLayers) {
 
 TEST(WaylandSession, knowsNothingOfWhatTheDesktopDoesNotTell) {
     FakeCompositor compositor;
-    const OpenedSession opened = WaylandSession::open({}, compositor.socket());
+    const auto opened = WaylandSession::open({}, compositor.socket());
     ASSERT_TRUE(opened.session);
     EXPECT_EQ(opened.session->workspace().frontmostApplication(), std::nullopt);
     EXPECT_FALSE(opened.session->inputEvents().isTrusted());
@@ -32,11 +33,29 @@ TEST(WaylandSession, knowsNothingOfWhatTheDesktopDoesNotTell) {
 
 TEST(WaylandSession, drawsOnALayerAndSaysWhy) {
     FakeCompositor compositor;
-    const OpenedSession opened = WaylandSession::open({}, compositor.socket());
+    const auto opened = WaylandSession::open({}, compositor.socket());
     ASSERT_TRUE(opened.session);
     const DrawingWay way = opened.session->windowServer().drawingWay();
     EXPECT_EQ(way.mechanism, DrawingMechanism::layerSurface);
     EXPECT_FALSE(way.reason.isEmpty());
+}
+
+TEST(WaylandSession, saysWhyInOtherWordsWhereTheWallpaperIsTransparent) {
+    const ScopedVariable desktop("XDG_CURRENT_DESKTOP", "KDE");
+    FakeCompositor compositor;
+    const WaylandClient client(compositor.socket());
+    int calls = 0;
+    const Subscription told = client.server->subscribeToDrawingWay([&] { ++calls; });
+    const QString opaque = client.server->drawingWay().reason;
+    const auto first = client.makeSurface();
+    EXPECT_EQ(client.server->drawingWay().reason, opaque);
+    const auto second = client.makeSurface(true);
+    EXPECT_TRUE(client.server->drawingWay().reason.contains(u"shine through it"_s));
+    EXPECT_EQ(calls, 0) << "the surface is being made";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(calls, 1);
+    const auto third = client.makeSurface();
+    EXPECT_EQ(client.server->drawingWay().reason, opaque);
 }
 
 namespace {
@@ -67,7 +86,7 @@ TEST(WaylandSession, takesThePartsOfTheDesktop) {
         parts = made.get();
         return made;
     };
-    const OpenedSession opened = WaylandSession::open(makeParts, compositor.socket());
+    const auto opened = WaylandSession::open(makeParts, compositor.socket());
     ASSERT_TRUE(opened.session);
     EXPECT_EQ(&opened.session->workspace(), &parts->workspace());
     Screens &screens = opened.session->screens();
@@ -90,14 +109,14 @@ TEST(WaylandSession, saysThatThereIsNoPlaceForAWallpaper) {
     FakeCompositor withoutLayers({.shellVersion = 0});
     FakeCompositor withoutSurfaces({.compositorVersion = 0});
     for (FakeCompositor *compositor : {&withoutLayers, &withoutSurfaces}) {
-        const OpenedSession opened = WaylandSession::open({}, compositor->socket());
+        const auto opened = WaylandSession::open({}, compositor->socket());
         EXPECT_FALSE(opened.session);
         EXPECT_EQ(opened.refusal, u"the Wayland compositor has no place for a wallpaper"_s);
     }
 }
 
 TEST(WaylandSession, saysThatThereIsNoCompositor) {
-    const OpenedSession opened = WaylandSession::open({}, "/nonexistent/display");
+    const auto opened = WaylandSession::open({}, "/nonexistent/display");
     EXPECT_FALSE(opened.session);
     EXPECT_EQ(opened.refusal, u"there is no Wayland compositor to draw on"_s);
 }

@@ -120,6 +120,13 @@ TEST_F(DesktopProgramWatchTest, takesNoPixmapOfOneBitAPoint) {
     EXPECT_TRUE(becomes({{.kind = DesktopProgram::caja, .windows = {desktop}}}));
 }
 
+TEST_F(DesktopProgramWatchTest, takesNoWindowForAPixmap) {
+    const auto desktop = showDesktop("Caja");
+    share(desktop);
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    EXPECT_TRUE(becomes({{.kind = DesktopProgram::caja, .windows = {desktop}}}));
+}
+
 TEST_F(DesktopProgramWatchTest, isGoneWithItsWindowThoughItsNoteIsLeft) {
     const auto desktop = showDesktop("Caja");
     name("CAJA_DESKTOP_WINDOW_ID", desktop);

@@ -47,6 +47,10 @@ RootPixmapTarget PlayedDesktop::target() const {
 
 void PlayedDesktop::makePicture(QColor colour) {
     m_picture = xcb_generate_id(m_connection.get());
+    fillPicture(colour);
+}
+
+void PlayedDesktop::fillPicture(QColor colour) {
     xcb_create_pixmap(m_connection.get(), m_depth, m_picture, m_screen->root,
                       size16(m_size.width()), size16(m_size.height()));
     if (m_depth == m_screen->root_depth) {
@@ -85,6 +89,14 @@ void PlayedDesktop::renew(QSize size, QColor colour) {
     makePicture(colour);
     xcb_free_pixmap(m_connection.get(), last);
     announce();
+}
+
+void PlayedDesktop::reuseNumber(QColor colour) {
+    // One that is shown as a background would outlive its number.
+    const std::uint32_t none = XCB_BACK_PIXMAP_NONE;
+    xcb_change_window_attributes(m_connection.get(), m_window, XCB_CW_BACK_PIXMAP, &none);
+    freePicture();
+    fillPicture(colour);
 }
 
 void PlayedDesktop::freePicture() {

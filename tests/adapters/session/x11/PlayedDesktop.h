@@ -37,8 +37,13 @@ public:
     /// Frees its pixmap, which it goes on naming.
     void freePicture();
 
+    /// Takes another pixmap with the number of the one that it frees, as programs do that take each
+    /// on a connection of its own. Does not tell of it.
+    void reuseNumber(QColor colour);
+
 private:
     void makePicture(QColor colour);
+    void fillPicture(QColor colour);
     void flush();
 
     struct Disconnect {

@@ -1,58 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "X11Fixture.h"
-
-#include "PlayedDesktop.h"
-
-#include "adapters/session/x11/X11DesktopPicture.h"
-#include "adapters/session/x11/X11RootPixmapSurface.h"
+#include "RootPixmapFixture.h"
 
 using namespace Qt::StringLiterals;
 
 namespace zeph {
 
 namespace {
-
-const QPoint kAway(900, 600);
-const QByteArray kRecordName = "_TAVI_EARLIER_PICTURE";
-
-/// A display with a played desktop program and our surfaces in its picture.
-class RootPixmapSurfaceTest : public X11Test {
-protected:
-    explicit RootPixmapSurfaceTest(std::uint8_t depth = 24,
-                                   const XvfbSession::Options &options = {})
-        : X11Test(options), desktop(session.display(), kWholeScreen.size(), Qt::darkRed, depth) {
-        start();
-    }
-
-    /// As the program starts: on a connection of its own, which a kill ends.
-    void start() {
-        server.reset(); // of the connection that ends here
-        connection = X11Connection::open(session.display());
-        picture = std::make_unique<X11DesktopPicture>(*connection, [this] { ++reloads; });
-        picture->setTarget(desktop.target());
-    }
-    std::unique_ptr<X11RootPixmapSurface> make(const QRect &area = kWholeScreen) {
-        return std::make_unique<X11RootPixmapSurface>(
-            *connection, *picture, screen(QString(), 1, area.width(), area.height(), area.x()));
-    }
-    std::unique_ptr<X11RootPixmapSurface> shown(QColor colour, const QRect &area = kWholeScreen) {
-        auto surface = make(area);
-        fill(*surface, colour);
-        surface->orderFront();
-        EXPECT_TRUE(waitForPixel(area.bottomRight(), colour));
-        pixelsOf(*surface); // it is free then
-        return surface;
-    }
-    bool waitForPicture(QPoint position, QColor colour) {
-        return waitUntil(
-            [&] { return client->pixelOf(desktop.target().pixmap, position) == colour.rgba(); });
-    }
-    bool hasRecord() const { return !client->numbers(client->root(), kRecordName).isEmpty(); }
-
-    PlayedDesktop desktop;
-    std::unique_ptr<X11DesktopPicture> picture;
-    int reloads = 0;
-};
 
 class Depth32Test : public RootPixmapSurfaceTest {
 protected:
@@ -195,6 +148,43 @@ TEST_F(RootPixmapSurfaceTest, canBePaintedAfterThePictureVanished) {
     EXPECT_EQ(pixelsOf(*surface).pixel(5, 5), QColor(Qt::green).rgb());
 }
 
+TEST_F(RootPixmapSurfaceTest, tellsAPictureFromTheOneThatHadItsNumber) {
+    const auto surface = shown(Qt::blue);
+    desktop.reuseNumber(Qt::darkGreen);
+    desktop.announce();
+    EXPECT_TRUE(waitForPixel(kAway, Qt::blue));
+    surface->orderOut();
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkGreen)) << "that is the earlier picture now";
+}
+
+TEST_F(RootPixmapSurfaceTest, paintsNothingIntoWhatHasTheNumberOfAPictureThatIsGone) {
+    const auto surface = shown(Qt::blue);
+    const auto target = desktop.target();
+    desktop.reuseNumber(Qt::darkGreen);
+    client->setIds(client->root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP, {XCB_PIXMAP_NONE});
+    fill(*surface, Qt::green);
+    runLoopFor(std::chrono::milliseconds(150));
+    EXPECT_EQ(client->pixelOf(target.pixmap, kAway), QColor(Qt::darkGreen).rgba());
+    EXPECT_FALSE(hasRecord());
+    desktop.announce();
+    EXPECT_TRUE(waitForPixel(kAway, Qt::green)) << "it is its own again";
+}
+
+TEST_F(RootPixmapSurfaceTest, paintsIntoNothingThatIsNotAnnounced) {
+    auto target = desktop.target();
+    picture->setTarget(std::nullopt);
+    target.pixmap = client->makePixmap(kWholeScreen.size(), 24);
+    picture->setTarget(target);
+    EXPECT_FALSE(picture->isThere());
+    EXPECT_FALSE(picture->isRefused()) << "there may be one soon";
+    target = desktop.target();
+    target.size -= QSize(10, 10);
+    picture->setTarget(target);
+    EXPECT_FALSE(picture->isThere());
+    picture->setTarget(desktop.target());
+    EXPECT_TRUE(picture->isThere());
+}
+
 TEST_F(RootPixmapSurfaceTest, waitsWhileTheProgramIsGoneAndPaintsAllWhenItComesBack) {
     const auto surface = shown(Qt::blue);
     picture->setTarget(std::nullopt);
@@ -281,96 +271,6 @@ TEST_F(RootPixmapSurfaceTest, restsWhileTheProgramPaintsOnAndOnAndComesBackAfter
     const int atFirst = repaints;
     EXPECT_LE(atFirst, 10);
     EXPECT_TRUE(waitUntil([&] { return repaints > atFirst; }));
-}
-
-/// What is left when the program was killed while its surface was shown.
-class KilledRunTest : public RootPixmapSurfaceTest {
-protected:
-    KilledRunTest() {
-        const auto surface = shown(Qt::blue);
-        const xcb_pixmap_t mark = xcb_generate_id(connection->xcb());
-        xcb_create_pixmap(connection->xcb(), 24, mark, connection->root(), 1, 1);
-        connection->intern("ZEPH_TEST"); // the server knows it with the answer
-        kept = client->numbers(client->root(), kRecordName).value(0);
-        client->killOwner(kept);
-        client->killOwner(mark);
-        EXPECT_EQ(client->pixel(kAway), 0x0000FFU);
-    }
-
-    /// Its objects can't do anything any more.
-    void forgetTheRun() { picture.reset(); }
-
-    xcb_pixmap_t kept = XCB_PIXMAP_NONE;
-};
-
-TEST_F(KilledRunTest, theNextStartKnowsTheEarlierPicture) {
-    forgetTheRun();
-    start();
-    const auto surface = shown(Qt::green);
-    EXPECT_EQ(reloads, 1) << "the program is asked whether its picture is another by now";
-    EXPECT_TRUE(client->size(kept).isEmpty()) << "one copy is enough";
-    surface->orderOut();
-    EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
-}
-
-TEST_F(KilledRunTest, theNextStartPutsThePictureBackWhereNoSurfaceIsShown) {
-    forgetTheRun();
-    start();
-    const auto surface = shown(Qt::green, {0, 0, 640, 800});
-    EXPECT_TRUE(waitForPixel({640, 600}, Qt::darkRed));
-    EXPECT_TRUE(waitForPicture({1279, 799}, Qt::darkRed));
-}
-
-TEST_F(KilledRunTest, theNextStartPutsThePictureBackThoughItDrawsAWindow) {
-    forgetTheRun();
-    connection = X11Connection::open(session.display());
-    server = X11WindowServer::create(*connection);
-    server->settle();
-    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::desktopWindow);
-    EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
-    EXPECT_FALSE(hasRecord());
-    EXPECT_TRUE(client->size(kept).isEmpty());
-}
-
-TEST_F(KilledRunTest, theNextStartTakesThePictureThatTheProgramPaintsThen) {
-    forgetTheRun();
-    start();
-    connection->intern("ZEPH_TEST"); // the server follows the picture with the answer
-    desktop.paint(kWholeScreen, Qt::darkGreen);
-    desktop.announce();
-    const auto surface = shown(Qt::green);
-    surface->orderOut();
-    EXPECT_TRUE(waitForPixel(kAway, Qt::darkGreen));
-}
-
-TEST_F(KilledRunTest, thePictureComesBackWithoutAStart) {
-    forgetTheRun();
-    const auto another = X11Connection::open(session.display());
-    EXPECT_TRUE(restoreDesktopPicture(*another));
-    EXPECT_EQ(client->pixel(kAway), QColor(Qt::darkRed).rgb() & 0xFFFFFF);
-    EXPECT_EQ(client->pixel(PlayedDesktop::icon.center()), PlayedDesktop::iconColour);
-    EXPECT_FALSE(hasRecord());
-    EXPECT_TRUE(client->size(kept).isEmpty());
-    EXPECT_FALSE(restoreDesktopPicture(*another)) << "once is enough";
-}
-
-TEST_F(KilledRunTest, nothingIsPutBackIntoAnotherPicture) {
-    forgetTheRun();
-    desktop.renew(kWholeScreen.size(), Qt::darkGreen);
-    const auto another = X11Connection::open(session.display());
-    EXPECT_FALSE(restoreDesktopPicture(*another));
-    EXPECT_EQ(client->pixel(kAway), QColor(Qt::darkGreen).rgb() & 0xFFFFFF);
-    EXPECT_FALSE(hasRecord());
-}
-
-TEST_F(KilledRunTest, theNextStartKeepsThePictureOfAProgramThatTookAnother) {
-    forgetTheRun();
-    desktop.renew(kWholeScreen.size(), Qt::darkGreen);
-    start();
-    EXPECT_EQ(reloads, 0);
-    const auto surface = shown(Qt::green);
-    surface->orderOut();
-    EXPECT_TRUE(waitForPixel(kAway, Qt::darkGreen));
 }
 
 TEST_F(Depth32Test, itsPixelsAreOpaque) {

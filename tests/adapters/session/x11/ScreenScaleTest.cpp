@@ -8,8 +8,8 @@ using namespace Qt::StringLiterals;
 namespace zeph {
 namespace {
 
-double scale(const ScaleSettings &settings, qsizetype index = 0) {
-    return screenScale(settings, u"DP-1"_s, index);
+double scale(const ScaleSettings &settings, qsizetype index = 0, std::optional<double> told = {}) {
+    return screenScale(settings, {u"DP-1"_s, index, told});
 }
 
 TEST(ScreenScale, isOneWhereNothingIsSaid) {
@@ -42,6 +42,14 @@ TEST(ScreenScale, ofOneScreenGoesBeforeTheResources) {
     EXPECT_EQ(scale({"Xft.dpi: 144", "", "HDMI-1=3"}), 1.5);
     EXPECT_EQ(scale({"Xft.dpi: 144", "", "1.25;2"}, 1), 2);
     EXPECT_EQ(scale({"Xft.dpi: 144", "", "1.25;2"}, 2), 1.5);
+}
+
+TEST(ScreenScale, thatTheDesktopTellsGoesBeforeTheResources) {
+    EXPECT_EQ(scale({"Xft.dpi: 144"}, 0, 2), 2);
+    EXPECT_EQ(scale({"Xft.dpi: 144"}, 0, 1), 1);
+    EXPECT_EQ(scale({"Xft.dpi: 144", "1.5"}, 0, 2), 3);
+    EXPECT_EQ(scale({"", "", "DP-1=1.25"}, 0, 2), 1.25);
+    EXPECT_EQ(scale({"", "", "DP-1=0"}, 0, 2), 2);
 }
 
 } // namespace

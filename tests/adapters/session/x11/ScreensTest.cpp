@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "adapters/session/x11/X11Screens.h"
+#include "ScreensFixture.h"
 
-#include "X11Fixture.h"
 #include "adapters/session/identity/EdidBlock.h"
-
-#include <xcb/randr.h>
 
 using namespace Qt::StringLiterals;
 
@@ -12,57 +9,7 @@ namespace zeph {
 
 namespace {
 
-class ScreensTest : public X11Test {
-protected:
-    ScreensTest() = default;
-    explicit ScreensTest(const XvfbSession::Options &options) : X11Test(options) {}
-
-    QByteArray xrandr(const QStringList &arguments) const {
-        return session.run(QStringList{u"xrandr"_s} + arguments);
-    }
-
-    void setMonitor(const QString &name, const QString &geometry, const QString &output) const {
-        ASSERT_FALSE(xrandr({u"--setmonitor"_s, name, geometry, output}).isNull());
-    }
-
-    void setResources(const QByteArray &resources) const {
-        xcb_change_property(connection->xcb(), XCB_PROP_MODE_REPLACE, connection->root(),
-                            XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8,
-                            static_cast<std::uint32_t>(resources.size()), resources.constData());
-        xcb_flush(connection->xcb());
-    }
-
-    /// Gives the only output an identity, as a plugged display has one.
-    void setEdid(const QByteArray &block) const {
-        const X11Reply<xcb_randr_get_screen_resources_current_reply_t> resources(
-            xcb_randr_get_screen_resources_current_reply(
-                connection->xcb(),
-                xcb_randr_get_screen_resources_current(connection->xcb(), connection->root()),
-                nullptr));
-        ASSERT_TRUE(resources && resources->num_outputs == 1);
-        xcb_randr_change_output_property(
-            connection->xcb(), *xcb_randr_get_screen_resources_current_outputs(resources.get()),
-            connection->intern("EDID"), XCB_ATOM_INTEGER, 8, XCB_PROP_MODE_REPLACE,
-            static_cast<std::uint32_t>(block.size()), block.constData());
-        xcb_flush(connection->xcb());
-    }
-};
-
-/// Displays that tell of changes.
-class FollowedScreensTest : public ScreensTest {
-protected:
-    void splitTheScreen() {
-        setMonitor(u"left"_s, u"640/100x800/100+0+0"_s, u"screen"_s);
-        setMonitor(u"right"_s, u"640/100x800/100+640+0"_s, u"none"_s);
-        ASSERT_TRUE(waitUntil([&] { return screens.all().size() == 2 && calls > 0; }));
-    }
-
-    X11Screens screens{*connection};
-    int calls = 0;
-    Subscription told = screens.subscribe([this] { ++calls; });
-};
-
-/// The same with panels.
+/// Displays that tell of changes, with panels.
 class PanelScreensTest : public FollowedScreensTest {
 protected:
     PanelScreensTest() {
@@ -239,6 +186,25 @@ TEST_F(FollowedScreensTest, leavesOutWhatIsNoWorkAreaOfALoneDisplay) {
         waitUntil([&] { return screens.main()->visibleFrame == QRectF(10, 60, 1250, 700); }));
     splitTheScreen();
     EXPECT_EQ(screens.main()->visibleFrame, screens.main()->frame);
+}
+
+// As GNOME tells it: without a panel of its own in any list of windows.
+TEST_F(FollowedScreensTest, leavesOutWhatIsNoWorkAreaOfEachDisplay) {
+    splitTheScreen();
+    const xcb_atom_t hint = connection->intern("_GTK_WORKAREAS");
+    xcb_change_property(connection->xcb(), XCB_PROP_MODE_REPLACE, connection->root(),
+                        connection->intern("_NET_SUPPORTED"), XCB_ATOM_ATOM, 32, 1, &hint);
+    client->setNumbers(client->root(), "_NET_WORKAREA", {0, 0, 1280, 800});
+    client->setNumbers(client->root(), "_GTK_WORKAREAS_D0", {0, 32, 640, 768, 640, 0, 600, 800});
+    EXPECT_TRUE(waitUntil([&] {
+        const auto all = screens.all();
+        return all[0].visibleFrame == QRectF(0, 32, 640, 768) &&
+               all[1].visibleFrame == QRectF(640, 0, 600, 800);
+    }));
+    // They are of the whole monitor, whatever its points are.
+    setResources("Xft.dpi:\t192\n");
+    EXPECT_TRUE(
+        waitUntil([&] { return screens.all()[0].visibleFrame == QRectF(0, 16, 320, 384); }));
 }
 
 namespace {

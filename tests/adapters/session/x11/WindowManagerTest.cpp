@@ -77,6 +77,21 @@ TEST_F(WindowManagerTest, isGoneWithItsWindowThoughItsNoteIsLeft) {
     EXPECT_FALSE(later.facts());
 }
 
+TEST_F(WindowManagerTest, isNoneHoweverSoonItGoes) {
+    for (int turns = 0; turns < 40; ++turns) {
+        const auto check = announce();
+        for (int turn = 0; turn < turns % 8; ++turn) {
+            QCoreApplication::processEvents();
+        }
+        client->destroy(check);
+        ASSERT_TRUE(waitForNone()) << turns;
+        connection->waitForReplies();
+        QCoreApplication::processEvents();
+        connection->waitForReplies();
+        ASSERT_FALSE(manager->facts()) << turns;
+    }
+}
+
 TEST_F(WindowManagerTest, isNotOneWhoseWindowSaysNothing) {
     const auto window = client->show({.geometry = {0, 0, 1, 1}, .overridesRedirect = true});
     client->setIds(client->root(), "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, {window});

@@ -146,13 +146,20 @@ TEST_F(WorkspaceTest, takesOurOwnWindowsForNoApplication) {
     X11Workspace workspace(*connection, entries);
     client->activate(open("term", "XTermLike"));
     ASSERT_TRUE(waitForFront(workspace, u"term"_s));
-    const auto own = client->show({.geometry = {300, 50, 200, 150},
-                                   .instance = "term",
-                                   .name = "XTermLike",
-                                   .process = static_cast<std::uint32_t>(getpid())});
+    const auto own = client->show(
+        {.geometry = {300, 50, 200, 150}, .instance = "tavi", .name = "com.tavi.Tavi"});
     client->activate(own);
     EXPECT_TRUE(waitUntil([&] { return !workspace.frontmostApplication(); }));
     EXPECT_EQ(client->focus(), own);
+}
+
+TEST_F(WorkspaceTest, theNumberOfOurProcessIsThatOfOthersInOtherSandboxes) {
+    X11Workspace workspace(*connection, entries);
+    client->activate(client->show({.geometry = {300, 50, 200, 150},
+                                   .instance = "term",
+                                   .name = "XTermLike",
+                                   .process = static_cast<std::uint32_t>(getpid())}));
+    EXPECT_TRUE(waitForFront(workspace, u"term"_s));
 }
 
 TEST_F(WorkspaceTest, hasNoFrontOnceTheLastWindowIsGone) {

@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+// Shows the pictures that Tavi writes for the output that this desktop lies on: the newest whole
+// one, "f-<number>", and above it the parts that came since, "p-<number>-<x>-<y>". What is shown
+// stays when its file goes, and when nobody writes any more.
+import QtQuick 2.15
+import QtQuick.Window 2.15
+import Qt.labs.folderlistmodel 2.15
+
+Rectangle {
+    id: root
+
+    // More are never written to go with one whole picture.
+    readonly property int mostPatches: 48
+
+    // Null while Plasma takes it away.
+    readonly property var settings: wallpaper ? wallpaper.configuration : null
+    readonly property string folder: settings ? settings.Folder || "" : ""
+    readonly property string start: settings ? settings.Start || "" : ""
+    readonly property string output: (Screen.name || "_").replace(/[^A-Za-z0-9_-]/g, "_")
+
+    property Image shown: first
+    property real wanted: 0    // number of the whole picture that is shown or being read
+    property real below: 0     // that of the one that is shown
+    property real lastPatch: 0
+
+    // Until there is any picture.
+    color: "#0d0f1f"
+    clip: true
+
+    // A folder that is not there is not waited for by the model.
+    onFolderChanged: Qt.callLater(look)
+    onStartChanged: Qt.callLater(look)
+    onOutputChanged: Qt.callLater(look)
+    Component.onCompleted: look()
+
+    function look() {
+        watch.active = false;
+        watch.active = folder !== "";
+    }
+
+    function take(files) {
+        let whole = null;
+        const parts = [];
+        for (let i = 0; i < files.count; ++i) {
+            const name = files.get(i, "fileName");
+            const found = /^([fp])-(\d+)(?:-(\d+)-(\d+))?\.(?:bmp|png)$/.exec(name);
+            if (!found)
+                continue;
+            const picture = {
+                number: Number(found[2]), left: Number(found[3]), top: Number(found[4]),
+                address: String(files.folder) + "/" + name
+            };
+            if (found[1] === "p")
+                parts.push(picture);
+            else if (whole === null || picture.number > whole.number)
+                whole = picture;
+        }
+        if (whole === null)
+            return;
+        if (whole.number < wanted) { // they are counted anew
+            patches.clear();
+            lastPatch = 0;
+        }
+        if (whole.number !== wanted) {
+            wanted = whole.number;
+            (shown === first ? second : first).load(whole);
+        }
+        for (const part of parts) {
+            if (part.number > whole.number && part.number > lastPatch) {
+                lastPatch = part.number;
+                patches.append(part);
+            }
+        }
+        while (patches.count > mostPatches)
+            patches.remove(0);
+    }
+
+    // The one shown goes once the next is there, since an image that loads is blank.
+    function ready(image) {
+        const last = shown;
+        shown = image;
+        below = image.number;
+        if (last !== image)
+            last.source = "";
+        for (let i = patches.count - 1; i >= 0; --i) {
+            if (patches.get(i).number < below)
+                patches.remove(i);
+        }
+    }
+
+    component Whole: Image {
+        property real number: 0
+
+        anchors.fill: parent
+        asynchronous: true
+        cache: false
+        z: root.shown === this ? 1 : 0
+        onStatusChanged: if (status === Image.Ready && source != "") root.ready(this)
+
+        function load(picture) {
+            number = picture.number;
+            source = picture.address;
+        }
+    }
+
+    Whole { id: first }
+    Whole { id: second }
+
+    Item {
+        readonly property real enlarged: root.width / Math.max(1, root.shown.implicitWidth)
+
+        id: above
+        anchors.fill: parent
+        z: 2
+
+        Repeater {
+            model: ListModel { id: patches }
+
+            Image {
+                required property var model
+
+                asynchronous: true
+                cache: false
+                source: model.address
+                x: model.left * above.enlarged
+                y: model.top * above.enlarged
+                width: implicitWidth * above.enlarged
+                height: implicitHeight * above.enlarged
+            }
+        }
+    }
+
+    // The folder around is there, that of an output comes with the output.
+    Loader {
+        id: watch
+        active: false
+
+        sourceComponent: Item {
+            FolderListModel {
+                id: outputs
+                folder: root.folder
+                nameFilters: [root.output]
+                showDirs: true
+                showFiles: false
+                sortField: FolderListModel.Name
+            }
+            Loader {
+                active: outputs.count > 0 && String(outputs.folder) === root.folder
+
+                sourceComponent: Item {
+                    FolderListModel {
+                        id: pictures
+                        folder: root.folder + "/" + root.output
+                        nameFilters: ["f-*", "p-*"]
+                        showDirs: false
+                        sortField: FolderListModel.Name
+                        // A new file and one that went leave the count as it is.
+                        onCountChanged: Qt.callLater(root.take, pictures)
+                        onDataChanged: Qt.callLater(root.take, pictures)
+                        onModelReset: Qt.callLater(root.take, pictures)
+                        onRowsInserted: Qt.callLater(root.take, pictures)
+                    }
+                }
+            }
+        }
+    }
+}

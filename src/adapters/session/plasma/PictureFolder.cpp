@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/plasma/PictureFolder.h"
+
+#include "adapters/session/plasma/PictureFile.h"
+#include "adapters/session/plasma/PictureNames.h"
+#include "base/PrivateFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+/// Renames it over whatever lies there, which QFile does not.
+bool rename(const QString &from, const QString &to) {
+    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+} // namespace
+
+quint64 PictureFolder::takeOver() {
+    const std::lock_guard guard(m_mutex);
+    return ++m_writer;
+}
+
+bool PictureFolder::writeWhole(quint64 writer, const QImage &image) {
+    const std::lock_guard guard(m_mutex);
+    if (writer != m_writer) {
+        return true;
+    }
+    if (!prepare() || !put(image, image.rect(), true)) {
+        return false;
+    }
+    removeBefore(m_number);
+    return true;
+}
+
+bool PictureFolder::writePatches(quint64 writer, const QImage &image,
+                                 const std::vector<QRect> &parts) {
+    const std::lock_guard guard(m_mutex);
+    return writer != m_writer ||
+           (prepare() && std::all_of(parts.begin(), parts.end(),
+                                     [&](const QRect &part) { return put(image, part, false); }));
+}
+
+bool PictureFolder::writeNothing(quint64 writer) {
+    QImage nothing(1, 1, QImage::Format_ARGB32);
+    nothing.fill(Qt::transparent);
+    return writeWhole(writer, nothing);
+}
+
+void PictureFolder::remove(quint64 writer) {
+    const std::lock_guard guard(m_mutex);
+    if (writer == m_writer) {
+        QDir(m_folder).removeRecursively();
+    }
+}
+
+/// Has a folder, and knows the highest number of what an earlier run left in it.
+bool PictureFolder::prepare() {
+    const QDir folder(m_folder);
+    if (m_number > 0 && folder.exists()) {
+        return true;
+    }
+    const QString around = QFileInfo(m_folder).path();
+    if (!makePrivateFolder(QFileInfo(around).path()) || !makePrivateFolder(around) ||
+        !makePrivateFolder(m_folder)) {
+        return false;
+    }
+    const QStringList names = folder.entryList(QDir::Files);
+    for (const QString &name : names) {
+        m_number = std::max(m_number, pictureNumber(name).value_or(0));
+    }
+    return true;
+}
+
+bool PictureFolder::put(const QImage &image, const QRect &part, bool isWhole) {
+    const QFileInfo folder(m_folder);
+    const QString underWay = QFileInfo(folder.path()).path() + u"/.picture-"_s + folder.fileName();
+    // What nothing can be seen of has transparency, which a bitmap has not.
+    const bool isCompressed = isWhole && (image.hasAlphaChannel() ||
+                                          qint64{part.width()} * part.height() > mostPlainPixels);
+    if (!writePicture(underWay, image, part,
+                      isCompressed ? PictureForm::compressed : PictureForm::plain)) {
+        return false;
+    }
+    const quint64 number = m_number + 1;
+    const QString name =
+        isWhole ? wholePictureName(number, isCompressed) : patchName(number, part.topLeft());
+    if (!rename(underWay, m_folder + u'/' + name)) {
+        QFile::remove(underWay);
+        return false;
+    }
+    m_number = number;
+    return true;
+}
+
+void PictureFolder::removeBefore(quint64 number) const {
+    QDir folder(m_folder);
+    const QStringList names = folder.entryList(QDir::Files);
+    for (const QString &name : names) {
+        if (pictureNumber(name).value_or(number) < number) {
+            folder.remove(name);
+        }
+    }
+}
+
+} // namespace zeph

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+#include <mutex>
+#include <vector>
+
+namespace zeph {
+
+/// The pictures of one output, by which our wallpaper in Plasma shows the newest whole one and
+/// what was laid over it since. They appear whole or not at all, and stay when we end, so that the
+/// desktop keeps its picture. Callable from any thread; each call takes as long as the disk does.
+class PictureFolder {
+public:
+    /// Larger pictures than a display of 1920 × 1080 has are compressed.
+    static constexpr qint64 mostPlainPixels = qint64{1920} * 1080;
+
+    /// `folder` is made, for the user alone, by the first picture; so is the one around it. Files
+    /// under way lie in the folder around both.
+    explicit PictureFolder(QString folder) : m_folder(std::move(folder)) {}
+
+    /// Answers who writes from now on. What an earlier writer still brings is left out.
+    quint64 takeOver();
+
+    // Each is false when the pictures could not be written, as on a full disk.
+
+    bool writeWhole(quint64 writer, const QImage &image);
+    bool writePatches(quint64 writer, const QImage &image, const std::vector<QRect> &parts);
+
+    /// A whole picture that nothing can be seen of.
+    bool writeNothing(quint64 writer);
+
+    /// Removes the folder with all pictures.
+    void remove(quint64 writer);
+
+private:
+    bool prepare();
+    bool put(const QImage &image, const QRect &part, bool isWhole);
+    void removeBefore(quint64 number) const;
+
+    const QString m_folder;
+    std::mutex m_mutex;
+    quint64 m_writer = 0;
+    quint64 m_number = 0; // of the last picture
+};
+
+} // namespace zeph

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/bus/BusService.h"
+#include "adapters/session/plasma/PlasmaScripts.h"
+#include "base/WorkOwner.h"
+#include "ports/DesktopWallpaper.h"
+
+#include <optional>
+#include <set>
+
+namespace zeph {
+
+class Background;
+class RunLoop;
+class UserDefaults;
+
+/// Our wallpaper in Plasma: puts it into all desktops when the user chose it, and what each of them
+/// showed before back when not. The choice lies under "zeph.plasma.wallpaper", the earlier
+/// wallpapers under "zeph.plasma.earlier". A desktop that showed ours and does not any more was
+/// given another wallpaper by the user, and keeps it.
+class PlasmaWallpaper : public DesktopWallpaper {
+public:
+    /// What it works with; the objects outlive it.
+    struct Surroundings {
+        QDBusConnection sessionBus;
+        UserDefaults &defaults;
+        const Background &background;
+        RunLoop &runLoop;
+        QString source;   ///< folder of the package that the program brings
+        QString target;   ///< folder in which Plasma looks for it
+        QString pictures; ///< folder around those of the outputs; empty where there is none
+    };
+
+    explicit PlasmaWallpaper(Surroundings surroundings);
+
+    bool isChosen() const override { return m_isChosen; }
+    void choose(bool isOurs) override;
+    QString problem() const override;
+    [[nodiscard]] Subscription subscribe(std::function<void()> handler) override;
+
+    /// Whether pictures are shown, as far as is known; also while it is not known yet.
+    bool isUsable() const { return m_isChosen && m_problem == Problem::none; }
+
+    /// Whether there is anything to show in it now; not at first. Without need the earlier
+    /// wallpapers are shown.
+    void setNeeded(bool isNeeded);
+
+    /// Displays or activities came or went: desktops that are new get it soon.
+    void lookSoon();
+
+    /// The pictures could not be written: it is taken out until it is chosen again.
+    void picturesRefused();
+
+private:
+    enum class Problem { none, noShell, refused, notInstalled, notWritten };
+    using Desktops = std::vector<PlasmaDesktop>;
+
+    static Problem prepare(const QString &source, const QString &target, const QString &pictures);
+    bool isWanted() const { return m_isChosen && m_isNeeded == true && !isGivenUp(); }
+    bool isGivenUp() const { return m_problem == Problem::notWritten; }
+    bool isToGo() const;
+    void shellChanged();
+    void follow();
+    void putIn();
+    void putInto(const Desktops &desktops);
+    void putBack();
+    void runScript(const QString &script, std::function<void(const Desktops &)> done);
+    void tryAgain();
+    void finish(Problem problem);
+    void setProblem(Problem problem);
+    PlasmaWallpapers earlier() const;
+
+    Surroundings m_with;
+    bool m_isChosen = false;
+    std::optional<bool> m_isNeeded; // absent until it is told
+    Problem m_problem = Problem::none;
+    bool m_isBusy = false;
+    bool m_isStale = false; // something changed since what is under way began
+    bool m_isLookDue = false;
+    int m_failures = 0; // in a row
+    int m_life = 0;     // of the shell; what was begun in an earlier one is dropped
+    int m_starts = 0;
+    std::set<int> m_asked; // desktops whose earlier wallpaper is kept, and that have not ours yet
+    ChangePublisher m_changes;
+    WorkOwner m_work;
+    BusService m_activities;
+    BusService m_shell; // last, since it calls back
+};
+
+} // namespace zeph

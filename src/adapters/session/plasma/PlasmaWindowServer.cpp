@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/plasma/PlasmaWindowServer.h"
+
+#include "adapters/session/plasma/PlasmaPictureSurface.h"
+#include "adapters/session/plasma/PlasmaWallpaper.h"
+#include "base/Background.h"
+#include "ports/RunLoop.h"
+
+#include <utility>
+
+namespace zeph {
+
+PlasmaWindowServer::PlasmaWindowServer(Parties parties, QString pictures)
+    : m_with(std::move(parties)),
+      m_folders(std::move(pictures)),
+      m_wallpaperChanges(m_with.wallpaper.subscribe([this] { permit(); })),
+      m_screenChanges(m_with.screens.subscribe([this] { screensChanged(); })) {
+    permit();
+}
+
+void PlasmaWindowServer::permit() const {
+    m_with.permit({m_with.wallpaper.isUsable(),
+                   m_with.wallpaper.isChosen() ? m_with.wallpaper.problem() : QString()});
+}
+
+/// The pictures of outputs that are gone would stay in the memory.
+void PlasmaWindowServer::screensChanged() {
+    QStringList connectors;
+    for (const Screen &screen : m_with.screens.all()) {
+        connectors.append(screen.connector);
+    }
+    for (const auto &folder : m_folders.ofOthers(connectors)) {
+        m_with.background.run(
+            m_work, [folder, writer = folder->takeOver()] { folder->remove(writer); }, [] {});
+    }
+    m_with.wallpaper.lookSoon();
+}
+
+std::unique_ptr<DesktopSurface> PlasmaWindowServer::makeDesktopSurface(const Screen &screen,
+                                                                       bool wantsTransparency) {
+    // Through a transparent surface the user's own wallpaper is to be seen, and the icons are.
+    m_with.wallpaper.setNeeded(!wantsTransparency);
+    if (wantsTransparency || drawingWay().mechanism != DrawingMechanism::plasmaPictures) {
+        return m_with.own.makeDesktopSurface(screen, wantsTransparency);
+    }
+    return std::make_unique<PlasmaPictureSurface>(
+        PlasmaPictureSurface::Tools{m_folders, m_with.background, m_with.runLoop,
+                                    [this] { picturesRefused(); }},
+        screen);
+}
+
+/// In a later turn, since surfaces end by it.
+void PlasmaWindowServer::picturesRefused() {
+    if (!std::exchange(m_areRefused, true)) {
+        m_with.runLoop.post(m_work.whileAlive([this] {
+            m_areRefused = false;
+            m_with.wallpaper.picturesRefused();
+        }));
+    }
+}
+
+Subscription PlasmaWindowServer::subscribeToDrawingWay(std::function<void()> handler) {
+    return m_with.own.subscribeToDrawingWay(std::move(handler));
+}
+
+Subscription PlasmaWindowServer::subscribeToCompositing(std::function<void()> handler) {
+    return m_with.own.subscribeToCompositing(std::move(handler));
+}
+
+Subscription PlasmaWindowServer::subscribeToLoss(std::function<void()> handler) {
+    return m_with.own.subscribeToLoss(std::move(handler));
+}
+
+} // namespace zeph

@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/plasma/PictureFolders.h"
+
+#include "ShownPictures.h"
+#include "support/FileMode.h"
+#include "support/FullDisk.h"
+#include "support/QtPrinters.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+class PictureFolderTest : public testing::Test {
+protected:
+    QString path(const QString &name = {}) const {
+        return around.filePath(u"tavi/plasma/DP-1"_s) + (name.isEmpty() ? QString() : u'/' + name);
+    }
+    QStringList underWay() const {
+        return QDir(around.filePath(u"tavi"_s)).entryList(QDir::Files | QDir::Hidden);
+    }
+
+    const QTemporaryDir around;
+    PictureFolder folder{path()};
+    const quint64 writer = folder.takeOver();
+    const QImage red = plainPicture({40, 30}, Qt::red);
+    const QImage blue = plainPicture({40, 30}, Qt::blue);
+};
+
+TEST_F(PictureFolderTest, makesItsFoldersForTheUserAlone) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    for (const QString &one : {u"tavi"_s, u"tavi/plasma"_s, u"tavi/plasma/DP-1"_s}) {
+        EXPECT_EQ(fileMode(around.filePath(one)), 0700) << one.toStdString();
+    }
+}
+
+TEST_F(PictureFolderTest, aPictureIsABitmapThatIsReadAsItWasPainted) {
+    QImage painted = red;
+    painted.setPixelColor(1, 2, QColor(1, 20, 200));
+    ASSERT_TRUE(folder.writeWhole(writer, painted));
+    EXPECT_EQ(picturesIn(path()), QStringList{u"f-000000000001.bmp"_s});
+    const QImage read(path(u"f-000000000001.bmp"_s));
+    EXPECT_EQ(read.format(), QImage::Format_RGB32);
+    EXPECT_EQ(read, painted);
+    EXPECT_EQ(QFileInfo(path(u"f-000000000001.bmp"_s)).size(), 54 + 40 * 30 * 4);
+}
+
+TEST_F(PictureFolderTest, theNextWholePictureTakesThePlaceOfAllBefore) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    ASSERT_TRUE(folder.writePatches(writer, blue, {QRect(1, 2, 3, 4), QRect(20, 10, 5, 5)}));
+    EXPECT_EQ(picturesIn(path()), (QStringList{u"f-000000000001.bmp"_s, u"p-000000000002-1-2.bmp"_s,
+                                               u"p-000000000003-20-10.bmp"_s}));
+    ASSERT_TRUE(folder.writeWhole(writer, blue));
+    EXPECT_EQ(picturesIn(path()), QStringList{u"f-000000000004.bmp"_s});
+}
+
+TEST_F(PictureFolderTest, partsLieOverTheWholePicture) {
+    QImage expected = red;
+    QPainter(&expected).fillRect(QRect(1, 2, 3, 4), Qt::blue);
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    ASSERT_TRUE(folder.writePatches(writer, blue, {QRect(1, 2, 3, 4)}));
+    EXPECT_EQ(shownBy(path()), expected);
+}
+
+TEST_F(PictureFolderTest, aLargePictureIsCompressed) {
+    const QImage large = plainPicture({1921, 1080}, Qt::green);
+    ASSERT_TRUE(folder.writeWhole(writer, plainPicture({1920, 1080}, Qt::green)));
+    EXPECT_EQ(picturesIn(path()), QStringList{u"f-000000000001.bmp"_s});
+    ASSERT_TRUE(folder.writeWhole(writer, large));
+    EXPECT_EQ(picturesIn(path()), QStringList{u"f-000000000002.png"_s});
+    EXPECT_EQ(shownBy(path()), large);
+}
+
+TEST_F(PictureFolderTest, nothingIsAPictureWithoutColour) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    ASSERT_TRUE(folder.writeNothing(writer));
+    ASSERT_EQ(picturesIn(path()), QStringList{u"f-000000000002.png"_s});
+    EXPECT_EQ(QImage(path(u"f-000000000002.png"_s)).pixelColor(0, 0).alpha(), 0);
+}
+
+TEST_F(PictureFolderTest, leavesNothingUnderWay) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    ASSERT_TRUE(folder.writePatches(writer, red, {QRect(0, 0, 2, 2)}));
+    EXPECT_EQ(underWay(), QStringList());
+}
+
+TEST_F(PictureFolderTest, goesOnCountingWhereAnEarlierRunEnded) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    ASSERT_TRUE(folder.writePatches(writer, red, {QRect(0, 0, 2, 2)}));
+    PictureFolder next(path());
+    ASSERT_TRUE(next.writeWhole(next.takeOver(), blue));
+    EXPECT_EQ(picturesIn(path()), QStringList{u"f-000000000003.bmp"_s});
+}
+
+TEST_F(PictureFolderTest, leavesFilesOfOthersAlone) {
+    ASSERT_TRUE(QDir().mkpath(path()));
+    QFile other(path(u"note.txt"_s));
+    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    EXPECT_TRUE(QFile::exists(path(u"note.txt"_s)));
+}
+
+TEST_F(PictureFolderTest, whatAnEarlierWriterStillBringsIsLeftOut) {
+    const quint64 next = folder.takeOver();
+    ASSERT_TRUE(folder.writeWhole(next, blue));
+    EXPECT_TRUE(folder.writeWhole(writer, red)) << "nothing went wrong";
+    EXPECT_TRUE(folder.writePatches(writer, red, {QRect(0, 0, 2, 2)}));
+    EXPECT_TRUE(folder.writeNothing(writer));
+    EXPECT_EQ(shownBy(path()), blue);
+}
+
+TEST_F(PictureFolderTest, isMadeAnewWhenItWasRemoved) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    ASSERT_TRUE(QDir(around.filePath(u"tavi"_s)).removeRecursively());
+    EXPECT_TRUE(folder.writeWhole(writer, blue));
+    EXPECT_EQ(shownBy(path()), blue);
+}
+
+TEST_F(PictureFolderTest, isRemovedUnlessSomebodyElseWritesByThen) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    const quint64 next = folder.takeOver();
+    folder.remove(writer);
+    EXPECT_TRUE(QFile::exists(path()));
+    folder.remove(next);
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
+TEST_F(PictureFolderTest, keepsThePictureThatIsThereWhenTheDiskIsFull) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    {
+        const FullDisk full(100);
+        EXPECT_FALSE(folder.writeWhole(writer, blue));
+        EXPECT_FALSE(folder.writePatches(writer, blue, {QRect(0, 0, 20, 20)}));
+    }
+    EXPECT_EQ(shownBy(path()), red);
+    EXPECT_EQ(underWay(), QStringList());
+    EXPECT_TRUE(folder.writeWhole(writer, blue)) << "once there is room again";
+}
+
+TEST_F(PictureFolderTest, isRefusedWhereAFileLiesInTheWay) {
+    ASSERT_TRUE(QDir().mkpath(around.filePath(u"tavi"_s)));
+    QFile file(around.filePath(u"tavi/plasma"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_FALSE(folder.writeWhole(writer, red));
+}
+
+TEST(PictureFolders, anOutputHasOneFolder) {
+    const QTemporaryDir around;
+    PictureFolders folders(around.filePath(u"tavi/plasma"_s));
+    const auto first = folders.of(u"DP-1"_s);
+    EXPECT_EQ(folders.of(u"DP-1"_s), first);
+    const auto second = folders.of(u"HDMI/1"_s);
+    EXPECT_NE(second, first);
+    ASSERT_TRUE(second->writeNothing(second->takeOver()));
+    EXPECT_TRUE(QFile::exists(around.filePath(u"tavi/plasma/HDMI_1"_s)));
+}
+
+} // namespace zeph

@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/session/plasma/PlasmaWallpaper.h"
+
+#include "FakePlasma.h"
+#include "adapters/bus/DBusCalls.h"
+#include "base/Background.h"
+#include "support/FakeUserDefaults.h"
+#include "support/ManualRunLoop.h"
+#include "support/ManualTaskExecutor.h"
+#include "support/QtPrinters.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+class PlasmaWallpaperTest : public testing::Test {
+protected:
+    using Wallpapers = std::map<int, QString>;
+
+    static inline const QString ours = u"com.tavi.Tavi"_s;
+    static inline const QString image = u"org.kde.image"_s;
+    static inline const QString choiceKey = u"zeph.plasma.wallpaper"_s;
+    static inline const QString earlierKey = u"zeph.plasma.earlier"_s;
+
+    void SetUp() override {
+        QDir().mkpath(room.filePath(u"from"_s));
+        QFile file(room.filePath(u"from/metadata.json"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+
+    void open() {
+        wallpaper.emplace(PlasmaWallpaper::Surroundings{connection.bus(), defaults, background,
+                                                        loop, room.filePath(u"from"_s), target,
+                                                        pictures});
+        changes = wallpaper->subscribe([this] { ++changeCount; });
+    }
+    void openChosen() {
+        defaults.set(choiceKey, true);
+        open();
+        wallpaper->setNeeded(true);
+    }
+
+    /// Turns all loops until it holds.
+    template <typename Condition>
+    bool comes(Condition condition) {
+        return eventually([&] {
+            executor.runAll();
+            loop.drain();
+            return condition();
+        });
+    }
+    bool shows(const Wallpapers &wallpapers) {
+        return comes([&] { return plasma.desktops == wallpapers; });
+    }
+    /// So many scripts were evaluated, and their answers have come.
+    bool settles(qsizetype scripts) {
+        return comes([&] { return plasma.scripts.size() == scripts; }) && answersCame();
+    }
+    /// Whatever was sent to us before has come.
+    bool answersCame() {
+        bool isBack = false;
+        QDBusMessage call = QDBusMessage::createMethodCall(
+            u"org.freedesktop.DBus"_s, u"/"_s, u"org.freedesktop.DBus.Peer"_s, u"Ping"_s);
+        QObject context;
+        callAsync(connection.bus(), call, 5000, &context,
+                  [&](const QDBusMessage &) { isBack = true; });
+        return comes([&] { return isBack; });
+    }
+
+    const QTemporaryDir room;
+    const QString target = room.filePath(u"wallpapers/com.tavi.Tavi"_s);
+    const QString pictures = room.filePath(u"runtime/tavi/plasma"_s);
+    PrivateBus bus;
+    BusConnection connection{bus.address()};
+    FakePlasma plasma{bus.address()};
+    FakeUserDefaults defaults;
+    ManualClock clock;
+    ManualRunLoop loop{clock};
+    ManualTaskExecutor executor;
+    Background background = Background::over(executor, loop);
+    std::optional<PlasmaWallpaper> wallpaper;
+    Subscription changes;
+    int changeCount = 0;
+};
+
+TEST_F(PlasmaWallpaperTest, isPutIntoAllDesktopsOnceItIsChosenAndNeeded) {
+    plasma.desktops = {{1, image}, {31, u"org.kde.color"_s}};
+    plasma.appear();
+    open();
+    ASSERT_TRUE(answersCame());
+    EXPECT_FALSE(wallpaper->isChosen());
+    EXPECT_FALSE(wallpaper->isUsable());
+    wallpaper->setNeeded(true);
+    ASSERT_TRUE(answersCame());
+    EXPECT_TRUE(plasma.scripts.isEmpty());
+
+    wallpaper->choose(true);
+    EXPECT_TRUE(wallpaper->isUsable());
+    EXPECT_TRUE(shows({{1, ours}, {31, ours}}));
+    EXPECT_EQ(defaults.get<bool>(choiceKey), true);
+    EXPECT_EQ(defaults.get<QString>(earlierKey),
+              uR"({"1":"org.kde.image","31":"org.kde.color"})"_s);
+}
+
+TEST_F(PlasmaWallpaperTest, isToldWhereThePicturesLie) {
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(shows({{1, ours}}));
+    EXPECT_EQ(plasma.folders[1], u"file://"_s + pictures);
+    EXPECT_TRUE(QFile::exists(pictures)) << "since Plasma does not wait for a folder";
+    EXPECT_TRUE(QFile::exists(target + u"/metadata.json"_s));
+}
+
+TEST_F(PlasmaWallpaperTest, earlierWallpapersAreKeptBeforeTheyAreReplaced) {
+    plasma.isDeaf = true;
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(settles(2));
+    EXPECT_EQ(defaults.get<QString>(earlierKey), uR"({"1":"org.kde.image"})"_s);
+}
+
+TEST_F(PlasmaWallpaperTest, eachDesktopGetsItsEarlierWallpaperBack) {
+    plasma.desktops = {{1, image}, {31, u"org.kde.color"_s}};
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(shows({{1, ours}, {31, ours}}));
+    wallpaper->choose(false);
+    EXPECT_TRUE(shows({{1, image}, {31, u"org.kde.color"_s}}));
+    EXPECT_TRUE(comes([&] { return !defaults.contains(earlierKey); }));
+    EXPECT_EQ(defaults.get<bool>(choiceKey), false);
+    EXPECT_TRUE(comes([&] { return !QFile::exists(target) && !QFile::exists(pictures); }));
+}
+
+TEST_F(PlasmaWallpaperTest, isPutInAgainAfterItWasTakenOut) {
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(shows({{1, ours}}));
+    wallpaper->choose(false);
+    wallpaper->choose(true);
+    wallpaper->choose(false);
+    ASSERT_TRUE(shows({{1, image}}));
+    wallpaper->choose(true);
+    EXPECT_TRUE(shows({{1, ours}}));
+    EXPECT_TRUE(comes([&] { return QFile::exists(target + u"/metadata.json"_s); }));
+}
+
+TEST_F(PlasmaWallpaperTest, givesWayWhileTheDesktopIsToShineThrough) {
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(shows({{1, ours}}));
+    wallpaper->setNeeded(false);
+    EXPECT_TRUE(shows({{1, image}}));
+    EXPECT_TRUE(wallpaper->isChosen());
+    wallpaper->setNeeded(true);
+    EXPECT_TRUE(shows({{1, ours}}));
+}
+
+TEST_F(PlasmaWallpaperTest, leavesEverythingWhileItIsNotKnownWhetherItIsNeeded) {
+    defaults.set(choiceKey, true);
+    defaults.set(earlierKey, keptWallpapers({{1, image}}));
+    plasma.desktops = {{1, ours}};
+    plasma.appear();
+    open();
+    ASSERT_TRUE(answersCame());
+    ASSERT_TRUE(answersCame());
+    EXPECT_TRUE(plasma.scripts.isEmpty());
+}
+
+TEST_F(PlasmaWallpaperTest, bringsBackWhatAnEarlierRunCouldNot) {
+    defaults.set(earlierKey, keptWallpapers({{1, u"org.kde.color"_s}}));
+    plasma.desktops = {{1, ours}};
+    plasma.appear();
+    open();
+    EXPECT_TRUE(shows({{1, u"org.kde.color"_s}}));
+}
+
+TEST_F(PlasmaWallpaperTest, aDesktopThatTheUserGaveAnotherWallpaperKeepsIt) {
+    defaults.set(earlierKey, keptWallpapers({{1, image}, {31, image}}));
+    plasma.desktops = {{1, ours}, {31, u"org.kde.slideshow"_s}};
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(settles(2));
+    EXPECT_EQ(plasma.desktops, (Wallpapers{{1, ours}, {31, u"org.kde.slideshow"_s}}));
+    wallpaper->choose(false);
+    EXPECT_TRUE(shows({{1, image}, {31, u"org.kde.slideshow"_s}}));
+}
+
+TEST_F(PlasmaWallpaperTest, isPutIntoADesktopThatComesLater) {
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(shows({{1, ours}}));
+    ASSERT_TRUE(settles(2));
+    plasma.desktops[7] = u"org.kde.color"_s;
+    plasma.changeActivity();
+    ASSERT_TRUE(answersCame());
+    loop.advance(2.1);
+    EXPECT_TRUE(shows({{1, ours}, {7, ours}}));
+    EXPECT_EQ(defaults.get<QString>(earlierKey), uR"({"1":"org.kde.image","7":"org.kde.color"})"_s);
+}
+
+TEST_F(PlasmaWallpaperTest, isStillInAfterTheShellStartedAnew) {
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(shows({{1, ours}}));
+    ASSERT_TRUE(settles(2));
+    const QString start = plasma.starts[1];
+    plasma.vanish();
+    ASSERT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
+    EXPECT_EQ(wallpaper->problem(), u"Plasma's shell does not run"_s);
+    plasma.appear();
+    ASSERT_TRUE(comes([&] { return wallpaper->isUsable(); }));
+    ASSERT_TRUE(settles(4));
+    EXPECT_EQ(plasma.desktops, (Wallpapers{{1, ours}}));
+    EXPECT_NE(plasma.starts[1], start) << "it looks for its folder anew";
+    EXPECT_EQ(defaults.get<QString>(earlierKey), uR"({"1":"org.kde.image"})"_s);
+}
+
+TEST_F(PlasmaWallpaperTest, waitsForAShellThatIsStillStarting) {
+    plasma.desktops = {};
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(settles(1));
+    EXPECT_TRUE(wallpaper->isUsable());
+    plasma.desktops = {{1, image}};
+    loop.advance(1.1);
+    EXPECT_TRUE(shows({{1, ours}}));
+}
+
+TEST_F(PlasmaWallpaperTest, tellsThatTheShellRefusesIt) {
+    plasma.isLocked = true;
+    plasma.appear();
+    openChosen();
+    for (int tries = 1; tries <= 6; ++tries) {
+        EXPECT_TRUE(wallpaper->isUsable());
+        ASSERT_TRUE(settles(tries));
+        loop.advance(32.1);
+    }
+    EXPECT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
+    EXPECT_EQ(wallpaper->problem(), u"Plasma did not take Tavi's own wallpaper"_s);
+    EXPECT_EQ(changeCount, 1);
+}
+
+TEST_F(PlasmaWallpaperTest, refusedIsAlsoWhatIsTakenAndHasNoEffect) {
+    plasma.isDeaf = true;
+    plasma.appear();
+    openChosen();
+    for (int tries = 1; tries <= 6; ++tries) {
+        ASSERT_TRUE(settles(2 * tries));
+        loop.advance(32.1);
+    }
+    EXPECT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
+    EXPECT_EQ(plasma.desktops, (Wallpapers{{1, image}}));
+}
+
+TEST_F(PlasmaWallpaperTest, aDesktopThatDidNotTakeItAtOnceIsAskedAgain) {
+    plasma.isDeaf = true;
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(settles(2));
+    plasma.isDeaf = false;
+    loop.advance(1.1);
+    EXPECT_TRUE(shows({{1, ours}}));
+}
+
+TEST_F(PlasmaWallpaperTest, tellsThatTheShellDoesNotRun) {
+    openChosen();
+    EXPECT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
+    EXPECT_EQ(wallpaper->problem(), u"Plasma's shell does not run"_s);
+    plasma.appear();
+    EXPECT_TRUE(shows({{1, ours}}));
+    EXPECT_EQ(wallpaper->problem(), QString());
+}
+
+TEST_F(PlasmaWallpaperTest, aShellThatGoesInTheMiddleIsAskedFromTheBeginning) {
+    plasma.isSilent = true;
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(settles(1));
+    plasma.vanish();
+    ASSERT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
+    plasma.isSilent = false;
+    plasma.appear();
+    EXPECT_TRUE(shows({{1, ours}}));
+}
+
+TEST_F(PlasmaWallpaperTest, isTakenOutWhenPicturesCanNotBeWritten) {
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(shows({{1, ours}}));
+    ASSERT_TRUE(settles(2));
+    wallpaper->picturesRefused();
+    EXPECT_FALSE(wallpaper->isUsable());
+    EXPECT_EQ(wallpaper->problem(), u"Tavi's pictures for Plasma could not be written"_s);
+    EXPECT_TRUE(shows({{1, image}}));
+    EXPECT_TRUE(comes([&] { return !defaults.contains(earlierKey); }));
+    EXPECT_FALSE(wallpaper->isUsable()) << "until it is chosen again";
+    wallpaper->choose(false);
+    wallpaper->choose(true);
+    EXPECT_TRUE(wallpaper->isUsable());
+    EXPECT_TRUE(shows({{1, ours}}));
+}
+
+TEST_F(PlasmaWallpaperTest, tellsThatThePackageCouldNotBeInstalled) {
+    QFile::remove(room.filePath(u"from/metadata.json"_s));
+    plasma.appear();
+    openChosen();
+    EXPECT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
+    EXPECT_EQ(wallpaper->problem(),
+              u"Tavi's own wallpaper could not be put where Plasma looks for it"_s);
+    EXPECT_EQ(plasma.desktops, (Wallpapers{{1, image}}));
+}
+
+} // namespace zeph

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "RootPixmapFixture.h"
+
+namespace zeph {
+
+namespace {
+
+/// What is left when the program was killed while its surface was shown.
+class KilledRunTest : public RootPixmapSurfaceTest {
+protected:
+    KilledRunTest() {
+        const auto surface = shown(Qt::blue);
+        const xcb_pixmap_t mark = xcb_generate_id(connection->xcb());
+        xcb_create_pixmap(connection->xcb(), 24, mark, connection->root(), 1, 1);
+        connection->intern("ZEPH_TEST"); // the server knows it with the answer
+        kept = client->numbers(client->root(), kRecordName).value(0);
+        client->killOwner(kept);
+        client->killOwner(mark);
+        EXPECT_EQ(client->pixel(kAway), 0x0000FFU);
+    }
+
+    /// Its objects can't do anything any more.
+    void forgetTheRun() { picture.reset(); }
+
+    xcb_pixmap_t kept = XCB_PIXMAP_NONE;
+};
+
+} // namespace
+
+TEST_F(KilledRunTest, theNextStartKnowsTheEarlierPicture) {
+    forgetTheRun();
+    start();
+    const auto surface = shown(Qt::green);
+    EXPECT_EQ(reloads, 1) << "the program is asked whether its picture is another by now";
+    EXPECT_TRUE(client->size(kept).isEmpty()) << "one copy is enough";
+    surface->orderOut();
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
+}
+
+TEST_F(KilledRunTest, theNextStartPutsThePictureBackWhereNoSurfaceIsShown) {
+    forgetTheRun();
+    start();
+    const auto surface = shown(Qt::green, {0, 0, 640, 800});
+    EXPECT_TRUE(waitForPixel({640, 600}, Qt::darkRed));
+    EXPECT_TRUE(waitForPicture({1279, 799}, Qt::darkRed));
+}
+
+TEST_F(KilledRunTest, theNextStartPutsThePictureBackThoughItDrawsAWindow) {
+    forgetTheRun();
+    connection = X11Connection::open(session.display());
+    server = X11WindowServer::create(*connection);
+    server->settle();
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::desktopWindow);
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
+    EXPECT_FALSE(hasRecord());
+    EXPECT_TRUE(client->size(kept).isEmpty());
+}
+
+TEST_F(KilledRunTest, theNextStartTakesThePictureThatTheProgramPaintsThen) {
+    forgetTheRun();
+    start();
+    connection->intern("ZEPH_TEST"); // the server follows the picture with the answer
+    desktop.paint(kWholeScreen, Qt::darkGreen);
+    desktop.announce();
+    const auto surface = shown(Qt::green);
+    surface->orderOut();
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkGreen));
+}
+
+TEST_F(KilledRunTest, thePictureComesBackWithoutAStart) {
+    forgetTheRun();
+    const auto another = X11Connection::open(session.display());
+    EXPECT_TRUE(restoreDesktopPicture(*another));
+    EXPECT_EQ(client->pixel(kAway), QColor(Qt::darkRed).rgb() & 0xFFFFFF);
+    EXPECT_EQ(client->pixel(PlayedDesktop::icon.center()), PlayedDesktop::iconColour);
+    EXPECT_FALSE(hasRecord());
+    EXPECT_TRUE(client->size(kept).isEmpty());
+    EXPECT_FALSE(restoreDesktopPicture(*another)) << "once is enough";
+}
+
+TEST_F(KilledRunTest, nothingIsPutBackIntoAnotherPicture) {
+    forgetTheRun();
+    desktop.renew(kWholeScreen.size(), Qt::darkGreen);
+    const auto another = X11Connection::open(session.display());
+    EXPECT_FALSE(restoreDesktopPicture(*another));
+    EXPECT_EQ(client->pixel(kAway), QColor(Qt::darkGreen).rgb() & 0xFFFFFF);
+    EXPECT_FALSE(hasRecord());
+}
+
+TEST_F(KilledRunTest, theNextStartKeepsThePictureOfAProgramThatTookAnother) {
+    forgetTheRun();
+    desktop.renew(kWholeScreen.size(), Qt::darkGreen);
+    start();
+    EXPECT_EQ(reloads, 0);
+    const auto surface = shown(Qt::green);
+    surface->orderOut();
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkGreen));
+}
+
+} // namespace zeph

@@ -1,0 +1,25 @@
+# SPDX-License-Identifier: MIT
+"""Plasma with the program's own wallpaper in it, which the person allowed."""
+
+from base.outcome import NotApplicable
+
+
+class PlasmaPictures:
+    """Before the class of a row of Plasma."""
+
+    limits = {
+        "chosen_workspaces": "Plasma has one wallpaper for all workspaces, which ours takes the "
+                             "place of: it is plain on those that were not chosen",
+        "quit": "the last picture stays until the person takes our wallpaper out of Plasma",
+        "killed": "the last picture stays until the person takes our wallpaper out of Plasma",
+    }
+
+    def __init__(self, folder, executable):
+        super().__init__(folder, executable)
+        self.tavi.settings["zeph.plasma.wallpaper"] = True
+
+    def takes_clicks_at(self, x, y):
+        try:
+            return super().takes_clicks_at(x, y)
+        except NotApplicable:  # without a surface nothing can be taken
+            return ["Plasma's own desktop"], False

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "TaviFixture.h"
+
+#include "adapters/session/x11/PlayedDesktop.h"
+#include "adapters/session/x11/X11Connection.h"
+#include "adapters/session/x11/X11DesktopPicture.h"
+#include "adapters/session/x11/X11RootPixmapSurface.h"
+#include "adapters/storage/FolderLock.h"
+#include "support/FakeScreens.h"
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+namespace {
+
+const QStringList kCommand{u"--restore-desktop"_s};
+const QPoint kAway(900, 600);
+const QColor kTheirColour = Qt::darkRed;
+constexpr std::uint32_t kOurColour = 0x0000FF;
+
+} // namespace
+
+/// A desktop whose picture a killed run has left painted over.
+class RestoreTest : public TaviTest {
+protected:
+    RestoreTest() { leaveAsKilled(); }
+
+    bool hasPicture() const { return client->pixel(kAway) == (kTheirColour.rgb() & 0xFFFFFF); }
+
+private:
+    void leaveAsKilled() {
+        const auto connection = X11Connection::open(session.display());
+        X11DesktopPicture picture(*connection, [] {});
+        picture.setTarget(m_desktop.target());
+        X11RootPixmapSurface surface(*connection, picture, screen(QString(), 1, 1280, 800));
+        surface.show([](QImage &frame) {
+            frame.fill(Qt::blue);
+            return QRegion(frame.rect());
+        });
+        surface.orderFront();
+        EXPECT_TRUE(waitUntil([&] { return client->pixel(kAway) == kOurColour; }));
+        const xcb_pixmap_t mark = xcb_generate_id(connection->xcb());
+        xcb_create_pixmap(connection->xcb(), 24, mark, connection->root(), 1, 1);
+        connection->intern("ZEPH_TEST"); // the server knows it with the answer
+        client->killOwner(client->numbers(client->root(), "_TAVI_EARLIER_PICTURE").value(0));
+        client->killOwner(mark);
+        EXPECT_EQ(client->pixel(kAway), kOurColour);
+    }
+
+    PlayedDesktop m_desktop{session.display(), {1280, 800}, kTheirColour};
+};
+
+TEST_F(RestoreTest, bringsThePictureBackAndEnds) {
+    Program first(environment(), kCommand);
+    EXPECT_TRUE(first.endsWith(0)) << first.errors().toStdString();
+    EXPECT_EQ(first.output(), u"tavi: the desktop has its earlier picture back\n"_s);
+    EXPECT_TRUE(hasPicture());
+    EXPECT_TRUE(client->findAll("Tavi").isEmpty());
+    EXPECT_FALSE(QFile::exists(path("data/Zeph"))) << "nothing is written";
+
+    Program second(environment(), kCommand);
+    EXPECT_TRUE(second.endsWith(0)) << second.errors().toStdString();
+    EXPECT_EQ(second.output(), u"tavi: there is no earlier picture to put back\n"_s);
+    EXPECT_TRUE(hasPicture());
+}
+
+TEST_F(RestoreTest, leavesAProgramThatRunsWhatItKeeps) {
+    const FolderLock lock(path("data/Zeph"), std::chrono::milliseconds(0));
+    Program tavi(environment(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(1));
+    EXPECT_EQ(tavi.errors(),
+              u"tavi: it is running, and puts the earlier picture back when it ends\n"_s);
+    EXPECT_EQ(client->pixel(kAway), kOurColour);
+    EXPECT_FALSE(client->numbers(client->root(), "_TAVI_EARLIER_PICTURE").isEmpty());
+}
+
+TEST_F(RestoreTest, failsWithoutADisplay) {
+    session.killServer();
+    Program tavi(environment(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(1));
+    EXPECT_EQ(tavi.errors(), u"tavi: there is no X display to put a picture back on\n"_s);
+}
+
+} // namespace zeph

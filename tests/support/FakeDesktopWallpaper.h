@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/DesktopWallpaper.h"
+
+namespace zeph {
+
+/// A desktop that shows our wallpaper, or tells why not.
+class FakeDesktopWallpaper : public DesktopWallpaper {
+public:
+    bool isChosen() const override { return chosen; }
+    void choose(bool isOurs) override {
+        chosen = isOurs;
+        m_changes.send();
+    }
+    QString problem() const override { return m_problem; }
+    Subscription subscribe(std::function<void()> handler) override {
+        return m_changes.subscribe(std::move(handler));
+    }
+
+    void setProblem(const QString &problem) {
+        m_problem = problem;
+        m_changes.send();
+    }
+
+    bool chosen = false;
+
+private:
+    QString m_problem;
+    ChangePublisher m_changes;
+};
+
+} // namespace zeph
