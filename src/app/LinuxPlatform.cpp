@@ -221,6 +221,7 @@ struct LinuxPlatform::Shell {
                 .appearance = appearance,
                 .desktopShell = *desktopShell,
                 .systemSettings = systemSettings,
+                .windowScreens = adapters.session->screens(),
                 .makeLocationClient = [&permission = adapters.locationPermission] {
                     return std::make_unique<GeoClueLocationClient>(
                         QDBusConnection::systemBus(), permission,

@@ -164,7 +164,9 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const Ending &ending,
     openEnding = &ending;
     std::atexit(leaveAfterLoss);
     if (isToolkitOnWayland()) {
-        printMessage = qInstallMessageHandler(saveAfterLastWords);
+        // Known before the first message of any thread comes this way.
+        printMessage = qInstallMessageHandler(nullptr);
+        qInstallMessageHandler(saveAfterLastWords);
     }
     app.launch();
     platform.ports().runLoop.after(tasksRest, [&platform] { platform.releaseTasks(); });
@@ -243,10 +245,11 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
     // would write over each other.
     const FolderLock lock(ownFolder(QStandardPaths::GenericDataLocation), endPatience);
     if (lock.isHeldByAnother()) {
-        if (!claim.callRunning()) {
-            std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
+        if (claim.callRunning()) {
+            return EXIT_SUCCESS;
         }
-        return EXIT_SUCCESS;
+        std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
+        return EXIT_FAILURE;
     }
     const IcuCalendar calendar;
     const IcuCalendar gregorian(u"en_US"_s);

@@ -35,11 +35,21 @@ bool isDesktop(const SessionOffer &offer, QLatin1StringView name) {
     return offer.currentDesktop.split(u':').contains(name, Qt::CaseInsensitive);
 }
 
+/// A transparent wallpaper needs nothing of the desktop program, above whose desktop it lies.
+DrawingWay wayOfTransparent(Mechanism mechanism, DesktopProgram program) {
+    return {mechanism,
+            u"Your wallpaper is transparent, so Tavi's window lies above the desktop of %1, and "
+            u"the icons shine through it and take your clicks."_s.arg(nameOf(program))};
+}
+
 DrawingWay plasmaWay(const SessionOffer &offer, Mechanism without) {
     if (offer.plasma.isGranted) {
         return {Mechanism::plasmaPictures,
                 u"Tavi hands its pictures to its own wallpaper in Plasma, so your icons stay "
                 u"visible and clickable."_s};
+    }
+    if (offer.isTransparent) {
+        return wayOfTransparent(without, DesktopProgram::plasmashell);
     }
     if (!offer.plasma.problem.isEmpty()) {
         return {without,
@@ -105,7 +115,11 @@ DrawingWay wayWithManagerOnly(const SessionOffer &offer) {
                                         u"keeps its window beneath all others by itself."_s};
 }
 
-DrawingWay wayAbove(const DesktopProgramOffer &desktop, const QString &why) {
+DrawingWay wayAbove(const SessionOffer &offer, const DesktopProgramOffer &desktop,
+                    const QString &why) {
+    if (offer.isTransparent) {
+        return wayOfTransparent(Mechanism::desktopWindow, desktop.program);
+    }
     return {Mechanism::desktopWindow,
             u"%1, so Tavi's window lies above the desktop of %2 and covers its icons."_s.arg(
                 why, nameOf(desktop.program))};
@@ -116,21 +130,22 @@ DrawingWay wayWithDesktop(const SessionOffer &offer, const DesktopProgramOffer &
     switch (desktop.program) {
     case DesktopProgram::pcmanfm:
         if (desktop.windows > 1) {
-            return wayAbove(desktop, u"%1 shares the picture of one display only"_s.arg(name));
+            return wayAbove(offer, desktop,
+                            u"%1 shares the picture of one display only"_s.arg(name));
         }
         [[fallthrough]];
     case DesktopProgram::xfdesktop:
     case DesktopProgram::caja:
-        return wayAbove(desktop,
+        return wayAbove(offer, desktop,
                         desktop.sharesPicture
                             ? u"The X server has no room for a copy of the desktop's picture"_s
                             : u"%1 shares no picture that could be painted into"_s.arg(name));
     case DesktopProgram::pcmanfmQt:
-        return wayAbove(desktop, u"%1 keeps its picture to itself"_s.arg(name));
+        return wayAbove(offer, desktop, u"%1 keeps its picture to itself"_s.arg(name));
     case DesktopProgram::nemoDesktop:
     case DesktopProgram::ding:
         if (offer.compositing == Compositing::none) {
-            return wayAbove(desktop,
+            return wayAbove(offer, desktop,
                             u"Nothing shines through without a program that blends windows"_s);
         }
         return {Mechanism::underDesktopProgram,
@@ -147,6 +162,9 @@ DrawingWay wayWithDesktop(const SessionOffer &offer, const DesktopProgramOffer &
 DrawingWay chooseDrawingWay(const SessionOffer &offer) {
     const auto &desktop = offer.desktopProgram;
     if (desktop && canPaintInto(*desktop)) {
+        if (offer.isTransparent) {
+            return wayOfTransparent(Mechanism::rootPixmap, desktop->program);
+        }
         return {
             Mechanism::rootPixmap,
             u"%1 shares its desktop picture, so Tavi paints into it and your icons stay visible "

@@ -50,6 +50,7 @@ struct SessionOffer {
     std::optional<WindowManagerOffer> windowManager = {}; ///< of X11
     Compositing compositing = Compositing::none;          ///< of X11
     std::optional<DesktopProgramOffer> desktopProgram = {}; ///< that runs now
+    bool isTransparent = false; ///< what lies beneath the wallpaper shines through it
     PlasmaPermission plasma = {};
 
     bool operator==(const SessionOffer &) const = default;

@@ -3,6 +3,7 @@
 
 #include "adapters/session/plasma/PlasmaPictureSurface.h"
 #include "adapters/session/plasma/PlasmaWallpaper.h"
+#include "base/Background.h"
 #include "ports/RunLoop.h"
 
 #include <utility>
@@ -13,13 +14,26 @@ PlasmaWindowServer::PlasmaWindowServer(Parties parties, QString pictures)
     : m_with(std::move(parties)),
       m_folders(std::move(pictures)),
       m_wallpaperChanges(m_with.wallpaper.subscribe([this] { permit(); })),
-      m_screenChanges(m_with.screens.subscribe([this] { m_with.wallpaper.lookSoon(); })) {
+      m_screenChanges(m_with.screens.subscribe([this] { screensChanged(); })) {
     permit();
 }
 
 void PlasmaWindowServer::permit() const {
     m_with.permit({m_with.wallpaper.isUsable(),
                    m_with.wallpaper.isChosen() ? m_with.wallpaper.problem() : QString()});
+}
+
+/// The pictures of outputs that are gone would stay in the memory.
+void PlasmaWindowServer::screensChanged() {
+    QStringList connectors;
+    for (const Screen &screen : m_with.screens.all()) {
+        connectors.append(screen.connector);
+    }
+    for (const auto &folder : m_folders.ofOthers(connectors)) {
+        m_with.background.run(
+            m_work, [folder, writer = folder->takeOver()] { folder->remove(writer); }, [] {});
+    }
+    m_with.wallpaper.lookSoon();
 }
 
 std::unique_ptr<DesktopSurface> PlasmaWindowServer::makeDesktopSurface(const Screen &screen,

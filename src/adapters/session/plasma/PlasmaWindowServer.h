@@ -39,6 +39,7 @@ public:
 
 private:
     void permit() const;
+    void screensChanged();
     void picturesRefused();
 
     Parties m_with;

@@ -54,8 +54,24 @@ WaylandWindowServer::WaylandWindowServer(WaylandConnection &connection, LayerShe
     qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
 }
 
+/// Whether it is another one.
+bool WaylandWindowServer::chooseAnew() {
+    const DrawingWay last = std::exchange(m_way, chooseDrawingWay(m_offer));
+    if (m_way == last) {
+        return false;
+    }
+    qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
+    return true;
+}
+
 std::unique_ptr<DesktopSurface> WaylandWindowServer::makeDesktopSurface(const Screen &screen,
                                                                         bool wantsTransparency) {
+    m_offer.isTransparent = wantsTransparency;
+    if (chooseAnew()) {
+        // In a turn of the loop of its own, as whoever is told may be about to make surfaces.
+        QMetaObject::invokeMethod(
+            &m_context, [this] { m_wayChanges.send(); }, Qt::QueuedConnection);
+    }
     return std::make_unique<LayerSurface>(LayerTools{*m_shell.compositor, *m_shell.memory,
                                                      *m_shell.shell, m_shell.viewporter.get(),
                                                      m_outputs, m_shell.abilities(), m_now},
@@ -63,15 +79,13 @@ std::unique_ptr<DesktopSurface> WaylandWindowServer::makeDesktopSurface(const Sc
 }
 
 Subscription WaylandWindowServer::subscribeToDrawingWay(std::function<void()> handler) {
-    return m_ways.subscribe(std::move(handler));
+    return m_wayChanges.subscribe(std::move(handler));
 }
 
 void WaylandWindowServer::permitPlasma(const PlasmaPermission &permission) {
     m_offer.plasma = permission;
-    const DrawingWay last = std::exchange(m_way, chooseDrawingWay(m_offer));
-    if (m_way != last) {
-        qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
-        m_ways.send();
+    if (chooseAnew()) {
+        m_wayChanges.send();
     }
 }
 

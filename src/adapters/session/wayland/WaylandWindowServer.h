@@ -33,8 +33,10 @@ public:
     std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,
                                                        bool wantsTransparency) override;
     DrawingWay drawingWay() const override { return m_way; }
-    /// Has the way of drawing chosen anew by whether our wallpaper can take the place of Plasma's;
-    /// what a compositor offers stays the same while it runs.
+
+    /// Has the way of drawing chosen anew by whether our wallpaper can take the place of Plasma's.
+    /// What a compositor offers stays the same while it runs, and the words for it go by whether
+    /// the newest surface is transparent, too.
     void permitPlasma(const PlasmaPermission &permission);
 
     Subscription subscribeToDrawingWay(std::function<void()> handler) override;
@@ -43,14 +45,17 @@ public:
     Subscription subscribeToLoss(std::function<void()> handler) override;
 
 private:
+    bool chooseAnew();
+
     WaylandConnection &m_connection;
     LayerShell m_shell;
     WaylandOutputs &m_outputs;
     SteadyNow m_now;
     SessionOffer m_offer;
     DrawingWay m_way;
-    ChangePublisher m_ways;
+    ChangePublisher m_wayChanges;
     ChangePublisher m_never;
+    QObject m_context;
 };
 
 } // namespace zeph

@@ -28,11 +28,6 @@ constexpr int kMostFrames = 2;
 
 constexpr int kPlacementsPerBurst = 5;
 
-// The server refuses windows without area.
-QRect usable(const QRect &frame) {
-    return {frame.topLeft(), frame.size().expandedTo(QSize(1, 1))};
-}
-
 // Signed coordinates travel as the unsigned words of a value list.
 std::uint32_t word(int value) {
     return static_cast<std::uint32_t>(value);
@@ -47,10 +42,10 @@ X11DesktopSurface::X11DesktopSurface(X11Connection &connection, X11DesktopStacki
       m_stacking(stacking),
       m_place(place),
       m_visual(visual),
-      m_geometry(usable(screen.deviceFrame)),
       m_colormap(xcb_generate_id(connection.xcb())),
       m_canvas{xcb_generate_id(connection.xcb()), xcb_generate_id(connection.xcb()), visual.depth},
-      m_frame(std::in_place, connection, m_geometry.size(), format()),
+      m_pixels(connection, screen.deviceFrame, format(), X11SurfacePixels::AtFirst::nothing,
+               [this](const QRegion &region) { put(region); }),
       m_placements([this] { notePlace(); }) {
     createWindow();
     m_stacking.add(m_canvas.window, m_place);
@@ -76,10 +71,10 @@ void X11DesktopSurface::createWindow() {
                                    XCB_EVENT_MASK_PROPERTY_CHANGE),
         m_colormap};
     xcb_create_window(xcb, m_visual.depth, m_canvas.window, connection().root(),
-                      static_cast<std::int16_t>(m_geometry.x()),
-                      static_cast<std::int16_t>(m_geometry.y()),
-                      static_cast<std::uint16_t>(m_geometry.width()),
-                      static_cast<std::uint16_t>(m_geometry.height()), 0,
+                      static_cast<std::int16_t>(m_pixels.geometry().x()),
+                      static_cast<std::int16_t>(m_pixels.geometry().y()),
+                      static_cast<std::uint16_t>(m_pixels.geometry().width()),
+                      static_cast<std::uint16_t>(m_pixels.geometry().height()), 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, m_visual.number,
                       XCB_CW_BACK_PIXEL | XCB_CW_BORDER_PIXEL | XCB_CW_OVERRIDE_REDIRECT |
                           XCB_CW_EVENT_MASK | XCB_CW_COLORMAP,
@@ -88,7 +83,7 @@ void X11DesktopSurface::createWindow() {
     const std::uint32_t exposures = 0;
     xcb_create_gc(xcb, m_canvas.context, m_canvas.window, XCB_GC_GRAPHICS_EXPOSURES, &exposures);
     writeDesktopHints(connection(), m_canvas.window);
-    writeGeometryHints(connection(), m_canvas.window, m_geometry);
+    writeGeometryHints(connection(), m_canvas.window, m_pixels.geometry());
     if (hasAlpha()) {
         // One compositor draws desktop windows opaque unless their opacity is just below full.
         const std::uint32_t nearlyFull = 0xFFFFFFFE;
@@ -99,26 +94,21 @@ void X11DesktopSurface::createWindow() {
 }
 
 void X11DesktopSurface::setScreen(const Screen &screen) {
-    const QRect next = usable(screen.deviceFrame);
-    const QRect last = std::exchange(m_geometry, next);
-    if (next == last) {
+    const auto change = m_pixels.setFrame(screen.deviceFrame);
+    if (change == X11SurfacePixels::Change::none) {
         return;
     }
-    if (next.size() != last.size()) {
-        // The old buffer goes first: two of a large screen would be a lot of memory.
-        m_frame.reset();
-        m_frame.emplace(connection(), next.size(), format());
-        m_waiting = nullptr;
+    if (change == X11SurfacePixels::Change::size) {
         m_exposed = {};
     }
-    writeGeometryHints(connection(), m_canvas.window, next);
+    writeGeometryHints(connection(), m_canvas.window, m_pixels.geometry());
     place();
     xcb_flush(connection().xcb());
 }
 
 void X11DesktopSurface::place() {
-    const std::array values{word(m_geometry.x()), word(m_geometry.y()), word(m_geometry.width()),
-                            word(m_geometry.height())};
+    const std::array values{word(m_pixels.geometry().x()), word(m_pixels.geometry().y()),
+                            word(m_pixels.geometry().width()), word(m_pixels.geometry().height())};
     xcb_configure_window(connection().xcb(), m_canvas.window,
                          XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
                              XCB_CONFIG_WINDOW_HEIGHT,
@@ -126,19 +116,12 @@ void X11DesktopSurface::place() {
 }
 
 QRegion X11DesktopSurface::show(FramePainter paint) {
-    if (!m_frame->isFree()) {
-        m_waiting = std::move(paint);
-        return {};
-    }
-    m_waiting = nullptr;
-    QRegion painted = m_frame->paint(paint);
-    put(painted);
-    return painted;
+    return m_pixels.show(std::move(paint));
 }
 
 void X11DesktopSurface::put(const QRegion &region) {
     if (m_isVisible) {
-        m_frame->put(m_canvas, region);
+        m_pixels.buffer().put(m_canvas, region);
     }
 }
 
@@ -175,8 +158,8 @@ void X11DesktopSurface::orderOut() {
 }
 
 void X11DesktopSurface::handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) {
-    if (m_frame->becomesFreeBy(kind, event) && m_waiting) {
-        show(std::exchange(m_waiting, nullptr));
+    if (m_pixels.buffer().becomesFreeBy(kind, event)) {
+        m_pixels.paintWaiting();
         return;
     }
     switch (kind) {
@@ -237,7 +220,7 @@ void X11DesktopSurface::notePlace() {
         const auto *at = static_cast<const xcb_translate_coordinates_reply_t *>(replies[0].get());
         const auto *extent = static_cast<const xcb_get_geometry_reply_t *>(replies[1].get());
         if (at && extent &&
-            QRect(at->dst_x, at->dst_y, extent->width, extent->height) != m_geometry &&
+            QRect(at->dst_x, at->dst_y, extent->width, extent->height) != m_pixels.geometry() &&
             m_placements.allows(kPlacementsPerBurst)) {
             place();
         }

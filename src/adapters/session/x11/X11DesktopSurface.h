@@ -3,13 +3,11 @@
 
 #include "adapters/session/x11/InsistenceLimit.h"
 #include "adapters/session/x11/X11EventListener.h"
-#include "adapters/session/x11/X11FrameBuffer.h"
+#include "adapters/session/x11/X11SurfacePixels.h"
 #include "adapters/session/x11/X11Visual.h"
 #include "ports/DesktopSurface.h"
 
 #include <QTimer>
-
-#include <optional>
 
 namespace zeph {
 
@@ -31,7 +29,7 @@ public:
     void orderOut() override;
 
     xcb_window_t window() const { return m_canvas.window; }
-    bool isShared() const { return m_frame->isShared(); }
+    bool isShared() const { return m_pixels.buffer().isShared(); }
 
 private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
@@ -50,11 +48,9 @@ private:
     X11DesktopStacking &m_stacking;
     DesktopPlace m_place;
     X11Visual m_visual;
-    QRect m_geometry; // in device pixels of the root
     xcb_colormap_t m_colormap;
     X11Canvas m_canvas;
-    std::optional<X11FrameBuffer> m_frame; // always there but while its size changes
-    FramePainter m_waiting;                // until the buffer is free
+    X11SurfacePixels m_pixels;
     QRegion m_exposed;
     bool m_isVisible = false;
     QTimer m_mapWatch; // runs from the first request to map until the window is on the screen

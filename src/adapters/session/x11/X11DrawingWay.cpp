@@ -68,6 +68,12 @@ void X11DrawingWay::doWithoutPicture() {
     }
 }
 
+void X11DrawingWay::noteTransparency(bool isTransparent) {
+    if (std::exchange(m_known.isTransparent, isTransparent) != isTransparent) {
+        chooseSoon();
+    }
+}
+
 void X11DrawingWay::permitPlasma(const PlasmaPermission &permission) {
     if (std::exchange(m_known.plasma, permission) != permission && m_isChosen) {
         choose();

@@ -31,7 +31,8 @@ std::optional<QRect> workAreaIn(const X11AnyReply &reply) {
 
 } // namespace
 
-X11ReservedSpace::X11ReservedSpace(X11Connection &connection) : X11EventListener(connection) {
+X11ReservedSpace::X11ReservedSpace(X11Connection &connection)
+    : X11EventListener(connection), m_unlisted(connection, [this] { read(); }) {
     connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     read();
     connection.waitForReplies();
@@ -81,8 +82,17 @@ void X11ReservedSpace::read() {
     connection().whenReplied(*this, {size, list, workArea},
                              [this](const X11Connection::Replies &replies) {
                                  readStruts({sizeIn(replies[0]), workAreaIn(replies[2])},
-                                            windowsIn(propertyIn(replies[1])));
+                                            withUnlisted(windowsIn(propertyIn(replies[1]))));
                              });
+}
+
+std::vector<xcb_window_t> X11ReservedSpace::withUnlisted(std::vector<xcb_window_t> windows) const {
+    for (const xcb_window_t window : m_unlisted.all()) {
+        if (std::find(windows.begin(), windows.end(), window) == windows.end()) {
+            windows.push_back(window);
+        }
+    }
+    return windows;
 }
 
 void X11ReservedSpace::readStruts(const Extent &extent, std::vector<xcb_window_t> windows) {

@@ -4,6 +4,7 @@
 #include "adapters/session/x11/Strut.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11EventListener.h"
+#include "adapters/session/x11/X11UnlistedWindows.h"
 
 #include <functional>
 #include <optional>
@@ -12,7 +13,7 @@
 namespace zeph {
 
 /// The space that panels and docks keep free of windows, followed without polling. Nothing is
-/// reserved where no window manager lists its windows.
+/// reserved where no window manager lists its windows or is known not to list its docks.
 class X11ReservedSpace : private X11EventListener {
 public:
     /// Knows the panels that are there already; a few round trips.
@@ -39,6 +40,7 @@ private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
     bool tellsOfStruts(const xcb_property_notify_event_t &notify) const;
     void read();
+    std::vector<xcb_window_t> withUnlisted(std::vector<xcb_window_t> windows) const;
     void readStruts(const Extent &extent, std::vector<xcb_window_t> windows);
     void takeStruts(const Extent &extent, const std::vector<xcb_window_t> &windows,
                     const X11Connection::Replies &replies);
@@ -47,6 +49,7 @@ private:
 
     Extent m_extent;
     std::vector<Strut> m_struts;
+    X11UnlistedWindows m_unlisted;
     std::set<xcb_window_t> m_watched; // windows that tell us of their properties
     std::function<void()> m_handler;
     bool m_isReading = false;

@@ -3,11 +3,10 @@
 
 #include "adapters/session/x11/X11DesktopPicture.h"
 #include "adapters/session/x11/X11EventListener.h"
-#include "adapters/session/x11/X11FrameBuffer.h"
+#include "adapters/session/x11/X11SurfacePixels.h"
 #include "ports/DesktopSurface.h"
 
 #include <memory>
-#include <optional>
 
 namespace zeph {
 
@@ -25,20 +24,17 @@ public:
     void orderFront() override;
     void orderOut() override;
 
-    bool isShared() const { return m_frame->isShared(); }
+    bool isShared() const { return m_pixels.buffer().isShared(); }
 
 private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
-    void makeFrame();
     void claim();
     void put(const QRegion &region);
     void waitUntilRead();
 
     X11DesktopPicture &m_picture;
-    QRect m_geometry;                      // in device pixels of the root
-    std::optional<X11FrameBuffer> m_frame; // always there but while its size changes
-    FramePainter m_waiting;                // until the buffer is free
-    int m_fences = 0;                      // requests whose replies tell that the buffer was read
+    X11SurfacePixels m_pixels;
+    int m_fences = 0; // requests whose replies tell that the pixels were read
     std::unique_ptr<X11DesktopPicture::Claim> m_claim; // there while shown
 };
 

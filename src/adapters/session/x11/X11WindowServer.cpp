@@ -69,6 +69,7 @@ std::unique_ptr<DesktopSurface> X11WindowServer::makeDesktopSurface(const Screen
     followPicture();
     // Without a compositor alpha is ignored, and every other surface is cheaper opaque.
     const bool isTransparent = wantsTransparency && m_withAlpha && m_compositor.isRunning();
+    m_way.noteTransparency(isTransparent);
     // Through a transparent surface icons are seen and clicked from above, too.
     if (m_picture && m_way.now().mechanism == DrawingMechanism::rootPixmap && !isTransparent) {
         return std::make_unique<X11RootPixmapSurface>(m_connection, *m_picture, screen);

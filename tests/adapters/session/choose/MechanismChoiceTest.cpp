@@ -35,6 +35,11 @@ SessionOffer allowingPlasma(SessionOffer offer) {
     return offer;
 }
 
+SessionOffer transparent(SessionOffer offer) {
+    offer.isTransparent = true;
+    return offer;
+}
+
 SessionOffer throughXwayland(SessionOffer offer) {
     offer.displaySystem = DisplaySystem::xwayland;
     return offer;
@@ -166,6 +171,29 @@ TEST(MechanismReasonTest, saysWhenIconsAreCovered) {
     }
     EXPECT_THAT(reasonOf(x11(kManager, {{DesktopProgram::plasmashell}})),
                 HasSubstr("covers the icons until you allow"));
+}
+
+TEST(MechanismReasonTest, saysThatIconsShineThroughATransparentWallpaper) {
+    for (const auto program :
+         {DesktopProgram::xfdesktop, DesktopProgram::caja, DesktopProgram::pcmanfm,
+          DesktopProgram::pcmanfmQt, DesktopProgram::plasmashell}) {
+        for (const bool sharesPicture : {true, false}) {
+            const SessionOffer offer = x11(kManager, {{program, sharesPicture}});
+            EXPECT_THAT(reasonOf(transparent(offer)), HasSubstr("shine through it"));
+            EXPECT_EQ(chooseDrawingWay(transparent(offer)).mechanism,
+                      chooseDrawingWay(offer).mechanism);
+        }
+    }
+    EXPECT_THAT(reasonOf(transparent(wayland(u"KDE"_s, true))), HasSubstr("of Plasma"));
+}
+
+TEST(MechanismReasonTest, saysTheSameOfATransparentWallpaperWhereItLiesInTheSamePlace) {
+    for (const SessionOffer &offer :
+         {x11(), x11({}), x11(kManagerWithoutDesktops), wayland(u"sway"_s, true),
+          x11(kManager, {{DesktopProgram::nemoDesktop}}, Compositing::windowManager),
+          allowingPlasma(wayland(u"KDE"_s, true))}) {
+        EXPECT_EQ(chooseDrawingWay(transparent(offer)), chooseDrawingWay(offer));
+    }
 }
 
 TEST(DesktopProgramTest, isKnownByTheClassOfItsWindow) {

@@ -5,6 +5,7 @@
 #include "WaylandClient.h"
 
 #include "adapters/session/wayland/UnknownParts.h"
+#include "support/Environment.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,6 +38,24 @@ TEST(WaylandSession, drawsOnALayerAndSaysWhy) {
     const DrawingWay way = opened.session->windowServer().drawingWay();
     EXPECT_EQ(way.mechanism, DrawingMechanism::layerSurface);
     EXPECT_FALSE(way.reason.isEmpty());
+}
+
+TEST(WaylandSession, saysWhyInOtherWordsWhereTheWallpaperIsTransparent) {
+    const ScopedVariable desktop("XDG_CURRENT_DESKTOP", "KDE");
+    FakeCompositor compositor;
+    const WaylandClient client(compositor.socket());
+    int calls = 0;
+    const Subscription told = client.server->subscribeToDrawingWay([&] { ++calls; });
+    const QString opaque = client.server->drawingWay().reason;
+    const auto first = client.makeSurface();
+    EXPECT_EQ(client.server->drawingWay().reason, opaque);
+    const auto second = client.makeSurface(true);
+    EXPECT_TRUE(client.server->drawingWay().reason.contains(u"shine through it"_s));
+    EXPECT_EQ(calls, 0) << "the surface is being made";
+    QCoreApplication::processEvents();
+    EXPECT_EQ(calls, 1);
+    const auto third = client.makeSurface();
+    EXPECT_EQ(client.server->drawingWay().reason, opaque);
 }
 
 namespace {

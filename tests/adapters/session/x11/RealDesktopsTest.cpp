@@ -288,6 +288,9 @@ TEST_F(ComposedXfceTest, aTransparentWallpaperLiesAboveTheIconsAndShowsThem) {
     ASSERT_TRUE(waitUntil([&] { return X11Compositor(*connection).isRunning(); }));
     const auto surface = server->makeDesktopSurface(wholeScreen(), true);
     EXPECT_TRUE(surface->isTransparent());
+    EXPECT_TRUE(
+        waitUntil([&] { return server->drawingWay().reason.contains(u"shine through it"_s); }));
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::rootPixmap);
     surface->show([](QImage &frame) {
         frame.fill(Qt::transparent);
         frame.setPixelColor(kFree, Qt::blue);

@@ -2,9 +2,11 @@
 #include "X11Fixture.h"
 
 #include "adapters/session/x11/InsistenceLimit.h"
+#include "adapters/session/x11/X11ReservedSpace.h"
 
 #include <gmock/gmock.h>
 
+#include <QFile>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -24,6 +26,15 @@ protected:
     }
 
     DrawingMechanism mechanism() { return server->drawingWay().mechanism; }
+
+    /// i3 with the bar that it brings along.
+    void startI3WithBar() {
+        QFile file(runtime.filePath(u"config"_s));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write("# i3 config file (v4)\nbar {\n id bar\n mode dock\n}\n");
+        file.close();
+        session.start({u"i3"_s, u"-c"_s, file.fileName()});
+    }
 
     pid_t startI3() { return session.start({u"i3"_s, u"-c"_s, u"/dev/null"_s}); }
 
@@ -47,6 +58,20 @@ protected:
 };
 
 } // namespace
+
+TEST_F(RealManagersTest, theBarOfI3TakesItsRoomThoughItIsInNoList) {
+    const X11ReservedSpace space(*connection);
+    startI3WithBar();
+    const auto bottom = [&] { return space.margins(kWholeScreen).bottom(); };
+    EXPECT_TRUE(waitUntil([&] { return bottom() > 0; }));
+    const auto setMode = [&](const QString &mode) {
+        return !session.run({u"i3-msg"_s, u"bar"_s, u"mode"_s, mode, u"bar"_s}).isNull();
+    };
+    ASSERT_TRUE(setMode(u"invisible"_s));
+    EXPECT_TRUE(waitUntil([&] { return bottom() == 0; }));
+    ASSERT_TRUE(setMode(u"dock"_s));
+    EXPECT_TRUE(waitUntil([&] { return bottom() > 0; }));
+}
 
 TEST_F(RealManagersTest, aManagerWithoutDesktopWindowsHasOneLoweredByUs) {
     ASSERT_EQ(mechanism(), DrawingMechanism::desktopWindow);

@@ -59,6 +59,48 @@ TEST_F(ReservedSpaceTest, saysNothingOfWindowsThatReserveNothing) {
     EXPECT_EQ(calls, 1);
 }
 
+/// A manager that only says that it is one, and a panel of another program in no list of windows.
+class UnlistedDockTest : public X11Test {
+protected:
+    void announce(const QByteArray &name) const {
+        const auto check = client->show({.geometry = {0, 0, 1, 1}, .overridesRedirect = true});
+        client->setText(check, "_NET_WM_NAME", name);
+        for (const auto window : {check, client->root()}) {
+            client->setIds(window, "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, {check});
+        }
+    }
+    xcb_window_t showDock() {
+        const auto dock = bar.show({.geometry = {0, 0, 1280, 30}, .type = kDockType});
+        bar.setNumbers(dock, "_NET_WM_STRUT_PARTIAL", kThirtyAtTheTop);
+        return dock;
+    }
+    bool waitForTop(const X11ReservedSpace &space, int top) {
+        return waitUntil([&] { return space.margins(kWholeScreen) == QMargins(0, top, 0, 0); });
+    }
+
+    XTestClient bar{session.display()};
+};
+
+TEST_F(UnlistedDockTest, countsWhereTheManagerListsNoDocks) {
+    announce("i3");
+    const xcb_window_t dock = showDock();
+    X11ReservedSpace space(*connection);
+    EXPECT_EQ(space.margins(kWholeScreen), QMargins(0, 30, 0, 0));
+    bar.destroy(dock);
+    EXPECT_TRUE(waitForTop(space, 0));
+    showDock();
+    EXPECT_TRUE(waitForTop(space, 30));
+    announce("Example");
+    EXPECT_TRUE(waitForTop(space, 0));
+}
+
+TEST_F(UnlistedDockTest, isNoneWhereTheManagerListsThem) {
+    announce("Example");
+    showDock();
+    const X11ReservedSpace space(*connection);
+    EXPECT_EQ(space.margins(kWholeScreen), QMargins());
+}
+
 TEST_F(X11Test, nothingIsReservedWithoutAWindowManager) {
     client->setNumbers(client->root(), "_NET_WORKAREA", {0, 30, 1280, 770});
     const X11ReservedSpace space(*connection);
