@@ -4,6 +4,7 @@
 #include "adapters/session/gnome/GnomeSession.h"
 #include "adapters/session/open/KWinParts.h"
 #include "adapters/session/open/ProtocolParts.h"
+#include "adapters/session/open/SessionKinds.h"
 #include "adapters/session/open/SwayParts.h"
 #include "adapters/session/plasma/PlasmaSession.h"
 #include "adapters/session/wayland/WaylandSession.h"
@@ -18,17 +19,14 @@ namespace zeph {
 
 namespace {
 
-bool isCurrentDesktop(const QString &name) {
-    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':').contains(name);
+QString currentDesktop() {
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
 }
 
-/// With what Plasma adds where that is the desktop.
+/// With what Plasma adds.
 template <typename Session>
-OpenedSession onItsDesktop(std::unique_ptr<Session> session,
-                           const SessionSurroundings &surroundings) {
-    if (!session || !isCurrentDesktop(u"KDE"_s)) {
-        return {std::move(session), {}};
-    }
+OpenedSession withPlasma(std::unique_ptr<Session> session,
+                         const SessionSurroundings &surroundings) {
     auto &server = session->windowServer();
     return {std::make_unique<PlasmaSession>(
                 std::move(session),
@@ -43,11 +41,13 @@ std::unique_ptr<SessionParts> makeSessionParts(const SessionSurroundings &surrou
                                                WaylandConnection &connection,
                                                WaylandOutputs &outputs) {
     const QString sway = qEnvironmentVariable("SWAYSOCK");
-    if (!sway.isEmpty()) {
+    switch (partsKind(sway, currentDesktop())) {
+    case PartsKind::sway:
         return std::make_unique<SwayParts>(surroundings, connection, outputs, sway);
-    }
-    if (isCurrentDesktop(u"KDE"_s)) {
+    case PartsKind::kwin:
         return std::make_unique<KWinParts>(surroundings, connection, QDBusConnection::sessionBus());
+    case PartsKind::protocol:
+        break;
     }
     return std::make_unique<ProtocolParts>(surroundings, connection);
 }
@@ -61,24 +61,31 @@ OpenedSession openWaylandSession(const SessionSurroundings &surroundings,
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }
-    return onItsDesktop(std::move(opened.session), surroundings);
+    if (desktopKind(DisplaySystem::wayland, currentDesktop()) == DesktopKind::plasma) {
+        return withPlasma(std::move(opened.session), surroundings);
+    }
+    return {std::move(opened.session), {}};
 }
 
-/// The X server of a Wayland compositor tells of its own windows and input alone.
-OpenedSession openX11Session(const SessionSurroundings &surroundings, bool isOfWayland) {
+OpenedSession openX11Session(const SessionSurroundings &surroundings, DisplaySystem system) {
     auto opened = X11Session::open({surroundings.entries, surroundings.inputConsent});
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }
-    if (!isOfWayland) {
-        return onItsDesktop(std::move(opened.session), surroundings);
+    switch (desktopKind(system, currentDesktop())) {
+    case DesktopKind::plasma:
+        return withPlasma(std::move(opened.session), surroundings);
+    case DesktopKind::gnome:
+        return {std::make_unique<GnomeSession>(
+                    std::move(opened.session),
+                    GnomeSession::Surroundings{QDBusConnection::sessionBus(),
+                                               surroundings.background, surroundings.entries,
+                                               surroundings.inputConsent, surroundings.runLoop}),
+                {}};
+    case DesktopKind::plain:
+        break;
     }
-    return {std::make_unique<GnomeSession>(
-                std::move(opened.session),
-                GnomeSession::Surroundings{QDBusConnection::sessionBus(), surroundings.background,
-                                           surroundings.entries, surroundings.inputConsent,
-                                           surroundings.runLoop}),
-            {}};
+    return {std::move(opened.session), {}};
 }
 
 } // namespace
@@ -105,7 +112,10 @@ OpenedSession openSession(const SessionSurroundings &surroundings) {
                                         return openWaylandSession(surroundings, display);
                                     },
                                     [&surroundings, &compositor] {
-                                        return openX11Session(surroundings, !compositor.isEmpty());
+                                        return openX11Session(surroundings,
+                                                              compositor.isEmpty()
+                                                                  ? DisplaySystem::x11
+                                                                  : DisplaySystem::xwayland);
                                     }});
 }
 

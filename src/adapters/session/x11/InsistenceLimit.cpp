@@ -1,16 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/InsistenceLimit.h"
 
-#include <algorithm>
+#include "adapters/session/x11/InsistenceBurst.h"
+
 #include <utility>
 
 namespace zeph {
-
-namespace {
-
-constexpr std::chrono::milliseconds kLongestBurst{64000};
-
-} // namespace
 
 InsistenceLimit::InsistenceLimit(std::function<void()> lookAgain, std::chrono::milliseconds burst)
     : m_lookAgain(std::move(lookAgain)), m_shortest(burst) {
@@ -33,8 +28,7 @@ bool InsistenceLimit::allows(int most) {
 }
 
 void InsistenceLimit::endBurst() {
-    m_burst.setInterval(m_wasCutOff ? std::min(2 * m_burst.intervalAsDuration(), kLongestBurst)
-                                    : m_shortest);
+    m_burst.setInterval(nextBurst(m_burst.intervalAsDuration(), m_shortest, m_wasCutOff));
     if (m_wasCutOff) {
         m_lookAgain();
     }

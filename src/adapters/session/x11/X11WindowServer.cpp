@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11WindowServer.h"
 
+#include "adapters/session/x11/OwnPictureCommand.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11DesktopSurface.h"
 #include "adapters/session/x11/X11RootPixmapSurface.h"
@@ -20,11 +21,11 @@ std::optional<RootPixmapTarget> pictureOf(const std::optional<X11DesktopProgram:
     return program ? std::optional(program->target()) : std::nullopt;
 }
 
-/// Has the program paint its own picture anew. The others take a new pixmap whenever theirs
-/// changes, so that none of them can be out of date.
+/// Has the program paint its own picture anew, where it knows how.
 void askForItsPicture(const std::optional<X11DesktopProgram::Found> &program) {
-    if (program && program->kind == DesktopProgram::xfdesktop) {
-        QProcess::startDetached(QStringLiteral("xfdesktop"), {QStringLiteral("--reload")});
+    const QStringList command = program ? ownPictureCommand(program->kind) : QStringList();
+    if (!command.isEmpty()) {
+        QProcess::startDetached(command.first(), command.mid(1));
     }
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "X11Fixture.h"
 
+#include <QElapsedTimer>
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
@@ -129,6 +131,24 @@ TEST_F(WindowServerTest, keepsItsPlaceWhenAWindowManagerStartsLater) {
     EXPECT_TRUE(waitForPixel(client->geometry(normal).center(), Qt::red));
     click({640, 400});
     EXPECT_TRUE(waitUntil([&] { return client->takeClicks(base) > 0; }));
+}
+
+TEST_F(WindowServerTest, restsBeforeItChoosesAnewSoThatAllThatStartsIsCountedInOnce) {
+    server->settle();
+    int calls = 0;
+    const Subscription told = server->subscribeToDrawingWay([&] { ++calls; });
+    QElapsedTimer rest;
+    rest.start();
+    // A manager that starts tells of itself bit by bit.
+    const auto check = client->show({.geometry = {0, 0, 1, 1}, .overridesRedirect = true});
+    for (const auto window : {check, client->root()}) {
+        client->setIds(window, "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, {check});
+    }
+    client->setIds(client->root(), "_NET_SUPPORTED", XCB_ATOM_ATOM,
+                   {client->atom("_NET_WM_WINDOW_TYPE_DESKTOP")});
+    ASSERT_TRUE(waitUntil([&] { return calls > 0; }));
+    EXPECT_GE(rest.elapsed(), 185) << "milliseconds, of timers that may be a twentieth early";
+    EXPECT_TRUE(server->drawingWay().reason.contains(u"knows desktop windows"_s));
 }
 
 TEST_F(WindowServerTest, tellsOnceThatTheServerWentAway) {

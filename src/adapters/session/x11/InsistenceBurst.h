@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+
+namespace zeph {
+
+/// How long the burst after one of `last` lasts: twice as long where that was cut off, up to about
+/// a minute, as both sides insist; else as long as the shortest.
+constexpr std::chrono::milliseconds nextBurst(std::chrono::milliseconds last,
+                                              std::chrono::milliseconds shortest, bool wasCutOff) {
+    constexpr std::chrono::milliseconds longest{64000};
+    return wasCutOff ? std::min(2 * last, longest) : shortest;
+}
+
+} // namespace zeph
