@@ -66,7 +66,8 @@ class PlayedDesk(Desk):
         self.room = SimpleNamespace(folder=Path("/nonexistent"))
         self.tavi, self.opened = PlayedTavi(), []
         self.shown = PlayedPicture(100, (0, 0, 9, 9))
-        self.after_clicks = self.after_restart = self.shown
+        self.clicks = []  # what is shown after the next ones
+        self.after_restart = self.shown
         self.tavi.start({})
 
     def picture(self):
@@ -82,7 +83,8 @@ class PlayedDesk(Desk):
         return ""
 
     def click(self, x, y, button=1):
-        self.shown = self.after_clicks
+        if self.clicks:
+            self.shown = self.clicks.pop(0)
 
     def restart_desktop_program(self):
         self.shown = self.after_restart
@@ -189,9 +191,10 @@ class IconsTest(unittest.TestCase):
     def test_clicks_leave_the_icons_where_they_are(self):
         self.assertIsNone(quick_clicks.check(self.desk))
         for after in (PlayedPicture(50, (0, 0, 9, 9)), PlayedPicture(100, (5, 0, 14, 9))):
-            self.desk.shown, self.desk.after_clicks = PlayedPicture(100, (0, 0, 9, 9)), after
+            self.desk.clicks = [self.desk.shown, after]
             with self.assertRaises(Failed):
                 quick_clicks.check(self.desk)
+            self.desk.shown = PlayedPicture(100, (0, 0, 9, 9))
 
     def test_icons_that_were_never_seen_are_not_as_they_were(self):
         self.assertIsNone(desktop_program.check(self.desk))
