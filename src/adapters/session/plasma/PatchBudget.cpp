@@ -34,7 +34,7 @@ std::vector<QRect> piecesOf(const QRegion &changed) {
 } // namespace
 
 std::vector<QRect> PatchBudget::spend(const QRegion &changed) {
-    const std::vector<QRect> pieces = piecesOf(changed & QRect(QPoint(), m_whole));
+    std::vector<QRect> pieces = piecesOf(changed & QRect(QPoint(), m_whole));
     m_patches += static_cast<int>(pieces.size());
     m_pixels += pixelsOf(pieces);
     const bool isTooMuch =
