@@ -242,8 +242,7 @@ struct LinuxPlatform::Shell {
     SymbolLibrary symbols;
     X11ApplicationPolicy policy;
     std::unique_ptr<LoginItem> loginItem;
-    PackageKitUpdates updates{QDBusConnection::systemBus(),
-                              QCoreApplication::applicationFilePath(),
+    PackageKitUpdates updates{QDBusConnection::systemBus(), QCoreApplication::applicationFilePath(),
                               runsInSandbox(QCoreApplication::applicationFilePath())};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
     std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(

@@ -12,6 +12,7 @@
 #include "adapters/session/wayland/WaylandDisplay.h"
 #include "adapters/session/x11/X11Display.h"
 #include "adapters/storage/FolderLock.h"
+#include "app/DesktopFont.h"
 #include "app/DisplayLoss.h"
 #include "app/EndBudget.h"
 #include "app/LinuxPlatform.h"
@@ -155,7 +156,9 @@ std::unique_ptr<QApplication> makeToolkit(const QByteArray &plugin, int &argumen
     QApplication::setApplicationName(u"com.tavi.Tavi"_s); // the class of the windows
     QApplication::setApplicationDisplayName(u"Tavi"_s);
     OwnFonts::use();
-    return std::make_unique<QApplication>(argumentCount, arguments);
+    auto toolkit = std::make_unique<QApplication>(argumentCount, arguments);
+    QApplication::setFont(desktopFont(QApplication::font()));
+    return toolkit;
 }
 
 /// Launches `app` and runs until the end.

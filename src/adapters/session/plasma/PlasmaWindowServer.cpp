@@ -19,8 +19,9 @@ PlasmaWindowServer::PlasmaWindowServer(Parties parties, QString pictures)
 }
 
 void PlasmaWindowServer::permit() const {
-    m_with.permit({m_with.wallpaper.isUsable(),
-                   m_with.wallpaper.isChosen() ? m_with.wallpaper.problem() : QString()});
+    const PlasmaWallpaper &wallpaper = m_with.wallpaper;
+    m_with.permit({wallpaper.isUsable() && !m_isTransparent,
+                   wallpaper.isChosen() ? wallpaper.problem() : QString()});
 }
 
 /// The pictures of outputs that are gone would stay in the memory.
@@ -38,15 +39,30 @@ void PlasmaWindowServer::screensChanged() {
 
 std::unique_ptr<DesktopSurface> PlasmaWindowServer::makeDesktopSurface(const Screen &screen,
                                                                        bool wantsTransparency) {
-    // Through a transparent surface the user's own wallpaper is to be seen, and the icons are.
-    m_with.wallpaper.setNeeded(!wantsTransparency);
-    if (wantsTransparency || drawingWay().mechanism != DrawingMechanism::plasmaPictures) {
+    if (wantsTransparency) {
+        auto surface = m_with.own.makeDesktopSurface(screen, true);
+        if (surface->isTransparent()) {
+            setTransparent(true);
+            return surface;
+        }
+    }
+    setTransparent(false);
+    if (drawingWay().mechanism != DrawingMechanism::plasmaPictures) {
         return m_with.own.makeDesktopSurface(screen, wantsTransparency);
     }
     return std::make_unique<PlasmaPictureSurface>(
         PlasmaPictureSurface::Tools{m_folders, m_with.background, m_with.runLoop,
                                     [this] { picturesRefused(); }},
         screen);
+}
+
+/// Through a transparent surface the user's own wallpaper is to be seen, and the icons are. The way
+/// is chosen in a later turn, since whoever is told of it may be about to make surfaces.
+void PlasmaWindowServer::setTransparent(bool isTransparent) {
+    m_with.wallpaper.setNeeded(!isTransparent);
+    if (std::exchange(m_isTransparent, isTransparent) != isTransparent) {
+        m_with.runLoop.post(m_work.whileAlive([this] { permit(); }));
+    }
 }
 
 /// In a later turn, since surfaces end by it.

@@ -137,9 +137,21 @@ TEST_F(PlasmaWindowServerTest, aTransparentSurfaceLiesOverTheUsersOwnWallpaper) 
     ASSERT_TRUE(shows(ours));
     surface = make(true);
     EXPECT_FALSE(isPictures(*surface));
-    EXPECT_TRUE(own.logs.back()->wantsTransparency);
+    EXPECT_TRUE(surface->isTransparent());
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::plasmaPictures)
+        << "whoever makes it is not told meanwhile";
     EXPECT_TRUE(shows(image));
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::layerSurface);
     surface = make();
+    loop.drain();
+    surface = make();
+    EXPECT_TRUE(isPictures(*surface));
+    EXPECT_TRUE(shows(ours));
+}
+
+TEST_F(PlasmaWindowServerTest, picturesStayWhereNothingCanShineThrough) {
+    open(true);
+    const auto surface = make(true);
     EXPECT_TRUE(isPictures(*surface));
     EXPECT_TRUE(shows(ours));
 }

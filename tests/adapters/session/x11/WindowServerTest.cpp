@@ -133,6 +133,25 @@ TEST_F(WindowServerTest, keepsItsPlaceWhenAWindowManagerStartsLater) {
     EXPECT_TRUE(waitUntil([&] { return client->takeClicks(base) > 0; }));
 }
 
+TEST_F(WindowServerTest, handsPicturesToPlasmaOnceThatIsAllowed) {
+    const auto desktop = client->show({.geometry = kWholeScreen,
+                                       .type = kDesktopType,
+                                       .instance = "plasmashell",
+                                       .name = "plasmashell"});
+    client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, {desktop});
+    server->settle();
+    ASSERT_TRUE(
+        waitUntil([&] { return server->drawingWay().reason.contains(u"until you allow"_s); }));
+    int changes = 0;
+    const Subscription ways = server->subscribeToDrawingWay([&] { ++changes; });
+    server->permitPlasma({true, {}});
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::plasmaPictures);
+    EXPECT_EQ(changes, 1) << "at once, before the first surface";
+    server->permitPlasma({false, u"Plasma's shell does not run"_s});
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::desktopWindow);
+    EXPECT_EQ(changes, 2);
+}
+
 TEST_F(WindowServerTest, restsBeforeItChoosesAnewSoThatAllThatStartsIsCountedInOnce) {
     server->settle();
     int calls = 0;
