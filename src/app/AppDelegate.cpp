@@ -138,7 +138,6 @@ void AppDelegate::rebuildDesktopWindows() {
         }
     } else {
         m_desktopWindows.clear();
-        m_membership.clear();
         buildWindows(screens);
         m_builtScreenIDs = identities;
     }

@@ -6,6 +6,7 @@
 #include "adapters/bus/NetworkManagerWiFi.h"
 #include "adapters/calendar/EdsEventStore.h"
 #include "adapters/desktop/DesktopShells.h"
+#include "adapters/desktop/ProgramIcons.h"
 #include "adapters/desktop/SettingsPages.h"
 #include "adapters/focus/FocusSource.h"
 #include "adapters/focus/LinuxFocusFile.h"
@@ -97,13 +98,23 @@ QByteArray fileName(const QString &path) {
     return QFile::encodeName(path);
 }
 
+/// The set of settings that the program runs with which draws LXDE's desktop. Waits.
+QString profileOfLxde() {
+    const auto running = ProgramIcons(lxdeDesktop(), &lookForDesktop, {}).iconSetting();
+    if (!running || !running->areShown) {
+        return lxdeDesktop().profile;
+    }
+    return running->value.isEmpty() ? QStringLiteral("default") : running->value;
+}
+
 std::optional<IconStore> iconStoreHere(const DesktopFolder &desktop) {
     const auto kind = iconStoreKindFor(currentDesktop());
     return kind ? std::optional(IconStore{
                       *kind,
                       {QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
                        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
-                       desktop.url().value_or(QByteArray())}})
+                       desktop.url().value_or(QByteArray())},
+                      &profileOfLxde})
                 : std::nullopt;
 }
 
@@ -210,6 +221,7 @@ struct LinuxPlatform::Shell {
                 .appearance = appearance,
                 .desktopShell = *desktopShell,
                 .systemSettings = systemSettings,
+                .windowScreens = adapters.session->screens(),
                 .makeLocationClient = [&permission = adapters.locationPermission] {
                     return std::make_unique<GeoClueLocationClient>(
                         QDBusConnection::systemBus(), permission,
@@ -230,8 +242,7 @@ struct LinuxPlatform::Shell {
     SymbolLibrary symbols;
     X11ApplicationPolicy policy;
     std::unique_ptr<LoginItem> loginItem;
-    PackageKitUpdates updates{QDBusConnection::systemBus(),
-                              QCoreApplication::applicationFilePath(),
+    PackageKitUpdates updates{QDBusConnection::systemBus(), QCoreApplication::applicationFilePath(),
                               runsInSandbox(QCoreApplication::applicationFilePath())};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
     std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(

@@ -12,6 +12,7 @@
 #include "adapters/session/wayland/WaylandDisplay.h"
 #include "adapters/session/x11/X11Display.h"
 #include "adapters/storage/FolderLock.h"
+#include "app/DesktopFont.h"
 #include "app/DisplayLoss.h"
 #include "app/EndBudget.h"
 #include "app/LinuxPlatform.h"
@@ -155,7 +156,9 @@ std::unique_ptr<QApplication> makeToolkit(const QByteArray &plugin, int &argumen
     QApplication::setApplicationName(u"com.tavi.Tavi"_s); // the class of the windows
     QApplication::setApplicationDisplayName(u"Tavi"_s);
     OwnFonts::use();
-    return std::make_unique<QApplication>(argumentCount, arguments);
+    auto toolkit = std::make_unique<QApplication>(argumentCount, arguments);
+    QApplication::setFont(desktopFont(QApplication::font()));
+    return toolkit;
 }
 
 /// Launches `app` and runs until the end.
@@ -164,7 +167,9 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const Ending &ending,
     openEnding = &ending;
     std::atexit(leaveAfterLoss);
     if (isToolkitOnWayland()) {
-        printMessage = qInstallMessageHandler(saveAfterLastWords);
+        // Known before the first message of any thread comes this way.
+        printMessage = qInstallMessageHandler(nullptr);
+        qInstallMessageHandler(saveAfterLastWords);
     }
     app.launch();
     platform.ports().runLoop.after(tasksRest, [&platform] { platform.releaseTasks(); });
@@ -243,10 +248,11 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
     // would write over each other.
     const FolderLock lock(ownFolder(QStandardPaths::GenericDataLocation), endPatience);
     if (lock.isHeldByAnother()) {
-        if (!claim.callRunning()) {
-            std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
+        if (claim.callRunning()) {
+            return EXIT_SUCCESS;
         }
-        return EXIT_SUCCESS;
+        std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
+        return EXIT_FAILURE;
     }
     const IcuCalendar calendar;
     const IcuCalendar gregorian(u"en_US"_s);

@@ -101,7 +101,7 @@ ui::SettingsWindow &Windows::settings() {
 
 void Windows::openSettings() {
     ui::SettingsWindow &window = settings();
-    if (const auto screen = m_context.screens.main()) {
+    if (const auto screen = m_parts.shell.windowScreens.main()) {
         window.hugRightEdge(*screen);
     }
     window.showNormal(); // also when it was minimised

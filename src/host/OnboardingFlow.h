@@ -38,8 +38,8 @@ public:
 
     /// Whether this step asks for a permission.
     bool asks() const;
-    /// What this desktop lacks for this step's permission: why nothing is asked, or what a consent is
-    /// good for all the same. Mostly empty.
+    /// What this desktop lacks for this step's permission: why nothing is asked, or what a consent
+    /// is good for all the same. Mostly empty.
     QString note() const;
     /// Whether the permission that this step asks for is there.
     bool isGranted() const;

@@ -22,9 +22,6 @@ public:
     void remove(int surface, const std::set<quint64> &spaces) override;
     std::set<quint64> spacesOf(int surface) const override;
 
-    /// All surfaces have gone.
-    void clear() { m_spaces.clear(); }
-
 private:
     std::function<std::optional<quint64>(int surface)> m_seenOn;
     std::map<int, std::set<quint64>> m_spaces;

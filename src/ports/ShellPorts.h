@@ -11,6 +11,7 @@ class DesktopAppearance;
 class DesktopShell;
 class LocationClient;
 class LoginItem;
+class Screens;
 class StatusBar;
 class SystemSettings;
 class UpdateFramework;
@@ -25,6 +26,7 @@ struct ShellPorts {
     DesktopAppearance &appearance;
     DesktopShell &desktopShell;
     SystemSettings &systemSettings;
+    Screens &windowScreens; ///< for windows, which may cover icons of the desktop
     /// Makes a client for a fresh look at whether the location may be known.
     std::function<std::unique_ptr<LocationClient>()> makeLocationClient;
 };

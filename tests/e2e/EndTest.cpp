@@ -73,6 +73,41 @@ TEST_F(EndTest, comesWithinHalfASecondWhenTheBusHangs) {
     EXPECT_LE(best, 500) << "milliseconds";
 }
 
+TEST_F(EndTest, givesTheDesktopItsPictureBackThoughATaskHangs) {
+    QImage picture(64, 64, QImage::Format_RGB32);
+    picture.fill(QColor::fromRgb(kBareScreen));
+    ASSERT_TRUE(picture.save(path("home/picture.png")));
+    writeFile(path("home/.config/pcmanfm/default/desktop-items-0.conf"),
+              "[*]\nwallpaper_mode=stretch\nwallpaper_common=1\nwallpaper=" +
+                  QFile::encodeName(path("home/picture.png")) +
+                  "\nshow_documents=0\nshow_trash=0\nshow_mounts=0\n");
+    session.setVariable("HOME", QFile::encodeName(path("home")));
+    session.setVariable("XDG_CONFIG_HOME", QFile::encodeName(path("home/.config")));
+    session.setVariable("XDG_RUNTIME_DIR", QFile::encodeName(path("runtime")));
+    session.setVariable("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+    session.setVariable("NO_AT_BRIDGE", "1");
+    session.start({u"pcmanfm"_s, u"--desktop"_s, u"--profile"_s, u"default"_s});
+    const QSize size = client->geometry(client->root()).size();
+    const auto isBare = [&] { return countBarePixels() > size.width() * size.height() * 9 / 10; };
+    ASSERT_TRUE(waitUntil(
+        [&] { return !client->numbers(client->root(), "_XROOTPMAP_ID").isEmpty() && isBare(); },
+        kPatience));
+
+    // It is asked to hide the icons, and ends only after whoever waits for it.
+    const QByteArray called = QFile::encodeName(path("called"));
+    writeTool("pcmanfm", ": >'" + called + "'; while kill -0 $PPID; do sleep 0.1; done");
+    writeSettings(R"({"zeph.desktop.hideIcons": true})");
+    auto variables = environment();
+    variables.insert(u"PATH"_s, pathOfTools());
+    variables.insert(u"XDG_CURRENT_DESKTOP"_s, u"LXDE"_s);
+    Program tavi(variables);
+    ASSERT_TRUE(waitUntil([&] { return QFile::exists(path("called")); }, kPatience));
+    ASSERT_TRUE(waitUntil([&] { return !isBare(); }, kPatience));
+    tavi.send(SIGTERM);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+    EXPECT_TRUE(waitUntil(isBare));
+}
+
 TEST_F(EndTest, byAKillLeavesASoundDatabaseForTheNextStart) {
     for (int run = 0; run < 2; ++run) {
         Program killed(environment());

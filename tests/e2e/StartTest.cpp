@@ -73,14 +73,14 @@ TEST_F(StartTest, needsNoBus) {
     EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
 }
 
-TEST_F(StartTest, endsAtOnceWhereTheProgramRunsThoughNoBusTellsOfIt) {
+TEST_F(StartTest, failsAtOnceWhereTheProgramRunsAndNoBusLeadsToIt) {
     startWindowManager();
     bus.stop();
     const Program first(environment());
     ASSERT_TRUE(waitForWallpaper());
     writeSettingsFile("damaged");
     Program second(environment());
-    EXPECT_TRUE(second.endsWith(0, std::chrono::seconds(10))) << second.errors().toStdString();
+    EXPECT_TRUE(second.endsWith(1, std::chrono::seconds(10))) << second.errors().toStdString();
     EXPECT_TRUE(second.output().isEmpty()) << second.output().toStdString();
     EXPECT_EQ(second.errors(),
               u"tavi: it runs already, and the session bus does not lead to it\n"_s);
@@ -124,6 +124,35 @@ TEST_F(StartTest, goesOnWhereNothingCanBeSaved) {
     EXPECT_TRUE(tavi.output().contains(line)) << tavi.output().toStdString();
     tavi.send(SIGTERM);
     EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+}
+
+TEST_F(StartTest, leavesTheUsersEnvironmentToTheProgramsThatItStarts) {
+    startWindowManager();
+    // The desktop's tool, which is run as soon as the wallpaper is there.
+    const QByteArray told = QFile::encodeName(path("environment"));
+    writeTool("gnome-extensions",
+              "env >'" + told + ".new' && mv '" + told + ".new' '" + told + '\'');
+    writeFile(path("data/gnome-shell/extensions/ding@rastersoft.com/metadata.json"), "{}");
+    const QMap<QString, QString> ofTheUser{{u"QT_QPA_PLATFORM"_s, u"minimal"_s},
+                                           {u"SESSION_MANAGER"_s, u"local/x:/nonexistent/x"_s}};
+    auto variables = environment();
+    variables.insert(u"PATH"_s, pathOfTools());
+    variables.insert(u"XDG_CURRENT_DESKTOP"_s, u"GNOME"_s);
+    for (auto one = ofTheUser.begin(); one != ofTheUser.end(); ++one) {
+        variables.insert(one.key(), one.value());
+    }
+    Program tavi(variables);
+    ASSERT_TRUE(waitForWallpaper()) << "which is no matter of the user's choice";
+    ASSERT_TRUE(waitUntil([&] { return QFile::exists(path("environment")); }, kPatience));
+    QFile file(path("environment"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+    for (auto one = ofTheUser.begin(); one != ofTheUser.end(); ++one) {
+        EXPECT_TRUE(lines.contains(one.key() + u'=' + one.value())) << one.key().toStdString();
+    }
+    tavi.send(SIGTERM);
+    EXPECT_TRUE(tavi.endsWith(0));
+    EXPECT_EQ(tavi.errors(), QString()) << "no session manager was looked for";
 }
 
 TEST_F(StartTest, ignoresOptions) {

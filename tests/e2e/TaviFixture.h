@@ -92,12 +92,26 @@ protected:
         writeSettingsFile(QJsonDocument(settings).toJson());
     }
 
+    void writeFile(const QString &name, const QByteArray &bytes) const {
+        QDir().mkpath(QFileInfo(name).path());
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(name);
+        ASSERT_EQ(file.write(bytes), bytes.size());
+    }
+
+    /// A program that is found before others of its name with `pathOfTools`.
+    void writeTool(const char *name, const QByteArray &script) const {
+        const QString tool = path("bin/") + QLatin1String(name);
+        writeFile(tool, "#!/bin/sh\n" + script + '\n');
+        QFile::setPermissions(tool, QFile::ReadOwner | QFile::ExeOwner);
+    }
+    QString pathOfTools() const {
+        return path("bin") + QLatin1Char(':') + qEnvironmentVariable("PATH");
+    }
+
     /// The bytes of the file of settings, whatever they are.
     void writeSettingsFile(const QByteArray &bytes) const {
-        QDir(path("config")).mkdir(QStringLiteral("Zeph"));
-        QFile file(path("config/Zeph/defaults.json"));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        ASSERT_EQ(file.write(bytes), bytes.size());
+        writeFile(path("config/Zeph/defaults.json"), bytes);
     }
 
     void startWindowManager() {

@@ -48,7 +48,9 @@ struct TaviOnSwayTest : TaviTest {
         return waitUntil([this] { return countBare() == 0; }, kPatience);
     }
 
-    SwaySession sway{{.configuration = "output * bg #FF00FF solid_color"}};
+    SwaySession sway{{.configuration = "output * bg #FF00FF solid_color\n"
+                                       "for_window [app_id=\"foot\"] floating enable, "
+                                       "resize set 200 120, move position 1000 560"}};
 };
 
 } // namespace
@@ -77,12 +79,21 @@ TEST_F(TaviOnSwayTest, drawsAnewWhereTheScaleChanges) {
     EXPECT_TRUE(program.isRunning());
 }
 
-TEST_F(TaviOnSwayTest, endsWellWithTheSession) {
+TEST_F(TaviOnSwayTest, endsWellWithTheSessionAndSavesWhatItCounted) {
+    sway.start({u"foot"_s, u"sleep"_s, u"600"_s});
     Program program(environment());
     ASSERT_TRUE(waitForLayer());
+    // The name of the application is drawn only after the counting began. Its title bar says
+    // "foot".
+    ASSERT_TRUE(waitUntil([this] { return readWords(picture()).contains(u"Foot"_s); }, kPatience));
+    const char *const counted =
+        "SELECT count(*) FROM app_usage WHERE name = 'Foot' AND seconds > 0";
+    stored("DELETE FROM app_usage");
+    ASSERT_EQ(stored(counted), u"0"_s);
     sway.killCompositor();
     QDir(sway.folder()).removeRecursively();
-    EXPECT_TRUE(program.endsWith(EXIT_SUCCESS)) << "with everything saved";
+    EXPECT_TRUE(program.endsWith(EXIT_SUCCESS));
+    EXPECT_EQ(stored(counted), u"1"_s);
 }
 
 TEST_F(TaviOnSwayTest, takesTheNextCompositorAfterACrash) {

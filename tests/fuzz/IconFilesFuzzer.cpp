@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/icons/IconColumns.h"
+#include "adapters/icons/IconSettings.h"
 #include "adapters/icons/ListedIcons.h"
 #include "adapters/icons/PcmanfmIcons.h"
 #include "adapters/icons/XfdesktopIcons.h"
@@ -34,6 +35,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     check(zeph::xfdesktopIconsIn(bytes, settings));
     check(zeph::xfdesktopIconsIn(bytes, {}));
     check(zeph::pcmanfmIconsIn(bytes, 5));
-    check(zeph::listedIconsIn(bytes, "metadata::caja-icon-position"));
+    check(zeph::listedIconsIn(bytes, "metadata::caja-icon-position", zeph::cajaGrid()));
+    const auto extension = zeph::extensionIconSettingsIn(bytes);
+    check(zeph::listedIconsIn(bytes, "metadata::nautilus-icon-position", extension.grid));
+    require(zeph::iconsBesideFilesIn(bytes).value_or(0) <= 4);
     return 0;
 }

@@ -36,12 +36,6 @@ TEST_F(SpaceMembershipTest, aSurfaceThatCanBeSeenIsOnThatWorkspaceWhateverWasAsk
     EXPECT_THAT(membership.spacesOf(1), ElementsAre(2));
 }
 
-TEST_F(SpaceMembershipTest, forgetsSurfacesThatHaveGone) {
-    membership.add(1, {2});
-    membership.clear();
-    EXPECT_THAT(membership.spacesOf(1), IsEmpty());
-}
-
 } // namespace
 
 } // namespace zeph

@@ -10,6 +10,7 @@
 #include "ports/StatusBar.h"
 #include "ports/UpdateFramework.h"
 #include "support/FakeLocation.h"
+#include "support/FakeScreens.h"
 #include "support/FakeSystemSettings.h"
 
 #include <gtest/gtest.h>
@@ -236,6 +237,7 @@ public:
     FakeAppearance appearance;
     FakeDesktopShell desktopShell{story};
     FakeSystemSettings systemSettings;
+    FakeScreens windowScreens;
     ShellPorts ports{.policy = policy,
                      .statusBar = statusBar,
                      .loginItem = loginItem,
@@ -243,6 +245,7 @@ public:
                      .appearance = appearance,
                      .desktopShell = desktopShell,
                      .systemSettings = systemSettings,
+                     .windowScreens = windowScreens,
                      .makeLocationClient = [] { return std::make_unique<FakeLocationClient>(); }};
 };
 

@@ -18,6 +18,7 @@ struct DesktopIcons {
     std::vector<QPointF> places = {}; ///< top left corners of the cells
     int unplaced = 0; ///< further icons, which the program lays out from the top left, column by
                       ///< column
+    bool isFromRight = false; ///< the first of those columns is the one at the right
 
     bool operator==(const DesktopIcons &) const = default;
 };

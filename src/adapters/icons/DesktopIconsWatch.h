@@ -23,6 +23,9 @@ public:
     /// Follows the icons from now on, or forgets them.
     void setOn(bool isOn);
 
+    /// Whether they lie above a desktop window of ours.
+    bool areAboveDesktopWindows() const { return m_store && m_store->areAboveDesktopWindows(); }
+
     /// None until they were read.
     const DesktopIcons &icons() const { return m_icons; }
 

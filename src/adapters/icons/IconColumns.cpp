@@ -28,8 +28,10 @@ std::vector<QRectF> cellsOf(const DesktopIcons &icons, const QRectF &workArea) {
     const int rows = std::max(1, static_cast<int>(workArea.height() / icons.cell.height()));
     for (int i = 0; i < std::min(icons.unplaced, kMostUnplaced); ++i) {
         const int column = i / rows;
-        const QPointF place(column * icons.cell.width(), i % rows * icons.cell.height());
-        cells.emplace_back(workArea.topLeft() + place, icons.cell);
+        const double left = icons.isFromRight ? workArea.right() - (column + 1) * icons.cell.width()
+                                              : workArea.left() + column * icons.cell.width();
+        const double top = workArea.top() + i % rows * icons.cell.height();
+        cells.emplace_back(QPointF(left, top), icons.cell);
     }
     return cells;
 }

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/icons/IconStore.h"
 
+#include "adapters/icons/IconSettings.h"
 #include "adapters/icons/ListedIcons.h"
 #include "adapters/icons/PcmanfmIcons.h"
 #include "adapters/icons/XfdesktopIcons.h"
 #include "adapters/storage/LinuxDesktopFolder.h"
 #include "adapters/storage/SmallFile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QProcess>
 
@@ -22,7 +24,7 @@ constexpr qint64 kMostBytes = 1 << 20;
 // A file system that hangs must not hold its thread for ever.
 constexpr int kListPatienceMilliseconds = 10'000;
 
-// Those that the programs show beside the files unless they are told not to: the computer or file
+// Those that the programs may show beside the files, where they do not tell: the computer or file
 // system, the home and the trash.
 constexpr int kIconsBesideFiles = 3;
 
@@ -46,7 +48,24 @@ QString xfconfFolder(const QString &config) {
     return config + u"/xfce4/xfconf/xfce-perchannel-xml"_s;
 }
 QString pcmanfmFolder(const QString &config) {
-    return config + u"/pcmanfm/LXDE"_s;
+    return config + u"/pcmanfm"_s;
+}
+
+/// Those of all profiles: which one the program runs with is not known before it was asked.
+QStringList pcmanfmFolders(const QString &config) {
+    const QDir folder(pcmanfmFolder(config));
+    QStringList folders{folder.path()};
+    for (const QString &profile : folder.entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        folders.append(folder.filePath(profile));
+    }
+    return folders;
+}
+
+DesktopIcons readPcmanfm(const IconStore &store) {
+    const QString profile = store.profile ? store.profile() : u"LXDE"_s;
+    const QString items = u"/%1/desktop-items-0.conf"_s.arg(profile);
+    return pcmanfmIconsIn(textOf(pcmanfmFolder(store.folders.config) + items),
+                          shownEntries(store.folders.desktop));
 }
 
 DesktopIcons readXfdesktop(const IconStore::Folders &folders) {
@@ -60,16 +79,13 @@ DesktopIcons readXfdesktop(const IconStore::Folders &folders) {
     return icons;
 }
 
-/// What the tool tells of the files and the icons' places; absent when it is not there or does not
-/// end. It is a process of its own, since the library that knows the places keeps a thread and a
-/// connection to the bus for ever.
-std::optional<QByteArray> listOf(const QByteArray &desktop, const QByteArray &attribute) {
+/// What a tool prints; absent when it is not there, fails or does not end. The libraries that know
+/// places and settings keep a thread and a connection to the bus for ever, so that it is a process
+/// of its own that asks them.
+std::optional<QByteArray> outputOf(const QString &program, const QStringList &arguments) {
     QProcess tool;
     tool.setStandardErrorFile(QProcess::nullDevice());
-    tool.start(u"gio"_s,
-               {u"list"_s, u"--attributes="_s + QString::fromLatin1(attribute),
-                QFile::decodeName(desktop)},
-               QProcess::ReadOnly);
+    tool.start(program, arguments, QProcess::ReadOnly);
     if (!tool.waitForFinished(kListPatienceMilliseconds)) {
         tool.kill();
         tool.waitForFinished(kListPatienceMilliseconds);
@@ -79,13 +95,42 @@ std::optional<QByteArray> listOf(const QByteArray &desktop, const QByteArray &at
     return isDone ? std::optional(tool.readAllStandardOutput()) : std::nullopt;
 }
 
-DesktopIcons readListed(const IconStore::Folders &folders, const QByteArray &attribute) {
-    const auto list = folders.desktop.isEmpty() ? std::nullopt : listOf(folders.desktop, attribute);
-    DesktopIcons icons = listedIconsIn(list.value_or(QByteArray()), attribute);
+QByteArray settingsOf(const QString &schema) {
+    return outputOf(u"gsettings"_s, {u"list-recursively"_s, schema}).value_or(QByteArray());
+}
+
+/// The files, with the places that are kept with them.
+DesktopIcons readListed(const IconStore::Folders &folders, const QByteArray &attribute,
+                        const IconGrid &grid) {
+    const auto list =
+        folders.desktop.isEmpty()
+            ? std::nullopt
+            : outputOf(u"gio"_s, {u"list"_s, u"--attributes="_s + QString::fromLatin1(attribute),
+                                  QFile::decodeName(folders.desktop)});
+    DesktopIcons icons = listedIconsIn(list.value_or(QByteArray()), attribute, grid);
     if (!list) {
         icons.unplaced = shownEntries(folders.desktop);
     }
-    icons.unplaced += kIconsBesideFiles;
+    return icons;
+}
+
+DesktopIcons readFileManager(const IconStore::Folders &folders, const QByteArray &attribute,
+                             const QString &schema) {
+    DesktopIcons icons = readListed(folders, attribute, cajaGrid());
+    icons.unplaced += iconsBesideFilesIn(settingsOf(schema)).value_or(kIconsBesideFiles);
+    return icons;
+}
+
+/// The shell tells of extensions that a session switched on by itself, too.
+DesktopIcons readExtension(const IconStore::Folders &folders) {
+    const auto enabled = outputOf(u"gnome-extensions"_s, {u"list"_s, u"--enabled"_s});
+    if (!listsIconExtension(enabled.value_or(QByteArray()))) {
+        return {};
+    }
+    const auto settings = extensionIconSettingsIn(settingsOf(u"org.gnome.shell.extensions.ding"_s));
+    DesktopIcons icons = readListed(folders, "metadata::nautilus-icon-position", settings.grid);
+    icons.unplaced += settings.iconsBesideFiles;
+    icons.isFromRight = settings.areLaidOutFromRight;
     return icons;
 }
 
@@ -99,10 +144,11 @@ QStringList IconStore::watchedFolders() const {
         break;
     case Kind::caja:
     case Kind::nemo:
-        watched = {folders.data + u"/gvfs-metadata"_s};
+    case Kind::extension:
+        watched = {folders.data + u"/gvfs-metadata"_s, folders.config + u"/dconf"_s};
         break;
     case Kind::pcmanfm:
-        watched = {pcmanfmFolder(folders.config)};
+        watched = pcmanfmFolders(folders.config);
         break;
     }
     if (!folders.desktop.isEmpty()) {
@@ -116,12 +162,13 @@ DesktopIcons IconStore::read() const {
     case Kind::xfdesktop:
         return readXfdesktop(folders);
     case Kind::caja:
-        return readListed(folders, "metadata::caja-icon-position");
+        return readFileManager(folders, "metadata::caja-icon-position", u"org.mate.caja.desktop"_s);
     case Kind::nemo:
-        return readListed(folders, "metadata::nemo-icon-position");
+        return readFileManager(folders, "metadata::nemo-icon-position", u"org.nemo.desktop"_s);
     case Kind::pcmanfm:
-        return pcmanfmIconsIn(textOf(pcmanfmFolder(folders.config) + u"/desktop-items-0.conf"_s),
-                              shownEntries(folders.desktop));
+        return readPcmanfm(*this);
+    case Kind::extension:
+        return readExtension(folders);
     }
     return {};
 }
@@ -140,6 +187,9 @@ std::optional<IconStore::Kind> iconStoreKindFor(const QString &currentDesktop) {
         }
         if (desktop == u"lxde"_s) {
             return IconStore::Kind::pcmanfm;
+        }
+        if (desktop == u"gnome"_s || desktop == u"unity"_s) {
+            return IconStore::Kind::extension;
         }
     }
     return std::nullopt;

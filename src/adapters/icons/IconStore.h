@@ -7,13 +7,14 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 
 namespace zeph {
 
 /// Where the desktop's program keeps the arrangement of its icons.
 struct IconStore {
-    enum class Kind { xfdesktop, caja, nemo, pcmanfm };
+    enum class Kind { xfdesktop, caja, nemo, pcmanfm, extension };
 
     /// The folders of the user, without a slash at the end.
     struct Folders {
@@ -25,7 +26,14 @@ struct IconStore {
     Kind kind = Kind::xfdesktop;
     Folders folders = {};
 
-    /// In which something happens when icons come, go or move.
+    /// The set of settings that pcmanfm runs with; may wait, and is asked on any thread. Without
+    /// one it is that of LXDE.
+    std::function<QString()> profile = {};
+
+    /// Whether the icons lie above a desktop window of ours, which elsewhere covers them.
+    bool areAboveDesktopWindows() const { return kind == Kind::extension; }
+
+    /// In which something happens when icons come, go or move, or what their program shows does.
     QStringList watchedFolders() const;
 
     /// The icons as they are now. Where the arrangement can't be read they count as laid out by

@@ -22,7 +22,7 @@ std::optional<double> coordinate(const QByteArray &text) {
                                                                  : std::nullopt;
 }
 
-/// The top left corner of an icon's picture after "x,y".
+/// What "x,y" tells.
 std::optional<QPointF> placeIn(const QByteArray &text) {
     const qsizetype comma = text.indexOf(',');
     const auto x = coordinate(text.left(comma));
@@ -32,8 +32,14 @@ std::optional<QPointF> placeIn(const QByteArray &text) {
 
 } // namespace
 
-DesktopIcons listedIconsIn(const QByteArray &list, const QByteArray &attribute) {
-    DesktopIcons icons{.cell = kCell};
+IconGrid cajaGrid() {
+    // The cell reaches beyond the picture to both sides, for the name below it.
+    return {kCell, {(kIcon - kCell.width()) / 2, 0}};
+}
+
+DesktopIcons listedIconsIn(const QByteArray &list, const QByteArray &attribute,
+                           const IconGrid &grid) {
+    DesktopIcons icons{.cell = grid.cell};
     const QByteArray name = attribute + '=';
     for (const QByteArray &line : list.split('\n')) {
         if (line.isEmpty()) {
@@ -43,8 +49,7 @@ DesktopIcons listedIconsIn(const QByteArray &list, const QByteArray &attribute) 
         const QByteArray last = line.mid(line.lastIndexOf('\t') + 1);
         const QByteArray value = last.startsWith(name) ? last.mid(name.size()) : QByteArray();
         if (const auto place = placeIn(value)) {
-            // The cell reaches beyond the picture to both sides, for the name below it.
-            icons.places.push_back(*place - QPointF((kCell.width() - kIcon) / 2, 0));
+            icons.places.push_back(*place + grid.corner);
         } else {
             ++icons.unplaced;
         }

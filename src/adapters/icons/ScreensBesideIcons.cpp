@@ -21,13 +21,14 @@ IconScreen onDesktop(const Screen &screen, double scale) {
 
 } // namespace
 
-bool liesBeneathIcons(DrawingMechanism mechanism) {
+bool liesBeneathIcons(DrawingMechanism mechanism, bool areAboveDesktopWindows) {
     switch (mechanism) {
     case DrawingMechanism::rootPixmap:
     case DrawingMechanism::underDesktopProgram:
     case DrawingMechanism::plasmaPictures:
         return true;
     case DrawingMechanism::desktopWindow:
+        return areAboveDesktopWindows;
     case DrawingMechanism::loweredOverride:
     case DrawingMechanism::layerSurface:
         break;
@@ -77,7 +78,8 @@ Subscription ScreensBesideIcons::subscribe(std::function<void()> handler) {
 }
 
 void ScreensBesideIcons::followWay() {
-    m_icons.setOn(liesBeneathIcons(m_server.drawingWay().mechanism));
+    m_icons.setOn(
+        liesBeneathIcons(m_server.drawingWay().mechanism, m_icons.areAboveDesktopWindows()));
 }
 
 void ScreensBesideIcons::follow() {

@@ -36,7 +36,8 @@ private:
 };
 
 /// Whether the desktop's icons are seen over a wallpaper that gets there in this way.
-bool liesBeneathIcons(DrawingMechanism mechanism);
+/// `areAboveDesktopWindows`: GNOME on Wayland keeps its icons above those.
+bool liesBeneathIcons(DrawingMechanism mechanism, bool areAboveDesktopWindows);
 
 /// The same screens with such visible frames.
 std::vector<Screen> besideIcons(std::vector<Screen> screens, const DesktopIcons &icons);

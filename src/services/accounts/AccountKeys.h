@@ -10,6 +10,11 @@ inline QString configuredKey(const QUuid &id) {
     return QStringLiteral("zeph.integrations.%1.configured").arg(uuidText(id));
 }
 
+/// The setting that tells whether a secret was kept for an account. Some are connected without.
+inline QString secretKeptKey(const QUuid &id) {
+    return QStringLiteral("zeph.integrations.%1.secretKept").arg(uuidText(id));
+}
+
 /// The name under which the secret of an account is kept.
 inline QString secretAccount(const QUuid &id) {
     return QStringLiteral("integration.") + uuidText(id);

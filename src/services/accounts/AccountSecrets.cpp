@@ -60,6 +60,9 @@ void AccountSecrets::keep(const QString &secret, const QUuid &id, SecretDone don
                     m_pending.save(m_defaults);
                 }
                 m_defaults.set(configuredKey(id), true);
+                if (outcome == SecretOutcome::done) {
+                    m_defaults.set(secretKeptKey(id), true);
+                }
             }
             done(outcome);
         });
@@ -67,6 +70,10 @@ void AccountSecrets::keep(const QString &secret, const QUuid &id, SecretDone don
 
 void AccountSecrets::mark(const QUuid &id, bool isConnected) {
     ++m_decisions[id];
+    // Of one that was connected earlier it may be unknown.
+    if (isConnected && !m_defaults.boolean(configuredKey(id))) {
+        m_defaults.set(secretKeptKey(id), false);
+    }
     m_defaults.set(configuredKey(id), isConnected);
 }
 
@@ -89,6 +96,7 @@ void AccountSecrets::erase(const QUuid &id, SecretDone done) {
     m_pending.erasures.insert(id);
     m_pending.removals.erase(id); // in the same write: there is always one note of the two
     m_pending.save(m_defaults);
+    m_defaults.remove(secretKeptKey(id));
     QStringList names{secretAccount(id)};
     for (const auto &[provider, target] : m_pending.moves) {
         if (target == id) {
@@ -174,6 +182,7 @@ bool AccountSecrets::takeMoves(const std::vector<Move> &moves) {
     for (const Move &move : moves) {
         if (move.hasSecret && m_decisions.value(move.id) == move.decision) {
             m_defaults.set(configuredKey(move.id), true);
+            m_defaults.set(secretKeptKey(move.id), true);
             hasMoved = true;
         }
         if (move.outcome == SecretOutcome::done) {

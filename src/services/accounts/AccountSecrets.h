@@ -16,9 +16,9 @@ namespace zeph {
 class Keychain;
 
 /// The secrets of the accounts, and the marks in the settings that tell which account was
-/// connected. A mark follows its secret into the keyring and gives way to whatever was decided
-/// meanwhile. An erasure or a move that is refused or cut off is noted, and made up for at the
-/// next launch. Main thread only; the keychain outlives the work of the queue.
+/// connected, and which with a secret. A mark follows its secret into the keyring and gives way to
+/// whatever was decided meanwhile. An erasure or a move that is refused or cut off is noted, and
+/// made up for at the next launch. Main thread only; the keychain outlives the work of the queue.
 class AccountSecrets {
 public:
     AccountSecrets(UserDefaults &defaults, Keychain &keychain, SecretQueue &queue,

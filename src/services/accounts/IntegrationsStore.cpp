@@ -157,6 +157,10 @@ bool IntegrationsStore::hasSecret(const QUuid &id) const {
     return m_defaults.boolean(configuredKey(id));
 }
 
+std::optional<bool> IntegrationsStore::isSecretKept(const QUuid &id) const {
+    return m_defaults.get<bool>(secretKeptKey(id));
+}
+
 bool IntegrationsStore::isReady(const IntegrationConnection &connection) const {
     const bool hasExtra = !withoutOuterBlanks(connection.extra.value_or(QString())).isEmpty();
     return hasSecret(connection.id) && (hasExtra || !providers::needsValue(connection.provider));

@@ -105,6 +105,10 @@ public:
     /// Whether the account was connected. Any thread; never asks the keychain.
     bool hasSecret(const QUuid &id) const;
 
+    /// Whether the keyring was given a secret for the account; absent for an account that an
+    /// earlier version connected. Never asks the keychain.
+    std::optional<bool> isSecretKept(const QUuid &id) const;
+
     /// Whether the account has all that its service needs; it may be switched off all the same.
     /// Any thread; never asks the keychain.
     bool isReady(const IntegrationConnection &connection) const;

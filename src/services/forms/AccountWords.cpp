@@ -67,7 +67,7 @@ FormLink gitHubTokenLink() {
     return {u"Create a token (preset, no expiry) →"_s, address};
 }
 
-bool needsTokenNote(const AccountForm &form, const AppState &state, bool isReady) {
+bool needsTokenNote(const AccountForm &form, const AppState &state, bool isKept) {
     if (!form.account.showContributionGraph || !form.secret.trimmed().isEmpty()) {
         return false;
     }
@@ -75,8 +75,8 @@ bool needsTokenNote(const AccountForm &form, const AppState &state, bool isReady
     const auto record = std::find_if(records.begin(), records.end(), [&form](const auto &one) {
         return one.connectionId == form.account.id;
     });
-    const bool isTold = record != records.end() && record->hasToken;
-    return isTold ? !record->hasToken.value_or(false) : !isReady;
+    const auto told = record == records.end() ? std::nullopt : record->hasToken;
+    return !told.value_or(isKept);
 }
 
 qint64 feedItems(const IntegrationConnection &account) {

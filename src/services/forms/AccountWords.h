@@ -54,8 +54,9 @@ QString accountTitle(const IntegrationConnection &account);
 FormLink gitHubTokenLink();
 
 /// Whether the form has to tell that the contribution graph needs a token: the graph is wanted, and
-/// none is typed or kept. Of an account that `isReady` only its fetches tell whether one is kept.
-bool needsTokenNote(const AccountForm &form, const AppState &state, bool isReady);
+/// none is typed or kept. The account's last fetch knows whether it found one; before there was any
+/// and while the keyring is locked, `isKept` tells whether one was kept.
+bool needsTokenNote(const AccountForm &form, const AppState &state, bool isKept);
 
 /// How many of a feed's items are shown, within the bounds of `RSSService`.
 qint64 feedItems(const IntegrationConnection &account);

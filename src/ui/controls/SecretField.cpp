@@ -31,7 +31,6 @@ SecretField::SecretField(const QString &placeholder, QWidget *parent)
     connect(m_eye, &QPushButton::clicked, this, [this] { reveal(!m_isRevealed); });
     connect(this, &QLineEdit::textChanged, this, [this] { followText(); });
     followText();
-    placeEye();
 }
 
 void SecretField::followText() {
@@ -42,6 +41,7 @@ void SecretField::followText() {
         const QSignalBlocker silence(this);
         setText({});
     }
+    placeEye();
 }
 
 void SecretField::reveal(bool isWanted) {
@@ -58,11 +58,8 @@ void SecretField::placeEye() {
                       size.height());
     m_eye->setGeometry(mirrored(*this, place).toRect());
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    QMargins margins = textMargins();
-    const int plain = isMirrored ? margins.right() : margins.left();
-    const int beyond = size.width() + margin;
-    margins = isMirrored ? QMargins(beyond, 0, plain, 0) : QMargins(plain, 0, beyond, 0);
-    setTextMargins(margins);
+    const int beyond = m_eye->isHidden() ? m_usualMargin : size.width() + margin;
+    setTextMargins(isMirrored ? beyond : m_usualMargin, 0, isMirrored ? m_usualMargin : beyond, 0);
 }
 
 QVariant SecretField::inputMethodQuery(Qt::InputMethodQuery property) const {

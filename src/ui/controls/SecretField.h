@@ -40,6 +40,7 @@ private:
 
     IconButton *m_eye;
     RevealedText m_revealed;
+    int m_usualMargin = textMargins().left(); ///< beside the text where no eye is
     bool m_isRevealed = false;
     int m_anchor = 0; ///< where selecting by the mouse began
 };

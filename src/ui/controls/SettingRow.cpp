@@ -73,6 +73,9 @@ SettingRow::SettingRow(const Words &words, QWidget *control, QWidget *parent)
         under->setContentsMargins(directed(*this, textIndent, 0, rowEdge, 0));
         under->addWidget(control);
         under->addStretch(1);
+        if (auto *alone = dynamic_cast<Switch *>(control)) {
+            alone->setAtStart(true);
+        }
         column->addLayout(under);
     }
     auto *below = new QVBoxLayout(m_below);

@@ -29,10 +29,16 @@ QSize Switch::sizeHint() const {
     return {scaled(48), scaled(34)};
 }
 
+void Switch::setAtStart(bool isAtStart) {
+    m_isAtStart = isAtStart;
+    update();
+}
+
 Rounded Switch::track() const {
     const double wide = scaled(44);
     const double high = scaled(26);
-    return pill(mirrored(*this, {width() - wide, (height() - high) / 2, wide, high}));
+    const double left = m_isAtStart ? 0 : width() - wide;
+    return pill(mirrored(*this, {left, (height() - high) / 2, wide, high}));
 }
 
 void Switch::paintEvent(QPaintEvent *) {

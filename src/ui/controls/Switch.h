@@ -8,10 +8,14 @@
 namespace zeph::ui {
 
 /// On or off: a moon in an outline, or a sun. It has no text of its own; the row that it stands in
-/// names it. Painted flush with the trailing edge of its target, which is larger.
+/// names it. What is painted is smaller than what can be hit.
 class Switch : public QCheckBox {
 public:
     explicit Switch(QWidget *parent = nullptr);
+
+    /// Whether it is painted flush with the leading edge, in line with a text above it; else with
+    /// the trailing one, in line with other controls.
+    void setAtStart(bool isAtStart);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -27,6 +31,7 @@ private:
 
     Interaction m_interaction{*this, [this] { return track(); }};
     Glide m_on;
+    bool m_isAtStart = false;
 };
 
 } // namespace zeph::ui

@@ -233,7 +233,9 @@ void ConnectionEditor::showState() {
         m_bar->showState(!state.icon.isEmpty(), state.text);
     }
     if (m_gitHub != nullptr) {
-        m_gitHub->setNeedsToken(!m_hasKeptToken && needsTokenNote(form, context().state, isReady));
+        // Nobody is told to make a token who may have one.
+        const bool isKept = context().integrations.isSecretKept(m_shown.id).value_or(isReady);
+        m_gitHub->setNeedsToken(!m_hasKeptToken && needsTokenNote(form, context().state, isKept));
     }
 }
 

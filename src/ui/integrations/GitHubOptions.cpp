@@ -31,6 +31,14 @@ QStringList layoutLabels() {
     return labels;
 }
 
+/// The place in the picker; an unknown layout is shown as the one without a choice.
+int pickerIndex(const QString &rawLayout) {
+    const auto layout = contributionLayoutFromRaw(rawLayout).value_or(ContributionLayout::y1);
+    const auto place =
+        std::find(allContributionLayouts.begin(), allContributionLayouts.end(), layout);
+    return static_cast<int>(std::distance(allContributionLayouts.begin(), place));
+}
+
 } // namespace
 
 GitHubOptions::GitHubOptions(QWidget *parent)
@@ -61,19 +69,15 @@ GitHubOptions::GitHubOptions(QWidget *parent)
 void GitHubOptions::show(const IntegrationConnection &account) {
     m_stats->setChecked(account.showStats);
     m_graph->setChecked(account.showContributionGraph);
-    const auto layout = contributionLayoutFromRaw(account.contributionLayout);
-    const auto place = std::find(allContributionLayouts.begin(), allContributionLayouts.end(),
-                                 layout.value_or(ContributionLayout::y1));
-    m_shownLayout = static_cast<int>(std::distance(allContributionLayouts.begin(), place));
-    m_layouts->setCurrentIndex(m_shownLayout);
+    m_layouts->setCurrentIndex(pickerIndex(account.contributionLayout));
     m_layoutRow->setVisible(account.showContributionGraph);
 }
 
 void GitHubOptions::collect(IntegrationConnection &account) const {
     account.showStats = m_stats->isChecked();
     account.showContributionGraph = m_graph->isChecked();
-    // An unknown layout, which shows as the first, stays unless another is chosen.
-    if (m_layouts->currentIndex() != m_shownLayout) {
+    // An unknown layout stays unless another is chosen.
+    if (m_layouts->currentIndex() != pickerIndex(account.contributionLayout)) {
         account.contributionLayout = rawValue(
             allContributionLayouts.at(static_cast<std::size_t>(m_layouts->currentIndex())));
     }

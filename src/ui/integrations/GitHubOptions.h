@@ -21,6 +21,7 @@ public:
     explicit GitHubOptions(QWidget *parent = nullptr);
 
     void show(const IntegrationConnection &account);
+    /// Puts what the form says into `account`, which is as it was stored.
     void collect(IntegrationConnection &account) const;
 
     /// Tells that the graph needs a token, and where one is made.
@@ -36,7 +37,6 @@ private:
     Switch *m_stats;
     Switch *m_graph;
     ChoiceBox *m_layouts;
-    int m_shownLayout = 0; ///< index of what is stored
     SettingRow *m_layoutRow;
     QWidget *m_tokenNote;
 };

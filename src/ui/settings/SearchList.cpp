@@ -21,6 +21,7 @@ constexpr double resultGap = 2;
 constexpr double resultPadding = 12;
 constexpr double resultRadius = 11;
 constexpr int placeRole = Qt::UserRole;
+const QString nothingFound = u"Nothing found."_s;
 
 /// Paints a result; the stock one knows neither the second line nor our veils.
 class ResultDelegate : public QStyledItemDelegate {
@@ -91,6 +92,7 @@ void SearchList::setRows(const QList<Row> &rows) {
         item->setData(Qt::AccessibleDescriptionRole, row.place);
     }
     setCurrentRow(rows.isEmpty() ? -1 : 0);
+    setAccessibleDescription(rows.isEmpty() ? nothingFound : QString());
     viewport()->update();
 }
 
@@ -110,7 +112,7 @@ void SearchList::paintEvent(QPaintEvent *event) {
         const QRect line(scaled(resultPadding), scaled(10),
                          viewport()->width() - 2 * scaled(resultPadding),
                          lineHeight(TypeRole::detail));
-        painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeading, u"Nothing found."_s);
+        painter.drawText(line, Qt::AlignVCenter | Qt::AlignLeading, nothingFound);
     }
 }
 

@@ -163,6 +163,11 @@ void SettingsWindow::showTab(int index) {
 
 void SettingsWindow::hugRightEdge(const Screen &screen) {
     const QRect visible = screen.visibleFrame.toRect();
+    m_edge.reset();
+    if (isInFrame()) {
+        placeInFrame(visible);
+        return;
+    }
     const QSize edges = frameGeometry().size() - size();
     setMinimumSize(scaled(leastSize).boundedTo(visible.size() - edges));
     resize(size().boundedTo(visible.size() - edges));
@@ -170,19 +175,23 @@ void SettingsWindow::hugRightEdge(const Screen &screen) {
     m_edge = visible;
 }
 
-/// As above, by the frame that is around the window now. A manager makes it when the window is
-/// first seen, and each time anew.
-void SettingsWindow::placeInFrame() {
-    const auto visible = std::exchange(m_edge, std::nullopt);
-    if (!visible || windowHandle() == nullptr) {
-        return;
-    }
+/// Whether the window is seen in the size and the frame that it will have.
+bool SettingsWindow::isInFrame() const {
+    constexpr Qt::WindowStates others =
+        Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
+    return windowHandle() != nullptr && windowHandle()->isExposed() &&
+           (windowState() & others) == 0;
+}
+
+/// By the frame that is around the window now. A manager makes it when the window is first seen,
+/// and each time anew.
+void SettingsWindow::placeInFrame(const QRect &visible) {
     const QMargins frame = windowHandle()->frameMargins();
-    const QSize room = visible->marginsRemoved(frame).size();
+    const QSize room = visible.marginsRemoved(frame).size();
     setMinimumSize(scaled(leastSize).boundedTo(room));
     const QSize wanted = size().boundedTo(room);
     const QRect whole = QRect(QPoint(), wanted).marginsAdded(frame);
-    setGeometry({placeAtRightEdge(*visible, whole.size()) - whole.topLeft(), wanted});
+    setGeometry({placeAtRightEdge(visible, whole.size()) - whole.topLeft(), wanted});
 }
 
 bool SettingsWindow::event(QEvent *event) {
@@ -196,7 +205,13 @@ bool SettingsWindow::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() == QEvent::Expose && watched == windowHandle() &&
         windowHandle()->isExposed() && m_edge) {
         QMetaObject::invokeMethod(
-            this, [this] { placeInFrame(); }, Qt::QueuedConnection);
+            this,
+            [this] {
+                if (const auto visible = std::exchange(m_edge, std::nullopt)) {
+                    placeInFrame(*visible);
+                }
+            },
+            Qt::QueuedConnection);
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -70,7 +70,8 @@ private:
     void goBack();
     void showShortcuts();
     void releaseMemory();
-    void placeInFrame();
+    bool isInFrame() const;
+    void placeInFrame(const QRect &visible);
 
     Shown &shownAt(int index);
     void search(const QString &wanted);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/ShortcutsCard.h"
 
+#include "ui/controls/Accessible.h"
 #include "ui/controls/Look.h"
 #include "ui/controls/TextLabel.h"
 
@@ -56,6 +57,7 @@ std::array<Shortcut, 9> shortcuts() {
 
 ShortcutsCard::ShortcutsCard(QWidget *parent) : QWidget(parent), m_card(new QWidget(this)) {
     setFocusPolicy(Qt::StrongFocus);
+    announceAs(*this, QAccessible::Dialog); // before a screen reader is told of the name
     setAccessibleName(u"Keyboard shortcuts"_s);
     hide();
     parent->installEventFilter(this);

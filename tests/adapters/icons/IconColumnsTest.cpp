@@ -32,6 +32,12 @@ TEST(IconColumns, areNoneWithoutIcons) {
     EXPECT_EQ(columns({}), sides(0, 0));
 }
 
+TEST(IconColumns, ofWhatTheProgramLaysOutBeginAtItsSide) {
+    // Eight rows, so that nine icons are two columns.
+    EXPECT_EQ(columns({.cell = kCell, .unplaced = 9}), sides(200, 0));
+    EXPECT_EQ(columns({.cell = kCell, .unplaced = 9, .isFromRight = true}), sides(0, 200));
+}
+
 TEST(IconColumns, reachToTheEndOfTheInnermostIcon) {
     EXPECT_EQ(columns(at({{0, 0}})), sides(100, 0));
     EXPECT_EQ(columns(at({{0, 0}, {200, 300}, {100, 0}})), sides(300, 0));

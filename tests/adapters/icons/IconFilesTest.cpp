@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "adapters/icons/IconSettings.h"
 #include "adapters/icons/ListedIcons.h"
 #include "adapters/icons/PcmanfmIcons.h"
 #include "adapters/icons/XfdesktopIcons.h"
@@ -110,7 +111,7 @@ TEST(PcmanfmIcons, withoutAPlaceCountForNothing) {
 TEST(ListedIcons, lieAboutTheirPictures) {
     const auto icons = listedIconsIn("notes.txt\t6\t(regular)\tmetadata::place=220,222\n"
                                      "a folder\t4096\t(directory)\tmetadata::place=64,22\n",
-                                     "metadata::place");
+                                     "metadata::place", cajaGrid());
     EXPECT_EQ(icons.origin, DesktopIcons::Origin::desktop);
     EXPECT_EQ(icons.places, (std::vector<QPointF>{{166, 222}, {10, 22}}));
     EXPECT_EQ(icons.unplaced, 0);
@@ -121,9 +122,48 @@ TEST(ListedIcons, withoutAPlaceAreLaidOutByTheProgram) {
                                      "metadata::place=1,1\t6\t(regular)\n"
                                      "four\t6\t(regular)\tmetadata::place=1,x\n"
                                      "five\t6\t(regular)\tmetadata::place=7\n",
-                                     "metadata::place");
+                                     "metadata::place", cajaGrid());
     EXPECT_TRUE(icons.places.empty());
     EXPECT_EQ(icons.unplaced, 5);
+}
+
+TEST(IconSettings, tellHowManyIconsAreNoFiles) {
+    EXPECT_EQ(iconsBesideFilesIn("org.mate.caja.desktop computer-icon-visible false\n"
+                                 "org.mate.caja.desktop home-icon-visible true\n"
+                                 "org.mate.caja.desktop home-icon-name 'true'\n"
+                                 "org.mate.caja.desktop trash-icon-visible false\n"
+                                 "org.mate.caja.desktop volumes-visible true\n"),
+              1);
+    EXPECT_EQ(iconsBesideFilesIn("org.nemo.desktop trash-icon-visible false\n"), 0);
+    for (const QByteArray damaged : {"", "\n", "trash-icon-visible", "a b", " \n  \n"}) {
+        EXPECT_EQ(iconsBesideFilesIn(damaged), std::nullopt) << damaged.constData();
+    }
+}
+
+TEST(ExtensionIconSettings, areThoseOfTheProgramWithoutAChoice) {
+    const auto settings = extensionIconSettingsIn("");
+    EXPECT_EQ(settings.iconsBesideFiles, 2);
+    EXPECT_FALSE(settings.areLaidOutFromRight);
+    EXPECT_GE(settings.grid.cell.width(), 128);
+    EXPECT_LE(settings.grid.cell.width(), 142);
+    EXPECT_EQ(settings.grid.cell.height(), 114);
+    EXPECT_EQ(extensionIconSettingsIn("x icon-size 'giant'\n").grid.cell, settings.grid.cell);
+}
+
+TEST(ExtensionIconSettings, tellTheGridAndTheCorner) {
+    const auto settings =
+        extensionIconSettingsIn("org.gnome.shell.extensions.ding icon-size 'tiny'\n"
+                                "org.gnome.shell.extensions.ding show-home false\n"
+                                "org.gnome.shell.extensions.ding start-corner 'bottom-right'\n");
+    EXPECT_EQ(settings.iconsBesideFiles, 1);
+    EXPECT_TRUE(settings.areLaidOutFromRight);
+    EXPECT_EQ(settings.grid.cell.height(), 88);
+}
+
+TEST(IconExtension, isOneLineOfTheList) {
+    EXPECT_TRUE(listsIconExtension("a@b.example\nding@rastersoft.com\n"));
+    EXPECT_FALSE(listsIconExtension("gtk4-ding@rastersoft.com\n"));
+    EXPECT_FALSE(listsIconExtension(""));
 }
 
 } // namespace zeph

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/icons/IconStore.h"
 
+#include "adapters/desktop/ProgramFolder.h"
 #include "support/QtPrinters.h"
 
 #include <QDir>
@@ -8,6 +9,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -29,6 +32,8 @@ protected:
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text);
     }
+
+    ProgramFolder tools;
 
 private:
     QTemporaryDir m_home;
@@ -68,9 +73,23 @@ TEST_F(IconStoreTest, ofPcmanfmIsItsFileAndTheFolder) {
     EXPECT_EQ(icons.unplaced, 1);
 }
 
+TEST_F(IconStoreTest, ofPcmanfmIsThatOfTheProfileItRunsWith) {
+    write(u"Desktop/one"_s);
+    write(u"config/pcmanfm/LXDE/desktop-items-0.conf"_s, "[one]\nx=5\ny=5\n");
+    write(u"config/pcmanfm/work/desktop-items-0.conf"_s, "[one]\nx=700\ny=5\n");
+    IconStore running = store(IconStore::Kind::pcmanfm);
+    running.profile = [] { return u"work"_s; };
+    EXPECT_EQ(running.read().places, (std::vector<QPointF>{{700, 5}}));
+    const QStringList watched = running.watchedFolders();
+    EXPECT_TRUE(std::any_of(watched.begin(), watched.end(),
+                            [](const QString &one) { return one.endsWith(u"/pcmanfm/work"_s); }));
+}
+
 TEST_F(IconStoreTest, ofFilesIsWhatTheToolListsOfThem) {
     write(u"Desktop/one"_s);
     write(u"Desktop/two"_s);
+    tools.install(u"gsettings"_s, "exit 1");
+    tools.install(u"gio"_s, "/usr/bin/gio \"$@\"");
     for (const auto kind : {IconStore::Kind::caja, IconStore::Kind::nemo}) {
         const auto icons = store(kind).read();
         EXPECT_TRUE(icons.places.empty()) << "nothing was placed";
@@ -79,16 +98,55 @@ TEST_F(IconStoreTest, ofFilesIsWhatTheToolListsOfThem) {
     }
 }
 
+TEST_F(IconStoreTest, ofFilesCountsTheIconsBesideThemThatAreShown) {
+    write(u"Desktop/one"_s);
+    tools.install(u"gsettings"_s, "test $1 = list-recursively || exit 1\n"
+                                  "echo $2 computer-icon-visible false\n"
+                                  "echo $2 home-icon-visible false\n"
+                                  "case $2 in\n"
+                                  "org.mate.caja.desktop) echo $2 trash-icon-visible true ;;\n"
+                                  "org.nemo.desktop) echo $2 trash-icon-visible false ;;\n"
+                                  "esac");
+    EXPECT_EQ(store(IconStore::Kind::caja).read().unplaced, 1 + 1);
+    EXPECT_EQ(store(IconStore::Kind::nemo).read().unplaced, 1);
+}
+
+TEST_F(IconStoreTest, ofGnomeIsWhatItsExtensionKeepsWithTheFiles) {
+    tools.install(u"gnome-extensions"_s, "test \"$*\" = 'list --enabled' || exit 1\n"
+                                         "echo ding@rastersoft.com");
+    tools.install(u"gsettings"_s, "echo $2 icon-size \"'small'\"\n"
+                                  "echo $2 show-trash false\n"
+                                  "echo $2 start-corner \"'top-right'\"");
+    tools.install(u"gio"_s,
+                  "test $2 = --attributes=metadata::nautilus-icon-position || exit 1\n"
+                  "printf 'a\\t6\\t(regular)\\tmetadata::nautilus-icon-position=102,34\\n'\n"
+                  "printf 'b\\t6\\t(regular)\\n'");
+    const auto icons = store(IconStore::Kind::extension).read();
+    EXPECT_EQ(icons.places, (std::vector<QPointF>{{100, 32}}));
+    EXPECT_EQ(icons.unplaced, 1 + 1) << "a file without a place, and the home";
+    EXPECT_EQ(icons.cell.height(), 98);
+    EXPECT_TRUE(icons.isFromRight);
+    EXPECT_TRUE(store(IconStore::Kind::extension).areAboveDesktopWindows());
+}
+
+TEST_F(IconStoreTest, ofGnomeAreNoneWithoutItsExtension) {
+    write(u"Desktop/one"_s);
+    EXPECT_EQ(store(IconStore::Kind::extension).read(), DesktopIcons()) << "no tool to ask";
+    tools.install(u"gnome-extensions"_s, "echo other@extension.example");
+    EXPECT_EQ(store(IconStore::Kind::extension).read(), DesktopIcons());
+}
+
 TEST_F(IconStoreTest, withoutADesktopFolderIsOfTheIconsBesideFiles) {
     IconStore none = store(IconStore::Kind::caja);
     none.folders.desktop.clear();
     EXPECT_EQ(none.read().unplaced, 3);
-    EXPECT_EQ(none.watchedFolders().size(), 1);
+    EXPECT_EQ(none.watchedFolders().size(), 2);
 }
 
 TEST_F(IconStoreTest, watchesTheFolderAndWhereThePlacesAreKept) {
-    for (const auto kind : {IconStore::Kind::xfdesktop, IconStore::Kind::caja,
-                            IconStore::Kind::nemo, IconStore::Kind::pcmanfm}) {
+    for (const auto kind :
+         {IconStore::Kind::xfdesktop, IconStore::Kind::caja, IconStore::Kind::nemo,
+          IconStore::Kind::pcmanfm, IconStore::Kind::extension}) {
         const auto watched = store(kind).watchedFolders();
         EXPECT_TRUE(watched.last().endsWith(u"/Desktop"_s));
         EXPECT_GE(watched.size(), 2);
@@ -101,6 +159,7 @@ TEST(IconStoreKind, isThatOfTheDesktop) {
     EXPECT_EQ(iconStoreKindFor(u"X-Cinnamon"_s), IconStore::Kind::nemo);
     EXPECT_EQ(iconStoreKindFor(u"LXDE"_s), IconStore::Kind::pcmanfm);
     EXPECT_EQ(iconStoreKindFor(u"Debian:XFCE"_s), IconStore::Kind::xfdesktop);
+    EXPECT_EQ(iconStoreKindFor(u"ubuntu:GNOME"_s), IconStore::Kind::extension);
     EXPECT_EQ(iconStoreKindFor(u"KDE"_s), std::nullopt);
     EXPECT_EQ(iconStoreKindFor({}), std::nullopt);
 }

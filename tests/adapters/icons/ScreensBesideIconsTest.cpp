@@ -60,10 +60,12 @@ TEST(BesideIcons, lengthsAreInPoints) {
 }
 
 TEST(BesideIcons, theWallpaperLiesInSomeWaysAlone) {
-    EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::rootPixmap));
-    EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::underDesktopProgram));
-    EXPECT_FALSE(liesBeneathIcons(DrawingMechanism::desktopWindow));
-    EXPECT_FALSE(liesBeneathIcons(DrawingMechanism::layerSurface));
+    for (const bool areAbove : {false, true}) {
+        EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::rootPixmap, areAbove));
+        EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::underDesktopProgram, areAbove));
+        EXPECT_EQ(liesBeneathIcons(DrawingMechanism::desktopWindow, areAbove), areAbove);
+        EXPECT_FALSE(liesBeneathIcons(DrawingMechanism::layerSurface, areAbove));
+    }
 }
 
 TEST(ScreensBesideIcons, followTheScreensAndTheIcons) {

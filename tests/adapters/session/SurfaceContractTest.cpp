@@ -1,12 +1,20 @@
 // SPDX-License-Identifier: MIT
+#include "plasma/ShownPictures.h"
 #include "wayland/FakeCompositor.h"
 #include "wayland/WaylandClient.h"
 #include "x11/PlayedDesktop.h"
 #include "x11/X11Fixture.h"
 
+#include "adapters/session/plasma/PictureFolders.h"
+#include "adapters/session/plasma/PlasmaPictureSurface.h"
 #include "adapters/session/x11/X11DesktopPicture.h"
 #include "adapters/session/x11/X11RootPixmapSurface.h"
+#include "base/Background.h"
 #include "support/FakeWindowServer.h"
+#include "support/ManualRunLoop.h"
+#include "support/ManualTaskExecutor.h"
+
+#include <QTemporaryDir>
 
 namespace zeph {
 
@@ -107,6 +115,34 @@ struct LayerKind {
     WaylandClient client;
 };
 
+/// In a folder of pictures, written when the test lets the thread write.
+struct PicturesKind {
+    std::unique_ptr<DesktopSurface> make(const Screen &screen) {
+        return std::make_unique<PlasmaPictureSurface>(
+            PlasmaPictureSurface::Tools{folders, background, loop, [] { ADD_FAILURE(); }}, screen);
+    }
+    bool waitForShown(const QImage &expected) {
+        setFree();
+        return shownBy(folders.around() + u'/' + pictureFolderName({})) == expected;
+    }
+    void setFree() {
+        while (executor.waiting() > 0) {
+            executor.runAll();
+            loop.drain();
+        }
+    }
+    static void keepBusy(DesktopSurface &surface) {
+        surface.show([](QImage &frame) { return QRegion(frame.rect()); });
+    }
+
+    QTemporaryDir around;
+    ManualClock clock;
+    ManualRunLoop loop{clock};
+    ManualTaskExecutor executor;
+    Background background = Background::over(executor, loop);
+    PictureFolders folders{around.filePath(QStringLiteral("tavi/plasma"))};
+};
+
 template <typename Kind>
 class SurfaceContract : public testing::Test {
 protected:
@@ -123,7 +159,7 @@ protected:
     Kind kind;
 };
 
-using Kinds = testing::Types<X11Kind, RootPixmapKind, LayerKind, FakeKind>;
+using Kinds = testing::Types<X11Kind, RootPixmapKind, LayerKind, PicturesKind, FakeKind>;
 TYPED_TEST_SUITE(SurfaceContract, Kinds);
 
 TYPED_TEST(SurfaceContract, hasBlackPixelsOfTheScreensSizeAtFirst) {

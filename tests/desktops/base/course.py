@@ -4,11 +4,10 @@ import time
 import traceback
 from pathlib import Path
 
+from applicable import may_lack
 from checks import checks
 
-from .outcome import Failed, NotApplicable, NotReady
-
-PASSED, FAILED, NOT_APPLICABLE = "passed", "failed", "not applicable"
+from .outcome import FAILED, NOT_APPLICABLE, PASSED, Failed, NotApplicable, NotReady
 
 
 def go_through(desk, picture, only=()):
@@ -28,14 +27,14 @@ def go_through(desk, picture, only=()):
                 mechanism = desk.tavi.mechanism()
             if results["start"][0] == FAILED:
                 break
-        return {"checks": results, "mechanism": mechanism}
+        return {"checks": results, "mechanism": mechanism, "deaths": desk.tavi.deaths}
     finally:
         desk.close()
 
 
 def outcome_of(desk, name, module):
     """(passed, failed or not applicable; what was seen)"""
-    begun = time.monotonic()
+    begun, deaths = time.monotonic(), len(desk.tavi.deaths)
     Failed.witness = lambda: photograph(desk, desk.room.folder / f"failed-{name}.jpg")
     try:
         desk.allow(name)
@@ -45,6 +44,8 @@ def outcome_of(desk, name, module):
         outcome = PASSED, seen
     except NotApplicable as reason:
         outcome = NOT_APPLICABLE, str(reason)
+        if not may_lack(desk, name):
+            outcome = FAILED, f"there is something to look at here, and yet: {reason}"
     except Failed as failure:
         outcome = FAILED, str(failure)
     except NotReady as missing:
@@ -53,8 +54,12 @@ def outcome_of(desk, name, module):
         frame = traceback.extract_tb(fault.__traceback__)[-1]
         place = f"{Path(frame.filename).name}:{frame.lineno}"
         outcome = FAILED, f"the check broke: {fault!r} in {place}"
+    desk.tavi.note_death()
     if not getattr(module, "ENDS", False):
         tidy(desk)
+        desk.tavi.note_death()
+    if desk.tavi.deaths[deaths:]:
+        outcome = FAILED, "; ".join(filter(None, [outcome[1], *desk.tavi.deaths[deaths:]]))
     print(f"  {name}: {': '.join(filter(None, outcome))} ({time.monotonic() - begun:.1f} s)",
           flush=True)
     return outcome
@@ -75,4 +80,4 @@ def tidy(desk):
         print(f"  (could not tidy: {trouble})", flush=True)
 
 
-__all__ = ["go_through", "NotReady", "PASSED", "FAILED", "NOT_APPLICABLE"]
+__all__ = ["go_through", "outcome_of", "NotReady"]

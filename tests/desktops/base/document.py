@@ -6,7 +6,7 @@ import re
 from checks import checks
 from rows import ROWS, row
 
-from .course import FAILED, NOT_APPLICABLE, PASSED
+from .outcome import FAILED, NOT_APPLICABLE, PASSED
 
 SIGNS = {PASSED: "✓", FAILED: "✗", NOT_APPLICABLE: "–"}
 

@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: MIT
 """How a check ends. A check that returns has passed; what it returns is a remark."""
 
+PASSED, FAILED, NOT_APPLICABLE = "passed", "failed", "not applicable"
+
 
 class Failed(Exception):
     """The rule does not hold; the text tells what was seen instead."""

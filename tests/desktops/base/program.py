@@ -17,12 +17,15 @@ class Tavi:
     def __init__(self, room, executable):
         self.room, self.executable = room, executable
         self.process = None
+        self.is_to_end = False  # as somebody asked it to
+        self.deaths = []        # its ends that nobody asked for, and those that went wrong
         self.said = 0
         self.settings = {"zeph.onboarded": True, "zeph.background.hex": WALLPAPER_SETTING,
                          "zeph.clock.24h": True, "zeph.integrations.quote.enabled": False}
 
     def start(self, environment, **settings):
         """Settings are given with `_` for the dots behind `zeph.`."""
+        self.note_death()
         for name, value in settings.items():
             self.settings["zeph." + name.replace("_", ".")] = value
         folder = self.room.folder / "config/Zeph"
@@ -34,9 +37,17 @@ class Tavi:
         self.said = len(self.log())
         self.process = self.room.start(self.executable,
                                        extra=LOGGING | environment)
+        self.is_to_end = False
 
     def is_running(self):
         return self.process is not None and self.process.poll() is None
+
+    def note_death(self):
+        """Notes, once, that it has ended by itself."""
+        if self.process is not None and not self.is_to_end and not self.is_running():
+            self.is_to_end = True
+            self.deaths.append(f"the program ended by itself with {self.process.returncode}: "
+                               + self.last_words())
 
     def has_spoken(self):
         """Whether this run got as far as to look around. Before that a signal just kills it."""
@@ -44,10 +55,20 @@ class Tavi:
 
     def quit(self):
         """Asks it to end; true when it did, with status 0."""
-        self.process.send_signal(signal.SIGTERM)
-        return wait_until(lambda: self.process.poll() is not None) and self.process.returncode == 0
+        self.note_death()
+        if self.is_running():
+            self.is_to_end = True
+            self.process.send_signal(signal.SIGTERM)
+            if not wait_until(lambda: not self.is_running()):
+                self.deaths.append("the program did not end when it was asked to")
+            elif self.process.returncode != 0:
+                self.deaths.append(f"asked to end, the program did with {self.process.returncode}: "
+                                   + self.last_words())
+        return not self.is_running() and self.process.returncode == 0
 
     def kill(self):
+        self.note_death()
+        self.is_to_end = True
         self.room.stop(self.process, (signal.SIGKILL,))
 
     def log(self):

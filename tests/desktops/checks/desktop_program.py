@@ -6,8 +6,7 @@ RULE = "Wallpaper and icons are as they were after the desktop's own program res
 
 
 def check(desk):
-    visible = desk.icons()
     desk.restart_desktop_program()
     expect_settled(desk.shows_wallpaper, desk.seen, 20)
-    expect(lambda: desk.icons() >= 0.95 * visible,
-           lambda: f"{desk.icons()} of the {visible} pixels of an icon")
+    expect(lambda: desk.icons() >= 0.95 * desk.icons_before,
+           lambda: f"{desk.icons()} of the {desk.icons_before} pixels of an icon")

@@ -177,7 +177,9 @@ class Desk:
         self.tavi.start(self.program_environment, **settings)
 
     def end_program(self):
-        if self.tavi.is_running() and not self.tavi.quit():
+        if self.tavi.is_running():
+            self.tavi.quit()
+        if self.tavi.is_running():
             self.tavi.kill()
 
     def expect_running(self):

@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: MIT
+from base.picture import DESKTOP
 from displays.x11_desk import X11Desk
 
 
@@ -17,5 +18,5 @@ class Row(X11Desk):
         self.set_setting("org.gnome.desktop.wm.preferences", "num-workspaces", "4")
 
     def shows_nothing_else(self):
-        """Its own picture comes some time after it."""
-        return self.at(*self.spot()) != 0
+        """Its own picture comes some time after it, over what lay on the root."""
+        return self.at(*self.spot()) not in (0, DESKTOP)

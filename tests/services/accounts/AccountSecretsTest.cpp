@@ -43,6 +43,41 @@ TEST_F(AccountSecretsTest, aSecretIsTrimmedKeptAndMarksTheAccount) {
     EXPECT_EQ(posts, 1);
 }
 
+TEST_F(AccountSecretsTest, itIsKnownWhetherAnAccountIsConnectedByASecret) {
+    const auto account = add(u"github"_s);
+    store->markReady(account.id);
+    settle();
+    EXPECT_TRUE(store->hasSecret(account.id));
+    EXPECT_EQ(store->isSecretKept(account.id), false);
+    store->setSecret(u"ghp_1"_s, account.id);
+    EXPECT_EQ(store->isSecretKept(account.id), false) << "it is on its way";
+    settle();
+    EXPECT_EQ(store->isSecretKept(account.id), true);
+    launchAndSettle();
+    store->markReady(account.id);
+    settle();
+    EXPECT_EQ(store->isSecretKept(account.id), true) << "also by the next start";
+    store->deleteConnection(account.id);
+    settle();
+    EXPECT_EQ(store->isSecretKept(account.id), std::nullopt);
+}
+
+TEST_F(AccountSecretsTest, whetherAnEarlierVersionKeptASecretIsUnknown) {
+    const auto account = add(u"github"_s);
+    defaults.set(configuredKey(account.id), true);
+    store->markReady(account.id);
+    EXPECT_EQ(store->isSecretKept(account.id), std::nullopt);
+}
+
+TEST_F(AccountSecretsTest, aSecretThatTheKeyringRefusesIsNotKept) {
+    const auto account = add(u"github"_s);
+    store->markReady(account.id);
+    secrets.answer(SecretOutcome::refused);
+    store->setSecret(u"ghp_1"_s, account.id);
+    settle();
+    EXPECT_EQ(store->isSecretKept(account.id), false);
+}
+
 TEST_F(AccountSecretsTest, theChangeIsAnnouncedBeforeReadinessChanges) {
     const auto account = add(u"stripe"_s);
     std::vector<bool> readiness;

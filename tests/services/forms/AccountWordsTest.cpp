@@ -139,7 +139,8 @@ TEST(AccountWords, theNoteOfTheTokenStandsForNoTokenThatIsKept) {
     AccountForm form;
     form.account.id = QUuid::createUuid();
     form.account.showContributionGraph = true;
-    EXPECT_FALSE(needsTokenNote(form, state, true)) << "nothing was told yet";
+    EXPECT_TRUE(needsTokenNote(form, state, false)) << "no fetch has told yet";
+    EXPECT_FALSE(needsTokenNote(form, state, true));
     GitHubStats stats;
     stats.hasToken = false;
     state.githubStats = std::vector{stats};
@@ -153,6 +154,7 @@ TEST(AccountWords, theNoteOfTheTokenStandsForNoTokenThatIsKept) {
     stats.hasToken.reset();
     state.githubStats = std::vector{stats};
     EXPECT_FALSE(needsTokenNote(form, state, true)) << "the keyring was locked";
+    EXPECT_TRUE(needsTokenNote(form, state, false));
 }
 
 TEST(AccountWords, tellAnAccountsStateAndName) {

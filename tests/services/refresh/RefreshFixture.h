@@ -60,6 +60,7 @@ protected:
         if (secret) {
             keychain.set(secret, secretAccount(account.id));
         }
+        defaults.set(secretKeptKey(account.id), secret.has_value());
         return account;
     }
 

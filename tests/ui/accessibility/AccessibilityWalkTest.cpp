@@ -12,6 +12,7 @@ namespace zeph {
 using namespace Qt::StringLiterals;
 using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsSupersetOf;
 
 namespace {
@@ -31,7 +32,8 @@ protected:
                   0);
     }
 
-    /// What the walk through that window tells; with "pages" through each of its pages.
+    /// What the walk through that window tells; with "pages" through each of its pages, with
+    /// "over" through what keys bring up over the first one.
     QStringList walk(const QString &window, const QString &how = {}) {
         EXPECT_GT(session.start({QStringLiteral(ZEPH_WINDOW_SHOW), window}), 0);
         const QByteArray told = session.run({u"/bin/sh"_s, u"-c"_s,
@@ -111,6 +113,21 @@ TEST_F(AccessibilityWalk, everyPaneIsNamedAndWalkedToItsEnd) {
                 ElementsAre(u"general"_s, u"integrations"_s, u"widgets"_s, u"layout"_s,
                             u"permissions"_s, u"about"_s, u"accounts"_s, u"no accounts"_s,
                             u"endpoint"_s, u"new endpoint"_s, u"quote"_s));
+}
+
+TEST_F(AccessibilityWalk, whatASearchFindsIsNamedAndReached) {
+    const QStringList told = walk(u"pages"_s, u"over"_s);
+    EXPECT_EQ(faults(told), QStringList()) << told.join(u'\n').toStdString();
+    ASSERT_THAT(pages(told),
+                ElementsAre(u"search for clock"_s, u"search for zzzz"_s, u"shortcuts"_s));
+    EXPECT_THAT(told, IsSupersetOf({u"found | 24-hour clock | General"_s,
+                                    u"says | Nothing found."_s, u"tab | list | Search results"_s}));
+    const QStringList said = linesOf(u"says | "_s, told);
+    ASSERT_EQ(said.size(), 3);
+    EXPECT_THAT(said.constLast().toStdString(), HasSubstr("Ctrl+F: Search the settings"));
+    EXPECT_THAT(told,
+                IsSupersetOf({u"tab | dialog | Keyboard shortcuts"_s, u"label | Ctrl+F | enabled"_s,
+                              u"label | Search the settings | enabled"_s}));
 }
 
 TEST_F(AccessibilityWalk, theFormOfEveryServiceIsNamedAndWalkedToItsEnd) {

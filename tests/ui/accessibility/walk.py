@@ -1,9 +1,10 @@
 #!/usr/bin/python3
-"""walk.py [pages]: reads the window of "window-show" as a screen reader does, and walks it by Tab.
+"""walk.py [pages|over]: reads the window of "window-show" as a screen reader does, and walks it by Tab.
 
 Prints a line a control, "role | name | states", then "tab | name" for each stop of the walk, and what
 is wrong as "WRONG ...". Ends with 1 when something is. With "pages" it goes on to each page of the
-window by F12, and prints "page | name" before what it tells of it.
+window by F12, and prints "page | name" before what it tells of it. With "over" it walks what keys bring
+up over a page: what a search finds, and the list of the keys.
 """
 import subprocess
 import sys
@@ -257,6 +258,75 @@ def walk_pages(window, focus, wrong):
         time.sleep(0.1)  # until it is laid out
 
 
+def results(window):
+    """What was found, in the list that a search fills."""
+    for _, node in seen(window):
+        if node.getRole() == pyatspi.ROLE_LIST and node.name == "Search results":
+            return node
+    return None
+
+
+def settled_results(window):
+    """The same once it stays as it is: panes that were not looked at yet are searched one by one."""
+    last = None
+    for _ in range(20):
+        time.sleep(0.2)
+        found = results(window)
+        now = None if found is None else [row.name for row in found]
+        if now is not None and now == last:
+            return found
+        last = now
+    return None
+
+
+def walk_search(window, focus, wrong, word):
+    print(f"page | search for {word}")
+    press("ctrl+f")
+    subprocess.run(["xdotool", "type", word], check=True)
+    found = settled_results(window)
+    if found is None:
+        wrong.append(f"nothing tells what was found of {word!r}")
+        return
+    print(f"says | {found.description}")
+    for row in found:
+        print(f"found | {row.name} | {row.description}")
+        if not row.name or not row.description:
+            wrong.append(f"a result says not what or where it is: {row.name!r}, {row.description!r}")
+    if found.childCount > 0:
+        check(window, focus, wrong)
+    press("ctrl+f", "Escape")
+    if not until(lambda: results(window) is None):
+        wrong.append("Escape does not end the search")
+
+
+def walk_shortcuts(window, focus, wrong):
+    """They lie over all else, so that nothing else is a stop."""
+    print("page | shortcuts")
+    before = until(lambda: focused(window))
+    press("F1")
+    shown = until(lambda: next((node for _, node in seen(window)
+                                if node.getRole() == pyatspi.ROLE_DIALOG
+                                and has(node, pyatspi.STATE_FOCUSED)), None))
+    if shown is None:
+        wrong.append("F1 brings no list of the keys to the focus")
+        return
+    print(f"says | {shown.description}")
+    check(shown, focus, wrong)
+    press("Tab")
+    time.sleep(0.2)
+    if not has(shown, pyatspi.STATE_FOCUSED):
+        wrong.append("Tab leads out of the list of the keys")
+    press("Escape")
+    if not until(lambda: focused(window) is not None and key(focused(window)) == key(before)):
+        wrong.append("the focus does not come back from the list of the keys")
+
+
+def walk_over(window, focus, wrong):
+    walk_search(window, focus, wrong, "clock")
+    walk_search(window, focus, wrong, "zzzz")
+    walk_shortcuts(window, focus, wrong)
+
+
 def main():
     found = until(application)
     if found is None:
@@ -270,6 +340,8 @@ def main():
     focus = Focus()
     if "pages" in sys.argv[1:]:
         walk_pages(window, focus, wrong)
+    elif "over" in sys.argv[1:]:
+        walk_over(window, focus, wrong)
     else:
         check(window, focus, wrong)
     for fault in wrong:

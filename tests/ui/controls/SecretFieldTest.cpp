@@ -48,6 +48,18 @@ TEST_F(SecretFieldTest, theTextIsHiddenUntilTheEyeIsPressed) {
     EXPECT_EQ(picture(), hidden) << "as many dots";
 }
 
+TEST_F(SecretFieldTest, theEyeTakesRoomOnlyWhereItIs) {
+    const int usual = field.textMargins().left();
+    EXPECT_GT(field.textMargins().right(), usual);
+    field.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_GT(field.textMargins().left(), usual);
+    EXPECT_EQ(field.textMargins().right(), usual);
+    field.clear();
+    EXPECT_EQ(field.textMargins().left(), usual) << "what it asks for begins like in other fields";
+    field.setText(u"rk_1"_s);
+    EXPECT_GT(field.textMargins().left(), usual);
+}
+
 TEST_F(SecretFieldTest, theEyeTellsWhatItWillDoAndIsThereWithATextOnly) {
     EXPECT_TRUE(eye.isVisible());
     EXPECT_EQ(accessible(eye).text(QAccessible::Name), u"Show");

@@ -78,6 +78,17 @@ TEST_F(SwitchTest, fromRightToLeftItIsMirrored) {
     EXPECT_EQ(back.pixelColor(4 + 13, 17), plain.pixelColor(4 + 13, 17));
 }
 
+TEST_F(SwitchTest, isPaintedAtTheEndOfItsPlaceOrAtTheStart) {
+    look.setMotion(false);
+    const QColor sky = picture().pixelColor(1, 1);
+    toggle.setChecked(true);
+    EXPECT_EQ(picture().pixelColor(2, 17), sky);
+    EXPECT_NE(picture().pixelColor(46, 17), sky);
+    toggle.setAtStart(true);
+    EXPECT_NE(picture().pixelColor(2, 17), sky);
+    EXPECT_EQ(picture().pixelColor(46, 17), sky);
+}
+
 TEST_F(SwitchTest, isReadAsACheckBoxWithItsState) {
     EXPECT_EQ(accessible(toggle).role(), QAccessible::CheckBox);
     EXPECT_EQ(accessible(toggle).text(QAccessible::Name), u"24-hour clock");

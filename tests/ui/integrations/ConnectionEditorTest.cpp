@@ -318,6 +318,61 @@ TEST_F(ConnectionEditorTest, gitHubAsksForATokenOnlyForTheGraph) {
     EXPECT_FALSE(shows(note)) << "it is kept, though the last fetch was without it";
 }
 
+TEST_F(ConnectionEditorTest, gitHubAsksForATokenBeforeAnyFetchToo) {
+    const auto paused = [this](const std::optional<QString> &token) {
+        auto &account = connect(u"github"_s, token, u"octo"_s);
+        account.showContributionGraph = true;
+        account.enabled = false; // so that no fetch comes
+        return account;
+    };
+    const auto without = paused(std::nullopt);
+    const auto with = paused(u"ghp_1"_s);
+    const auto unknown = paused(std::nullopt);
+    defaults.remove(secretKeptKey(unknown.id)); // as earlier versions left it
+    const auto note = u"The contribution grid needs a personal access token — GitHub only exposes "
+                      "it to authenticated requests, so a username alone won't work. A token also "
+                      "unlocks your private-repo stats."_s;
+    open();
+    showAccount(without);
+    EXPECT_TRUE(shows(note));
+    for (const auto &account : {with, unknown}) {
+        showAccount(account);
+        EXPECT_FALSE(shows(note));
+    }
+}
+
+TEST_F(ConnectionEditorTest, aGraphThatIsChosenIsSavedThoughTheAccountChangedMeanwhile) {
+    auto &account = connect(u"github"_s, std::nullopt, u"octo"_s);
+    account.showContributionGraph = true;
+    open();
+    showAccount(account);
+    auto *const layouts = window.findChild<QComboBox *>();
+    ASSERT_NE(layouts, nullptr);
+    layouts->setFocus();
+    QTest::keyClick(layouts, Qt::Key_Down);
+    account.name = u"Work"_s;
+    store->updateConnection(account);
+    settle();
+    EXPECT_EQ(layouts->currentText(), u"Last 2 years (stacked)"_s);
+    press(u"Save changes"_s);
+    settle();
+    EXPECT_EQ(stored(account.id).contributionLayout, u"y2"_s);
+    EXPECT_EQ(stored(account.id).name, u"Work"_s);
+}
+
+TEST_F(ConnectionEditorTest, aGraphOfALaterVersionStaysUntilAnotherIsChosen) {
+    auto &account = connect(u"github"_s, std::nullopt, u"octo"_s);
+    account.showContributionGraph = true;
+    account.contributionLayout = u"y9"_s;
+    open();
+    showAccount(account);
+    type(u"Display name"_s, u"Mine"_s);
+    press(u"Save changes"_s);
+    settle();
+    EXPECT_EQ(stored(account.id).name, u"Mine"_s);
+    EXPECT_EQ(stored(account.id).contributionLayout, u"y9"_s);
+}
+
 TEST_F(ConnectionEditorTest, gitHubNeedsAUserNameAndSpeaksOfATokenNotOfAKey) {
     open();
     addAccount(u"github"_s);

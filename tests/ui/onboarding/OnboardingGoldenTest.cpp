@@ -36,6 +36,12 @@ TEST_F(GoldenOnboarding, rhythmWhereKeysCanNotBeCounted) {
     expectStep(OnboardingStep::input, u"1-rhythm-uncounted"_s);
 }
 
+TEST_F(GoldenOnboarding, rhythmWhereOnlyTheAppInFrontIsTold) {
+    input.countsKeys = false;
+    input.tellsFront = true;
+    expectStep(OnboardingStep::input, u"1-rhythm-front"_s);
+}
+
 TEST_F(GoldenOnboarding, place) {
     expectStep(OnboardingStep::location, u"2-place"_s);
 }

@@ -39,12 +39,17 @@ protected:
     /// The window with its frame, as it is on the screen.
     QRect framed() const { return client.geometry(client.frameOf(window())); }
 
+    /// Whether the window is there and the toolkit has heard of it.
+    bool standsAt(int x) const {
+        return framed().x() == x && made.window->frameGeometry() == framed();
+    }
+
     bool hugsTheEdge() const {
         const QRect whole = framed();
         const int above = whole.y() - visible.y();
         const int below = visible.bottom() - whole.bottom();
         return client.frameOf(window()) != window() && visible.right() - whole.right() == 24 &&
-               std::abs(above - below) <= 1;
+               std::abs(above - below) <= 1 && standsAt(whole.x());
     }
 
     XTestClient client{display->display()};
@@ -64,7 +69,7 @@ TEST_F(SettingsWindowFrameTest, aWindowThatTheUserMovedStaysUntilItIsOpenedAgain
     open();
     ASSERT_TRUE(waitUntil([this] { return hugsTheEdge(); }));
     made.window->move(60, 120);
-    ASSERT_TRUE(waitUntil([this] { return framed().x() == 60; }));
+    ASSERT_TRUE(waitUntil([this] { return standsAt(60); }));
     made.window->lower(); // and seen again
     made.window->raise();
     made.window->update();
@@ -73,6 +78,22 @@ TEST_F(SettingsWindowFrameTest, aWindowThatTheUserMovedStaysUntilItIsOpenedAgain
     made.window->close();
     open();
     EXPECT_TRUE(waitUntil([this] { return hugsTheEdge(); }));
+}
+
+TEST_F(SettingsWindowFrameTest, aWindowThatWasOpenedTwiceStaysWhereTheUserMovesIt) {
+    open();
+    ASSERT_TRUE(waitUntil([this] { return hugsTheEdge(); }));
+    made.window->move(60, 120);
+    ASSERT_TRUE(waitUntil([this] { return standsAt(60); }));
+    open();
+    ASSERT_TRUE(waitUntil([this] { return hugsTheEdge(); }));
+    made.window->move(60, 120);
+    ASSERT_TRUE(waitUntil([this] { return standsAt(60); }));
+    const auto other = client.show({.geometry = {100, 200, 300, 200}});
+    runLoopFor(std::chrono::milliseconds(100));
+    client.destroy(other); // what was below is drawn again
+    runLoopFor(std::chrono::milliseconds(200));
+    EXPECT_EQ(framed().x(), 60);
 }
 
 TEST_F(SettingsWindowFrameTest, onASmallScreenTheFrameIsWithinIt) {

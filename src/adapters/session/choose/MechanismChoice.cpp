@@ -57,7 +57,8 @@ DrawingWay plasmaWay(const SessionOffer &offer, Mechanism without) {
                     offer.plasma.problem)};
     }
     return {without, u"Plasma lets nothing shine through its desktop, so Tavi lies above it and "
-                     u"covers the icons until you allow Tavi's own wallpaper for Plasma."_s};
+                     u"covers the icons until you allow Tavi's own wallpaper for Plasma, in "
+                     u"Settings under General."_s};
 }
 
 DrawingWay waylandWay(const SessionOffer &offer) {

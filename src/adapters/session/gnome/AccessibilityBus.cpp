@@ -28,7 +28,7 @@ QDBusConnection connectionTo(const QString &address) {
         return QDBusConnection::connectToBus(
             address, u"zeph-accessibility-%1-%2"_s.arg(lostConnections).arg(address));
     };
-    const QDBusConnection connection = connect();
+    QDBusConnection connection = connect();
     if (connection.isConnected()) {
         return connection;
     }

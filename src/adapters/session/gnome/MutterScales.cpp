@@ -39,9 +39,9 @@ void MutterScales::ownerChanged() {
 void MutterScales::ask() {
     m_service.ask(kConfigPath, kConfigName, u"GetCurrentState"_s, {}, busDefaultTimeout,
                   [this](const QDBusMessage &answer) {
-                      auto config = displayConfigIn(answer);
+                      const auto config = displayConfigIn(answer);
                       if (config) {
-                          take(std::move(config));
+                          take(config);
                       } else {
                           // What was told last still stands.
                           qCInfo(logSystem) << "GNOME does not tell the scales of its monitors:"
@@ -50,7 +50,7 @@ void MutterScales::ask() {
                   });
 }
 
-void MutterScales::take(std::optional<DisplayConfig> config) {
+void MutterScales::take(const std::optional<DisplayConfig> &config) {
     if (std::exchange(m_config, config) != config) {
         m_changes.send();
     }

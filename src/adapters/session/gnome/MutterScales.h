@@ -20,7 +20,7 @@ public:
 private:
     void ownerChanged();
     void ask();
-    void take(std::optional<DisplayConfig> config);
+    void take(const std::optional<DisplayConfig> &config);
 
     std::optional<DisplayConfig> m_config;
     ChangePublisher m_changes;

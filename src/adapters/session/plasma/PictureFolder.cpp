@@ -55,6 +55,13 @@ bool PictureFolder::writeNothing(quint64 writer) {
     return writeWhole(writer, nothing);
 }
 
+void PictureFolder::remove(quint64 writer) {
+    const std::lock_guard guard(m_mutex);
+    if (writer == m_writer) {
+        QDir(m_folder).removeRecursively();
+    }
+}
+
 /// Has a folder, and knows the highest number of what an earlier run left in it.
 bool PictureFolder::prepare() {
     const QDir folder(m_folder);

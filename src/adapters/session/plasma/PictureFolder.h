@@ -32,6 +32,9 @@ public:
     /// A whole picture that nothing can be seen of.
     bool writeNothing(quint64 writer);
 
+    /// Removes the folder with all pictures.
+    void remove(quint64 writer);
+
 private:
     bool prepare();
     bool put(const QImage &image, const QRect &part, bool isWhole);

@@ -14,4 +14,19 @@ std::shared_ptr<PictureFolder> PictureFolders::of(const QString &connector) {
     return folder;
 }
 
+std::vector<std::shared_ptr<PictureFolder>>
+PictureFolders::ofOthers(const QStringList &connectors) const {
+    QStringList names;
+    for (const QString &connector : connectors) {
+        names.append(pictureFolderName(connector));
+    }
+    std::vector<std::shared_ptr<PictureFolder>> others;
+    for (const auto &[name, folder] : m_folders) {
+        if (!names.contains(name)) {
+            others.push_back(folder);
+        }
+    }
+    return others;
+}
+
 } // namespace zeph

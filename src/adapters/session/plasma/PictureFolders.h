@@ -3,8 +3,11 @@
 
 #include "adapters/session/plasma/PictureFolder.h"
 
+#include <QStringList>
+
 #include <map>
 #include <memory>
+#include <vector>
 
 namespace zeph {
 
@@ -17,6 +20,9 @@ public:
 
     /// That of an output by the name of its connector; the same one at every call.
     std::shared_ptr<PictureFolder> of(const QString &connector);
+
+    /// Those that were asked for of other outputs than these.
+    std::vector<std::shared_ptr<PictureFolder>> ofOthers(const QStringList &connectors) const;
 
 private:
     QString m_around;

@@ -3,6 +3,7 @@
 
 #include "adapters/session/plasma/PlasmaPackage.h"
 
+#include <QCoreApplication>
 #include <QStandardPaths>
 
 #include <utility>
@@ -34,6 +35,8 @@ PlasmaSession::PlasmaSession(std::unique_ptr<DisplaySession> own,
                    surroundings.runLoop, plasmaPackageSource(), packageTarget(), picturesFolder()}),
       m_windowServer({m_own->windowServer(), std::move(permit), m_own->screens(), m_wallpaper,
                       surroundings.background, surroundings.runLoop},
-                     picturesFolder()) {}
+                     picturesFolder()),
+      m_removal(QCoreApplication::applicationFilePath(), surroundings.runLoop,
+                [this] { m_wallpaper.withdraw(); }) {}
 
 } // namespace zeph

@@ -3,6 +3,7 @@
 
 #include "adapters/session/plasma/PlasmaWallpaper.h"
 #include "adapters/session/plasma/PlasmaWindowServer.h"
+#include "adapters/session/plasma/RemovalWatch.h"
 #include "ports/DisplaySession.h"
 
 #include <memory>
@@ -36,6 +37,7 @@ private:
     std::unique_ptr<DisplaySession> m_own;
     PlasmaWallpaper m_wallpaper;
     PlasmaWindowServer m_windowServer;
+    RemovalWatch m_removal; // of the program
 };
 
 } // namespace zeph

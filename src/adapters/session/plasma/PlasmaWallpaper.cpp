@@ -108,6 +108,12 @@ void PlasmaWallpaper::picturesRefused() {
     follow();
 }
 
+void PlasmaWallpaper::withdraw() {
+    m_isWithdrawn = true;
+    m_changes.send();
+    follow();
+}
+
 void PlasmaWallpaper::shellChanged() {
     ++m_life;
     m_isBusy = false;

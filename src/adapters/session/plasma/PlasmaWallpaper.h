@@ -40,7 +40,7 @@ public:
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) override;
 
     /// Whether pictures are shown, as far as is known; also while it is not known yet.
-    bool isUsable() const { return m_isChosen && m_problem == Problem::none; }
+    bool isUsable() const { return m_isChosen && m_problem == Problem::none && !m_isWithdrawn; }
 
     /// Whether there is anything to show in it now; not at first. Without need the earlier
     /// wallpapers are shown.
@@ -52,13 +52,17 @@ public:
     /// The pictures could not be written: it is taken out until it is chosen again.
     void picturesRefused();
 
+    /// The program is gone from this machine: whatever the choice is, nobody will be there to put
+    /// the earlier wallpapers back later.
+    void withdraw();
+
 private:
     enum class Problem { none, noShell, refused, notInstalled, notWritten };
     using Desktops = std::vector<PlasmaDesktop>;
 
     static Problem prepare(const QString &source, const QString &target, const QString &pictures);
     bool isWanted() const { return m_isChosen && m_isNeeded == true && !isGivenUp(); }
-    bool isGivenUp() const { return m_problem == Problem::notWritten; }
+    bool isGivenUp() const { return m_isWithdrawn || m_problem == Problem::notWritten; }
     bool isToGo() const;
     void shellChanged();
     void follow();
@@ -75,6 +79,7 @@ private:
     bool m_isChosen = false;
     std::optional<bool> m_isNeeded; // absent until it is told
     Problem m_problem = Problem::none;
+    bool m_isWithdrawn = false;
     bool m_isBusy = false;
     bool m_isStale = false; // something changed since what is under way began
     bool m_isLookDue = false;

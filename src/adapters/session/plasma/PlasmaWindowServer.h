@@ -39,11 +39,14 @@ public:
 
 private:
     void permit() const;
+    void screensChanged();
+    void setTransparent(bool isTransparent);
     void picturesRefused();
 
     Parties m_with;
     PictureFolders m_folders;
-    bool m_areRefused = false; // and that is still to be told
+    bool m_isTransparent = false; // what was made last
+    bool m_areRefused = false;    // and that is still to be told
     Subscription m_wallpaperChanges;
     Subscription m_screenChanges;
     WorkOwner m_work;

@@ -144,6 +144,12 @@ void lower(X11Connection &connection, xcb_window_t window) {
     xcb_configure_window(connection.xcb(), window, XCB_CONFIG_WINDOW_STACK_MODE, &below);
 }
 
+void stackAbove(X11Connection &connection, xcb_window_t window, xcb_window_t sibling) {
+    const std::array values{sibling, std::uint32_t{XCB_STACK_MODE_ABOVE}};
+    xcb_configure_window(connection.xcb(), window,
+                         XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values.data());
+}
+
 void withdraw(X11Connection &connection, xcb_window_t window) {
     xcb_unmap_window(connection.xcb(), window);
     union {

@@ -36,6 +36,9 @@ void askToRestack(X11Connection &connection, xcb_window_t window, xcb_stack_mode
 /// Puts the window beneath its peers, by the window manager where it knows the window.
 void lower(X11Connection &connection, xcb_window_t window);
 
+/// Puts a window right above another one with the same parent.
+void stackAbove(X11Connection &connection, xcb_window_t window, xcb_window_t sibling);
+
 /// Takes a window off the screen as window managers expect to be told of it.
 void withdraw(X11Connection &connection, xcb_window_t window);
 

@@ -52,10 +52,26 @@ void X11DesktopStacking::restack() {
             keepBelow(window, others);
             break;
         case DesktopPlace::beneathManaged:
-            // Where it lies already this changes nothing, and nobody is told.
-            lower(m_connection, window);
             break;
         }
+    }
+    keepBeneath();
+}
+
+/// Each lies on the one before it: windows that were all lowered would change places each time.
+/// Where one lies already this changes nothing, and nobody is told.
+void X11DesktopStacking::keepBeneath() {
+    xcb_window_t lowest = XCB_WINDOW_NONE;
+    for (const auto &[window, place] : m_ours) {
+        if (place != DesktopPlace::beneathManaged) {
+            continue;
+        }
+        if (lowest == XCB_WINDOW_NONE) {
+            lower(m_connection, window);
+        } else {
+            stackAbove(m_connection, window, lowest);
+        }
+        lowest = window;
     }
 }
 

@@ -37,6 +37,7 @@ public:
 
 private:
     void restack();
+    void keepBeneath();
     void keepAbove(xcb_window_t window, const std::vector<xcb_window_t> &others);
     void keepBelow(xcb_window_t window, const std::vector<xcb_window_t> &others);
     std::vector<xcb_window_t> desktopsOfOthers() const;

@@ -18,6 +18,9 @@ namespace {
 // A program that is replaced is gone for a moment, and one that starts tells of itself bit by bit.
 constexpr int kRestMilliseconds = 200;
 
+// A server may be full for a moment, such as at the login.
+constexpr int kMoreTrials = 2;
+
 Compositing compositingBy(const X11Connection &connection, xcb_window_t compositor,
                           xcb_window_t manager) {
     if (compositor == XCB_WINDOW_NONE) {
@@ -31,14 +34,14 @@ Compositing compositingBy(const X11Connection &connection, xcb_window_t composit
 } // namespace
 
 X11DrawingWay::X11DrawingWay(SessionOffer known, const Parties &parties)
-    : m_known(std::move(known)), m_parties(parties) {
+    : m_known(std::move(known)), m_parties(parties), m_trialsLeft(kMoreTrials) {
     m_rest.setSingleShot(true);
     m_rest.setInterval(kRestMilliseconds);
     QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [this] { choose(); });
     const auto news = [this] { chooseSoon(); };
     m_news.push_back(parties.compositor.subscribe(news));
     m_news.push_back(parties.manager.subscribe(news));
-    m_news.push_back(parties.program.subscribe(news));
+    m_news.push_back(parties.program.subscribe([this] { programChanged(); }));
 }
 
 Subscription X11DrawingWay::subscribe(std::function<void()> handler) {
@@ -49,6 +52,14 @@ void X11DrawingWay::chooseSoon() {
     if (m_isChosen && !m_rest.isActive()) {
         m_rest.start();
     }
+}
+
+void X11DrawingWay::programChanged() {
+    if (!m_hasRoomForCopy && m_trialsLeft > 0) {
+        --m_trialsLeft;
+        m_hasRoomForCopy = true;
+    }
+    chooseSoon();
 }
 
 void X11DrawingWay::doWithoutPicture() {

@@ -38,8 +38,9 @@ public:
     /// Chooses by what is known of the parties at this moment.
     void choose();
 
-    /// Chooses another way soon where a desktop's picture would be painted into, and for good: the
-    /// server has no room for a copy of it, and surfaces are not to be made anew for every trial.
+    /// Chooses another way soon where a desktop's picture would be painted into: the server has no
+    /// room for a copy of it. It is tried again with the next news of the desktop program, a few
+    /// times in all, since surfaces are made anew for each trial.
     void doWithoutPicture();
 
     /// Chooses other words soon where what lies beneath the wallpaper shines through it by now, or
@@ -58,12 +59,14 @@ public:
 private:
     SessionOffer offer() const;
     void chooseSoon();
+    void programChanged();
 
     SessionOffer m_known;
     Parties m_parties;
     DrawingWay m_way;
     bool m_isChosen = false;
     bool m_hasRoomForCopy = true;
+    int m_trialsLeft;
     ChangePublisher m_changes;
     QTimer m_rest; // from the first news until the next choice
     std::vector<Subscription> m_news;

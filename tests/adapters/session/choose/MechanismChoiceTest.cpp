@@ -173,6 +173,15 @@ TEST(MechanismReasonTest, saysWhenIconsAreCovered) {
                 HasSubstr("covers the icons until you allow"));
 }
 
+TEST(MechanismReasonTest, saysWhatStandsAgainstOurWallpaperInPlasma) {
+    for (SessionOffer offer :
+         {x11(kManager, {{DesktopProgram::plasmashell}}), wayland(u"KDE"_s, true)}) {
+        offer.plasma.problem = u"Plasma's shell does not run"_s;
+        EXPECT_EQ(reasonOf(offer), "Plasma's shell does not run, so Tavi lies above the desktop of "
+                                   "Plasma and covers its icons.");
+    }
+}
+
 TEST(MechanismReasonTest, saysThatIconsShineThroughATransparentWallpaper) {
     for (const auto program :
          {DesktopProgram::xfdesktop, DesktopProgram::caja, DesktopProgram::pcmanfm,

@@ -120,6 +120,15 @@ TEST_F(PictureFolderTest, isMadeAnewWhenItWasRemoved) {
     EXPECT_EQ(shownBy(path()), blue);
 }
 
+TEST_F(PictureFolderTest, isRemovedUnlessSomebodyElseWritesByThen) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    const quint64 next = folder.takeOver();
+    folder.remove(writer);
+    EXPECT_TRUE(QFile::exists(path()));
+    folder.remove(next);
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
 TEST_F(PictureFolderTest, keepsThePictureThatIsThereWhenTheDiskIsFull) {
     ASSERT_TRUE(folder.writeWhole(writer, red));
     {

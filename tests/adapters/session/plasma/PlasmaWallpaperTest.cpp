@@ -302,6 +302,18 @@ TEST_F(PlasmaWallpaperTest, isTakenOutWhenPicturesCanNotBeWritten) {
     EXPECT_TRUE(shows({{1, ours}}));
 }
 
+TEST_F(PlasmaWallpaperTest, withdrawsWhenTheProgramIsGoneFromTheMachine) {
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(shows({{1, ours}}));
+    ASSERT_TRUE(settles(2));
+    wallpaper->withdraw();
+    EXPECT_FALSE(wallpaper->isUsable());
+    EXPECT_TRUE(shows({{1, image}}));
+    EXPECT_TRUE(comes([&] { return !QFile::exists(target) && !QFile::exists(pictures); }));
+    EXPECT_EQ(defaults.get<bool>(choiceKey), true) << "for when it is installed again";
+}
+
 TEST_F(PlasmaWallpaperTest, tellsThatThePackageCouldNotBeInstalled) {
     QFile::remove(room.filePath(u"from/metadata.json"_s));
     plasma.appear();

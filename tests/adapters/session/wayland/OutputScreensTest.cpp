@@ -42,6 +42,7 @@ TEST(OutputScreens, haveTheIdentityTheNumberAndTheNameOfTheirDisplay) {
     EXPECT_EQ(screen.persistentID, u"ACM P27 XY12"_s);
     EXPECT_EQ(screen.displayID, connectorNumber(u"DP-1"_s));
     EXPECT_EQ(screen.name, u"P27"_s);
+    EXPECT_EQ(screen.connector, u"DP-1"_s);
 }
 
 TEST(OutputScreens, goByTheRoundedScaleWhereTheirSizeInPointsIsNotTold) {

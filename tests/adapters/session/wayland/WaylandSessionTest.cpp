@@ -40,6 +40,25 @@ TEST(WaylandSession, drawsOnALayerAndSaysWhy) {
     EXPECT_FALSE(way.reason.isEmpty());
 }
 
+TEST(WaylandSession, handsPicturesToPlasmaOnceThatIsAllowed) {
+    const ScopedVariable desktop("XDG_CURRENT_DESKTOP", "KDE");
+    FakeCompositor compositor;
+    const auto opened = WaylandSession::open({}, compositor.socket());
+    ASSERT_TRUE(opened.session);
+    WaylandWindowServer &server = opened.session->windowServer();
+    int changes = 0;
+    const Subscription ways = server.subscribeToDrawingWay([&] { ++changes; });
+    EXPECT_EQ(server.drawingWay().mechanism, DrawingMechanism::layerSurface);
+    server.permitPlasma({true, {}});
+    EXPECT_EQ(server.drawingWay().mechanism, DrawingMechanism::plasmaPictures);
+    EXPECT_EQ(changes, 1);
+    server.permitPlasma({true, {}});
+    EXPECT_EQ(changes, 1);
+    server.permitPlasma({false, u"Plasma's shell does not run"_s});
+    EXPECT_EQ(server.drawingWay().mechanism, DrawingMechanism::layerSurface);
+    EXPECT_EQ(changes, 2);
+}
+
 TEST(WaylandSession, saysWhyInOtherWordsWhereTheWallpaperIsTransparent) {
     const ScopedVariable desktop("XDG_CURRENT_DESKTOP", "KDE");
     FakeCompositor compositor;

@@ -49,6 +49,7 @@ TEST_F(ScreensTest, describesTheDisplay) {
     EXPECT_EQ(all[0].scale, 1);
     EXPECT_EQ(all[0].persistentID, u"screen"_s);
     EXPECT_EQ(all[0].name, u"screen"_s);
+    EXPECT_EQ(all[0].connector, u"screen"_s);
     EXPECT_NE(all[0].displayID.value_or(0), 0U);
     EXPECT_EQ(screens.main(), all[0]);
 }

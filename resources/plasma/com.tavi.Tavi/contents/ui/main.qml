@@ -12,8 +12,10 @@ Rectangle {
     // More are never written to go with one whole picture.
     readonly property int mostPatches: 48
 
-    readonly property string folder: wallpaper.configuration.Folder || ""
-    readonly property string start: wallpaper.configuration.Start || ""
+    // Null while Plasma takes it away.
+    readonly property var settings: wallpaper ? wallpaper.configuration : null
+    readonly property string folder: settings ? settings.Folder || "" : ""
+    readonly property string start: settings ? settings.Start || "" : ""
     readonly property string output: (Screen.name || "_").replace(/[^A-Za-z0-9_-]/g, "_")
 
     property Image shown: first

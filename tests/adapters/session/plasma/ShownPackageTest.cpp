@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include "PlasmaStage.h"
+#include "ShownPictures.h"
+
+#include "adapters/session/plasma/PictureFolder.h"
+
+using namespace Qt::StringLiterals;
+
+namespace zeph {
+
+/// What people see of our pictures in Plasma.
+class ShownPackageTest : public testing::Test {
+protected:
+    void open() { stage.emplace(room.path(), around); }
+
+    static QImage withPart(QImage whole, const QRect &part, QColor colour) {
+        QPainter(&whole).fillRect(part, colour);
+        return whole;
+    }
+
+    const QTemporaryDir room;
+    const QString around = room.filePath(u"tavi/plasma"_s);
+    const QString path = around + u"/_"_s; // of an output without a name
+    PictureFolder folder{path};
+    const quint64 writer = folder.takeOver();
+    const QImage plain = plainPicture({40, 30}, QColor(u"#0d0f1f"_s));
+    const QImage red = plainPicture({40, 30}, Qt::red);
+    const QImage blue = plainPicture({40, 30}, Qt::blue);
+    std::optional<PlasmaStage> stage;
+};
+
+TEST_F(ShownPackageTest, theOneThatWasThereBeforeIt) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    ASSERT_TRUE(folder.writePatches(writer, blue, {QRect(10, 10, 6, 4)}));
+    open();
+    EXPECT_TRUE(stage->comesToShow(withPart(red, {10, 10, 6, 4}, Qt::blue))) << stage->said();
+}
+
+TEST_F(ShownPackageTest, oneColourUntilThereIsAny) {
+    ASSERT_TRUE(QDir().mkpath(around));
+    open();
+    ASSERT_TRUE(stage->comesToShow(plain)) << stage->said();
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    EXPECT_TRUE(stage->comesToShow(red)) << "the folder came later";
+}
+
+TEST_F(ShownPackageTest, theNewestOfEach) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    open();
+    ASSERT_TRUE(stage->comesToShow(red)) << stage->said();
+    ASSERT_TRUE(folder.writePatches(writer, blue, {QRect(0, 0, 6, 4), QRect(20, 10, 8, 8)}));
+    QImage expected = withPart(withPart(red, {0, 0, 6, 4}, Qt::blue), {20, 10, 8, 8}, Qt::blue);
+    EXPECT_TRUE(stage->comesToShow(expected));
+    const QImage green = plainPicture({40, 30}, Qt::green);
+    ASSERT_TRUE(folder.writePatches(writer, green, {QRect(2, 2, 20, 10)}));
+    expected = withPart(expected, {2, 2, 20, 10}, Qt::green);
+    EXPECT_TRUE(stage->comesToShow(expected)) << "later ones lie above";
+    ASSERT_TRUE(folder.writeWhole(writer, blue));
+    EXPECT_TRUE(stage->comesToShow(blue)) << "without the parts of the last one";
+    ASSERT_TRUE(folder.writePatches(writer, red, {QRect(1, 1, 2, 2)}));
+    EXPECT_TRUE(stage->comesToShow(withPart(blue, {1, 1, 2, 2}, Qt::red)));
+}
+
+TEST_F(ShownPackageTest, manyPicturesInARow) {
+    open();
+    for (int i = 0; i < 40; ++i) {
+        ASSERT_TRUE(folder.writeWhole(writer, plainPicture({40, 30}, QColor(i, 0, 0))));
+        ASSERT_TRUE(folder.writePatches(writer, red, {QRect(i, 0, 1, 1)}));
+    }
+    stage->startAnew("2");
+    const QImage last = plainPicture({40, 30}, QColor(39, 0, 0));
+    EXPECT_TRUE(stage->comesToShow(withPart(last, {39, 0, 1, 1}, Qt::red))) << stage->said();
+}
+
+TEST_F(ShownPackageTest, theLastOneWhenItsFileIsGone) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    open();
+    ASSERT_TRUE(stage->comesToShow(red)) << stage->said();
+    folder.remove(writer);
+    for (int looks = 0; looks < 20; ++looks) { // it learns of the folder between two of them
+        QFile::remove(room.filePath(u"seen.png"_s));
+        ASSERT_TRUE(stage->comesToShow(red));
+    }
+}
+
+TEST_F(ShownPackageTest, thoseOfANewRunWhereTheFolderIsMadeAnew) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    open();
+    ASSERT_TRUE(stage->comesToShow(red)) << stage->said();
+    ASSERT_TRUE(QDir(room.filePath(u"tavi"_s)).removeRecursively());
+    PictureFolder next(path); // counts from the beginning
+    ASSERT_TRUE(next.writeWhole(next.takeOver(), blue));
+    stage->startAnew("2");
+    EXPECT_TRUE(stage->comesToShow(blue));
+}
+
+TEST_F(ShownPackageTest, oneColourWhileTheSurfaceIsHidden) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    open();
+    ASSERT_TRUE(stage->comesToShow(red)) << stage->said();
+    ASSERT_TRUE(folder.writeNothing(writer));
+    EXPECT_TRUE(stage->comesToShow(plain));
+}
+
+} // namespace zeph
