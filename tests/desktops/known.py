@@ -6,6 +6,6 @@ from base.verdict import Known
 
 KNOWN = {
     ("marco_caja", "second_display"): Known(
-        "caja is slow to paint a display that was just plugged in",
+        "caja mostly announces no picture for a display that was just plugged in",
         "^with two displays: "),
 }
