@@ -99,8 +99,11 @@ TEST_F(SettingsWindowFrameTest, aWindowThatWasOpenedTwiceStaysWhereTheUserMovesI
 TEST_F(SettingsWindowFrameTest, onASmallScreenTheFrameIsWithinIt) {
     visible = QRect(0, 0, 800, 500);
     open();
-    EXPECT_TRUE(waitUntil([this] { return framed().height() == 500; })) << framed().height();
-    EXPECT_TRUE(visible.contains(framed()));
+    EXPECT_TRUE(waitUntil([this] {
+        const QRect whole = framed(); // which is sized before it is placed
+        return whole.height() == 500 && visible.contains(whole);
+    })) << framed().x()
+        << ' ' << framed().y() << ' ' << framed().width() << ' ' << framed().height();
 }
 
 } // namespace
