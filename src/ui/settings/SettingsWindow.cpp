@@ -179,7 +179,8 @@ void SettingsWindow::hugRightEdge(const Screen &screen) {
 bool SettingsWindow::isInFrame() const {
     constexpr Qt::WindowStates others =
         Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
-    return windowHandle() != nullptr && windowHandle()->isExposed() &&
+    // The toolkit learns late from the display that a window which was closed is not seen any more.
+    return isVisible() && windowHandle() != nullptr && windowHandle()->isExposed() &&
            (windowState() & others) == 0;
 }
 

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
 
 namespace zeph::ui {
 
@@ -49,7 +50,18 @@ protected:
         const int above = whole.y() - visible.y();
         const int below = visible.bottom() - whole.bottom();
         return client.frameOf(window()) != window() && visible.right() - whole.right() == 24 &&
-               std::abs(above - below) <= 1 && standsAt(whole.x());
+               std::abs(above - below) <= 1;
+    }
+
+    /// The same, and the toolkit has heard of it, so that it knows what is moved.
+    bool isKnownToHugTheEdge() const { return hugsTheEdge() && standsAt(framed().x()); }
+
+    std::string whereItIs() const {
+        const auto words = [](const QRect &rect) {
+            return std::to_string(rect.x()) + ' ' + std::to_string(rect.y()) + ' ' +
+                   std::to_string(rect.width()) + ' ' + std::to_string(rect.height());
+        };
+        return words(framed()) + ", as the toolkit knows " + words(made.window->frameGeometry());
     }
 
     XTestClient client{display->display()};
@@ -59,15 +71,13 @@ protected:
 
 TEST_F(SettingsWindowFrameTest, theFirstOpeningHugsTheEdgeWithItsFrame) {
     open();
-    EXPECT_TRUE(waitUntil([this] { return hugsTheEdge(); }))
-        << framed().x() << ' ' << framed().y() << ' ' << framed().width() << ' '
-        << framed().height();
+    EXPECT_TRUE(waitUntil([this] { return hugsTheEdge(); })) << whereItIs();
     EXPECT_EQ(made.window->size(), QSize(scaled(880), scaled(580)));
 }
 
 TEST_F(SettingsWindowFrameTest, aWindowThatTheUserMovedStaysUntilItIsOpenedAgain) {
     open();
-    ASSERT_TRUE(waitUntil([this] { return hugsTheEdge(); }));
+    ASSERT_TRUE(waitUntil([this] { return isKnownToHugTheEdge(); }));
     made.window->move(60, 120);
     ASSERT_TRUE(waitUntil([this] { return standsAt(60); }));
     made.window->lower(); // and seen again
@@ -77,16 +87,16 @@ TEST_F(SettingsWindowFrameTest, aWindowThatTheUserMovedStaysUntilItIsOpenedAgain
     EXPECT_EQ(framed().x(), 60);
     made.window->close();
     open();
-    EXPECT_TRUE(waitUntil([this] { return hugsTheEdge(); }));
+    EXPECT_TRUE(waitUntil([this] { return hugsTheEdge(); })) << whereItIs();
 }
 
 TEST_F(SettingsWindowFrameTest, aWindowThatWasOpenedTwiceStaysWhereTheUserMovesIt) {
     open();
-    ASSERT_TRUE(waitUntil([this] { return hugsTheEdge(); }));
+    ASSERT_TRUE(waitUntil([this] { return isKnownToHugTheEdge(); }));
     made.window->move(60, 120);
     ASSERT_TRUE(waitUntil([this] { return standsAt(60); }));
     open();
-    ASSERT_TRUE(waitUntil([this] { return hugsTheEdge(); }));
+    ASSERT_TRUE(waitUntil([this] { return isKnownToHugTheEdge(); }));
     made.window->move(60, 120);
     ASSERT_TRUE(waitUntil([this] { return standsAt(60); }));
     const auto other = client.show({.geometry = {100, 200, 300, 200}});
@@ -102,8 +112,7 @@ TEST_F(SettingsWindowFrameTest, onASmallScreenTheFrameIsWithinIt) {
     EXPECT_TRUE(waitUntil([this] {
         const QRect whole = framed(); // which is sized before it is placed
         return whole.height() == 500 && visible.contains(whole);
-    })) << framed().x()
-        << ' ' << framed().y() << ' ' << framed().width() << ' ' << framed().height();
+    })) << whereItIs();
 }
 
 } // namespace
