@@ -5,6 +5,9 @@ mended."""
 from base.verdict import Known
 
 KNOWN = {
+    ("marco_caja", "resolution"): Known(
+        "caja in some runs announces no picture of the new size",
+        "^(the desktop's own picture|black) at "),
     ("marco_caja", "second_display"): Known(
         "caja mostly announces no picture for a display that was just plugged in",
         "^with two displays: "),

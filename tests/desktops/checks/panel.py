@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 from base.outcome import Failed
 from base.picture import PANEL, is_wallpaper
-from base.waiting import expect
+from base.waiting import expect, expect_settled
 
 TITLE = "panel"
 RULE = "A panel lies above the wallpaper, whose words keep out of its way."
@@ -15,8 +15,9 @@ def check(desk):
     if own:
         return check_own(desk, own)
     x, y, width, height = desk.screens()[0]
-    # The check before may have left windows that are still going.
-    expect(lambda: lowest_words(desk.picture(), desk.screens()[0]), lambda: "there are no words")
+    # The check before may have left windows that are still going, and caja painting.
+    expect_settled(lambda: lowest_words(desk.picture(), desk.screens()[0]),
+                   lambda: "there are no words")
     lowest = lowest_words(desk.picture(), desk.screens()[0])
     panel = desk.show_panel(HEIGHT)
     _, top, _, _ = panel.area()
