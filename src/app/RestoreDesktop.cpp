@@ -12,13 +12,8 @@
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
-#include <string_view>
 
 namespace zeph {
-
-bool asksToRestoreDesktop(int argumentCount, const char *const *arguments) {
-    return argumentCount == 2 && std::string_view(arguments[1]) == "--restore-desktop";
-}
 
 Restoration restoreDesktop(const QString &dataFolder) {
     // Held until the end, so that a start waits. Without a folder there was no run, and none is

@@ -13,9 +13,6 @@ enum class Restoration {
     noDisplay,
 };
 
-/// Whether the command line is that which asks for nothing else.
-bool asksToRestoreDesktop(int argumentCount, const char *const *arguments);
-
 /// Puts the picture back that a killed run kept in the X server of the environment. The lock on
 /// `dataFolder` tells whether the program runs; nothing is written there. A few round trips.
 Restoration restoreDesktop(const QString &dataFolder);

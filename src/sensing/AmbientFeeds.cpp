@@ -56,10 +56,16 @@ void AmbientFeeds::fetchWeather(const Coordinate &position, bool force) {
     m_lastWeatherFetch = m_platform.clock.now();
     m_weather.fetch(position, m_location.placeName(), force,
                     [this](const std::optional<WeatherInfo> &weather) {
-                        if (weather) {
+                        if (weather && m_location.coordinate()) {
                             m_state.weather = weather;
                         }
                     });
+}
+
+void AmbientFeeds::forgetPlace() {
+    m_lastWeatherFetch.reset();
+    m_state.weather = std::nullopt;
+    m_state.airQuality = std::nullopt;
 }
 
 void AmbientFeeds::fetchAirQuality(const Coordinate &position) {
@@ -67,7 +73,7 @@ void AmbientFeeds::fetchAirQuality(const Coordinate &position) {
         return;
     }
     m_airQuality.fetch(position, [this](const std::optional<AirQualityInfo> &reading) {
-        if (reading) {
+        if (reading && m_location.coordinate()) {
             m_state.airQuality = reading;
         }
     });

@@ -39,6 +39,9 @@ public:
     /// A failure leaves the old reading.
     void fetchAirQuality(const Coordinate &position);
 
+    /// Takes back what a position had been told of, and asks at once for the next one.
+    void forgetPlace();
+
 private:
     void fetchWeather(const Coordinate &position, bool force);
 

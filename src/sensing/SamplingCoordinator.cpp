@@ -49,6 +49,7 @@ SamplingCoordinator::SamplingCoordinator(CoordinatorContext context)
     restoreToday();
     m_subscriptions.push_back(m_context.location.onUpdate(
         [this](const Coordinate &coordinate) { positionFound(coordinate); }));
+    m_subscriptions.push_back(m_context.location.onForgotten([this] { positionForgotten(); }));
     m_subscriptions.push_back(m_context.notifications.observe(
         notifications::zephIntegrationsChanged, [this] { fetchIntegrations(); }));
     m_subscriptions.push_back(m_context.notifications.observe(notifications::zephPreferencesChanged,
@@ -222,6 +223,11 @@ void SamplingCoordinator::preferencesChanged() {
 void SamplingCoordinator::positionFound(const Coordinate &coordinate) {
     updateSolar();
     m_ambientFeeds.fetchWeatherNow(coordinate);
+}
+
+void SamplingCoordinator::positionForgotten() {
+    m_context.state.solar = SolarInfo();
+    m_ambientFeeds.forgetPlace();
 }
 
 void SamplingCoordinator::updateSolar() {

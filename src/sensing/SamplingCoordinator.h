@@ -78,6 +78,7 @@ private:
     void publishMinute();
     void publishRhythm();
     void positionFound(const Coordinate &coordinate);
+    void positionForgotten();
     void updateSolar();
     void followClock();
 

@@ -100,6 +100,46 @@ TEST_F(AmbientFeedsTest, twoFixesFetchTwiceAndASlowTickWithinHalfAnHourDoesNot) 
     EXPECT_EQ(weatherRequests(), 3);
 }
 
+TEST_F(AmbientFeedsTest, aPositionThatWasTakenBackIsAskedWithNoMoreAndNothingOfItStays) {
+    turnOn(WidgetKind::airQuality);
+    makeCoordinator().start();
+    findPosition();
+    loop.advance(45);
+    settle();
+    ASSERT_TRUE(*state.weather);
+    ASSERT_TRUE(*state.airQuality);
+    ASSERT_TRUE((*state.solar).sunrise);
+
+    locationClient.tellAuthorization(LocationAuthorization::notDetermined);
+    EXPECT_FALSE(*state.weather);
+    EXPECT_FALSE(*state.airQuality);
+    EXPECT_EQ(*state.solar, SolarInfo());
+    const int weatherBefore = weatherRequests();
+    const int airBefore = airRequests();
+    loop.advance(7200);
+    settle();
+    EXPECT_EQ(weatherRequests(), weatherBefore);
+    EXPECT_EQ(airRequests(), airBefore);
+    EXPECT_EQ(*state.solar, SolarInfo());
+
+    findPosition(); // allowed again
+    settle();
+    EXPECT_EQ(weatherRequests(), weatherBefore + 1);
+    EXPECT_TRUE(*state.weather);
+}
+
+TEST_F(AmbientFeedsTest, anAnswerThatComesAfterThePositionWasTakenBackIsNotShown) {
+    turnOn(WidgetKind::airQuality);
+    makeCoordinator().start();
+    findPosition();
+    loop.advance(45); // both are asked, nothing has answered
+    locationClient.tellAuthorization(LocationAuthorization::notDetermined);
+    settle();
+    EXPECT_GT(weatherRequests() + airRequests(), 1);
+    EXPECT_FALSE(*state.weather);
+    EXPECT_FALSE(*state.airQuality);
+}
+
 TEST_F(AmbientFeedsTest, weatherAndAirOfExactlyHalfAnHourAreAskedForAgain) {
     turnOn(WidgetKind::airQuality);
     makeCoordinator().start();

@@ -24,6 +24,13 @@ public:
         m_events.send();
     }
 
+    /// Has that permission from now on, and tells every delegate.
+    void tellAuthorization(LocationAuthorization now) {
+        status = now;
+        m_tell = [now](LocationClientDelegate &delegate) { delegate.authorizationChanged(now); };
+        m_events.send();
+    }
+
     int delegates = 0; ///< that subscribed until now
     LocationAuthorization status = LocationAuthorization::notDetermined;
     LocationHindrance hindered = LocationHindrance::none;

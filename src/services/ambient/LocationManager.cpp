@@ -31,6 +31,10 @@ Subscription LocationManager::onUpdate(std::function<void(Coordinate)> handler) 
     return m_updates.subscribe([this, handler = std::move(handler)] { handler(*m_coordinate); });
 }
 
+Subscription LocationManager::onForgotten(std::function<void()> handler) {
+    return m_forgotten.subscribe(std::move(handler));
+}
+
 LocationAuthorization LocationManager::authorizationStatus() const {
     return m_client != nullptr ? m_client->authorizationStatus() : LocationAuthorization::denied;
 }
@@ -44,7 +48,18 @@ void LocationManager::requestLocation() {
 void LocationManager::authorizationChanged(LocationAuthorization status) {
     if (status == LocationAuthorization::authorized) {
         requestLocation();
+    } else {
+        forget();
     }
+}
+
+void LocationManager::forget() {
+    if (!m_coordinate) {
+        return;
+    }
+    m_coordinate.reset();
+    m_placeName.reset();
+    m_forgotten.send();
 }
 
 void LocationManager::locationsUpdated(const std::vector<Coordinate> &fixes) {
@@ -65,7 +80,9 @@ void LocationManager::lookUpName(const Coordinate &position) {
     }
     m_geocoder->reverseGeocode(
         position, m_lookups.whileAlive([this](const std::vector<Placemark> &placemarks) {
-            m_placeName = nameOf(placemarks);
+            if (m_coordinate) { // not forgotten meanwhile
+                m_placeName = nameOf(placemarks);
+            }
         }));
 }
 

@@ -61,6 +61,34 @@ TEST_F(LocationManagerTest, changesNothingOnAnEmptyArrayOfLocations) {
     EXPECT_EQ(geocoder.questions.size(), 1U);
 }
 
+TEST_F(LocationManagerTest, forgetsTheFixAndItsNameWherePermissionGoes) {
+    for (const auto status : {LocationAuthorization::notDetermined,
+                              LocationAuthorization::restricted, LocationAuthorization::denied}) {
+        manager.locationsUpdated({berlin});
+        geocoder.questions.back().answer({place(u"Berlin"_s, std::nullopt)});
+        std::optional<Coordinate> leftThen = berlin;
+        const auto subscription = manager.onForgotten([&] { leftThen = manager.coordinate(); });
+        manager.authorizationChanged(status);
+        EXPECT_EQ(leftThen, std::nullopt) << "told, and after the fact";
+        EXPECT_EQ(manager.coordinate(), std::nullopt);
+        EXPECT_EQ(manager.placeName(), std::nullopt);
+    }
+}
+
+TEST_F(LocationManagerTest, hasNothingToForgetBeforeAFix) {
+    int forgotten = 0;
+    const auto subscription = manager.onForgotten([&forgotten] { ++forgotten; });
+    manager.authorizationChanged(LocationAuthorization::denied);
+    EXPECT_EQ(forgotten, 0);
+}
+
+TEST_F(LocationManagerTest, takesNoNameForAFixThatWasForgottenMeanwhile) {
+    manager.locationsUpdated({berlin});
+    manager.authorizationChanged(LocationAuthorization::notDetermined);
+    geocoder.questions.at(0).answer({place(u"Berlin"_s, std::nullopt)});
+    EXPECT_EQ(manager.placeName(), std::nullopt);
+}
+
 TEST_F(LocationManagerTest, takesTheLastLocationOfTheArray) {
     manager.locationsUpdated({berlin, paris});
     EXPECT_EQ(manager.coordinate(), paris);
