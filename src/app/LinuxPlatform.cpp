@@ -85,6 +85,11 @@ QString currentDesktop() {
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
 }
 
+/// The root of a sandbox lies on no disk.
+QString volumeFolder() {
+    return runsInSandbox(QCoreApplication::applicationFilePath()) ? QDir::homePath() : QStringLiteral("/");
+}
+
 std::unique_ptr<LoginItem> makeLoginItem(UserDefaults &defaults) {
     const QString program = QCoreApplication::applicationFilePath();
     if (runsInSandbox(program)) {
@@ -190,7 +195,7 @@ struct LinuxPlatform::Adapters {
     ProcHostStatistics hostStatistics;
     ProcNetworkInterfaces interfaces;
     NetworkManagerWiFi wifi{QDBusConnection::systemBus()};
-    StatvfsVolume volume;
+    StatvfsVolume volume{volumeFolder()};
     UPowerSources upower{QDBusConnection::systemBus()};
     LinuxPowerSources powerSources{upower, supplies, background};
     BluezBatteries bluez{QDBusConnection::systemBus()};
