@@ -29,7 +29,7 @@
 #include "adapters/power/LinuxAccessories.h"
 #include "adapters/power/LinuxPowerSources.h"
 #include "adapters/power/UPowerSources.h"
-#include "adapters/secret/SecretServiceStore.h"
+#include "adapters/secret/PluggedSecretStore.h"
 #include "adapters/session/open/OpenSession.h"
 #include "adapters/storage/JsonUserDefaults.h"
 #include "adapters/storage/LinuxDesktopFolder.h"
@@ -208,7 +208,7 @@ struct LinuxPlatform::Adapters {
                                          [] { return zoneCity(SystemZone().id()); }};
     OfflineGeocoder geocoder{executor, runLoop, cityListerPath()};
     PluggedHttpClient httpClient;
-    SecretServiceStore secureStore;
+    PluggedSecretStore secureStore;
     Platform ports;
 };
 

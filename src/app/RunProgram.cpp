@@ -22,6 +22,7 @@
 #include "app/Windows.h"
 #include "app/ZephApp.h"
 #include "base/NotificationCenter.h"
+#include "base/StartedThread.h"
 #include "drawing/painting/OwnFonts.h"
 #include "drawing/painting/QtTextMetrics.h"
 #include "drawing/painting/ScenePainter.h"
@@ -44,6 +45,8 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <thread>
 #include <utility>
 
 namespace zeph {
@@ -155,7 +158,6 @@ std::unique_ptr<QApplication> makeToolkit(const QByteArray &plugin, int &argumen
     QApplication::setDesktopFileName(u"com.tavi.Tavi"_s);
     QApplication::setApplicationName(u"com.tavi.Tavi"_s); // the class of the windows
     QApplication::setApplicationDisplayName(u"Tavi"_s);
-    OwnFonts::use();
     auto toolkit = std::make_unique<QApplication>(argumentCount, arguments);
     QApplication::setFont(desktopFont(QApplication::font()));
     return toolkit;
@@ -242,8 +244,34 @@ int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox
     return runToTheEnd(app, *platform, {save, displayLoss}, budget);
 }
 
+/// The fonts of the wallpaper, looked for beside the main thread. Nothing may change the
+/// environment meanwhile, which is read.
+class FontSearch {
+public:
+    FontSearch() : m_thread(startedThread(&OwnFonts::use)) {}
+    ~FontSearch() { finish(); }
+    FontSearch(const FontSearch &) = delete;
+    FontSearch &operator=(const FontSearch &) = delete;
+
+    void finish() {
+        if (m_thread && m_thread->joinable()) {
+            m_thread->join();
+        }
+    }
+
+private:
+    std::optional<std::thread> m_thread;
+};
+
+/// Days and texts as the user's language and zone have them.
+struct UserLocale {
+    IcuCalendar calendar;
+    IcuCalendar gregorian{u"en_US"_s};
+    IcuFormatters formatters;
+};
+
 int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartClaim &claim,
-               DisplayLoss &loss) {
+               DisplayLoss &loss, const UserLocale &locale) {
     // While the bus does not answer nobody else can tell that the program runs already, and two
     // would write over each other.
     const FolderLock lock(ownFolder(QStandardPaths::GenericDataLocation), endPatience);
@@ -254,12 +282,9 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
         std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
         return EXIT_FAILURE;
     }
-    const IcuCalendar calendar;
-    const IcuCalendar gregorian(u"en_US"_s);
-    const IcuFormatters formatters;
     const LinuxPlatform::Created created = LinuxPlatform::create(
-        ownFolder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s, calendar, gregorian,
-        formatters);
+        ownFolder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s, locale.calendar,
+        locale.gregorian, locale.formatters);
     if (!created.platform) {
         std::fprintf(stderr, "tavi: %s\n", qPrintable(created.refusal));
         return EXIT_FAILURE;
@@ -272,6 +297,7 @@ int runOnce(char **arguments, const ProgramSettings &settings, DisplayLoss &loss
             std::unique_ptr<X11Display> server) {
     const RequestInbox::Start start = takeStart();
     avoidHungBuses(busPatience);
+    FontSearch fonts;
     if (!server) {
         server = std::make_unique<X11Display>();
     }
@@ -285,6 +311,8 @@ int runOnce(char **arguments, const ProgramSettings &settings, DisplayLoss &loss
                    stderr);
         return EXIT_FAILURE;
     }
+    const UserLocale locale;
+    fonts.finish();
     // The wallpaper takes no options; the toolkit would take its own from the command line.
     int argumentCount = 1;
     const auto toolkit = makeToolkit(plugin, argumentCount, arguments);
@@ -295,7 +323,7 @@ int runOnce(char **arguments, const ProgramSettings &settings, DisplayLoss &loss
         QDBusConnection::sessionBus(),
         [&requests](const ApplicationRequest &request) { requests.take(request); });
     StartClaim claim(instance, requests);
-    return claim.isToRun() ? runPrimary(settings, requests, claim, loss) : EXIT_SUCCESS;
+    return claim.isToRun() ? runPrimary(settings, requests, claim, loss, locale) : EXIT_SUCCESS;
 }
 
 } // namespace

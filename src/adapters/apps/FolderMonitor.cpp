@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/apps/FolderMonitor.h"
 
+#include "adapters/gio/GioLibrary.h"
+#include "base/Log.h"
+
 #include <QFile>
 #include <QFileInfo>
-
-#include <gio/gio.h>
 
 #include <utility>
 
@@ -27,11 +28,13 @@ struct FolderMonitor::News {
 struct FolderMonitor::Watch {
     /// What a monitor's signal needs.
     struct Target {
+        const GioLibrary &gio;
         std::shared_ptr<News> news;
         QByteArray child; ///< alone of interest; empty for all that happens
     };
 
-    Watch(const QString &folder, const std::shared_ptr<News> &news) {
+    Watch(const GioLibrary &library, const QString &folder, const std::shared_ptr<News> &news)
+        : gio(library) {
         // In place of a missing folder the nearest one above it is watched for its coming: GIO
         // itself would look for it every four seconds.
         QString watched = folder;
@@ -41,12 +44,12 @@ struct FolderMonitor::Watch {
         }
         // Not by the user's virtual file system, which would look for its server on the bus.
         GFile *const file =
-            g_vfs_get_file_for_path(g_vfs_get_local(), QFile::encodeName(watched).constData());
-        monitor = g_file_monitor_directory(file, G_FILE_MONITOR_WATCH_MOVES, nullptr, nullptr);
-        g_object_unref(file);
+            gio.vfsGetFileForPath(gio.vfsGetLocal(), QFile::encodeName(watched).constData());
+        monitor = gio.fileMonitorDirectory(file, G_FILE_MONITOR_WATCH_MOVES, nullptr, nullptr);
+        gio.objectUnref(file);
         if (monitor != nullptr) {
-            g_signal_connect_data(monitor, "changed", G_CALLBACK(&Watch::changed),
-                                  new Target{news, QFile::encodeName(child)}, &Watch::forget,
+            gio.signalConnectData(monitor, "changed", G_CALLBACK(&Watch::changed),
+                                  new Target{gio, news, QFile::encodeName(child)}, &Watch::forget,
                                   GConnectFlags{});
         }
         if (!child.isEmpty() && QFileInfo::exists(child)) {
@@ -56,8 +59,8 @@ struct FolderMonitor::Watch {
 
     ~Watch() {
         if (monitor != nullptr) {
-            g_file_monitor_cancel(monitor);
-            g_object_unref(monitor);
+            gio.fileMonitorCancel(monitor);
+            gio.objectUnref(monitor);
         }
     }
     Watch(const Watch &) = delete;
@@ -67,7 +70,7 @@ struct FolderMonitor::Watch {
                         GFileMonitorEvent event, gpointer data) {
         const Target target = *static_cast<Target *>(data);
         const auto is = [&target](GFile *one) {
-            return one != nullptr && target.child == g_file_peek_path(one);
+            return one != nullptr && target.child == target.gio.filePeekPath(one);
         };
         const bool isMeant = target.child.isEmpty() || is(file) || is(other);
         // An edit is told again at its end, and only then is the file whole.
@@ -79,12 +82,18 @@ struct FolderMonitor::Watch {
         delete static_cast<Target *>(data);
     }
 
+    const GioLibrary &gio;
     GFileMonitor *monitor = nullptr;
 };
 
 FolderMonitor::FolderMonitor(const QStringList &folders) : m_news(std::make_shared<News>()) {
+    const GioLibrary *const gio = GioLibrary::loaded();
+    if (gio == nullptr) {
+        qCWarning(logSystem) << "GIO is not there, and what changes in a folder goes unnoticed";
+        return;
+    }
     for (const QString &folder : folders) {
-        m_watches.push_back(std::make_unique<Watch>(folder, m_news));
+        m_watches.push_back(std::make_unique<Watch>(*gio, folder, m_news));
     }
 }
 

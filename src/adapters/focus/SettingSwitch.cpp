@@ -1,55 +1,52 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/focus/SettingSwitch.h"
 
+#include "adapters/gio/GioLibrary.h"
 #include "base/Background.h"
 
 #include <QByteArray>
-
-#include <gio/gio.h>
-
-// The header of the place where settings are kept is only for those who say so.
-#define G_SETTINGS_ENABLE_BACKEND
-#include <gio/gsettingsbackend.h>
 
 #include <utility>
 
 namespace zeph {
 
 struct SettingSwitch::Schema {
-    explicit Schema(GSettingsSchema *owned) : handle(owned) {}
-    ~Schema() { g_settings_schema_unref(handle); }
+    Schema(const GioLibrary &library, GSettingsSchema *owned) : gio(library), handle(owned) {}
+    ~Schema() { gio.schemaUnref(handle); }
     Schema(const Schema &) = delete;
     Schema &operator=(const Schema &) = delete;
 
+    const GioLibrary &gio;
     GSettingsSchema *handle;
 };
 
 struct SettingSwitch::Settings {
     explicit Settings(const Schema &schema)
-        : handle(g_settings_new_full(schema.handle, nullptr, nullptr)) {}
+        : gio(schema.gio), handle(gio.settingsNewFull(schema.handle, nullptr, nullptr)) {}
     ~Settings() {
-        g_object_unref(handle);
+        gio.objectUnref(handle);
         if (bus != nullptr) {
-            g_object_unref(bus);
+            gio.objectUnref(bus);
         }
     }
     Settings(const Settings &) = delete;
     Settings &operator=(const Settings &) = delete;
 
+    const GioLibrary &gio;
     GSettings *handle;
     GDBusConnection *bus = nullptr; // the one that the library follows the settings on
 };
 
 namespace {
 
-bool isBoolean(GSettingsSchema *schema, const char *key) {
-    if (g_settings_schema_has_key(schema, key) == FALSE) {
+bool isBoolean(const GioLibrary &gio, GSettingsSchema *schema, const char *key) {
+    if (gio.schemaHasKey(schema, key) == FALSE) {
         return false;
     }
-    GSettingsSchemaKey *const description = g_settings_schema_get_key(schema, key);
-    const bool isIt = g_variant_type_equal(g_settings_schema_key_get_value_type(description),
+    GSettingsSchemaKey *const description = gio.schemaGetKey(schema, key);
+    const bool isIt = g_variant_type_equal(gio.schemaKeyGetValueType(description),
                                            G_VARIANT_TYPE_BOOLEAN) != FALSE;
-    g_settings_schema_key_unref(description);
+    gio.schemaKeyUnref(description);
     return isIt;
 }
 
@@ -72,20 +69,24 @@ SettingSwitch::~SettingSwitch() = default;
 /// Everything slow, on any thread; null without such a setting. The library ends the process when
 /// it is asked for a setting that is not installed, so that each part is looked up before.
 std::shared_ptr<SettingSwitch::Schema> SettingSwitch::prepare(const QuietSetting &setting) {
-    GSettingsSchemaSource *const source = g_settings_schema_source_get_default();
+    const GioLibrary *const gio = GioLibrary::loaded();
+    if (gio == nullptr) {
+        return nullptr;
+    }
+    GSettingsSchemaSource *const source = gio->schemaSourceGetDefault();
     GSettingsSchema *const found =
         source == nullptr
             ? nullptr
-            : g_settings_schema_source_lookup(source, setting.schema.toUtf8().constData(), TRUE);
+            : gio->schemaSourceLookup(source, setting.schema.toUtf8().constData(), TRUE);
     if (found == nullptr) {
         return nullptr;
     }
-    auto schema = std::make_shared<Schema>(found);
-    if (g_settings_schema_get_path(found) == nullptr ||
-        !isBoolean(found, setting.key.toUtf8().constData())) {
+    auto schema = std::make_shared<Schema>(*gio, found);
+    if (gio->schemaGetPath(found) == nullptr ||
+        !isBoolean(*gio, found, setting.key.toUtf8().constData())) {
         return nullptr;
     }
-    g_object_unref(g_settings_backend_get_default()); // it stays, ready for `open`
+    gio->objectUnref(gio->settingsBackendGetDefault()); // it stays, ready for `open`
     return schema;
 }
 
@@ -97,31 +98,32 @@ void SettingSwitch::open(const Schema &schema) {
 
 /// The library shares one connection to the session bus in the process, and has that end the
 /// process when the bus ends. This one goes on.
-void SettingSwitch::outliveBus(const std::weak_ptr<Settings> &settings) {
+void SettingSwitch::outliveBus(const std::shared_ptr<Settings> &settings) {
     const auto connected = [](GObject * /*source*/, GAsyncResult *result, gpointer data) {
         const std::unique_ptr<std::weak_ptr<Settings>> weakOwner(
             static_cast<std::weak_ptr<Settings> *>(data));
-        GDBusConnection *const bus = g_bus_get_finish(result, nullptr);
+        const GioLibrary &gio = *GioLibrary::loaded(); // who asked had it
+        GDBusConnection *const bus = gio.busGetFinish(result, nullptr);
         if (bus == nullptr) {
             return;
         }
-        g_dbus_connection_set_exit_on_close(bus, FALSE);
+        gio.connectionSetExitOnClose(bus, FALSE);
         if (const auto owner = weakOwner->lock()) {
             owner->bus = bus; // kept, since a connection made anew would end the process again
         } else {
-            g_object_unref(bus);
+            gio.objectUnref(bus);
         }
     };
-    g_bus_get(G_BUS_TYPE_SESSION, nullptr, connected,
-              std::make_unique<std::weak_ptr<Settings>>(settings).release());
+    settings->gio.busGet(G_BUS_TYPE_SESSION, nullptr, connected,
+                         std::make_unique<std::weak_ptr<Settings>>(settings).release());
 }
 
 std::optional<bool> SettingSwitch::isQuiet() const {
     if (!m_settings) {
         return std::nullopt;
     }
-    const bool value =
-        g_settings_get_boolean(m_settings->handle, m_setting.key.toUtf8().constData()) != FALSE;
+    const bool value = m_settings->gio.settingsGetBoolean(
+                           m_settings->handle, m_setting.key.toUtf8().constData()) != FALSE;
     return value == m_setting.quietValue;
 }
 

@@ -28,7 +28,7 @@ private:
     struct Settings;
 
     static std::shared_ptr<Schema> prepare(const QuietSetting &setting);
-    static void outliveBus(const std::weak_ptr<Settings> &settings);
+    static void outliveBus(const std::shared_ptr<Settings> &settings);
     void open(const Schema &schema);
 
     QuietSetting m_setting;

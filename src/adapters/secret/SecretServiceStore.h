@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ports/SecureStore.h"
+#include "adapters/secret/SecretPlugin.h"
 
 #include <chrono>
 #include <memory>
@@ -20,7 +20,7 @@ struct SecretServiceLimits {
 /// collection is unlocked by the service's own prompt; once a person closed it, reading does not
 /// bring it up again until the program ends or writing has unlocked the collection. Callable from
 /// any thread, but from the main thread only where a wait does no harm.
-class SecretServiceStore : public SecureStore {
+class SecretServiceStore : public CancellableStore {
 public:
     explicit SecretServiceStore(const SecretServiceLimits &limits = {});
 
@@ -34,9 +34,8 @@ public:
     SecretAnswer<std::vector<SecureItem>> copyAll(const QString &service) override;
     SecretOutcome remove(const QString &service, const QString &account) override;
 
-    /// Ends every wait at once, a prompt that stands open included; from now on nothing is
-    /// available. For the end of the process. Any thread.
-    void cancelAll();
+    /// A prompt that stands open is ended, too. For the end of the process.
+    void cancelAll() override;
 
 private:
     class Worker;

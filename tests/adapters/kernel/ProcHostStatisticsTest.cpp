@@ -56,6 +56,19 @@ TEST(ProcHostStatistics, takesAsUsedWhatIsNotAvailable) {
     EXPECT_EQ(host.physicalMemory(), 16384000ULL * 1024);
 }
 
+TEST(ProcHostStatistics, readsFilesOfAnyLength) {
+    const ChangingTree folder;
+    // As of a machine with very many interrupts, before and behind what is looked for.
+    const QByteArray interrupts = "intr 9" + QByteArray(" 0").repeated(100'000) + '\n';
+    folder.write(u"stat"_s, "cpu  1 2 3 4 0 0 0 0 0 0\n" + interrupts + "btime 1699950000\n");
+    const ProcHostStatistics host(folder.path());
+    EXPECT_EQ(host.cpuTicks(), (CpuTicks{1, 3, 4, 2}));
+    EXPECT_EQ(host.bootTime(), Date{1699950000});
+    folder.write(u"stat"_s, "btime 1699950000\n");
+    EXPECT_EQ(host.bootTime(), Date{1699950000});
+    EXPECT_FALSE(host.cpuTicks());
+}
+
 TEST(ProcHostStatistics, readsTheBootTime) {
     EXPECT_EQ(ProcHostStatistics(tree(u"normal"_s)).bootTime(), Date{1699950000});
 }

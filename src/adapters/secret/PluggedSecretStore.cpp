@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "adapters/secret/PluggedSecretStore.h"
+
+#include "adapters/secret/SecretPlugin.h"
+#include "base/Log.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+
+#include <dlfcn.h>
+
+#include <utility>
+
+namespace zeph {
+
+namespace {
+
+MakeSecretStore loadPlugin(const QString &path) {
+    // The libraries behind it register types that can't be taken back, so it is never unloaded.
+    void *const plugin = ::dlopen(QFile::encodeName(path).constData(), RTLD_NOW | RTLD_NODELETE);
+    void *const made = plugin == nullptr ? nullptr : ::dlsym(plugin, "zephMakeSecretStore");
+    return reinterpret_cast<MakeSecretStore>(made);
+}
+
+} // namespace
+
+PluggedSecretStore::PluggedSecretStore(QString pluginPath) : m_pluginPath(std::move(pluginPath)) {}
+
+PluggedSecretStore::~PluggedSecretStore() = default;
+
+QString PluggedSecretStore::installedPlugin() {
+    const QDir folder(QCoreApplication::applicationDirPath());
+    const QString beside = folder.filePath(QStringLiteral(ZEPH_SECRET_PLUGIN_FILE));
+    return QFile::exists(beside) ? beside
+                                 : folder.filePath(QStringLiteral(ZEPH_SECRET_PLUGIN_PATH
+                                                                  "/" ZEPH_SECRET_PLUGIN_FILE));
+}
+
+SecretOutcome PluggedSecretStore::add(const QString &service, const QString &account,
+                                      const QByteArray &data) {
+    SecureStore *const store = loaded();
+    return store == nullptr ? SecretOutcome::unavailable : store->add(service, account, data);
+}
+
+SecretAnswer<std::optional<QByteArray>> PluggedSecretStore::copy(const QString &service,
+                                                                 const QString &account) {
+    SecureStore *const store = loaded();
+    return store == nullptr ? SecretAnswer<std::optional<QByteArray>>{}
+                            : store->copy(service, account);
+}
+
+SecretAnswer<std::vector<SecureItem>> PluggedSecretStore::copyAll(const QString &service) {
+    SecureStore *const store = loaded();
+    return store == nullptr ? SecretAnswer<std::vector<SecureItem>>{} : store->copyAll(service);
+}
+
+SecretOutcome PluggedSecretStore::remove(const QString &service, const QString &account) {
+    SecureStore *const store = loaded();
+    return store == nullptr ? SecretOutcome::unavailable : store->remove(service, account);
+}
+
+void PluggedSecretStore::cancelAll() {
+    const std::scoped_lock lock(m_mutex);
+    m_isCancelled = true;
+    if (m_store) {
+        m_store->cancelAll();
+    }
+}
+
+/// Null when there is no plug-in, or nothing is to be asked any more.
+SecureStore *PluggedSecretStore::loaded() {
+    const std::scoped_lock lock(m_mutex);
+    if (!m_store && !m_isCancelled) {
+        const MakeSecretStore make = loadPlugin(m_pluginPath);
+        if (make == nullptr) {
+            qCWarning(logSystem) << "the plug-in of the keyring could not be loaded";
+            return nullptr;
+        }
+        m_store.reset(make());
+    }
+    return m_store.get();
+}
+
+} // namespace zeph

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/SecureStore.h"
+
+#include <QString>
+
+#include <memory>
+#include <mutex>
+
+namespace zeph {
+
+class CancellableStore;
+
+/// The store of the session's secret service, loaded as a plug-in by the first secret: it and the
+/// libraries behind it would hold up the start, and cost memory where there are no secrets.
+/// Callable from any thread, but from the main thread only where a wait does no harm. Without the
+/// plug-in nothing is available; the next secret tries anew.
+class PluggedSecretStore : public SecureStore {
+public:
+    explicit PluggedSecretStore(QString pluginPath = installedPlugin());
+    ~PluggedSecretStore() override;
+
+    /// The plug-in beside the executable, else in the library folder of the installation.
+    static QString installedPlugin();
+
+    SecretOutcome add(const QString &service, const QString &account,
+                      const QByteArray &data) override;
+    SecretAnswer<std::optional<QByteArray>> copy(const QString &service,
+                                                 const QString &account) override;
+    SecretAnswer<std::vector<SecureItem>> copyAll(const QString &service) override;
+    SecretOutcome remove(const QString &service, const QString &account) override;
+
+    /// Ends every wait at once, a prompt that stands open included; from now on nothing is
+    /// available. For the end of the process. Any thread.
+    void cancelAll();
+
+private:
+    SecureStore *loaded();
+
+    QString m_pluginPath;
+    std::mutex m_mutex; // of what follows; never held across a wait for the service
+    bool m_isCancelled = false;
+    std::unique_ptr<CancellableStore> m_store;
+};
+
+} // namespace zeph
