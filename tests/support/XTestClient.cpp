@@ -117,6 +117,14 @@ void XTestClient::setText(xcb_window_t window, const QByteArray &property, const
     xcb_flush(m_connection.get());
 }
 
+void XTestClient::resize(xcb_window_t window, QSize size) {
+    const std::array<std::uint32_t, 2> extent{static_cast<std::uint32_t>(size.width()),
+                                              static_cast<std::uint32_t>(size.height())};
+    xcb_configure_window(m_connection.get(), window,
+                         XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, extent.data());
+    xcb_flush(m_connection.get());
+}
+
 void XTestClient::raise(xcb_window_t window) {
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_connection.get(), window, XCB_CONFIG_WINDOW_STACK_MODE, &above);

@@ -55,6 +55,7 @@ public:
     /// Sets a property of UTF-8 text.
     void setText(xcb_window_t window, const QByteArray &property, const QByteArray &text);
     void raise(xcb_window_t window);
+    void resize(xcb_window_t window, QSize size);
 
     /// Asks the window manager to give it the focus.
     void activate(xcb_window_t window);

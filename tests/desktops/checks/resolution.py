@@ -10,8 +10,8 @@ def check(desk):
     try:
         for size in ((1280, 720), (1600, 900)):
             desk.set_mode(*size)
-            desk.expect_wallpaper(f"at {size[0]} by {size[1]}")
+            desk.expect_wallpaper_to_stay(f"at {size[0]} by {size[1]}")
             geometry.check(desk)
     finally:
         desk.set_mode(width, height)
-    desk.expect_wallpaper("at the first resolution again")
+    desk.expect_wallpaper_to_stay("at the first resolution again")

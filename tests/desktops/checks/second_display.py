@@ -11,12 +11,12 @@ def check(desk):
     desk.add_screen()
     remark = None
     try:
-        desk.expect_wallpaper("with two displays")
+        desk.expect_wallpaper_to_stay("with two displays")
         geometry.check(desk)
     finally:
         try:
             desk.remove_screen()
         except NotApplicable as reason:
             remark = str(reason)
-    desk.expect_wallpaper("afterwards")
+    desk.expect_wallpaper_to_stay("afterwards")
     return remark

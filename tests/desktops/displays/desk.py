@@ -4,7 +4,7 @@ from base.outcome import Failed, NotApplicable, NotReady
 from base.picture import ICON, are_alike, is_wallpaper, name_of
 from base.program import Tavi
 from base.room import Room
-from base.waiting import expect, prepare, wait_until
+from base.waiting import expect, expect_settled, prepare, wait_until
 
 # Where the wallpaper has no words, as parts of the width and the height.
 FREE = [(x, y) for x in (0.72, 0.84, 0.96) for y in (0.45, 0.6, 0.75)]
@@ -156,6 +156,11 @@ class Desk:
     def expect_wallpaper(self, where="", places=None, seconds=15):
         expect(lambda: self.shows_wallpaper(places),
                lambda: f"{where + ': ' if where else ''}{self.seen(places)}", seconds)
+
+    def expect_wallpaper_to_stay(self, where):
+        """After changes of displays, which desktops answer with pictures of their own a moment
+        later."""
+        expect_settled(self.shows_wallpaper, lambda: f"{where}: {self.seen()}", 15, 1)
 
     def at(self, x, y):
         return self.picture().at(x, y)

@@ -11,7 +11,7 @@ namespace zeph {
 
 namespace {
 
-constexpr std::size_t kNumbersBeforeTheWindows = 5;
+constexpr std::size_t kNumbersBeforeTheWindows = 6;
 
 // Some desktop programs have a window for each monitor.
 constexpr std::size_t kMostWindows = 32;
@@ -30,24 +30,28 @@ bool isExtent(std::uint32_t number) {
 } // namespace
 
 std::vector<std::uint32_t> numbersOf(const EarlierPictureRecord &record) {
-    std::vector<std::uint32_t> numbers{
-        record.kept, record.target.pixmap, static_cast<std::uint32_t>(record.target.size.width()),
-        static_cast<std::uint32_t>(record.target.size.height()), record.target.depth};
+    std::vector<std::uint32_t> numbers{record.kept,
+                                       record.mark,
+                                       record.target.pixmap,
+                                       static_cast<std::uint32_t>(record.target.size.width()),
+                                       static_cast<std::uint32_t>(record.target.size.height()),
+                                       record.target.depth};
     numbers.insert(numbers.end(), record.target.windows.begin(), record.target.windows.end());
     return numbers;
 }
 
 std::optional<EarlierPictureRecord> recordIn(const std::vector<std::uint32_t> &numbers) {
     if (numbers.size() <= kNumbersBeforeTheWindows || numbers.size() > kMostNumbers ||
-        numbers[0] == XCB_PIXMAP_NONE || !isExtent(numbers[2]) || !isExtent(numbers[3]) ||
-        (numbers[4] != 24 && numbers[4] != 32)) {
+        numbers[0] == XCB_PIXMAP_NONE || numbers[1] == XCB_NONE || !isExtent(numbers[3]) ||
+        !isExtent(numbers[4]) || (numbers[5] != 24 && numbers[5] != 32)) {
         return std::nullopt;
     }
     EarlierPictureRecord record;
     record.kept = numbers[0];
-    record.target.pixmap = numbers[1];
-    record.target.size = {static_cast<int>(numbers[2]), static_cast<int>(numbers[3])};
-    record.target.depth = static_cast<std::uint8_t>(numbers[4]);
+    record.mark = numbers[1];
+    record.target.pixmap = numbers[2];
+    record.target.size = {static_cast<int>(numbers[3]), static_cast<int>(numbers[4])};
+    record.target.depth = static_cast<std::uint8_t>(numbers[5]);
     record.target.windows.assign(numbers.begin() + kNumbersBeforeTheWindows, numbers.end());
     return refusalOf(record.target).isEmpty() ? std::optional(record) : std::nullopt;
 }

@@ -3,6 +3,8 @@
 
 #include "adapters/session/x11/RootPixmapTarget.h"
 
+#include <xcb/damage.h>
+
 #include <optional>
 #include <vector>
 
@@ -14,7 +16,8 @@ class X11Connection;
 /// to mend it after this program was killed.
 struct EarlierPictureRecord {
     xcb_pixmap_t kept = XCB_PIXMAP_NONE; ///< the picture as it was without us
-    RootPixmapTarget target = {};        ///< what we paint into
+    xcb_damage_damage_t mark = XCB_NONE; ///< lives as long as the pixmap that we paint into
+    RootPixmapTarget target = {};        ///< that pixmap
 
     bool operator==(const EarlierPictureRecord &) const = default;
 };

@@ -18,6 +18,9 @@ struct RootPixmapTarget {
     QSize size = {};                        ///< in device pixels
     std::vector<xcb_window_t> windows = {}; ///< at the origin of the root, repainted from it
 
+    /// False where that program shows it without having told of it on the root window.
+    bool isAnnounced = true;
+
     bool operator==(const RootPixmapTarget &) const = default;
 };
 

@@ -9,6 +9,7 @@
 #include <xcb/damage.h>
 #include <xcb/randr.h>
 #include <xcb/record.h>
+#include <xcb/res.h>
 #include <xcb/screensaver.h>
 #include <xcb/shape.h>
 #include <xcb/shm.h>
@@ -47,6 +48,8 @@ xcb_extension_t *handleOf(X11Extension extension) {
         return &xcb_sync_id;
     case X11Extension::damage:
         return &xcb_damage_id;
+    case X11Extension::resources:
+        return &xcb_res_id;
     }
     return nullptr;
 }
@@ -74,7 +77,7 @@ std::unique_ptr<X11Connection> X11Connection::open(const QByteArray &display) {
     for (const auto extension :
          {X11Extension::shm, X11Extension::shape, X11Extension::xfixes, X11Extension::input,
           X11Extension::screensaver, X11Extension::record, X11Extension::randr, X11Extension::sync,
-          X11Extension::damage}) {
+          X11Extension::damage, X11Extension::resources}) {
         xcb_prefetch_extension_data(connection.get(), handleOf(extension));
     }
     return std::unique_ptr<X11Connection>(

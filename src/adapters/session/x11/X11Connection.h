@@ -21,7 +21,18 @@ namespace zeph {
 class X11EventListener;
 
 /// The extensions that this program knows.
-enum class X11Extension { shm, shape, xfixes, input, screensaver, record, randr, sync, damage };
+enum class X11Extension {
+    shm,
+    shape,
+    xfixes,
+    input,
+    screensaver,
+    record,
+    randr,
+    sync,
+    damage,
+    resources
+};
 
 /// A connection to the X server beside the toolkit's, driven by the main thread's event loop.
 /// Nothing is ever polled: the socket wakes the loop. Errors of requests without a reply are

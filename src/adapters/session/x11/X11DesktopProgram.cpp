@@ -2,9 +2,12 @@
 #include "adapters/session/x11/X11DesktopProgram.h"
 
 #include "adapters/session/x11/X11DesktopWindows.h"
+#include "adapters/session/x11/X11HeldPixmaps.h"
 #include "adapters/session/x11/X11Properties.h"
 
 #include <algorithm>
+#include <array>
+#include <chrono>
 #include <utility>
 
 namespace zeph {
@@ -13,6 +16,12 @@ namespace {
 
 constexpr std::uint32_t kLongestClass = 64; // in 4-byte units
 constexpr std::size_t kRepliesPerCandidate = 2;
+
+// How long after another size of its window Caja may show another picture without a word: at once
+// or, where pictures are large or the computer is busy, later.
+constexpr std::array<std::chrono::milliseconds, 4> kLooksAfterResizing{
+    {std::chrono::milliseconds(100), std::chrono::milliseconds(300),
+     std::chrono::milliseconds(1000), std::chrono::milliseconds(4000)}};
 
 std::uint32_t firstNumberIn(const X11AnyReply &reply) {
     const auto numbers = numbersIn(propertyIn(reply));
@@ -35,7 +44,12 @@ X11DesktopProgram::X11DesktopProgram(X11Connection &connection, X11DesktopWindow
               read();
           }
       })) {
-    connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE);
+    m_nextLook.setSingleShot(true);
+    QObject::connect(&m_nextLook, &QTimer::timeout, &m_nextLook, [this] {
+        read();
+        lookLater();
+    });
+    connection.selectOnRoot(XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     read();
 }
 
@@ -51,11 +65,32 @@ std::vector<xcb_window_t> X11DesktopProgram::windowsOfOthers() const {
 
 void X11DesktopProgram::handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) {
     if (kind == XCB_DESTROY_NOTIFY) {
-        if (m_watched.erase(eventAs<xcb_destroy_notify_event_t>(event).window) > 0) {
+        const xcb_window_t window = eventAs<xcb_destroy_notify_event_t>(event).window;
+        m_sizes.erase(window);
+        if (m_watched.erase(window) > 0) {
             read();
+        }
+    } else if (kind == XCB_CONFIGURE_NOTIFY) {
+        const auto &notify = eventAs<xcb_configure_notify_event_t>(event);
+        if (notify.window == connection().root() || m_watched.contains(notify.window)) {
+            noteSize(notify.window, {notify.width, notify.height});
         }
     } else if (isNews(kind, event)) {
         read();
+    }
+}
+
+void X11DesktopProgram::noteSize(xcb_window_t window, const QSize &size) {
+    if (std::exchange(m_sizes[window], size) != size && m_found &&
+        m_found->kind == DesktopProgram::caja) {
+        m_looks = 0;
+        lookLater();
+    }
+}
+
+void X11DesktopProgram::lookLater() {
+    if (m_looks < kLooksAfterResizing.size()) {
+        m_nextLook.start(kLooksAfterResizing.at(m_looks++));
     }
 }
 
@@ -156,14 +191,38 @@ void X11DesktopProgram::readPixmap(Found found, xcb_pixmap_t pixmap) {
     const unsigned geometry = xcb_get_geometry(connection().xcb(), pixmap).sequence;
     // Only a window has any, and nobody is to paint into one of others.
     const unsigned attributes = xcb_get_window_attributes(connection().xcb(), pixmap).sequence;
+    const unsigned window = xcb_get_geometry(connection().xcb(), found.windows.front()).sequence;
     connection().whenReplied(
-        *this, {geometry, attributes},
+        *this, {geometry, attributes, window},
         [this, found = std::move(found), pixmap](const X11Connection::Replies &replies) mutable {
             const auto *place = static_cast<const xcb_get_geometry_reply_t *>(replies[0].get());
             if (place && !replies[1] && (place->depth == 24 || place->depth == 32)) {
                 found.pixmap = pixmap;
                 found.pixmapSize = {place->width, place->height};
                 found.pixmapDepth = place->depth;
+            }
+            const auto *whole = static_cast<const xcb_get_geometry_reply_t *>(replies[2].get());
+            if (found.kind == DesktopProgram::caja && whole) {
+                lookForSilentPicture(std::move(found), {found.windows.front(),
+                                                        {whole->width, whole->height},
+                                                        connection().screen().root_depth});
+            } else {
+                take(std::move(found));
+            }
+        });
+}
+
+void X11DesktopProgram::lookForSilentPicture(Found found, const PixmapForm &whole) {
+    findHeldPixmaps(
+        connection(), *this,
+        [this, found = std::move(found), whole](const std::vector<PixmapForm> &held) mutable {
+            const auto silent =
+                m_silent.take({found.pixmap, found.pixmapSize, found.pixmapDepth}, held, whole);
+            if (silent) {
+                found.pixmap = silent->pixmap;
+                found.pixmapSize = silent->size;
+                found.pixmapDepth = silent->depth;
+                found.isPixmapAnnounced = false;
             }
             take(std::move(found));
         });

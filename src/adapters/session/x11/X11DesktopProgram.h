@@ -3,13 +3,16 @@
 
 #include "adapters/session/choose/DesktopProgram.h"
 #include "adapters/session/x11/RootPixmapTarget.h"
+#include "adapters/session/x11/SilentPicture.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11EventListener.h"
 #include "base/ChangePublisher.h"
 
 #include <QSize>
+#include <QTimer>
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <vector>
@@ -32,11 +35,14 @@ public:
         /// What its picture lies in, for all monitors together; XCB_PIXMAP_NONE where it keeps the
         /// picture to itself. Another client's: it can be freed at any moment.
         xcb_pixmap_t pixmap = XCB_PIXMAP_NONE;
-        QSize pixmapSize = {};        ///< in device pixels
-        std::uint8_t pixmapDepth = 0; ///< 24 or 32
+        QSize pixmapSize = {};         ///< in device pixels
+        std::uint8_t pixmapDepth = 0;  ///< 24 or 32
+        bool isPixmapAnnounced = true; ///< on the root window
 
         /// Its picture, and where it shows it.
-        RootPixmapTarget target() const { return {pixmap, pixmapDepth, pixmapSize, windows}; }
+        RootPixmapTarget target() const {
+            return {pixmap, pixmapDepth, pixmapSize, windows, isPixmapAnnounced};
+        }
 
         bool operator==(const Found &) const = default;
     };
@@ -61,6 +67,9 @@ private:
     static std::optional<Found> describe(const std::vector<xcb_window_t> &candidates,
                                          const X11Connection::Replies &replies);
     void readPixmap(Found found, xcb_pixmap_t pixmap);
+    void lookForSilentPicture(Found found, const PixmapForm &whole);
+    void noteSize(xcb_window_t window, const QSize &size);
+    void lookLater();
     void take(std::optional<Found> found);
 
     X11DesktopWindows &m_windows;
@@ -71,6 +80,10 @@ private:
     Subscription m_listing;
     bool m_isReading = false;
     bool m_readsAgain = false;
+    SilentPicture m_silent;
+    std::map<xcb_window_t, QSize> m_sizes; // of the root and of what is watched, when last told
+    std::size_t m_looks = 0;               // since one of these changed
+    QTimer m_nextLook;
 };
 
 } // namespace zeph

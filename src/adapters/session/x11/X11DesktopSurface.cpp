@@ -132,6 +132,10 @@ void X11DesktopSurface::orderFront() {
     m_mapTries = 0;
     m_mapWatch.start();
     map();
+    // A window manager that is late may have mapped it after `orderOut`: then nothing is exposed
+    // by mapping it again.
+    put(std::exchange(m_exposed, {}));
+    xcb_flush(connection().xcb());
 }
 
 void X11DesktopSurface::map() {
@@ -263,7 +267,7 @@ void X11DesktopSurface::noteExposure(const xcb_expose_event_t &expose) {
         return;
     }
     m_exposed += QRect(expose.x, expose.y, expose.width, expose.height);
-    if (expose.count == 0) {
+    if (expose.count == 0 && m_isVisible) {
         put(std::exchange(m_exposed, {}));
     }
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11EarlierPicture.h"
 
-#include "adapters/session/x11/EarlierPictureRecord.h"
 #include "adapters/session/x11/X11Connection.h"
+#include "adapters/session/x11/X11HeldPixmaps.h"
 #include "adapters/session/x11/X11Properties.h"
 #include "adapters/session/x11/X11ServerGrab.h"
 
@@ -33,23 +33,55 @@ xcb_gcontext_t makeContext(X11Connection &connection, xcb_pixmap_t pixmap) {
     return context;
 }
 
-} // namespace
+/// Marks the pixmap by what goes with it: its number may be that of another one later.
+X11Reply<xcb_generic_error_t> mark(xcb_connection_t *keeper, const EarlierPictureRecord &record) {
+    xcb_discard_reply(keeper, xcb_damage_query_version(keeper, 1, 1).sequence);
+    return X11Reply<xcb_generic_error_t>(xcb_request_check(
+        keeper, xcb_damage_create_checked(keeper, record.mark, record.target.pixmap,
+                                          XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY)));
+}
 
-bool isAnnounced(X11Connection &connection, const RootPixmapTarget &target) {
+/// Whether the pixmap that was marked is still there.
+bool isAlive(X11Connection &connection, xcb_damage_damage_t mark) {
+    if (!connection.extension(X11Extension::damage)) {
+        return false;
+    }
+    xcb_connection_t *xcb = connection.xcb();
+    xcb_discard_reply(xcb, xcb_damage_query_version(xcb, 1, 1).sequence);
+    const X11Reply<xcb_generic_error_t> gone(
+        xcb_request_check(xcb, xcb_damage_subtract_checked(xcb, mark, XCB_NONE, XCB_NONE)));
+    return !gone;
+}
+
+bool isAnnounced(X11Connection &connection, xcb_pixmap_t pixmap) {
+    const auto announced = readNow(connection, connection.root(),
+                                   connection.atom(X11Atom::rootPixmap), XCB_ATOM_PIXMAP, 1);
+    const auto numbers = numbersIn(announced.get());
+    return !numbers.empty() && numbers.front() == pixmap;
+}
+
+/// Whether it is a pixmap of that form. One round trip.
+bool isOfItsForm(X11Connection &connection, const RootPixmapTarget &target) {
     xcb_connection_t *xcb = connection.xcb();
     const auto form = xcb_get_geometry(xcb, target.pixmap);
     const auto attributes = xcb_get_window_attributes(xcb, target.pixmap);
-    const auto announced = readNow(connection, connection.root(),
-                                   connection.atom(X11Atom::rootPixmap), XCB_ATOM_PIXMAP, 1);
     const X11Reply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(xcb, form, nullptr));
     // Only a window has any.
     const X11Reply<xcb_get_window_attributes_reply_t> window(
         xcb_get_window_attributes_reply(xcb, attributes, nullptr));
-    const auto numbers = numbersIn(announced.get());
-    return !numbers.empty() && numbers.front() == target.pixmap && !window && geometry &&
-           geometry->depth == target.depth &&
+    return !window && geometry && geometry->depth == target.depth &&
            QSize(geometry->width, geometry->height) == target.size;
 }
+
+/// Whether it is what a desktop program shows, as far as the server can tell, rather than something
+/// of another program that got its number.
+bool isPictureOfDesktop(X11Connection &connection, const RootPixmapTarget &target) {
+    return isOfItsForm(connection, target) &&
+           (target.isAnnounced ? isAnnounced(connection, target.pixmap)
+                               : isHeldPixmap(connection, target.pixmap));
+}
+
+} // namespace
 
 X11EarlierPicture::Kept X11EarlierPicture::keep(X11Connection &connection,
                                                 const RootPixmapTarget &target) {
@@ -58,20 +90,26 @@ X11EarlierPicture::Kept X11EarlierPicture::keep(X11Connection &connection,
     if (xcb_connection_has_error(keeper.get()) != 0) {
         return {nullptr, Refusal::noRoom};
     }
-    const xcb_pixmap_t kept = xcb_generate_id(keeper.get());
-    const auto made = xcb_create_pixmap_checked(keeper.get(), target.depth, kept, connection.root(),
-                                                wireLength(target.size.width()),
+    EarlierPictureRecord record;
+    record.kept = xcb_generate_id(keeper.get());
+    record.mark = xcb_generate_id(keeper.get());
+    record.target = target;
+    const auto made = xcb_create_pixmap_checked(keeper.get(), target.depth, record.kept,
+                                                connection.root(), wireLength(target.size.width()),
                                                 wireLength(target.size.height()));
     if (const X11Reply<xcb_generic_error_t> refused{xcb_request_check(keeper.get(), made)}) {
         return {nullptr, Refusal::noRoom};
     }
+    if (mark(keeper.get(), record)) {
+        return {nullptr, Refusal::pictureIsGone};
+    }
     std::unique_ptr<X11EarlierPicture> picture;
     {
         const X11ServerGrab grab(connection.xcb()); // the keeper is not to be waited for meanwhile
-        if (!isAnnounced(connection, target)) {
+        if (!isPictureOfDesktop(connection, target) || !isAlive(connection, record.mark)) {
             return {nullptr, Refusal::pictureIsGone};
         }
-        picture.reset(new X11EarlierPicture(connection, target, std::move(keeper), kept));
+        picture.reset(new X11EarlierPicture(connection, std::move(record), std::move(keeper)));
     }
     // Not before there is something to retain: the server would hold on to an empty client.
     xcb_set_close_down_mode(picture->m_keeper.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
@@ -79,23 +117,22 @@ X11EarlierPicture::Kept X11EarlierPicture::keep(X11Connection &connection,
     return {std::move(picture), Refusal::none};
 }
 
-X11EarlierPicture::X11EarlierPicture(X11Connection &connection, RootPixmapTarget target,
-                                     Keeper keeper, xcb_pixmap_t kept)
+X11EarlierPicture::X11EarlierPicture(X11Connection &connection, EarlierPictureRecord record,
+                                     Keeper keeper)
     : m_connection(connection),
-      m_target(std::move(target)),
+      m_record(std::move(record)),
       m_keeper(std::move(keeper)),
-      m_kept(kept),
-      m_context(makeContext(connection, kept)),
-      m_clipped(makeContext(connection, kept)) {
-    const QRect all(QPoint(), m_target.size);
+      m_context(makeContext(connection, m_record.kept)),
+      m_clipped(makeContext(connection, m_record.kept)) {
+    const QRect all(QPoint(), m_record.target.size);
     const auto former = readRecord(connection);
-    copy(m_target.pixmap, m_kept, all);
-    if (former && former->target.pixmap == m_target.pixmap &&
-        former->target.size == m_target.size && former->target.depth == m_target.depth) {
+    copy(m_record.target.pixmap, m_record.kept, all);
+    if (former && former->target.pixmap == m_record.target.pixmap &&
+        isAlive(connection, former->mark)) {
         m_origin = Origin::formerRun;
-        copy(former->kept, m_kept, all);
+        copy(former->kept, m_record.kept, all);
     }
-    writeRecord(connection, EarlierPictureRecord{m_kept, m_target});
+    writeRecord(connection, m_record);
     if (former) {
         xcb_kill_client(connection.xcb(), former->kept);
     }
@@ -103,8 +140,8 @@ X11EarlierPicture::X11EarlierPicture(X11Connection &connection, RootPixmapTarget
 }
 
 void X11EarlierPicture::noteWindows(const std::vector<xcb_window_t> &windows) {
-    m_target.windows = windows;
-    writeRecord(m_connection, EarlierPictureRecord{m_kept, m_target});
+    m_record.target.windows = windows;
+    writeRecord(m_connection, m_record);
 }
 
 X11EarlierPicture::~X11EarlierPicture() {
@@ -118,13 +155,14 @@ X11EarlierPicture::~X11EarlierPicture() {
 
 void X11EarlierPicture::keepAnew(xcb_xfixes_region_t region) {
     xcb_xfixes_set_gc_clip_region(m_connection.xcb(), m_clipped, region, 0, 0);
-    xcb_copy_area(m_connection.xcb(), m_target.pixmap, m_kept, m_clipped, 0, 0, 0, 0,
-                  wireLength(m_target.size.width()), wireLength(m_target.size.height()));
+    const RootPixmapTarget &target = m_record.target;
+    xcb_copy_area(m_connection.xcb(), target.pixmap, m_record.kept, m_clipped, 0, 0, 0, 0,
+                  wireLength(target.size.width()), wireLength(target.size.height()));
 }
 
 void X11EarlierPicture::putBack(const QRegion &region) {
-    for (const QRect &rect : region &QRect(QPoint(), m_target.size)) {
-        copy(m_kept, m_target.pixmap, rect);
+    for (const QRect &rect : region &QRect(QPoint(), m_record.target.size)) {
+        copy(m_record.kept, m_record.target.pixmap, rect);
     }
 }
 
@@ -141,7 +179,7 @@ bool restoreDesktopPicture(X11Connection &connection) {
     }
     xcb_connection_t *xcb = connection.xcb();
     const X11ServerGrab grab(xcb);
-    const bool isStillThere = isAnnounced(connection, record->target);
+    const bool isStillThere = isAlive(connection, record->mark);
     if (isStillThere) {
         const xcb_gcontext_t context = makeContext(connection, record->kept);
         const QSize size = record->target.size;

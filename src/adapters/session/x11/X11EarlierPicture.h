@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "adapters/session/x11/RootPixmapTarget.h"
+#include "adapters/session/x11/EarlierPictureRecord.h"
 
 #include <QRegion>
 
@@ -31,8 +31,9 @@ public:
     };
 
     /// Keeps all of the picture of `target`, or what a former run kept that was killed while it
-    /// painted into the same. Refused when the server has no room for it, or `target` is not what
-    /// the desktop program announces at this moment. A few round trips.
+    /// painted into the same pixmap: another one may have its number by now. Refused when the
+    /// server has no room for it, or `target` is not a picture of a desktop program of that
+    /// form at this moment. A few round trips.
     static Kept keep(X11Connection &connection, const RootPixmapTarget &target);
     /// Forgets what was kept. To be put back before.
     ~X11EarlierPicture();
@@ -59,22 +60,16 @@ private:
     };
     using Keeper = std::unique_ptr<xcb_connection_t, Disconnect>;
 
-    X11EarlierPicture(X11Connection &connection, RootPixmapTarget target, Keeper keeper,
-                      xcb_pixmap_t kept);
+    X11EarlierPicture(X11Connection &connection, EarlierPictureRecord record, Keeper keeper);
     void copy(xcb_pixmap_t from, xcb_pixmap_t to, const QRect &rect);
 
     X11Connection &m_connection;
-    RootPixmapTarget m_target;
+    EarlierPictureRecord m_record;
     Keeper m_keeper;
-    xcb_pixmap_t m_kept;
     xcb_gcontext_t m_context;
     xcb_gcontext_t m_clipped; // for the copies of regions
     Origin m_origin = Origin::desktopProgram;
 };
-
-/// Whether `target` is what the desktop program announces at this moment, and a pixmap of that
-/// form. One round trip.
-bool isAnnounced(X11Connection &connection, const RootPixmapTarget &target);
 
 /// Puts the picture back that a run of this program kept, which was killed, and has the desktop
 /// program show it; false when there is nothing to put back. For the way out of a desktop, such as

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/x11/X11DesktopProgram.h"
 
+#include "LeftPixmap.h"
 #include "X11Fixture.h"
 #include "adapters/session/x11/X11DesktopWindows.h"
 
@@ -11,6 +12,8 @@ namespace zeph {
 namespace {
 
 using Found = X11DesktopProgram::Found;
+
+constexpr QSize kShrunk(1280, 720); // that of a desktop of less pixels
 
 /// What a desktop program shows, by another client; nobody but itself tells of its window.
 class DesktopProgramWatchTest : public X11Test {
@@ -125,6 +128,45 @@ TEST_F(DesktopProgramWatchTest, takesNoWindowForAPixmap) {
     share(desktop);
     name("CAJA_DESKTOP_WINDOW_ID", desktop);
     EXPECT_TRUE(becomes({{.kind = DesktopProgram::caja, .windows = {desktop}}}));
+}
+
+TEST_F(DesktopProgramWatchTest, findsThePictureThatCajaDoesNotAnnounceAtAnotherSize) {
+    const auto desktop = showDesktop("Caja");
+    const auto announced = leavePixmap(session.display(), {2560, 800}, Qt::darkRed);
+    share(announced);
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    ASSERT_TRUE(becomes({{DesktopProgram::caja, {desktop}, announced, {2560, 800}, 24}}));
+    const auto shown = leavePixmap(session.display(), kShrunk, Qt::darkGreen);
+    client->resize(desktop, kShrunk);
+    const Found silent{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false};
+    EXPECT_TRUE(becomes(silent));
+    X11DesktopWindows listed(*connection);
+    const X11DesktopProgram later(*connection, listed);
+    connection->waitForReplies();
+    EXPECT_EQ(later.found(), silent);
+}
+
+TEST_F(DesktopProgramWatchTest, looksAgainForAPictureThatCajaMakesLate) {
+    const auto desktop = showDesktop("Caja");
+    const auto announced = leavePixmap(session.display(), kWholeScreen.size(), Qt::darkRed);
+    share(announced);
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    const Found first{DesktopProgram::caja, {desktop}, announced, kWholeScreen.size(), 24};
+    ASSERT_TRUE(becomes(first));
+    client->resize(desktop, kShrunk);
+    runLoopFor(std::chrono::milliseconds(150));
+    EXPECT_EQ(program.found(), first);
+    const auto shown = leavePixmap(session.display(), kShrunk, Qt::darkGreen);
+    EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false}}));
+}
+
+TEST_F(DesktopProgramWatchTest, takesNoUnannouncedPixmapForThePictureOfOthers) {
+    const auto desktop = showDesktop("Xfdesktop");
+    const auto announced = leavePixmap(session.display(), {2560, 800}, Qt::darkRed);
+    leavePixmap(session.display(), kWholeScreen.size(), Qt::darkGreen);
+    share(announced);
+    name("XFCE_DESKTOP_WINDOW", desktop);
+    EXPECT_TRUE(becomes({{DesktopProgram::xfdesktop, {desktop}, announced, {2560, 800}, 24}}));
 }
 
 TEST_F(DesktopProgramWatchTest, isGoneWithItsWindowThoughItsNoteIsLeft) {

@@ -7,7 +7,8 @@ namespace zeph {
 
 namespace {
 
-const EarlierPictureRecord kRecord{0x600001, {0x400031, 32, {3120, 1200}, {0x400028, 0x400050}}};
+const EarlierPictureRecord kRecord{
+    0x600001, 0x600002, {0x400031, 32, {3120, 1200}, {0x400028, 0x400050}}};
 
 } // namespace
 
@@ -18,6 +19,9 @@ TEST(EarlierPictureRecord, isReadAsItWasWritten) {
 TEST(EarlierPictureRecord, isNoneWithoutAPictureToPutBack) {
     auto record = kRecord;
     record.kept = XCB_PIXMAP_NONE;
+    EXPECT_EQ(recordIn(numbersOf(record)), std::nullopt);
+    record = kRecord;
+    record.mark = XCB_NONE;
     EXPECT_EQ(recordIn(numbersOf(record)), std::nullopt);
     record = kRecord;
     record.target.pixmap = XCB_PIXMAP_NONE;
@@ -33,14 +37,14 @@ TEST(EarlierPictureRecord, isNoneWithoutAWindow) {
 
 TEST(EarlierPictureRecord, isNoneOfASizeOrDepthThatNoPictureHas) {
     auto numbers = numbersOf(kRecord);
-    for (const std::size_t extent : {2, 3}) {
+    for (const std::size_t extent : {3, 4}) {
         for (const std::uint32_t wrong : {0U, 65536U, 0xFFFFFFFFU}) {
             auto damaged = numbers;
             damaged[extent] = wrong;
             EXPECT_EQ(recordIn(damaged), std::nullopt) << extent << ": " << wrong;
         }
     }
-    numbers[4] = 16;
+    numbers[5] = 16;
     EXPECT_EQ(recordIn(numbers), std::nullopt);
 }
 

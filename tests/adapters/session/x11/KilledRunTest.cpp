@@ -87,6 +87,27 @@ TEST_F(KilledRunTest, nothingIsPutBackIntoAnotherPicture) {
     EXPECT_FALSE(hasRecord());
 }
 
+TEST_F(KilledRunTest, nothingIsPutBackIntoAnotherPictureWithTheNumberOfTheFirst) {
+    forgetTheRun();
+    desktop.reuseNumber(Qt::darkGreen);
+    desktop.announce();
+    const auto another = X11Connection::open(session.display());
+    EXPECT_FALSE(restoreDesktopPicture(*another));
+    EXPECT_EQ(client->pixel(kAway), QColor(Qt::darkGreen).rgb() & 0xFFFFFF);
+    EXPECT_FALSE(hasRecord());
+}
+
+TEST_F(KilledRunTest, theNextStartKnowsAnotherPictureWithTheNumberOfTheFirst) {
+    forgetTheRun();
+    desktop.reuseNumber(Qt::darkGreen);
+    desktop.announce();
+    start();
+    EXPECT_EQ(reloads, 0);
+    const auto surface = shown(Qt::green);
+    surface->orderOut();
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkGreen));
+}
+
 TEST_F(KilledRunTest, theNextStartKeepsThePictureOfAProgramThatTookAnother) {
     forgetTheRun();
     desktop.renew(kWholeScreen.size(), Qt::darkGreen);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "LeftPixmap.h"
 #include "RootPixmapFixture.h"
 
 using namespace Qt::StringLiterals;
@@ -185,6 +186,25 @@ TEST_F(RootPixmapSurfaceTest, paintsIntoNothingThatIsNotAnnounced) {
     EXPECT_TRUE(picture->isThere());
 }
 
+TEST_F(RootPixmapSurfaceTest, paintsIntoAPictureThatIsShownWithoutAnAnnouncement) {
+    auto target = desktop.target();
+    target.pixmap = leavePixmap(session.display(), kWholeScreen.size(), Qt::darkGreen);
+    target.isAnnounced = false;
+    const auto surface = shown(Qt::blue);
+    picture->setTarget(target);
+    EXPECT_TRUE(picture->isThere());
+    EXPECT_TRUE(waitUntil(
+        [&] { return client->pixelOf(target.pixmap, kAway) == QColor(Qt::blue).rgba(); }));
+    surface->orderOut();
+    EXPECT_TRUE(waitUntil(
+        [&] { return client->pixelOf(target.pixmap, kAway) == QColor(Qt::darkGreen).rgba(); }));
+    picture->setTarget(std::nullopt);
+    client->show({.geometry = {10, 10, 50, 50}});
+    target.pixmap = client->makePixmap(kWholeScreen.size(), 24);
+    picture->setTarget(target);
+    EXPECT_FALSE(picture->isThere()) << "that of somebody who is still there";
+}
+
 TEST_F(RootPixmapSurfaceTest, waitsWhileTheProgramIsGoneAndPaintsAllWhenItComesBack) {
     const auto surface = shown(Qt::blue);
     picture->setTarget(std::nullopt);
@@ -209,7 +229,7 @@ TEST_F(RootPixmapSurfaceTest, doesNotTakeItsOwnPixelsForTheEarlierPictureWhenAWi
     picture->setTarget(target);
     surface->orderOut();
     EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
-    EXPECT_EQ(client->numbers(client->root(), kRecordName).size(), 5 + 2);
+    EXPECT_EQ(client->numbers(client->root(), kRecordName).size(), 6 + 2);
 }
 
 TEST_F(RootPixmapSurfaceTest, doesNotPaintIntoAPictureOfAnotherForm) {

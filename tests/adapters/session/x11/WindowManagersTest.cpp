@@ -61,6 +61,18 @@ TEST_F(NestedFramesTest, framesWithinFramesLetClicksThrough) {
     EXPECT_TRUE(reaches(base));
 }
 
+TEST_F(WindowManagersTest, isPaintedThoughItWasPutOnTheScreenWhileItWasToBeHidden) {
+    const auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    fill(*surface, Qt::blue);
+    surface->orderFront();
+    surface->orderOut();
+    connection->intern("ZEPH_TEST"); // the server did both with the answer, the manager nothing yet
+    ASSERT_TRUE(waitForFramesAround(windowOf(*surface), 1));
+    runLoopFor(std::chrono::milliseconds(50)); // in which its exposure is told
+    surface->orderFront();
+    EXPECT_TRUE(waitForPixel(kSpot, Qt::blue));
+}
+
 TEST_F(WindowManagersTest, liesBelowAllWindowsOnceTheManagerIsGone) {
     const auto normal = client->show(
         {.geometry = {100, 100, 200, 150}, .colour = 0xFF0000, .overridesRedirect = true});

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "adapters/session/x11/SilentPicture.h"
+
+#include <functional>
+#include <vector>
+
+namespace zeph {
+
+class X11Connection;
+class X11EventListener;
+
+/// Has `handler` called with the pixmaps that programs made on connections of their own, ended and
+/// had the server hold on to, as is the custom for pictures of the desktop. Never when `owner` is
+/// gone by then; with none where the server can't tell. Two round trips, which nobody waits for.
+void findHeldPixmaps(X11Connection &connection, X11EventListener &owner,
+                     std::function<void(std::vector<PixmapForm>)> handler);
+
+/// Whether this pixmap is such a one. One round trip.
+bool isHeldPixmap(X11Connection &connection, xcb_pixmap_t pixmap);
+
+} // namespace zeph
