@@ -31,11 +31,15 @@ struct FolderMonitor::Watch {
         QByteArray child; ///< alone of interest; empty for all that happens
     };
 
-    Watch(const QString &folder, const std::shared_ptr<News> &news) {
+    Watch(const QString &path, const std::shared_ptr<News> &news) {
         // In place of a missing folder the nearest one above it is watched for its coming: GIO
         // itself would look for it every four seconds.
-        QString watched = folder;
+        QString watched = path;
         QString child;
+        const bool isFile = QFileInfo(path).isFile();
+        if (isFile) {
+            child = std::exchange(watched, QFileInfo(watched).path());
+        }
         while (!QFileInfo::exists(watched) && watched.size() > 1) {
             child = std::exchange(watched, QFileInfo(watched).path());
         }
@@ -49,7 +53,7 @@ struct FolderMonitor::Watch {
                                   new Target{news, QFile::encodeName(child)}, &Watch::forget,
                                   GConnectFlags{});
         }
-        if (!child.isEmpty() && QFileInfo::exists(child)) {
+        if (!isFile && !child.isEmpty() && QFileInfo::exists(child)) {
             news->isChanged = true; // it came before anybody listened
         }
     }
@@ -82,9 +86,9 @@ struct FolderMonitor::Watch {
     GFileMonitor *monitor = nullptr;
 };
 
-FolderMonitor::FolderMonitor(const QStringList &folders) : m_news(std::make_shared<News>()) {
-    for (const QString &folder : folders) {
-        m_watches.push_back(std::make_unique<Watch>(folder, m_news));
+FolderMonitor::FolderMonitor(const QStringList &paths) : m_news(std::make_shared<News>()) {
+    for (const QString &path : paths) {
+        m_watches.push_back(std::make_unique<Watch>(path, m_news));
     }
 }
 
