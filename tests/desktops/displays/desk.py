@@ -164,6 +164,12 @@ class Desk:
         expect(lambda: self.at(*place) == colour,
                lambda: f"{where}: {name_of(self.at(*place))} at {place[0]},{place[1]}")
 
+    def expect_window(self, window, colour, where):
+        """That it is seen, wherever its manager has put it by then; answers a place on it."""
+        expect(lambda: self.at(*window.centre()) == colour,
+               lambda: f"{where}: {self.seen([window.centre()])}")
+        return window.centre()
+
     def icons(self):
         """How many pixels of the loud icon are on the screen."""
         return self.picture().count(self.icon_colour)

@@ -9,6 +9,7 @@ from base.waiting import prepare
 from .desk import Desk
 from .layer_surfaces import take_clicks
 from .plasma import OWN_PICTURE, is_ready, run_script
+from .shown_desktop import ShownDesktop
 from .toolkit_window import ToolkitWindow
 from .x11 import X11
 from .xorg import Xorg
@@ -126,7 +127,10 @@ class KWinDesk(Desk):
         return answer.strip("(,)\n ")
 
     def show_desktop(self, on):
-        self.ask_kwin("org.kde.KWin.showDesktop", "true" if on else "false")
+        if on:
+            self.shown_desktop = ShownDesktop(self.room)
+        else:
+            self.shown_desktop.close()
 
     def replace_manager(self):
         """It reads its settings anew."""
