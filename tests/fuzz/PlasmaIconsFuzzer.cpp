@@ -14,14 +14,15 @@ void require(bool condition) {
     }
 }
 
-/// Whatever is told, words keep two thirds of the width.
+/// Whatever is told, words keep two thirds of the width and of the height.
 void check(const zeph::DisplayIcons &icons) {
     require(icons.unplaced >= 0 && !icons.leastCell.isEmpty());
     const QRectF frame(0, 0, 1280, 800);
     const zeph::IconScreen screen{frame, frame};
-    const QMarginsF columns = zeph::iconColumns(zeph::placedOn(screen, icons), screen, frame);
-    require(columns.left() >= 0 && columns.right() >= 0);
-    require(columns.left() + columns.right() <= frame.width() / 3 + 0.001);
+    const QMarginsF taken = zeph::iconMargins(zeph::placedOn(screen, icons), screen, frame);
+    require(taken.left() >= 0 && taken.right() >= 0 && taken.top() >= 0);
+    require(taken.left() + taken.right() <= frame.width() / 3 + 0.001);
+    require(taken.top() <= frame.height() / 3 + 0.001);
 }
 
 } // namespace

@@ -43,6 +43,7 @@ struct DesktopIcons {
     int unplaced = 0; ///< further icons, which the program lays out from the top left, column by
                       ///< column
     bool isFromRight = false;                ///< the first of those columns is the one at the right
+    bool areInRows = false;                  ///< from the top, each icon beside the one before
     std::vector<DisplayIcons> displays = {}; ///< in place of all that, where each has its own grid
 
     bool operator==(const DesktopIcons &) const = default;

@@ -46,7 +46,7 @@ DesktopIcons placedOn(const IconScreen &screen, const DisplayIcons &icons) {
         isToldOfColumns ? told : cellsThatFit(room.width(), icons.leastCell.width());
     const int rows = isToldOfRows ? told : cellsThatFit(room.height(), icons.leastCell.height());
 
-    DesktopIcons placed;
+    DesktopIcons placed{.areInRows = !icons.isByColumns};
     placed.cell =
         QSizeF(cellLength(room.width(), columns), cellLength(room.height(), rows)) * points;
     const auto taken =

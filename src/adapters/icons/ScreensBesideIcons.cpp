@@ -57,15 +57,19 @@ std::vector<Screen> besideIcons(std::vector<Screen> screens, const DesktopIcons 
             desktopWorkArea |= onDesktop(one, screen.scale).workArea;
         }
         const IconScreen placed = onDesktop(screen, screen.scale);
-        const QMarginsF columns =
-            iconColumns(iconsNear(screen, placed, icons), placed, desktopWorkArea);
+        const QMarginsF taken =
+            iconMargins(iconsNear(screen, placed, icons), placed, desktopWorkArea);
         const double left =
-            std::max(screen.visibleFrame.left(), screen.frame.left() + columns.left());
+            std::max(screen.visibleFrame.left(), screen.frame.left() + taken.left());
         const double right =
-            std::min(screen.visibleFrame.right(), screen.frame.right() - columns.right());
+            std::min(screen.visibleFrame.right(), screen.frame.right() - taken.right());
         if (left < right) {
             screen.visibleFrame.setLeft(left);
             screen.visibleFrame.setRight(right);
+        }
+        const double top = std::max(screen.visibleFrame.top(), screen.frame.top() + taken.top());
+        if (top < screen.visibleFrame.bottom()) {
+            screen.visibleFrame.setTop(top);
         }
     }
     return screens;

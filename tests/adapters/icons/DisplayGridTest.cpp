@@ -24,6 +24,7 @@ TEST(DisplayGrid, cellsGrowUntilTheyFillTheWorkArea) {
     DisplayIcons some = gridIcons();
     some.taken = {{0, 0}, {2, 1}};
     const DesktopIcons placed = placedOn(kGridScreen, some);
+    EXPECT_TRUE(placed.areInRows);
     EXPECT_EQ(placed.cell, QSizeF(116, 126)) << "11 columns and 6 rows, as measured";
     EXPECT_EQ(placed.places, (GridPlaces{{0, 0}, {116, 252}}));
 }
@@ -41,6 +42,7 @@ TEST(DisplayGrid, orBelowEachOther) {
     DisplayIcons some = gridIcons();
     some.isByColumns = true;
     some.unplaced = 7;
+    EXPECT_FALSE(placedOn(kGridScreen, some).areInRows);
     const GridPlaces places = placedOn(kGridScreen, some).places;
     ASSERT_EQ(places.size(), 7U);
     EXPECT_EQ(places[1], QPointF(0, 126));

@@ -73,6 +73,12 @@ TEST(BesideIcons, eachDisplayHasItsOwnWhereItHasItsOwnGrid) {
     EXPECT_EQ(visible(beside, 2), screens[2].visibleFrame) << "it shows none";
 }
 
+TEST(BesideIcons, theVisibleFrameLeavesRowsOutBelowAPanel) {
+    const DisplayIcons rows{.display = {0, 0, 1200, 800}, .leastCell = {100, 100}, .unplaced = 7};
+    const auto beside = besideIcons({screen(u"a"_s, 1, 1200, 800, 0, 1, 30)}, {.displays = {rows}});
+    EXPECT_EQ(visible(beside), QRectF(0, 140, 1200, 660)) << "seven rows fill the height";
+}
+
 TEST(BesideIcons, theWallpaperLiesInSomeWaysAlone) {
     for (const bool areAbove : {false, true}) {
         EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::rootPixmap, areAbove));
