@@ -24,6 +24,7 @@ class Desk:
     icon_colour = ICON
     panel_edges = ()     # where the desktop itself has a panel: "top", "bottom"
     program_environment = {}
+    windows_outlive_manager = True
     limits = {}          # name of a check: why it does not apply here
 
     def __init__(self, folder, executable):
