@@ -138,34 +138,17 @@ PlasmaIconView viewIn(const QJsonObject &desktop, double unit) {
     return view;
 }
 
-/// A view and the number of its display.
-struct NumberedView {
-    int screen = 0;
-    PlasmaIconView view;
-};
-
-/// Tells the views which entries are on which display: a list of address, display and activity.
-void takeMapping(const QStringList &mapping, const QString &activity,
-                 std::vector<NumberedView> &views) {
-    for (auto &[screen, view] : views) {
-        const QString &folder = view.folder;
-        const auto isOf = [&](int other) {
-            return std::any_of(views.begin(), views.end(), [&](const NumberedView &one) {
-                return one.screen == other && one.view.folder == folder;
-            });
-        };
-        // What is on none of the displays that are there is on the first.
-        const bool isFirst = std::none_of(views.begin(), views.end(), [&](const NumberedView &one) {
-            return one.screen < screen && one.view.folder == folder;
-        });
-        view.isOfNamed = !isFirst;
-        for (qsizetype i = 0; i + 2 < mapping.size(); i += 3) {
-            const Entry entry = entryIn(mapping.at(i));
-            const int place = mapping.at(i + 1).toInt();
-            if (mapping.at(i + 2) == activity && entry.folder == folder && isOf(place) &&
-                (place == screen) == view.isOfNamed) {
-                view.named.insert(entry.name);
-            }
+/// Tells a view which entries are on which display: a list of address, display and activity.
+void takeMapping(const QStringList &mapping, const QString &activity, int screen,
+                 const std::set<int> &screensOfFolder, PlasmaIconView &view) {
+    // What is on none of the displays that are there is on the first.
+    view.isOfNamed = screen != *screensOfFolder.begin();
+    for (qsizetype i = 0; i + 2 < mapping.size(); i += 3) {
+        const Entry entry = entryIn(mapping.at(i));
+        const int place = mapping.at(i + 1).toInt();
+        if (mapping.at(i + 2) == activity && entry.folder == view.folder &&
+            screensOfFolder.contains(place) && (place == screen) == view.isOfNamed) {
+            view.named.insert(entry.name);
         }
     }
 }
@@ -228,18 +211,22 @@ std::optional<std::vector<PlasmaIconView>> plasmaIconViewsIn(const QByteArray &p
         return std::nullopt;
     }
     const double unit = std::clamp(told[u"unit"_s].toDouble(kUsualUnit), 1.0, kLargestUnit);
-    std::vector<NumberedView> numbered;
+    std::vector<PlasmaIconView> views;
+    std::vector<int> screens; // of the views
+    std::map<QString, std::set<int>> screensOfFolder;
     for (const QJsonValue value : desktops) {
         const QJsonObject desktop = value.toObject();
         const int screen = desktop[u"screen"_s].toInt(-1);
         if (screen >= 0 && desktop[u"type"_s].toString() == u"org.kde.plasma.folder"_s) {
-            numbered.push_back({screen, viewIn(desktop, unit)});
+            views.push_back(viewIn(desktop, unit));
+            screens.push_back(screen);
+            screensOfFolder[views.back().folder].insert(screen);
         }
     }
-    takeMapping(partsOf(told[u"mapping"_s].toString()), told[u"activity"_s].toString(), numbered);
-    std::vector<PlasmaIconView> views;
-    for (NumberedView &one : numbered) {
-        views.push_back(std::move(one.view));
+    const QStringList mapping = partsOf(told[u"mapping"_s].toString());
+    for (std::size_t i = 0; i < views.size(); ++i) {
+        takeMapping(mapping, told[u"activity"_s].toString(), screens[i],
+                    screensOfFolder[views[i].folder], views[i]);
     }
     return views;
 }
