@@ -6,6 +6,7 @@
 #include "adapters/bus/NetworkManagerWiFi.h"
 #include "adapters/calendar/EdsEventStore.h"
 #include "adapters/desktop/DesktopShells.h"
+#include "adapters/desktop/PlasmaScript.h"
 #include "adapters/desktop/ProgramIcons.h"
 #include "adapters/desktop/SettingsPages.h"
 #include "adapters/focus/FocusSource.h"
@@ -112,6 +113,11 @@ QString profileOfLxde() {
     return running->value.isEmpty() ? QStringLiteral("default") : running->value;
 }
 
+/// What a script prints in the shell of the user's session. Waits.
+std::optional<QString> printedInPlasma(const QString &script) {
+    return printedBy(evaluateInPlasma(QDBusConnection::sessionBus(), script));
+}
+
 std::optional<IconStore> iconStoreHere(const DesktopFolder &desktop) {
     const auto kind = iconStoreKindFor(currentDesktop());
     return kind ? std::optional(IconStore{
@@ -119,7 +125,8 @@ std::optional<IconStore> iconStoreHere(const DesktopFolder &desktop) {
                       {QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
                        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
                        desktop.url().value_or(QByteArray())},
-                      &profileOfLxde})
+                      &profileOfLxde,
+                      &printedInPlasma})
                 : std::nullopt;
 }
 

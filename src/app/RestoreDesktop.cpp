@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "app/RestoreDesktop.h"
 
+#include "adapters/bus/HungBuses.h"
+#include "adapters/desktop/DesktopShells.h"
+#include "adapters/session/plasma/EarlierWallpapers.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11EarlierPicture.h"
 #include "adapters/storage/FolderLock.h"
+#include "adapters/storage/JsonUserDefaults.h"
 #include "app/OwnFolder.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
 #include <QFileInfo>
 
 #include <cstdio>
@@ -15,41 +20,71 @@
 
 namespace zeph {
 
-Restoration restoreDesktop(const QString &dataFolder) {
+namespace {
+
+// As long as a start waits for it.
+constexpr std::chrono::milliseconds kBusPatience{2000};
+
+Restored restorePicture() {
+    const auto connection = X11Connection::open();
+    if (!connection) {
+        return Restored::unreachable;
+    }
+    return restoreDesktopPicture(*connection) ? Restored::done : Restored::nothingKept;
+}
+
+Restored restoreWallpapers(UserDefaults &defaults) {
+    switch (bringWallpapersBack(QDBusConnection::sessionBus(), defaults)) {
+    case WallpapersBack::done:
+        return Restored::done;
+    case WallpapersBack::nothingKept:
+        break;
+    case WallpapersBack::refused:
+        return Restored::refused;
+    case WallpapersBack::noShell:
+        return Restored::unreachable;
+    }
+    return Restored::nothingKept;
+}
+
+Restored restoreIconsHere(UserDefaults &defaults) {
+    const auto shell =
+        makeDesktopShell(qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
+                         QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
+                         QDBusConnection::sessionBus());
+    return restoreIcons(*shell, defaults);
+}
+
+} // namespace
+
+Restoration restoreDesktop(const RestoredFolders &folders) {
     // Held until the end, so that a start waits. Without a folder there was no run, and none is
     // made to find that out.
     std::optional<FolderLock> lock;
-    if (QFileInfo::exists(dataFolder)) {
-        lock.emplace(dataFolder, std::chrono::milliseconds(0));
+    if (QFileInfo::exists(folders.data)) {
+        lock.emplace(folders.data, std::chrono::milliseconds(0));
         if (lock->isHeldByAnother()) {
-            return Restoration::isRunning;
+            return {.isRunning = true};
         }
     }
-    const auto connection = X11Connection::open();
-    if (!connection) {
-        return Restoration::noDisplay;
+    Restoration restoration{.picture = restorePicture()};
+    if (QFileInfo::exists(folders.settings)) {
+        JsonUserDefaults defaults(folders.settings);
+        restoration.wallpapers = restoreWallpapers(defaults);
+        restoration.icons = restoreIconsHere(defaults);
     }
-    return restoreDesktopPicture(*connection) ? Restoration::done : Restoration::nothingKept;
+    return restoration;
 }
 
 int runRestoreDesktop(char **arguments) {
+    avoidHungBuses(kBusPatience);
     int argumentCount = 1;
     const QCoreApplication loop(argumentCount, arguments); // for the notices of the connection
-    switch (restoreDesktop(ownFolder(QStandardPaths::GenericDataLocation))) {
-    case Restoration::done:
-        std::puts("tavi: the desktop has its earlier picture back");
-        return EXIT_SUCCESS;
-    case Restoration::nothingKept:
-        std::puts("tavi: there is no earlier picture to put back");
-        return EXIT_SUCCESS;
-    case Restoration::isRunning:
-        std::fputs("tavi: it is running, and puts the earlier picture back when it ends\n", stderr);
-        return EXIT_FAILURE;
-    case Restoration::noDisplay:
-        break;
-    }
-    std::fputs("tavi: there is no X display to put a picture back on\n", stderr);
-    return EXIT_FAILURE;
+    const RestorationWords words = restorationWords(restoreDesktop(
+        {ownFolder(QStandardPaths::GenericDataLocation),
+         ownFolder(QStandardPaths::GenericConfigLocation) + QStringLiteral("/defaults.json")}));
+    std::fprintf(words.isFailure ? stderr : stdout, "%s\n", qUtf8Printable(words.line));
+    return words.isFailure ? EXIT_FAILURE : EXIT_SUCCESS;
 }
 
 } // namespace zeph

@@ -1,21 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QString>
+#include "app/Restoration.h"
 
 namespace zeph {
 
-/// What came of putting the desktop's earlier picture back.
-enum class Restoration {
-    done,
-    nothingKept, ///< no killed run has left anything, or the desktop has another picture by now
-    isRunning,   ///< the program runs, and needs what it keeps until its end
-    noDisplay,
+/// Where the program keeps what it needs for the way back.
+struct RestoredFolders {
+    QString data;     ///< its lock tells whether the program runs; nothing is written there
+    QString settings; ///< the file of the settings
 };
 
-/// Puts the picture back that a killed run kept in the X server of the environment. The lock on
-/// `dataFolder` tells whether the program runs; nothing is written there. A few round trips.
-Restoration restoreDesktop(const QString &dataFolder);
+/// Puts back what a run has kept and did not bring back itself, since it was killed or since it
+/// ends with that in place: the picture in the X server of the environment, Plasma's wallpapers and
+/// the icons of the desktop. Waits for those who take it.
+Restoration restoreDesktop(const RestoredFolders &folders);
 
 /// The same for the user of this process, as a program of its own: prints what came of it and
 /// answers the exit code.

@@ -92,6 +92,10 @@ bool DesktopIconsManager::canHide() const {
     return m_shell.canHideIcons();
 }
 
+bool DesktopIconsManager::keepsEarlier() const {
+    return m_defaults.contains(earlierKey);
+}
+
 void DesktopIconsManager::systemIconsVisible(std::function<void(bool)> told) {
     m_background.run(
         m_questions,

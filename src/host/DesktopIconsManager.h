@@ -21,6 +21,9 @@ public:
     /// Whether this desktop has such a setting.
     bool canHide() const;
 
+    /// Whether a setting from before they were hidden is kept.
+    bool keepsEarlier() const;
+
     /// Asks the desktop; `told` runs on the main thread. Icons count as visible where nobody can
     /// tell, and where none are missed: without anything that draws them, unless `applyHidden`
     /// took it away.

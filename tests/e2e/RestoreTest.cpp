@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "TaviFixture.h"
 
+#include "adapters/session/plasma/FakePlasma.h"
 #include "adapters/session/x11/PlayedDesktop.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11DesktopPicture.h"
@@ -80,6 +81,31 @@ TEST_F(RestoreTest, failsWithoutADisplay) {
     Program tavi(environment(), kCommand);
     EXPECT_TRUE(tavi.endsWith(1));
     EXPECT_EQ(tavi.errors(), u"tavi: there is no X display to put a picture back on\n"_s);
+}
+
+TEST_F(RestoreTest, bringsPlasmasWallpapersBackToo) {
+    FakePlasma plasma(bus.address());
+    plasma.desktops = {{1, u"com.tavi.Tavi"_s}};
+    writeSettings(R"({"zeph.plasma.earlier": "{\"1\":\"org.kde.color\"}"})");
+    {
+        const FolderLock lock(path("data/Zeph"), std::chrono::milliseconds(0));
+        plasma.appear();
+        Program tavi(environment(), kCommand);
+        EXPECT_TRUE(tavi.endsWith(1)) << "it is running";
+        EXPECT_TRUE(plasma.scripts.isEmpty());
+    }
+    Program tavi(environment(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+    EXPECT_EQ(tavi.output(), u"tavi: the desktop has its earlier picture back\n"_s);
+    EXPECT_EQ(plasma.desktops, (std::map<int, QString>{{1, u"org.kde.color"_s}}));
+    EXPECT_TRUE(hasPicture());
+
+    plasma.vanish();
+    writeSettings(R"({"zeph.plasma.earlier": "{\"1\":\"org.kde.color\"}"})");
+    Program second(environment(), kCommand);
+    EXPECT_TRUE(second.endsWith(1));
+    EXPECT_EQ(second.errors(), u"tavi: Plasma's shell does not run, and would get its earlier "
+                               "wallpapers back\n"_s);
 }
 
 } // namespace zeph

@@ -33,12 +33,16 @@ struct FolderMonitor::Watch {
         QByteArray child; ///< alone of interest; empty for all that happens
     };
 
-    Watch(const GioLibrary &library, const QString &folder, const std::shared_ptr<News> &news)
+    Watch(const GioLibrary &library, const QString &path, const std::shared_ptr<News> &news)
         : gio(library) {
         // In place of a missing folder the nearest one above it is watched for its coming: GIO
         // itself would look for it every four seconds.
-        QString watched = folder;
+        QString watched = path;
         QString child;
+        const bool isFile = QFileInfo(path).isFile();
+        if (isFile) {
+            child = std::exchange(watched, QFileInfo(watched).path());
+        }
         while (!QFileInfo::exists(watched) && watched.size() > 1) {
             child = std::exchange(watched, QFileInfo(watched).path());
         }
@@ -52,7 +56,7 @@ struct FolderMonitor::Watch {
                                   new Target{gio, news, QFile::encodeName(child)}, &Watch::forget,
                                   GConnectFlags{});
         }
-        if (!child.isEmpty() && QFileInfo::exists(child)) {
+        if (!isFile && !child.isEmpty() && QFileInfo::exists(child)) {
             news->isChanged = true; // it came before anybody listened
         }
     }
@@ -86,14 +90,14 @@ struct FolderMonitor::Watch {
     GFileMonitor *monitor = nullptr;
 };
 
-FolderMonitor::FolderMonitor(const QStringList &folders) : m_news(std::make_shared<News>()) {
+FolderMonitor::FolderMonitor(const QStringList &paths) : m_news(std::make_shared<News>()) {
     const GioLibrary *const gio = GioLibrary::loaded();
     if (gio == nullptr) {
         qCWarning(logSystem) << "GIO is not there, and what changes in a folder goes unnoticed";
         return;
     }
-    for (const QString &folder : folders) {
-        m_watches.push_back(std::make_unique<Watch>(*gio, folder, m_news));
+    for (const QString &path : paths) {
+        m_watches.push_back(std::make_unique<Watch>(*gio, path, m_news));
     }
 }
 

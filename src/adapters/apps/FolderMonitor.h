@@ -9,13 +9,15 @@
 
 namespace zeph {
 
-/// Notices that something in one of several folders was added, removed, renamed or edited. It
+/// Notices that something in one of several folders was added, removed, renamed or edited, or that
+/// a file was, of whose folder nothing else matters. It
 /// hears of it in the main thread's loop, which has to be one over GLib's main context, as the
 /// toolkit's own on Linux.
 class FolderMonitor {
 public:
-    /// Notices everything that happens from here on; any thread. A folder need not exist yet.
-    explicit FolderMonitor(const QStringList &folders);
+    /// Notices everything that happens from here on; any thread. None of the folders and files need
+    /// exist yet.
+    explicit FolderMonitor(const QStringList &paths);
     ~FolderMonitor();
     FolderMonitor(FolderMonitor &&) noexcept;
     FolderMonitor &operator=(FolderMonitor &&) noexcept;

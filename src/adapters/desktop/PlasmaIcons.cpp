@@ -2,6 +2,7 @@
 #include "adapters/desktop/PlasmaIcons.h"
 
 #include "adapters/bus/DBusCalls.h"
+#include "adapters/desktop/PlasmaScript.h"
 #include "adapters/desktop/RunTool.h"
 
 #include <QDBusMessage>
@@ -18,9 +19,6 @@ using namespace Qt::StringLiterals;
 namespace zeph {
 
 namespace {
-
-// Drawing a desktop anew takes a slow machine some seconds.
-constexpr int answerTimeoutMilliseconds = 10'000;
 
 // The shell's own filter mode that shows only what passes, and a name and a kind of file that
 // there are none of.
@@ -111,10 +109,8 @@ PlasmaIcons::PlasmaIcons(QDBusConnection bus)
 
 std::optional<IconSetting> PlasmaIcons::iconSetting() const {
     const QDBusMessage answer = evaluate(readingScript());
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != u"s"_s) {
-        return std::nullopt;
-    }
-    const auto told = QJsonDocument::fromJson(answer.arguments().constFirst().toString().toUtf8());
+    const auto printed = printedBy(answer);
+    const auto told = QJsonDocument::fromJson(printed.value_or(QString()).toUtf8());
     if (!told.isArray()) {
         return std::nullopt;
     }
@@ -166,11 +162,7 @@ QDBusMessage PlasmaIcons::evaluate(const QString &script) const {
     if (!m_isInstalled) {
         return QDBusMessage::createError(QDBusError::ServiceUnknown, {});
     }
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        u"org.kde.plasmashell"_s, u"/PlasmaShell"_s, u"org.kde.PlasmaShell"_s, u"evaluateScript"_s);
-    call.setAutoStartService(false);
-    call.setArguments({script});
-    return m_bus.call(call, QDBus::Block, answerTimeoutMilliseconds);
+    return evaluateInPlasma(m_bus, script);
 }
 
 } // namespace zeph

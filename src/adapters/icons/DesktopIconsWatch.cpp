@@ -40,7 +40,7 @@ Subscription DesktopIconsWatch::subscribe(std::function<void()> handler) {
 
 void DesktopIconsWatch::read() {
     // From before the reading, so that no change falls in between.
-    m_monitor.emplace(m_store->watchedFolders());
+    m_monitor.emplace(m_store->watchedPaths());
     m_monitor->whenChanged([this] { m_rest.start(); });
     m_background.run(
         m_work, [store = *m_store] { return store.read(); },

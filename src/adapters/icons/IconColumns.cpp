@@ -10,6 +10,7 @@ namespace {
 
 // Words need the rest.
 constexpr double kMostOfTheWidth = 1.0 / 3;
+constexpr double kMostOfTheHeight = 1.0 / 3;
 
 // Far more than fill a screen, whatever a file says.
 constexpr int kMostUnplaced = 10000;
@@ -19,7 +20,9 @@ struct Side {
     double width = 0;
 };
 
-std::vector<QRectF> cellsOf(const DesktopIcons &icons, const QRectF &workArea) {
+/// Of the icons that lie on the screen.
+std::vector<QRectF> cellsOf(const DesktopIcons &icons, const IconScreen &screen,
+                            const QRectF &workArea) {
     const QPointF origin =
         icons.origin == DesktopIcons::Origin::workArea ? workArea.topLeft() : QPointF();
     std::vector<QRectF> cells;
@@ -33,6 +36,10 @@ std::vector<QRectF> cellsOf(const DesktopIcons &icons, const QRectF &workArea) {
         const double top = workArea.top() + i % rows * icons.cell.height();
         cells.emplace_back(QPointF(left, top), icons.cell);
     }
+    cells.erase(
+        std::remove_if(cells.begin(), cells.end(),
+                       [&](const QRectF &cell) { return !screen.frame.contains(cell.center()); }),
+        cells.end());
     return cells;
 }
 
@@ -46,11 +53,8 @@ QMarginsF iconColumns(const DesktopIcons &icons, const IconScreen &screen,
     const double most = screen.frame.width() * kMostOfTheWidth;
     Side left;
     Side right;
-    for (const QRectF &cell : cellsOf(icons, desktopWorkArea)) {
+    for (const QRectF &cell : cellsOf(icons, screen, desktopWorkArea)) {
         const QPointF centre = cell.center();
-        if (!screen.frame.contains(centre)) {
-            continue;
-        }
         if (centre.x() < screen.frame.left() + most) {
             ++left.icons;
             left.width = std::max(left.width, cell.right() - screen.frame.left());
@@ -64,6 +68,24 @@ QMarginsF iconColumns(const DesktopIcons &icons, const IconScreen &screen,
     first.width = std::min(first.width, most);
     second.width = std::min(second.width, most - first.width);
     return {left.width, 0, right.width, 0};
+}
+
+QMarginsF iconMargins(const DesktopIcons &icons, const IconScreen &screen,
+                      const QRectF &desktopWorkArea) {
+    const QMarginsF columns = iconColumns(icons, screen, desktopWorkArea);
+    if (!icons.areInRows || icons.cell.isEmpty()) {
+        return columns;
+    }
+    const double left = screen.frame.left() + columns.left();
+    const double right = screen.frame.right() - columns.right();
+    double rows = 0;
+    bool isClear = true;
+    for (const QRectF &cell : cellsOf(icons, screen, desktopWorkArea)) {
+        rows = std::max(rows, cell.bottom() - screen.frame.top());
+        isClear = isClear && (cell.right() <= left || cell.left() >= right);
+    }
+    const bool areFew = rows <= screen.frame.height() * kMostOfTheHeight;
+    return isClear || !areFew ? columns : QMarginsF(0, rows, 0, 0);
 }
 
 } // namespace zeph

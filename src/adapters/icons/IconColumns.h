@@ -22,4 +22,10 @@ struct IconScreen {
 QMarginsF iconColumns(const DesktopIcons &icons, const IconScreen &screen,
                       const QRectF &desktopWorkArea);
 
+/// What is left out beside the icons of a screen, in points from the sides of the frame: their
+/// columns, but for icons in rows that reach beyond those, whose rows are left out, unless they
+/// would take more than a third of the height.
+QMarginsF iconMargins(const DesktopIcons &icons, const IconScreen &screen,
+                      const QRectF &desktopWorkArea);
+
 } // namespace zeph

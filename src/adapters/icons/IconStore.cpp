@@ -4,6 +4,7 @@
 #include "adapters/icons/IconSettings.h"
 #include "adapters/icons/ListedIcons.h"
 #include "adapters/icons/PcmanfmIcons.h"
+#include "adapters/icons/PlasmaIconViews.h"
 #include "adapters/icons/XfdesktopIcons.h"
 #include "adapters/storage/LinuxDesktopFolder.h"
 #include "adapters/storage/SmallFile.h"
@@ -11,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QUrl>
 
 using namespace Qt::StringLiterals;
 
@@ -134,9 +136,37 @@ DesktopIcons readExtension(const IconStore::Folders &folders) {
     return icons;
 }
 
+/// The names in a folder that Plasma shows; absent where they can't be told, and for a folder that
+/// is none of this machine.
+std::optional<QStringList> entriesOf(const QString &address, const QByteArray &desktop) {
+    const QUrl url(address);
+    const QByteArray path = url.scheme() == u"desktop"_s && url.path() == u"/"_s ? desktop
+                            : url.isLocalFile() ? QFile::encodeName(url.toLocalFile())
+                                                : QByteArray();
+    QStringList names;
+    const bool isWhole =
+        !path.isEmpty() && LinuxDesktopFolder(path).visitEntries(
+                               path, [&names](const FolderEntry &one) { names.append(one.name); });
+    return isWhole ? std::optional(names) : std::nullopt;
+}
+
+DesktopIcons readPlasma(const IconStore &store) {
+    const auto printed = store.evaluate ? store.evaluate(plasmaIconsScript()) : std::nullopt;
+    const auto views = plasmaIconViewsIn(printed.value_or(QString()).toUtf8());
+    if (!views) {
+        return {.cell = plasmaUsualCell(), .unplaced = shownEntries(store.folders.desktop)};
+    }
+    DesktopIcons icons;
+    for (const PlasmaIconView &view : *views) {
+        icons.displays.push_back(
+            plasmaIconsOf(view, entriesOf(view.folder, store.folders.desktop)));
+    }
+    return icons;
+}
+
 } // namespace
 
-QStringList IconStore::watchedFolders() const {
+QStringList IconStore::watchedPaths() const {
     QStringList watched;
     switch (kind) {
     case Kind::xfdesktop:
@@ -149,6 +179,11 @@ QStringList IconStore::watchedFolders() const {
         break;
     case Kind::pcmanfm:
         watched = pcmanfmFolders(folders.config);
+        break;
+    case Kind::plasma:
+        // Whose folder is that of all programs.
+        watched = {folders.config + u"/plasma-org.kde.plasma.desktop-appletsrc"_s,
+                   folders.config + u"/kactivitymanagerdrc"_s};
         break;
     }
     if (!folders.desktop.isEmpty()) {
@@ -169,6 +204,8 @@ DesktopIcons IconStore::read() const {
         return readPcmanfm(*this);
     case Kind::extension:
         return readExtension(folders);
+    case Kind::plasma:
+        return readPlasma(*this);
     }
     return {};
 }
@@ -187,6 +224,9 @@ std::optional<IconStore::Kind> iconStoreKindFor(const QString &currentDesktop) {
         }
         if (desktop == u"lxde"_s) {
             return IconStore::Kind::pcmanfm;
+        }
+        if (desktop == u"kde"_s) {
+            return IconStore::Kind::plasma;
         }
         if (desktop == u"gnome"_s || desktop == u"unity"_s) {
             return IconStore::Kind::extension;

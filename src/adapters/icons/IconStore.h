@@ -14,7 +14,7 @@ namespace zeph {
 
 /// Where the desktop's program keeps the arrangement of its icons.
 struct IconStore {
-    enum class Kind { xfdesktop, caja, nemo, pcmanfm, extension };
+    enum class Kind { xfdesktop, caja, nemo, pcmanfm, extension, plasma };
 
     /// The folders of the user, without a slash at the end.
     struct Folders {
@@ -30,11 +30,16 @@ struct IconStore {
     /// one it is that of LXDE.
     std::function<QString()> profile = {};
 
+    /// What a script prints in Plasma's shell, absent where that refuses it or does not run; may
+    /// wait, and is asked on any thread.
+    std::function<std::optional<QString>(const QString &script)> evaluate = {};
+
     /// Whether the icons lie above a desktop window of ours, which elsewhere covers them.
     bool areAboveDesktopWindows() const { return kind == Kind::extension; }
 
-    /// In which something happens when icons come, go or move, or what their program shows does.
-    QStringList watchedFolders() const;
+    /// Folders, in which something happens, and files that change when icons come, go or move, or
+    /// what their program shows does.
+    QStringList watchedPaths() const;
 
     /// The icons as they are now. Where the arrangement can't be read they count as laid out by
     /// the program. Blocks for as long as the disk does, and for the program that tells of files;

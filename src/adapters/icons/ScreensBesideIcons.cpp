@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/icons/ScreensBesideIcons.h"
 
+#include "adapters/icons/DisplayGrid.h"
 #include "adapters/icons/IconColumns.h"
 #include "ports/WindowServer.h"
 
@@ -17,6 +18,18 @@ IconScreen onDesktop(const Screen &screen, double scale) {
     const QPointF origin = QPointF(screen.deviceFrame.topLeft()) / scale;
     return {QRectF(origin, screen.frame.size()),
             screen.visibleFrame.translated(origin - screen.frame.topLeft())};
+}
+
+/// The icons as far as they concern a screen.
+DesktopIcons iconsNear(const Screen &screen, const IconScreen &placed, const DesktopIcons &icons) {
+    if (icons.displays.empty()) {
+        return icons;
+    }
+    const auto own = std::find_if(icons.displays.begin(), icons.displays.end(),
+                                  [&screen](const DisplayIcons &one) {
+                                      return one.display.topLeft() == screen.deviceFrame.topLeft();
+                                  });
+    return own == icons.displays.end() ? DesktopIcons() : placedOn(placed, *own);
 }
 
 } // namespace
@@ -43,15 +56,20 @@ std::vector<Screen> besideIcons(std::vector<Screen> screens, const DesktopIcons 
         for (const Screen &one : all) {
             desktopWorkArea |= onDesktop(one, screen.scale).workArea;
         }
-        const QMarginsF columns =
-            iconColumns(icons, onDesktop(screen, screen.scale), desktopWorkArea);
+        const IconScreen placed = onDesktop(screen, screen.scale);
+        const QMarginsF taken =
+            iconMargins(iconsNear(screen, placed, icons), placed, desktopWorkArea);
         const double left =
-            std::max(screen.visibleFrame.left(), screen.frame.left() + columns.left());
+            std::max(screen.visibleFrame.left(), screen.frame.left() + taken.left());
         const double right =
-            std::min(screen.visibleFrame.right(), screen.frame.right() - columns.right());
+            std::min(screen.visibleFrame.right(), screen.frame.right() - taken.right());
         if (left < right) {
             screen.visibleFrame.setLeft(left);
             screen.visibleFrame.setRight(right);
+        }
+        const double top = std::max(screen.visibleFrame.top(), screen.frame.top() + taken.top());
+        if (top < screen.visibleFrame.bottom()) {
+            screen.visibleFrame.setTop(top);
         }
     }
     return screens;

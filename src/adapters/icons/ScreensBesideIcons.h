@@ -9,7 +9,7 @@ namespace zeph {
 
 class WindowServer;
 
-/// Screens whose visible frame leaves out the columns that the desktop's icons take at its sides,
+/// Screens whose visible frame leaves out what the desktop's icons take at its sides,
 /// while the wallpaper lies beneath icons.
 class ScreensBesideIcons : public Screens {
 public:

@@ -80,6 +80,25 @@ TEST(IconColumns, ofIconsWithoutAPlaceFillFromTheTopLeft) {
     EXPECT_EQ(columns(icons).left(), 400);
 }
 
+TEST(IconMargins, areTheColumnsWhereTheyLeaveNoIconBeside) {
+    DesktopIcons icons = at({{0, 0}, {100, 0}, {200, 0}});
+    EXPECT_EQ(iconMargins(icons, kScreen, kFrame), sides(300, 0));
+    icons.areInRows = true;
+    EXPECT_EQ(iconMargins(icons, kScreen, kFrame), sides(300, 0));
+    EXPECT_EQ(iconMargins({}, kScreen, kFrame), sides(0, 0));
+}
+
+TEST(IconMargins, areTheRowsOfIconsThatReachFurther) {
+    DesktopIcons icons = at({{0, 0}, {300, 0}, {400, 100}});
+    EXPECT_EQ(iconMargins(icons, kScreen, kFrame), sides(400, 0));
+    icons.areInRows = true;
+    EXPECT_EQ(iconMargins(icons, kScreen, kFrame), QMarginsF(0, 200, 0, 0));
+    icons.places.emplace_back(400, 200);
+    EXPECT_EQ(iconMargins(icons, kScreen, kFrame), sides(400, 0)) << "more than a third";
+    icons.places.back() = {5000, 700};
+    EXPECT_EQ(iconMargins(icons, kScreen, kFrame), QMarginsF(0, 200, 0, 0)) << "on another screen";
+}
+
 TEST(IconColumns, ofAScreenLowerThanAnIconAreStillColumns) {
     EXPECT_EQ(iconColumns({.cell = kCell, .unplaced = 2}, {{0, 0, 1200, 120}, {0, 0, 1200, 50}},
                           {0, 0, 1200, 50}),

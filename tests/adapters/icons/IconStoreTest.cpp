@@ -33,6 +33,8 @@ protected:
         file.write(text);
     }
 
+    QString room() const { return m_home.path(); }
+
     ProgramFolder tools;
 
 private:
@@ -80,7 +82,7 @@ TEST_F(IconStoreTest, ofPcmanfmIsThatOfTheProfileItRunsWith) {
     IconStore running = store(IconStore::Kind::pcmanfm);
     running.profile = [] { return u"work"_s; };
     EXPECT_EQ(running.read().places, (std::vector<QPointF>{{700, 5}}));
-    const QStringList watched = running.watchedFolders();
+    const QStringList watched = running.watchedPaths();
     EXPECT_TRUE(std::any_of(watched.begin(), watched.end(),
                             [](const QString &one) { return one.endsWith(u"/pcmanfm/work"_s); }));
 }
@@ -136,18 +138,47 @@ TEST_F(IconStoreTest, ofGnomeAreNoneWithoutItsExtension) {
     EXPECT_EQ(store(IconStore::Kind::extension).read(), DesktopIcons());
 }
 
+TEST_F(IconStoreTest, ofPlasmaIsWhatItsShellTellsOfTheFolder) {
+    write(u"Desktop/one"_s);
+    write(u"Desktop/two"_s);
+    IconStore running = store(IconStore::Kind::plasma);
+    QString view = uR"({"type":"org.kde.plasma.folder","screen":0,"width":1280,"height":800)"_s
+                   uR"(,"url":"%1"})"_s;
+    QString address = u"desktop:/"_s;
+    running.evaluate = [&](const QString &script) {
+        EXPECT_TRUE(script.contains(u"print("_s));
+        return std::optional(uR"({"desktops":[%1]})"_s.arg(view.arg(address)));
+    };
+    ASSERT_EQ(running.read().displays.size(), 1U);
+    EXPECT_EQ(running.read().displays.front().unplaced, 2);
+    write(u"Work/three"_s);
+    address = u"file://"_s + room() + u"/Work"_s;
+    EXPECT_EQ(running.read().displays.front().unplaced, 1);
+    address = u"smb://elsewhere/"_s;
+    EXPECT_EQ(running.read().displays.front().unplaced, 0) << "nobody lists it here";
+}
+
+TEST_F(IconStoreTest, ofPlasmaCountsTheFilesWhereItsShellTellsNothing) {
+    write(u"Desktop/one"_s);
+    IconStore running = store(IconStore::Kind::plasma);
+    EXPECT_EQ(running.read().unplaced, 1);
+    running.evaluate = [](const QString &) { return std::optional<QString>(); };
+    EXPECT_EQ(running.read().unplaced, 1);
+    EXPECT_FALSE(running.read().cell.isEmpty());
+}
+
 TEST_F(IconStoreTest, withoutADesktopFolderIsOfTheIconsBesideFiles) {
     IconStore none = store(IconStore::Kind::caja);
     none.folders.desktop.clear();
     EXPECT_EQ(none.read().unplaced, 3);
-    EXPECT_EQ(none.watchedFolders().size(), 2);
+    EXPECT_EQ(none.watchedPaths().size(), 2);
 }
 
 TEST_F(IconStoreTest, watchesTheFolderAndWhereThePlacesAreKept) {
     for (const auto kind :
          {IconStore::Kind::xfdesktop, IconStore::Kind::caja, IconStore::Kind::nemo,
-          IconStore::Kind::pcmanfm, IconStore::Kind::extension}) {
-        const auto watched = store(kind).watchedFolders();
+          IconStore::Kind::pcmanfm, IconStore::Kind::extension, IconStore::Kind::plasma}) {
+        const auto watched = store(kind).watchedPaths();
         EXPECT_TRUE(watched.last().endsWith(u"/Desktop"_s));
         EXPECT_GE(watched.size(), 2);
     }
@@ -160,7 +191,8 @@ TEST(IconStoreKind, isThatOfTheDesktop) {
     EXPECT_EQ(iconStoreKindFor(u"LXDE"_s), IconStore::Kind::pcmanfm);
     EXPECT_EQ(iconStoreKindFor(u"Debian:XFCE"_s), IconStore::Kind::xfdesktop);
     EXPECT_EQ(iconStoreKindFor(u"ubuntu:GNOME"_s), IconStore::Kind::extension);
-    EXPECT_EQ(iconStoreKindFor(u"KDE"_s), std::nullopt);
+    EXPECT_EQ(iconStoreKindFor(u"KDE"_s), IconStore::Kind::plasma);
+    EXPECT_EQ(iconStoreKindFor(u"LXQt"_s), std::nullopt);
     EXPECT_EQ(iconStoreKindFor({}), std::nullopt);
 }
 

@@ -59,10 +59,31 @@ TEST(BesideIcons, lengthsAreInPoints) {
     EXPECT_EQ(visible(beside, 1), QRectF(2550, 0, 1050, 800));
 }
 
+TEST(BesideIcons, eachDisplayHasItsOwnWhereItHasItsOwnGrid) {
+    const std::vector<Screen> screens{screen(u"a"_s, 1, 1200, 800),
+                                      screen(u"b"_s, 2, 1200, 800, 1200),
+                                      screen(u"c"_s, 3, 1200, 800, 2400)};
+    const DisplayIcons second{
+        .display = {1200, 0, 1200, 800}, .leastCell = {100, 100}, .unplaced = 2};
+    const DisplayIcons first{
+        .display = {0, 0, 1200, 800}, .leastCell = {100, 100}, .isFromRight = true, .unplaced = 1};
+    const auto beside = besideIcons(screens, {.displays = {second, first}});
+    EXPECT_EQ(visible(beside, 0), QRectF(0, 0, 1100, 800));
+    EXPECT_EQ(visible(beside, 1), screens[1].visibleFrame.adjusted(200, 0, 0, 0));
+    EXPECT_EQ(visible(beside, 2), screens[2].visibleFrame) << "it shows none";
+}
+
+TEST(BesideIcons, theVisibleFrameLeavesRowsOutBelowAPanel) {
+    const DisplayIcons rows{.display = {0, 0, 1200, 800}, .leastCell = {100, 100}, .unplaced = 7};
+    const auto beside = besideIcons({screen(u"a"_s, 1, 1200, 800, 0, 1, 30)}, {.displays = {rows}});
+    EXPECT_EQ(visible(beside), QRectF(0, 140, 1200, 660)) << "seven rows fill the height";
+}
+
 TEST(BesideIcons, theWallpaperLiesInSomeWaysAlone) {
     for (const bool areAbove : {false, true}) {
         EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::rootPixmap, areAbove));
         EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::underDesktopProgram, areAbove));
+        EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::plasmaPictures, areAbove));
         EXPECT_EQ(liesBeneathIcons(DrawingMechanism::desktopWindow, areAbove), areAbove);
         EXPECT_FALSE(liesBeneathIcons(DrawingMechanism::layerSurface, areAbove));
     }

@@ -8,8 +8,7 @@ RULE = "The desktop's command to show the desktop leaves the wallpaper, and take
 
 def check(desk):
     window = desk.show((300, 200, 260, 180), WINDOW)
-    place = window.centre()
-    desk.expect_colour(place, WINDOW, "before")
+    place = desk.expect_window(window, WINDOW, "before")
     desk.show_desktop(True)
     try:
         expect(lambda: desk.at(*place) != WINDOW, "the window stays")

@@ -8,7 +8,7 @@ RULE = "Windows lie above the wallpaper, also after a click on the desktop."
 
 def check(desk):
     window = desk.show((300, 200, 260, 180), WINDOW)
-    desk.expect_colour(window.centre(), WINDOW, "a new window")
+    desk.expect_window(window, WINDOW, "a new window")
     desk.click(*desk.spot())
     expect_settled(lambda: desk.at(*window.centre()) == WINDOW and desk.shows_wallpaper(),
                    lambda: "after a click on the desktop: "

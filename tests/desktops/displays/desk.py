@@ -24,6 +24,7 @@ class Desk:
     icon_colour = ICON
     panel_edges = ()     # where the desktop itself has a panel: "top", "bottom"
     program_environment = {}
+    windows_outlive_manager = True
     limits = {}          # name of a check: why it does not apply here
 
     def __init__(self, folder, executable):
@@ -168,6 +169,12 @@ class Desk:
     def expect_colour(self, place, colour, where):
         expect(lambda: self.at(*place) == colour,
                lambda: f"{where}: {name_of(self.at(*place))} at {place[0]},{place[1]}")
+
+    def expect_window(self, window, colour, where):
+        """That it is seen, wherever its manager has put it by then; answers a place on it."""
+        expect(lambda: self.at(*window.centre()) == colour,
+               lambda: f"{where}: {self.seen([window.centre()])}")
+        return window.centre()
 
     def icons(self):
         """How many pixels of the loud icon are on the screen."""

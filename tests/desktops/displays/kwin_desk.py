@@ -1,7 +1,10 @@
 # SPDX-License-Identifier: MIT
 """Plasma on Wayland: kwin_wayland in a window of a private X display, which is looked at instead
-of it."""
+of it. As in every session of Plasma its wrapper keeps the sockets and starts it."""
+import os
 import shutil
+import signal
+from pathlib import Path
 
 from base.outcome import NotApplicable
 from base.picture import DESKTOP
@@ -9,6 +12,7 @@ from base.waiting import prepare
 from .desk import Desk
 from .layer_surfaces import take_clicks
 from .plasma import OWN_PICTURE, is_ready, run_script
+from .shown_desktop import ShownDesktop
 from .toolkit_window import ToolkitWindow
 from .x11 import X11
 from .xorg import Xorg
@@ -35,6 +39,7 @@ class KWinDesk(Desk):
     session = "Wayland"
     has_icons = True
     panel_edges = ("bottom",)
+    windows_outlive_manager = False
     program_environment = {"WAYLAND_DEBUG": "client"}
 
     def open(self):
@@ -44,7 +49,7 @@ class KWinDesk(Desk):
         outer = self.room.environment.pop("DISPLAY")
         self.room.environment |= {
             "XDG_CURRENT_DESKTOP": "KDE", "KDE_FULL_SESSION": "true", "KDE_SESSION_VERSION": "5",
-            "XDG_SESSION_TYPE": "wayland", "WAYLAND_DISPLAY": "wayland-k",
+            "XDG_SESSION_TYPE": "wayland", "WAYLAND_DISPLAY": "wayland-0",
             "QT_QPA_PLATFORM": "wayland"}
         self.room.write("config/kwinrc", "[Desktops]\nNumber=2\nRows=1\n")
         self.room.write("config/kwinrulesrc", RULES)
@@ -53,12 +58,13 @@ class KWinDesk(Desk):
         folder = self.room.folder / "kwin"
         folder.mkdir()
         shutil.copy(shutil.which("kwin_wayland"), folder / "kwin_wayland")
-        self.room.start(folder / "kwin_wayland", "--x11-display", outer, "--width", SIZE[0],
-                        "--height", SIZE[1], "--socket", "wayland-k", "--no-lockscreen",
-                        "--no-global-shortcuts", "--xwayland",
-                        extra={"DISPLAY": outer, "QT_QPA_PLATFORM": ""})
+        self.wrapper = self.room.start(
+            "kwin_wayland_wrapper", "--x11-display", outer, "--width", SIZE[0], "--height", SIZE[1],
+            "--no-lockscreen", "--no-global-shortcuts", "--xwayland",
+            extra={"DISPLAY": outer, "QT_QPA_PLATFORM": "",
+                   "PATH": f"{folder}:{self.room.environment['PATH']}"})
         self.outer = outer
-        prepare((self.room.folder / "runtime/wayland-k").exists, "kwin_wayland")
+        prepare((self.room.folder / "runtime/wayland-0").exists, "kwin_wayland")
         prepare(self.find_window, "the window of kwin_wayland")
         self.start_desktop_program()
 
@@ -126,7 +132,26 @@ class KWinDesk(Desk):
         return answer.strip("(,)\n ")
 
     def show_desktop(self, on):
-        self.ask_kwin("org.kde.KWin.showDesktop", "true" if on else "false")
+        if on:
+            self.shown_desktop = ShownDesktop(self.room)
+        else:
+            self.shown_desktop.close()
+
+    def managers(self):
+        """The processes of KWin."""
+        pid = self.wrapper.pid
+        return Path(f"/proc/{pid}/task/{pid}/children").read_text().split()
+
+    def kill_manager(self):
+        """It takes all windows with it, and its wrapper starts it anew at once."""
+        killed = self.managers()
+        for pid in killed:
+            os.kill(int(pid), signal.SIGKILL)
+        self.room.stop(self.desktop_process)
+        prepare(lambda: self.managers() and not set(killed) & set(self.managers()),
+                "another kwin_wayland")
+        prepare(self.find_window, "the window of kwin_wayland")
+        return self.start_again
 
     def replace_manager(self):
         """It reads its settings anew."""

@@ -2,6 +2,9 @@
 """Plasma with the program's own wallpaper in it, which the person allowed."""
 
 from base.outcome import NotApplicable
+from base.waiting import prepare
+
+SETTINGS = "config/plasma-org.kde.plasma.desktop-appletsrc"
 
 
 class PlasmaPictures:
@@ -17,6 +20,15 @@ class PlasmaPictures:
     def __init__(self, folder, executable):
         super().__init__(folder, executable)
         self.tavi.settings["zeph.plasma.wallpaper"] = True
+
+    def kill_manager(self):
+        """Plasma writes down only a moment later what its desktops show."""
+        prepare(self.is_written_down, "our wallpaper in the settings of Plasma")
+        return super().kill_manager()
+
+    def is_written_down(self):
+        settings = (self.room.folder / SETTINGS).read_text(encoding="utf-8")
+        return "wallpaperplugin=com.tavi.Tavi" in settings
 
     def takes_clicks_at(self, x, y):
         try:

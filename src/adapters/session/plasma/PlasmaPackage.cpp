@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/plasma/PlasmaPackage.h"
 
+#include "adapters/session/plasma/PlasmaScripts.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStandardPaths>
 
 #include <optional>
 
@@ -46,6 +49,23 @@ QString plasmaPackageSource() {
     const QString folder = QCoreApplication::applicationDirPath() + u'/';
     const QString beside = folder + QStringLiteral(ZEPH_PLASMA_PACKAGE_FOLDER);
     return QFileInfo::exists(beside) ? beside : folder + QStringLiteral(ZEPH_PLASMA_PACKAGE_PATH);
+}
+
+QString plasmaPackageTarget() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+           u"/plasma/wallpapers/"_s + plasmaPackageId;
+}
+
+QString plasmaPicturesFolder() {
+    const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    return runtime.isEmpty() ? QString() : runtime + u"/tavi/plasma"_s;
+}
+
+void removePlasmaPackage(const QString &target, const QString &pictures) {
+    QDir(target).removeRecursively();
+    if (!pictures.isEmpty()) {
+        QDir(pictures).removeRecursively();
+    }
 }
 
 bool installPlasmaPackage(const QString &source, const QString &target) {

@@ -9,6 +9,16 @@ namespace zeph {
 /// installed. Needs the application object.
 QString plasmaPackageSource();
 
+/// Where Plasma looks for the user's own.
+QString plasmaPackageTarget();
+
+/// The folder around the pictures of the outputs: in the memory, and gone with the user's last
+/// session. Empty where there is no such folder.
+QString plasmaPicturesFolder();
+
+/// Takes both away, for when no desktop shows them any more. Takes as long as the disk does.
+void removePlasmaPackage(const QString &target, const QString &pictures);
+
 /// Brings the files of the package in `target` to those in `source`; what is the same already is
 /// not written. False when they could not be read or written. Takes as long as the disk does. A
 /// shell that shows the package already goes on with the old files until it starts anew.

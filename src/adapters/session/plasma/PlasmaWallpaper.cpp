@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/plasma/PlasmaWallpaper.h"
 
+#include "adapters/session/plasma/EarlierWallpapers.h"
 #include "adapters/session/plasma/PlasmaPackage.h"
 #include "base/Background.h"
 #include "base/Log.h"
@@ -9,7 +10,6 @@
 #include "ports/UserDefaults.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QUrl>
 
@@ -23,7 +23,6 @@ namespace zeph {
 namespace {
 
 const QString kChoiceKey = u"zeph.plasma.wallpaper"_s;
-const QString kEarlierKey = u"zeph.plasma.earlier"_s;
 
 const QString kActivitiesName = u"org.kde.ActivityManager"_s;
 const QString kActivitiesPath = u"/ActivityManager/Activities"_s;
@@ -126,7 +125,7 @@ void PlasmaWallpaper::shellChanged() {
 
 bool PlasmaWallpaper::isToGo() const {
     return (!m_isChosen || m_isNeeded == false || isGivenUp()) &&
-           m_with.defaults.contains(kEarlierKey);
+           m_with.defaults.contains(earlierWallpapersKey);
 }
 
 void PlasmaWallpaper::follow() {
@@ -181,7 +180,7 @@ void PlasmaWallpaper::putInto(const Desktops &desktops) {
         }
     }
     // First, since nothing else knows them once they are replaced.
-    m_with.defaults.set(kEarlierKey, keptWallpapers(kept));
+    m_with.defaults.set(earlierWallpapersKey, keptWallpapers(kept));
     const QString start = u"%1-%2"_s.arg(QCoreApplication::applicationPid()).arg(++m_starts);
     runScript(putInScript({m_asked.begin(), m_asked.end()},
                           QUrl::fromLocalFile(m_with.pictures).toString(QUrl::FullyEncoded), start),
@@ -202,15 +201,12 @@ void PlasmaWallpaper::putBack() {
             tryAgain();
             return;
         }
-        m_with.defaults.remove(kEarlierKey);
+        m_with.defaults.remove(earlierWallpapersKey);
         m_asked.clear();
         m_with.background.run(
             m_work,
             [target = m_with.target, pictures = m_with.pictures] {
-                QDir(target).removeRecursively();
-                if (!pictures.isEmpty()) {
-                    QDir(pictures).removeRecursively();
-                }
+                removePlasmaPackage(target, pictures);
             },
             [this, life = m_life] {
                 if (life == m_life) {
@@ -273,7 +269,7 @@ void PlasmaWallpaper::setProblem(Problem problem) {
 }
 
 PlasmaWallpapers PlasmaWallpaper::earlier() const {
-    return wallpapersIn(m_with.defaults.get<QString>(kEarlierKey).value_or(QString()));
+    return wallpapersIn(m_with.defaults.get<QString>(earlierWallpapersKey).value_or(QString()));
 }
 
 } // namespace zeph

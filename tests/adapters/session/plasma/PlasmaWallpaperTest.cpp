@@ -1,39 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/plasma/PlasmaWallpaper.h"
 
-#include "FakePlasma.h"
+#include "PlasmaFixture.h"
 #include "adapters/bus/DBusCalls.h"
-#include "base/Background.h"
-#include "support/FakeUserDefaults.h"
-#include "support/ManualRunLoop.h"
-#include "support/ManualTaskExecutor.h"
 #include "support/QtPrinters.h"
-
-#include <QDir>
 
 using namespace Qt::StringLiterals;
 
 namespace zeph {
 
-class PlasmaWallpaperTest : public testing::Test {
+class PlasmaWallpaperTest : public PlasmaFixture {
 protected:
     using Wallpapers = std::map<int, QString>;
 
-    static inline const QString ours = u"com.tavi.Tavi"_s;
-    static inline const QString image = u"org.kde.image"_s;
-    static inline const QString choiceKey = u"zeph.plasma.wallpaper"_s;
-    static inline const QString earlierKey = u"zeph.plasma.earlier"_s;
-
-    void SetUp() override {
-        QDir().mkpath(room.filePath(u"from"_s));
-        QFile file(room.filePath(u"from/metadata.json"_s));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
-
     void open() {
-        wallpaper.emplace(PlasmaWallpaper::Surroundings{connection.bus(), defaults, background,
-                                                        loop, room.filePath(u"from"_s), target,
-                                                        pictures});
+        makeWallpaper();
         changes = wallpaper->subscribe([this] { ++changeCount; });
     }
     void openChosen() {
@@ -42,15 +23,6 @@ protected:
         wallpaper->setNeeded(true);
     }
 
-    /// Turns all loops until it holds.
-    template <typename Condition>
-    bool comes(Condition condition) {
-        return eventually([&] {
-            executor.runAll();
-            loop.drain();
-            return condition();
-        });
-    }
     bool shows(const Wallpapers &wallpapers) {
         return comes([&] { return plasma.desktops == wallpapers; });
     }
@@ -69,18 +41,6 @@ protected:
         return comes([&] { return isBack; });
     }
 
-    const QTemporaryDir room;
-    const QString target = room.filePath(u"wallpapers/com.tavi.Tavi"_s);
-    const QString pictures = room.filePath(u"runtime/tavi/plasma"_s);
-    PrivateBus bus;
-    BusConnection connection{bus.address()};
-    FakePlasma plasma{bus.address()};
-    FakeUserDefaults defaults;
-    ManualClock clock;
-    ManualRunLoop loop{clock};
-    ManualTaskExecutor executor;
-    Background background = Background::over(executor, loop);
-    std::optional<PlasmaWallpaper> wallpaper;
     Subscription changes;
     int changeCount = 0;
 };

@@ -1,32 +1,22 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/plasma/PlasmaWindowServer.h"
 
-#include "FakePlasma.h"
+#include "PlasmaFixture.h"
 #include "ShownPictures.h"
 #include "adapters/session/plasma/PlasmaPictureSurface.h"
-#include "adapters/session/plasma/PlasmaWallpaper.h"
-#include "base/Background.h"
 #include "support/FakeScreens.h"
-#include "support/FakeUserDefaults.h"
 #include "support/FakeWindowServer.h"
 #include "support/FullDisk.h"
-#include "support/ManualRunLoop.h"
-#include "support/ManualTaskExecutor.h"
 #include "support/QtPrinters.h"
 
 using namespace Qt::StringLiterals;
 
 namespace zeph {
 
-class PlasmaWindowServerTest : public testing::Test {
+class PlasmaWindowServerTest : public PlasmaFixture {
 protected:
-    static inline const QString ours = u"com.tavi.Tavi"_s;
-    static inline const QString image = u"org.kde.image"_s;
-
     void SetUp() override {
-        QDir().mkpath(room.filePath(u"from"_s));
-        QFile file(room.filePath(u"from/metadata.json"_s));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        PlasmaFixture::SetUp();
         screens.screens = {output(u"DP-1"_s)};
         plasma.appear();
     }
@@ -38,10 +28,8 @@ protected:
     }
 
     void open(bool isChosen) {
-        defaults.set(u"zeph.plasma.wallpaper"_s, isChosen);
-        wallpaper.emplace(PlasmaWallpaper::Surroundings{
-            connection.bus(), defaults, background, loop, room.filePath(u"from"_s),
-            room.filePath(u"wallpapers/com.tavi.Tavi"_s), pictures});
+        defaults.set(choiceKey, isChosen);
+        makeWallpaper();
         server.emplace(PlasmaWindowServer::Parties{own,
                                                    [this](const PlasmaPermission &given) {
                                                        permission = given;
@@ -67,32 +55,13 @@ protected:
         return dynamic_cast<const PlasmaPictureSurface *>(&surface) != nullptr;
     }
 
-    template <typename Condition>
-    bool comes(Condition condition) {
-        return eventually([&] {
-            executor.runAll();
-            loop.drain();
-            return condition();
-        });
-    }
     bool shows(const QString &package) {
         return comes([&] { return plasma.desktops[1] == package; });
     }
 
-    const QTemporaryDir room;
-    const QString pictures = room.filePath(u"runtime/tavi/plasma"_s);
-    PrivateBus bus;
-    BusConnection connection{bus.address()};
-    FakePlasma plasma{bus.address()};
-    FakeUserDefaults defaults;
     FakeScreens screens;
     FakeWindowServer own;
-    ManualClock clock;
-    ManualRunLoop loop{clock};
-    ManualTaskExecutor executor;
-    Background background = Background::over(executor, loop);
     PlasmaPermission permission;
-    std::optional<PlasmaWallpaper> wallpaper;
     std::optional<PlasmaWindowServer> server;
 };
 
@@ -175,7 +144,7 @@ TEST_F(PlasmaWindowServerTest, goesBackToTheOtherWayWhenPicturesCanNotBeWritten)
 
 TEST_F(PlasmaWindowServerTest, aProblemIsNoneWhereNobodyChoseIt) {
     plasma.isLocked = true;
-    defaults.set(u"zeph.plasma.earlier"_s, keptWallpapers({{1, image}}));
+    defaults.set(earlierKey, keptWallpapers({{1, image}}));
     open(false);
     ASSERT_TRUE(comes([&] {
         loop.advance(40);
@@ -213,7 +182,7 @@ TEST_F(PlasmaWindowServerTest, desktopsOfDisplaysThatComeGetItToo) {
     const auto surface = make();
     ASSERT_TRUE(shows(ours));
     ASSERT_TRUE(comes([&] { return plasma.scripts.size() == 2; }));
-    ASSERT_TRUE(comes([&] { return defaults.contains(u"zeph.plasma.earlier"_s); }));
+    ASSERT_TRUE(comes([&] { return defaults.contains(earlierKey); }));
     plasma.desktops[2] = image;
     screens.change({output(u"DP-1"_s), output(u"DP-2"_s)});
     loop.advance(2.1);
