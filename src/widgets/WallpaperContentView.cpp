@@ -54,17 +54,6 @@ WallpaperContentView::flowRows(const std::vector<WidgetKind> &kinds) {
     return rows;
 }
 
-QString WallpaperContentView::identity(const FlowRow &row) {
-    if (const auto *widgetRow = std::get_if<WidgetRow>(&row)) {
-        return rawValue(widgetRow->kind);
-    }
-    QStringList raws;
-    for (const WidgetKind kind : std::get<IntegrationCardsRow>(row).kinds) {
-        raws << rawValue(kind);
-    }
-    return raws.join(u'+');
-}
-
 View WallpaperContentView::body(const std::vector<WidgetKind> &kinds) const {
     Flow all = flow(kinds);
     return wallpaperStack(all.layout, std::move(all.views));
