@@ -5,17 +5,20 @@
 #include "services/web/Endpoints.h"
 #include "wording/FramingContext.h"
 
+#include <utility>
+
 namespace zeph {
 
 class Clock;
 class HttpClient;
 
-/// What the services of one card ask and write with. All but `endpoints` outlive the service.
+/// What the services of one card ask and write with. What is given as a reference outlives the
+/// service.
 class CardService {
 public:
-    CardService(HttpClient &client, const Endpoints &endpoints, const Clock &clock,
+    CardService(HttpClient &client, Endpoints endpoints, const Clock &clock,
                 const FramingContext &framing)
-        : m_client(client), m_clock(clock), m_framing(framing), m_endpoints(endpoints) {}
+        : m_client(client), m_clock(clock), m_framing(framing), m_endpoints(std::move(endpoints)) {}
 
 protected:
     HttpClient &m_client;

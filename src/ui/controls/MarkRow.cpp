@@ -10,6 +10,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace zeph::ui {
 
@@ -107,8 +108,8 @@ QString placeAmong(int place, int count) {
 } // namespace
 
 template <typename Button>
-MarkRow<Button>::MarkRow(const QString &title, const QString &detail, QWidget *parent)
-    : Button(parent), m_detail(detail) {
+MarkRow<Button>::MarkRow(const QString &title, QString detail, QWidget *parent)
+    : Button(parent), m_detail(std::move(detail)) {
     setText(title);
     describe();
     this->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);

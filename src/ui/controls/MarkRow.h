@@ -13,7 +13,7 @@ namespace zeph::ui {
 template <typename Button>
 class MarkRow : public Button {
 public:
-    MarkRow(const QString &title, const QString &detail, QWidget *parent = nullptr);
+    MarkRow(const QString &title, QString detail, QWidget *parent = nullptr);
 
     void setText(const QString &title);
     void setDetail(const QString &detail);
