@@ -5,7 +5,6 @@ namespace zeph {
 
 // Nothing below "critical" is told unless it is asked for.
 Q_LOGGING_CATEGORY(logWidgets, "zeph.widgets", QtCriticalMsg)
-Q_LOGGING_CATEGORY(logServices, "zeph.services", QtCriticalMsg)
 Q_LOGGING_CATEGORY(logAccounts, "zeph.accounts", QtCriticalMsg)
 Q_LOGGING_CATEGORY(logSensing, "zeph.sensing", QtCriticalMsg)
 Q_LOGGING_CATEGORY(logHistory, "zeph.history", QtCriticalMsg)

@@ -9,7 +9,6 @@
 namespace zeph {
 
 Q_DECLARE_LOGGING_CATEGORY(logWidgets)  ///< zeph.widgets: why a widget does not show
-Q_DECLARE_LOGGING_CATEGORY(logServices) ///< zeph.services: requests of the web services
 Q_DECLARE_LOGGING_CATEGORY(logAccounts) ///< zeph.accounts: accounts and the keyring
 Q_DECLARE_LOGGING_CATEGORY(logSensing)  ///< zeph.sensing: ticks and monitors
 Q_DECLARE_LOGGING_CATEGORY(logHistory)  ///< zeph.history: the daily totals

@@ -28,7 +28,8 @@ auto placeOf(List &list, const QUuid &id) {
                         [&id](const auto &record) { return record.id == id; });
 }
 
-/// Takes the record with that id out of the list; absent when there is none.
+/// Takes the record with that id out of the list, and for good any other that has the same id;
+/// absent when there is none.
 template <typename Record>
 std::optional<TakenOut<Record>> takeOut(std::vector<Record> &list, const QUuid &id) {
     const auto found = placeOf(list, id);
@@ -36,10 +37,9 @@ std::optional<TakenOut<Record>> takeOut(std::vector<Record> &list, const QUuid &
         return std::nullopt;
     }
     const auto next = std::next(found);
-    TakenOut<Record> taken{std::move(*found),
-                           static_cast<std::size_t>(std::distance(list.begin(), found)),
+    TakenOut<Record> taken{*found, static_cast<std::size_t>(std::distance(list.begin(), found)),
                            next == list.end() ? QUuid() : next->id};
-    list.erase(found);
+    std::erase_if(list, [id](const Record &record) { return record.id == id; });
     return taken;
 }
 

@@ -11,7 +11,7 @@ namespace zeph {
 
 namespace {
 
-constexpr double weatherAge = 1800; // seconds
+constexpr double weatherInterval = 1800; // seconds
 
 } // namespace
 
@@ -41,7 +41,7 @@ void AmbientFeeds::fetchDaily() {
 void AmbientFeeds::maybeFetchWeather() {
     const auto &position = m_location.coordinate();
     const bool isRecent =
-        m_lastWeatherFetch && m_platform.clock.now() - *m_lastWeatherFetch < weatherAge;
+        m_lastWeatherFetch && m_platform.clock.now() - *m_lastWeatherFetch < weatherInterval;
     if (position && !isRecent) {
         fetchWeather(*position, false);
     }

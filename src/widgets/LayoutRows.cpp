@@ -20,14 +20,6 @@ std::vector<WidgetKind> layoutRows(const AppState &state, const PreferencesStore
     return WidgetLayoutCatalog::applyingCustomOrder(std::move(kinds), prefs.customOrder());
 }
 
-void keepLayoutOrder(const std::vector<WidgetKind> &rows, PreferencesStore &prefs) {
-    QStringList order;
-    for (const WidgetKind kind : rows) {
-        order.append(rawValue(kind));
-    }
-    prefs.setCustomOrder(order);
-}
-
 QString layoutCountText(std::size_t rows) {
     return u"%1 widget%2 · drag to reorder"_s.arg(rows).arg(rows == 1 ? QString() : u"s"_s);
 }

@@ -18,9 +18,6 @@ class PreferencesStore;
 std::vector<WidgetKind> layoutRows(const AppState &state, const PreferencesStore &prefs,
                                    bool quoteEnabled, const Calendar &calendar);
 
-/// Keeps the order of the list as it stands now.
-void keepLayoutOrder(const std::vector<WidgetKind> &rows, PreferencesStore &prefs);
-
 /// "3 widgets · drag to reorder"
 QString layoutCountText(std::size_t rows);
 

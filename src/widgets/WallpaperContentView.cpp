@@ -7,16 +7,13 @@
 #include "model/AppState.h"
 #include "settings/PreferencesStore.h"
 #include "widgets/AccountChoices.h"
-#include "widgets/BuiltInWidgets.h"
 #include "widgets/IntegrationCards.h"
-#include "widgets/IntegrationWidgets.h"
 #include "widgets/RecordContent.h"
+#include "widgets/WidgetTable.h"
 
 #include <algorithm>
 
 namespace zeph {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -25,60 +22,6 @@ constexpr double largeScale = 1.3;
 
 /// What sums of sizes may be off by, in points.
 constexpr double hairsBreadth = 0.5;
-
-QString summaryTitle(WidgetKind kind) {
-    switch (kind) {
-    case WidgetKind::hackernews:
-        return u"Hacker News"_s;
-    case WidgetKind::reddit:
-        return u"Reddit"_s;
-    case WidgetKind::producthunt:
-        return u"Product Hunt"_s;
-    case WidgetKind::bluesky:
-        return u"Bluesky"_s;
-    case WidgetKind::currency:
-        return u"Exchange rate"_s;
-    case WidgetKind::gumroad:
-        return u"Gumroad"_s;
-    case WidgetKind::polar:
-        return u"Polar"_s;
-    case WidgetKind::vercel:
-        return u"Vercel"_s;
-    case WidgetKind::netlify:
-        return u"Netlify"_s;
-    default: // the other cards are headed by what they are about
-        return {};
-    }
-}
-
-/// The widgets of accounts that fill a block of their own.
-View accountWidget(WidgetKind kind, const WidgetContext &context) {
-    switch (kind) {
-    case WidgetKind::revenue:
-        return revenueWidget(context);
-    case WidgetKind::github:
-        return githubWidget(context);
-    case WidgetKind::githubGraph:
-        return githubGraphWidget(context);
-    case WidgetKind::chartmogul:
-    case WidgetKind::lemonsqueezy:
-    case WidgetKind::dodo:
-        return revenueProviderWidget(kind, context);
-    case WidgetKind::trustmrr:
-        return trustmrrWidget(context);
-    case WidgetKind::customAPIs:
-        return customAPIsWidget(context);
-    case WidgetKind::rss:
-        return rssWidget(context);
-    case WidgetKind::openai:
-    case WidgetKind::claude:
-        return aiProviderWidget(kind, context);
-    case WidgetKind::analytics:
-        return analyticsWidget(context);
-    default: // the cards, which stand in rows of their own
-        return {};
-    }
-}
 
 std::vector<WidgetKind> rowKinds(const WallpaperContentView::FlowRow &row) {
     if (const auto *one = std::get_if<WallpaperContentView::WidgetRow>(&row)) {
@@ -109,17 +52,6 @@ WallpaperContentView::flowRows(const std::vector<WidgetKind> &kinds) {
     }
     flushCards();
     return rows;
-}
-
-QString WallpaperContentView::identity(const FlowRow &row) {
-    if (const auto *widgetRow = std::get_if<WidgetRow>(&row)) {
-        return rawValue(widgetRow->kind);
-    }
-    QStringList raws;
-    for (const WidgetKind kind : std::get<IntegrationCardsRow>(row).kinds) {
-        raws << rawValue(kind);
-    }
-    return raws.join(u'+');
 }
 
 View WallpaperContentView::body(const std::vector<WidgetKind> &kinds) const {
@@ -222,8 +154,7 @@ View WallpaperContentView::integrationCard(const IntegrationCardItem &item) cons
                                m_context.palette}
             .body();
     }
-    return IntegrationSummaryCard{summaryTitle(item.kind), stats.headline, stats.chips,
-                                  m_context.palette}
+    return IntegrationSummaryCard{title(item.kind), stats.headline, stats.chips, m_context.palette}
         .body();
 }
 
@@ -240,48 +171,8 @@ View WallpaperContentView::sizedWidget(WidgetKind kind) const {
 }
 
 View WallpaperContentView::widget(WidgetKind kind) const {
-    switch (kind) {
-    case WidgetKind::clock:
-        return clockWidget(m_context);
-    case WidgetKind::weather:
-        return weatherWidget(m_context);
-    case WidgetKind::sun:
-        return sunWidget(m_context);
-    case WidgetKind::airQuality:
-        return airQualityWidget(m_context);
-    case WidgetKind::meeting:
-        return meetingWidget(m_context);
-    case WidgetKind::currentApp:
-        return currentAppWidget(m_context);
-    case WidgetKind::topApp:
-        return topAppWidget(m_context);
-    case WidgetKind::appRanking:
-        return appRankingWidget(m_context);
-    case WidgetKind::rhythm:
-        return rhythmWidget(m_context);
-    case WidgetKind::desktop:
-        return desktopWidget(m_context);
-    case WidgetKind::machine:
-        return machineWidget(m_context);
-    case WidgetKind::reminders:
-        return remindersWidget(m_context);
-    case WidgetKind::countdowns:
-        return countdownsWidget(m_context);
-    case WidgetKind::progress:
-        return progressWidget(m_context);
-    case WidgetKind::devices:
-        return devicesWidget(m_context);
-    case WidgetKind::quote:
-        return quoteWidget(m_context);
-    case WidgetKind::onThisDay:
-        return onThisDayWidget(m_context);
-    case WidgetKind::nasa:
-        return nasaWidget(m_context);
-    case WidgetKind::iss:
-        return issWidget(m_context);
-    default:
-        return accountWidget(kind, m_context);
-    }
+    const auto draw = widgetEntry(kind).draw;
+    return draw ? draw(m_context) : View();
 }
 
 } // namespace zeph

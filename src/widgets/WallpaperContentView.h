@@ -41,9 +41,6 @@ public:
 
     static std::vector<FlowRow> flowRows(const std::vector<WidgetKind> &kinds);
 
-    /// The row's identity: the raw value, or the cards' raw values joined by "+".
-    static QString identity(const FlowRow &row);
-
     /// All of `kinds`, which stand in the order of the flow; the clock leaves it for its corner.
     View body(const std::vector<WidgetKind> &kinds) const;
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/WidgetLayoutCatalog.h"
 
-#include "model/AppState.h"
 #include "settings/PreferencesStore.h"
-#include "widgets/RecordContent.h"
+#include "widgets/WidgetTable.h"
 
 #include <algorithm>
 #include <limits>
@@ -11,55 +10,6 @@
 namespace zeph::WidgetLayoutCatalog {
 
 namespace {
-
-using enum WidgetKind;
-
-/// A passed countdown stays for this long.
-constexpr double daySeconds = 86400;
-
-template <typename Record>
-bool anySucceeded(const std::vector<Record> &records) {
-    return std::any_of(records.begin(), records.end(),
-                       [](const Record &record) { return hasSucceeded(record); });
-}
-
-template <typename Record>
-bool anySucceeded(const std::vector<Record> &records, WidgetKind provider) {
-    return std::any_of(records.begin(), records.end(),
-                       [provider](const Record &record) { return hasSucceeded(record, provider); });
-}
-
-bool hasCountdown(const PreferencesStore &prefs, Date now, const Calendar &calendar) {
-    const auto &dates = prefs.countdownDates(now, calendar);
-    return std::any_of(dates.begin(), dates.end(), [now](const CountdownOccurrence &occurrence) {
-        return occurrence.date > now - daySeconds;
-    });
-}
-
-/// The kinds that draw the user's accounts at web services.
-bool hasAccountContent(WidgetKind kind, const AppState &state) {
-    switch (kind) {
-    case revenue:
-        return anySucceeded(*state.stripeStats);
-    case chartmogul:
-    case lemonsqueezy:
-    case dodo:
-        return anySucceeded(*state.revenueStats, kind);
-    case openai:
-    case claude:
-        return anySucceeded(*state.aiUsage, kind);
-    case analytics:
-        return anySucceeded(*state.analyticsStats);
-    case customAPIs:
-        return std::any_of(state.customResults->begin(), state.customResults->end(), hasValues);
-    case github:
-        return std::any_of(state.githubStats->begin(), state.githubStats->end(), hasNumbers);
-    case githubGraph:
-        return std::any_of(state.githubStats->begin(), state.githubStats->end(), hasGraph);
-    default: // the small services, whose accounts share one list
-        return anySucceeded(*state.simpleStats, kind);
-    }
-}
 
 /// The place of `element` in `list`, the greatest number when it has none.
 template <typename List, typename Element>
@@ -72,13 +22,13 @@ qint64 place(const List &list, const Element &element) {
 } // namespace
 
 const std::vector<WidgetKind> &defaultOrder() {
-    static const std::vector<WidgetKind> order = {
-        quote,       onThisDay, iss,         revenue,    chartmogul, lemonsqueezy,
-        dodo,        gumroad,   polar,       trustmrr,   ahrefs,     coingecko,
-        hackernews,  reddit,    producthunt, bluesky,    currency,   github,
-        githubGraph, rss,       customAPIs,  reminders,  countdowns, appRanking,
-        rhythm,      desktop,   machine,     devices,    progress,   topApp,
-        currentApp,  meeting,   sun,         airQuality, weather,    clock};
+    static const std::vector<WidgetKind> order = [] {
+        std::vector<WidgetKind> kinds;
+        for (const WidgetEntry &entry : placedWidgets()) {
+            kinds.push_back(entry.kind);
+        }
+        return kinds;
+    }();
     return order;
 }
 
@@ -99,38 +49,8 @@ std::vector<WidgetKind> orderedKinds(const AppState &state, const PreferencesSto
 
 bool hasContent(WidgetKind kind, const AppState &state, const PreferencesStore &prefs,
                 bool quoteEnabled, const Calendar &calendar) {
-    switch (kind) {
-    case clock:
-    case weather:
-    case meeting:
-    case currentApp:
-    case topApp:
-    case appRanking:
-    case desktop:
-    case machine:
-    case progress:
-    case sun:
-    case airQuality:
-        return true;
-    case rhythm:
-        return state.rhythm->isCountable;
-    case devices:
-        return !state.deviceBatteries->empty();
-    case reminders:
-        return state.reminders->updated.has_value();
-    case countdowns:
-        return hasCountdown(prefs, *state.now, calendar);
-    case quote:
-        return quoteEnabled && state.quote->has_value();
-    case onThisDay:
-        return state.onThisDay->has_value();
-    case nasa:
-        return state.apod->has_value();
-    case iss:
-        return state.iss->has_value();
-    default:
-        return hasAccountContent(kind, state);
-    }
+    const WidgetEntry &entry = widgetEntry(kind);
+    return !entry.absence || !entry.absence({state, prefs, quoteEnabled, calendar});
 }
 
 std::vector<WidgetKind> applyingCustomOrder(std::vector<WidgetKind> kinds,

@@ -1,39 +1,29 @@
 // SPDX-License-Identifier: MIT
 #include "LoopbackEndpoints.h"
 
+#include "services/catalogue/ServiceCatalogue.h"
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
 
 Endpoints endpointsAt(const QString &root) {
-    const auto at = [&root](const char *service) { return root + u'/' + QLatin1String(service); };
+    const auto at = [&root](QLatin1StringView service) { return root + u'/' + service; };
     Endpoints endpoints;
-    endpoints.stripe = at("stripe");
-    endpoints.exchangeRates = at("exchangerates");
-    endpoints.gitHub = at("github");
-    endpoints.chartMogul = at("chartmogul");
-    endpoints.lemonSqueezy = at("lemonsqueezy");
-    endpoints.dodo = at("dodo");
-    endpoints.plausible = at("plausible");
-    endpoints.trustMRR = at("trustmrr");
-    endpoints.ahrefs = at("ahrefs");
-    endpoints.coinGecko = at("coingecko");
-    endpoints.hackerNews = at("hackernews");
-    endpoints.oldReddit = at("oldreddit");
-    endpoints.reddit = at("reddit");
-    endpoints.productHunt = at("producthunt");
-    endpoints.bluesky = at("bluesky");
-    endpoints.frankfurter = at("frankfurter");
-    endpoints.vercel = at("vercel");
-    endpoints.netlify = at("netlify");
-    endpoints.gumroad = at("gumroad");
-    endpoints.polar = at("polar");
-    endpoints.weather = at("weather");
-    endpoints.airQuality = at("airquality");
-    endpoints.zenQuotes = at("zenquotes");
-    endpoints.quotable = at("quotable");
-    endpoints.onThisDay = at("onthisday");
-    endpoints.station = at("station");
+    for (const ServiceRow &service : serviceCatalogue()) {
+        if (service.root) {
+            endpoints.*service.root = at(service.key);
+        }
+    }
+    // What is asked beside the accounts' services.
+    endpoints.exchangeRates = at("exchangerates"_L1);
+    endpoints.reddit = at("newreddit"_L1);
+    endpoints.weather = at("weather"_L1);
+    endpoints.airQuality = at("airquality"_L1);
+    endpoints.zenQuotes = at("zenquotes"_L1);
+    endpoints.quotable = at("quotable"_L1);
+    endpoints.onThisDay = at("onthisday"_L1);
+    endpoints.station = at("station"_L1);
     return endpoints;
 }
 

@@ -94,15 +94,13 @@ QString sectionOf(WidgetKind kind) {
     return {};
 }
 
-TEST(WidgetKind, thereAre42InDeclaredOrder) {
+TEST(WidgetKind, theyStandInDeclaredOrder) {
     ASSERT_EQ(std::size(table), std::size_t(widgetKindCount));
     const auto kinds = allWidgetKinds();
     for (std::size_t index = 0; index < kinds.size(); ++index) {
         EXPECT_EQ(kinds[index], static_cast<WidgetKind>(index));
         EXPECT_EQ(rawValue(kinds[index]), text(table[index].raw));
     }
-    EXPECT_EQ(kinds.front(), clock);
-    EXPECT_EQ(kinds.back(), iss);
 }
 
 TEST(WidgetKind, aRawValueLeadsBackToItsKindAndNothingElseDoes) {

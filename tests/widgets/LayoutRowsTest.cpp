@@ -59,8 +59,7 @@ TEST_F(LayoutRowsTest, leaveOutWhatHasNothingToSay) {
 TEST_F(LayoutRowsTest, keepTheUsersOrderAndWhatIsNewComesAfterIt) {
     switchAllOff();
     switchOn({machine, meeting, weather});
-    keepLayoutOrder({weather, machine}, prefs());
-    EXPECT_EQ(prefs().customOrder(), (QStringList{u"weather"_s, u"machine"_s}));
+    prefs().setCustomOrder({u"weather"_s, u"machine"_s});
     EXPECT_THAT(rows(), ElementsAre(weather, machine, meeting));
 }
 
@@ -68,7 +67,7 @@ TEST_F(LayoutRowsTest, aWidgetThatLostItsContentReturnsToItsPlace) {
     switchAllOff();
     switchOn({devices, machine, meeting});
     state.deviceBatteries = std::vector<DeviceBattery>(1);
-    keepLayoutOrder({meeting, devices, machine}, prefs());
+    prefs().setCustomOrder({u"meeting"_s, u"devices"_s, u"machine"_s});
     state.deviceBatteries = std::vector<DeviceBattery>();
     EXPECT_THAT(rows(), ElementsAre(meeting, machine));
     EXPECT_EQ(prefs().customOrder().size(), 3);
@@ -78,7 +77,7 @@ TEST_F(LayoutRowsTest, aWidgetThatLostItsContentReturnsToItsPlace) {
 
 TEST_F(LayoutRowsTest, areThoseOfTheWallpaperInManualMode) {
     prefs().setLayoutMode(WidgetLayoutMode::manual);
-    keepLayoutOrder({weather, machine}, prefs());
+    prefs().setCustomOrder({u"weather"_s, u"machine"_s});
     auto kinds = WidgetLayoutCatalog::orderedKinds(state, prefs(), true, calendar);
     std::erase(kinds, clock);
     EXPECT_EQ(rows(), kinds);
@@ -87,7 +86,11 @@ TEST_F(LayoutRowsTest, areThoseOfTheWallpaperInManualMode) {
 TEST_F(LayoutRowsTest, resettingBringsTheDefaultOrderBackAndForgetsTheKey) {
     prefs().setLayoutMode(WidgetLayoutMode::manual);
     const auto before = rows();
-    keepLayoutOrder({before.rbegin(), before.rend()}, prefs());
+    QStringList reversed;
+    for (const WidgetKind kind : before) {
+        reversed.prepend(rawValue(kind));
+    }
+    prefs().setCustomOrder(reversed);
     EXPECT_NE(rows(), before);
     prefs().resetCustomOrder();
     EXPECT_EQ(rows(), before);

@@ -9,12 +9,22 @@ using namespace Qt::StringLiterals;
 
 class WallpaperContent : public WidgetFixture {
 protected:
-    QStringList rows(const std::vector<WidgetKind> &kinds) const {
-        QStringList identities;
+    /// The rows as texts, those of cards with all their cards.
+    static QStringList rows(const std::vector<WidgetKind> &kinds) {
+        QStringList texts;
         for (const auto &row : WallpaperContentView::flowRows(kinds)) {
-            identities << WallpaperContentView::identity(row);
+            if (const auto *one = std::get_if<WallpaperContentView::WidgetRow>(&row)) {
+                texts << rawValue(one->kind);
+                continue;
+            }
+            QStringList cards;
+            for (const WidgetKind kind :
+                 std::get<WallpaperContentView::IntegrationCardsRow>(row).kinds) {
+                cards << rawValue(kind);
+            }
+            texts << cards.join(u'+');
         }
-        return identities;
+        return texts;
     }
 
     WallpaperContentView content{context, {1200, 700}};

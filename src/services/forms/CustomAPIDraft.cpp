@@ -74,10 +74,6 @@ std::optional<QString> CustomAPIDraft::importCurl(const QString &command) {
     return std::nullopt;
 }
 
-void CustomAPIDraft::addHeader() {
-    config.headers.push_back({QUuid::createUuid(), {}, {}});
-}
-
 bool CustomAPIDraft::hasField(const QString &path) const {
     return std::any_of(config.fields.begin(), config.fields.end(),
                        [&path](const CustomAPIField &field) { return field.jsonPath == path; });

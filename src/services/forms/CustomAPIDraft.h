@@ -63,8 +63,6 @@ struct CustomAPIDraft {
     /// tell when it holds no address, and then nothing has changed.
     std::optional<QString> importCurl(const QString &command);
 
-    void addHeader(); ///< an empty row
-
     /// Whether the value at that path is a data point already.
     bool hasField(const QString &path) const;
 

@@ -3,7 +3,6 @@
 
 #include "services/simple/SimpleNumbers.h"
 #include "services/simple/UrlPart.h"
-#include "services/web/Endpoints.h"
 #include "services/web/Json.h"
 #include "services/web/ProviderHTTP.h"
 
@@ -26,9 +25,6 @@ SimpleCard ahrefsCard(const QJsonValue &answer, const QString &domain) {
     return {domain, {{u"link"_s, u"DR "_s + fixedDecimals(*value, 0)}}};
 }
 
-AhrefsService::AhrefsService(HttpClient &client, const Endpoints &endpoints, const Clock &clock)
-    : m_client(client), m_clock(clock), m_root(endpoints.ahrefs) {}
-
 SimpleIntegrationStats AhrefsService::fetch(const QString &domain) const {
     return simpleRecord(u"ahrefs"_s, m_clock, [&] {
         const QString host = ahrefsDomain(domain);
@@ -39,8 +35,8 @@ SimpleIntegrationStats AhrefsService::fetch(const QString &domain) const {
         if (!target) {
             throw ProviderHTTP::err(u"Invalid domain."_s);
         }
-        const QString url =
-            m_root + u"/v3/public/domain-rating-free?target="_s + *target + u"&output=json"_s;
+        const QString url = m_endpoints.ahrefs + u"/v3/public/domain-rating-free?target="_s +
+                            *target + u"&output=json"_s;
         return ahrefsCard(ProviderHTTP::json(m_client, url, {{"Accept", "application/json"}}),
                           host);
     });

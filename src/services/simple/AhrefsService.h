@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "services/simple/SimpleCard.h"
+#include "services/simple/CardService.h"
 
 #include <QJsonValue>
 
 namespace zeph {
-
-class Clock;
-class HttpClient;
-struct Endpoints;
 
 /// The domain that is asked for: a whole address is cut down to its host.
 QString ahrefsDomain(const QString &input);
@@ -18,17 +14,12 @@ QString ahrefsDomain(const QString &input);
 SimpleCard ahrefsCard(const QJsonValue &answer, const QString &domain);
 
 /// The domain rating of a site, which needs no key. Callable from any thread but the main one.
-class AhrefsService {
+class AhrefsService : public CardService {
 public:
-    AhrefsService(HttpClient &client, const Endpoints &endpoints, const Clock &clock);
+    using CardService::CardService;
 
     /// Blocks for one request, for none without a domain. Never throws; a failure is in `error`.
     SimpleIntegrationStats fetch(const QString &domain) const;
-
-private:
-    HttpClient &m_client;
-    const Clock &m_clock;
-    QString m_root;
 };
 
 } // namespace zeph

@@ -2,7 +2,6 @@
 #include "services/simple/BlueskyService.h"
 
 #include "services/simple/UrlPart.h"
-#include "services/web/Endpoints.h"
 #include "services/web/Json.h"
 #include "services/web/ProviderHTTP.h"
 #include "wording/StatFraming.h"
@@ -37,10 +36,6 @@ SimpleCard blueskyCard(const QJsonValue &answer, const QString &handle,
              {u"bubble.left"_s, count(u"postsCount") + u" posts"_s}}};
 }
 
-BlueskyService::BlueskyService(HttpClient &client, const Endpoints &endpoints, const Clock &clock,
-                               const FramingContext &framing)
-    : m_client(client), m_clock(clock), m_framing(framing), m_root(endpoints.bluesky) {}
-
 SimpleIntegrationStats BlueskyService::fetch(const QString &handle) const {
     return simpleRecord(u"bluesky"_s, m_clock, [&] {
         const QString whole = blueskyHandle(handle);
@@ -51,7 +46,8 @@ SimpleIntegrationStats BlueskyService::fetch(const QString &handle) const {
         if (!actor) {
             throw ProviderHTTP::err(u"Invalid handle."_s);
         }
-        const QString url = m_root + u"/xrpc/app.bsky.actor.getProfile?actor="_s + *actor;
+        const QString url =
+            m_endpoints.bluesky + u"/xrpc/app.bsky.actor.getProfile?actor="_s + *actor;
         return blueskyCard(ProviderHTTP::json(m_client, url), whole, m_framing);
     });
 }

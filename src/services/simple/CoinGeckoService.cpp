@@ -4,7 +4,6 @@
 #include "base/Capitalized.h"
 #include "services/simple/SimpleNumbers.h"
 #include "services/simple/UrlPart.h"
-#include "services/web/Endpoints.h"
 #include "services/web/Json.h"
 #include "services/web/ProviderHTTP.h"
 
@@ -28,10 +27,6 @@ SimpleCard coinGeckoCard(const QJsonValue &answer, const QString &coinId) {
     return card;
 }
 
-CoinGeckoService::CoinGeckoService(HttpClient &client, const Endpoints &endpoints,
-                                   const Clock &clock)
-    : m_client(client), m_clock(clock), m_root(endpoints.coinGecko) {}
-
 SimpleIntegrationStats CoinGeckoService::fetch(const QString &coinId) const {
     return simpleRecord(u"coingecko"_s, m_clock, [&] {
         const QString coin = coinId.trimmed().toLower();
@@ -42,7 +37,7 @@ SimpleIntegrationStats CoinGeckoService::fetch(const QString &coinId) const {
         if (!ids) {
             throw ProviderHTTP::err(u"Invalid coin id."_s);
         }
-        const QString url = m_root + u"/api/v3/simple/price?ids="_s + *ids +
+        const QString url = m_endpoints.coinGecko + u"/api/v3/simple/price?ids="_s + *ids +
                             u"&vs_currencies=usd&include_24hr_change=true"_s;
         return coinGeckoCard(ProviderHTTP::json(m_client, url), coin);
     });

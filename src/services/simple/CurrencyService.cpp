@@ -4,7 +4,6 @@
 #include "ports/Clock.h"
 #include "services/simple/SimpleNumbers.h"
 #include "services/simple/UrlPart.h"
-#include "services/web/Endpoints.h"
 #include "services/web/Json.h"
 #include "services/web/ProviderHTTP.h"
 
@@ -47,9 +46,6 @@ SimpleCard currencyCard(const QJsonValue &answer, const CurrencyPair &pair) {
               u"1 "_s + pair.from + u" = "_s + format(*rate) + u' ' + pair.to}}};
 }
 
-CurrencyService::CurrencyService(HttpClient &client, const Endpoints &endpoints, const Clock &clock)
-    : m_client(client), m_clock(clock), m_root(endpoints.frankfurter + u"/v2/rate/"_s) {}
-
 SimpleIntegrationStats CurrencyService::fetch(const QString &pair) {
     const QString key = pair.trimmed().toUpper();
     if (auto kept = fresh(key)) {
@@ -60,7 +56,8 @@ SimpleIntegrationStats CurrencyService::fetch(const QString &pair) {
         if (!codes) {
             throw ProviderHTTP::err(u"Enter a pair like USD/INR."_s);
         }
-        const QString url = m_root + urlPart(codes->from).value_or(codes->from) + u'/' +
+        const QString url = m_endpoints.frankfurter + u"/v2/rate/"_s +
+                            urlPart(codes->from).value_or(codes->from) + u'/' +
                             urlPart(codes->to).value_or(codes->to);
         return currencyCard(ProviderHTTP::json(m_client, url), *codes);
     });

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "services/simple/SimpleCard.h"
+#include "services/simple/CardService.h"
 
 #include <QJsonValue>
 
@@ -10,10 +10,6 @@
 #include <optional>
 
 namespace zeph {
-
-class Clock;
-class HttpClient;
-struct Endpoints;
 
 /// Two currency codes of three characters each.
 struct CurrencyPair {
@@ -32,11 +28,11 @@ SimpleCard currencyCard(const QJsonValue &answer, const CurrencyPair &pair);
 
 /// Exchange rates, which need no key and change once a day. A rate is asked for again when it is
 /// an hour old. Callable from any thread but the main one.
-class CurrencyService {
+class CurrencyService : public CardService {
 public:
     static constexpr double ttl = 3600; ///< seconds that a rate is served again
 
-    CurrencyService(HttpClient &client, const Endpoints &endpoints, const Clock &clock);
+    using CardService::CardService;
 
     /// Blocks for one request at most. A rate that is still fresh comes back whole, its first
     /// identity and time included. Never throws; a failure is in `error` and is not kept.
@@ -45,10 +41,6 @@ public:
 private:
     std::optional<SimpleIntegrationStats> fresh(const QString &key) const;
     void keep(const QString &key, const SimpleIntegrationStats &stats);
-
-    HttpClient &m_client;
-    const Clock &m_clock;
-    QString m_root;
 
     mutable std::mutex m_lock; ///< never held across a request
     std::map<QString, SimpleIntegrationStats> m_cache;

@@ -4,7 +4,6 @@
 #include "ports/Calendar.h"
 #include "ports/Clock.h"
 #include "services/simple/UrlPart.h"
-#include "services/web/Endpoints.h"
 #include "services/web/Json.h"
 #include "services/web/ProviderHTTP.h"
 #include "services/web/Saturating.h"
@@ -29,10 +28,6 @@ SimpleCard gumroadCard(const QJsonValue &answer, const FramingContext &framing) 
              {u"creditcard"_s, u"%1 sales today"_s.arg(sales.size())}}};
 }
 
-GumroadService::GumroadService(HttpClient &client, const Endpoints &endpoints, const Clock &clock,
-                               const FramingContext &framing)
-    : m_client(client), m_clock(clock), m_framing(framing), m_root(endpoints.gumroad) {}
-
 SimpleIntegrationStats GumroadService::fetch(const QString &token) const {
     return simpleRecord(u"gumroad"_s, m_clock, [&] {
         const auto access = urlPart(token.trimmed());
@@ -40,7 +35,8 @@ SimpleIntegrationStats GumroadService::fetch(const QString &token) const {
             throw ProviderHTTP::err(u"Add a Gumroad access token."_s);
         }
         const QString today = m_framing.calendar.dayKey(m_clock.now());
-        const QString url = m_root + u"/v2/sales?access_token="_s + *access + u"&after="_s + today;
+        const QString url =
+            m_endpoints.gumroad + u"/v2/sales?access_token="_s + *access + u"&after="_s + today;
         return gumroadCard(ProviderHTTP::json(m_client, url), m_framing);
     });
 }

@@ -2,7 +2,6 @@
 #include "services/simple/HackerNewsService.h"
 
 #include "services/simple/UrlPart.h"
-#include "services/web/Endpoints.h"
 #include "services/web/Json.h"
 #include "services/web/ProviderHTTP.h"
 #include "wording/StatFraming.h"
@@ -21,10 +20,6 @@ SimpleCard hackerNewsCard(const QJsonValue &answer, const QString &username,
     return {u"@"_s + username, {{u"flame"_s, StatFraming::count(karma, framing) + u" karma"_s}}};
 }
 
-HackerNewsService::HackerNewsService(HttpClient &client, const Endpoints &endpoints,
-                                     const Clock &clock, const FramingContext &framing)
-    : m_client(client), m_clock(clock), m_framing(framing), m_root(endpoints.hackerNews) {}
-
 SimpleIntegrationStats HackerNewsService::fetch(const QString &username) const {
     return simpleRecord(u"hackernews"_s, m_clock, [&] {
         const QString name = username.trimmed();
@@ -35,7 +30,7 @@ SimpleIntegrationStats HackerNewsService::fetch(const QString &username) const {
         if (!user) {
             throw ProviderHTTP::err(u"Invalid username."_s);
         }
-        const QString url = m_root + u"/v0/user/"_s + *user + u".json"_s;
+        const QString url = m_endpoints.hackerNews + u"/v0/user/"_s + *user + u".json"_s;
         return hackerNewsCard(ProviderHTTP::json(m_client, url), name, m_framing);
     });
 }

@@ -3,7 +3,6 @@
 
 #include "services/simple/DeployStatus.h"
 #include "services/web/Authorization.h"
-#include "services/web/Endpoints.h"
 #include "services/web/Json.h"
 #include "services/web/ProviderHTTP.h"
 
@@ -22,15 +21,12 @@ SimpleCard netlifyCard(const QJsonValue &answer) {
             {DeployStatus::chip(state.toUpper())}};
 }
 
-NetlifyService::NetlifyService(HttpClient &client, const Endpoints &endpoints, const Clock &clock)
-    : m_client(client), m_clock(clock), m_root(endpoints.netlify) {}
-
 SimpleIntegrationStats NetlifyService::fetch(const QString &token) const {
     return simpleRecord(u"netlify"_s, m_clock, [&] {
         if (token.isEmpty()) {
             throw ProviderHTTP::err(u"Add a Netlify token."_s);
         }
-        const QString url = m_root + u"/api/v1/sites?per_page=1&sort_by=updated_at"_s;
+        const QString url = m_endpoints.netlify + u"/api/v1/sites?per_page=1&sort_by=updated_at"_s;
         return netlifyCard(ProviderHTTP::json(m_client, url, {bearer(token)}));
     });
 }

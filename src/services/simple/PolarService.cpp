@@ -5,7 +5,6 @@
 #include "ports/Clock.h"
 #include "services/simple/SimpleNumbers.h"
 #include "services/web/Authorization.h"
-#include "services/web/Endpoints.h"
 #include "services/web/Json.h"
 #include "services/web/ProviderHTTP.h"
 #include "wording/StatFraming.h"
@@ -48,17 +47,13 @@ SimpleCard polarCard(const QJsonValue &answer, const FramingContext &framing) {
     return card;
 }
 
-PolarService::PolarService(HttpClient &client, const Endpoints &endpoints, const Clock &clock,
-                           const FramingContext &framing)
-    : m_client(client), m_clock(clock), m_framing(framing), m_root(endpoints.polar) {}
-
 SimpleIntegrationStats PolarService::fetch(const QString &token) const {
     return simpleRecord(u"polar"_s, m_clock, [&] {
         if (token.isEmpty()) {
             throw ProviderHTTP::err(u"Add a Polar access token."_s);
         }
         const QString url =
-            m_root + u"/v1/metrics/"_s + periodQuery(m_framing.calendar, m_clock.now());
+            m_endpoints.polar + u"/v1/metrics/"_s + periodQuery(m_framing.calendar, m_clock.now());
         return polarCard(ProviderHTTP::json(m_client, url, {bearer(token)}), m_framing);
     });
 }

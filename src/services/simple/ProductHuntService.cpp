@@ -3,7 +3,6 @@
 
 #include "services/simple/FirstInt.h"
 #include "services/simple/UrlPart.h"
-#include "services/web/Endpoints.h"
 #include "services/web/ProviderHTTP.h"
 #include "wording/StatFraming.h"
 
@@ -34,10 +33,6 @@ SimpleCard productHuntCard(const QString &page, const QString &name,
     return card;
 }
 
-ProductHuntService::ProductHuntService(HttpClient &client, const Endpoints &endpoints,
-                                       const Clock &clock, const FramingContext &framing)
-    : m_client(client), m_clock(clock), m_framing(framing), m_root(endpoints.productHunt) {}
-
 SimpleIntegrationStats ProductHuntService::fetch(const QString &username) const {
     return simpleRecord(u"producthunt"_s, m_clock, [&] {
         QString name = username.trimmed();
@@ -55,7 +50,7 @@ QString ProductHuntService::page(const QString &name) const {
     const auto user = urlPart(name);
     HttpRequest request;
     if (user) {
-        request.url = QUrl(m_root + u"/@"_s + *user, QUrl::StrictMode);
+        request.url = QUrl(m_endpoints.productHunt + u"/@"_s + *user, QUrl::StrictMode);
     }
     if (!request.url.isValid()) {
         throw ProviderHTTP::err(u"Invalid username."_s);

@@ -3,20 +3,11 @@
 
 #include "services/simple/RedditProfile.h"
 #include "services/simple/UrlPart.h"
-#include "services/web/Endpoints.h"
 #include "services/web/ProviderHTTP.h"
 
 namespace zeph {
 
 using namespace Qt::StringLiterals;
-
-RedditService::RedditService(HttpClient &client, const Endpoints &endpoints, const Clock &clock,
-                             const FramingContext &framing)
-    : m_client(client),
-      m_clock(clock),
-      m_framing(framing),
-      m_oldRoot(endpoints.oldReddit),
-      m_root(endpoints.reddit) {}
 
 SimpleIntegrationStats RedditService::fetch(const QString &username) const {
     return simpleRecord(u"reddit"_s, m_clock, [&] {
@@ -31,13 +22,13 @@ SimpleIntegrationStats RedditService::fetch(const QString &username) const {
 
 SimpleCard RedditService::card(const QString &name, const QString &user) const {
     const QString path = u"/user/"_s + user;
-    RedditFigures figures = oldSiteFigures(html(m_oldRoot + path));
+    RedditFigures figures = oldSiteFigures(html(m_endpoints.oldReddit + path));
     if (figures.karma != 0 && figures.followers) {
         return redditCard(name, figures, true, m_framing);
     }
     QString page;
     try {
-        page = html(m_root + path);
+        page = html(m_endpoints.reddit + path);
     } catch (const DescribedError &) {
         return redditCard(name, figures, false, m_framing);
     }

@@ -4,7 +4,6 @@
 #include "services/simple/SimpleNumbers.h"
 #include "services/simple/UrlPart.h"
 #include "services/web/Authorization.h"
-#include "services/web/Endpoints.h"
 #include "services/web/Json.h"
 #include "services/web/ProviderHTTP.h"
 #include "wording/StatFraming.h"
@@ -59,13 +58,6 @@ SimpleCard trustMRRCard(const QJsonValue &answer, const QString &slug,
     return card;
 }
 
-TrustMRRService::TrustMRRService(HttpClient &client, const Endpoints &endpoints, const Clock &clock,
-                                 const FramingContext &framing)
-    : m_client(client),
-      m_clock(clock),
-      m_framing(framing),
-      m_root(endpoints.trustMRR + u"/api/v1/startups/"_s) {}
-
 SimpleIntegrationStats TrustMRRService::fetch(const QString &key, const QString &slug) const {
     return simpleRecord(u"trustmrr"_s, m_clock, [&] {
         const QString name = slug.trimmed();
@@ -73,7 +65,8 @@ SimpleIntegrationStats TrustMRRService::fetch(const QString &key, const QString 
             throw ProviderHTTP::err(
                 u"Add a startup slug, the last part of its page on trustmrr.com (e.g. acme)."_s);
         }
-        const QString url = m_root + urlPart(name).value_or(name);
+        const QString url =
+            m_endpoints.trustMRR + u"/api/v1/startups/"_s + urlPart(name).value_or(name);
         return trustMRRCard(ProviderHTTP::json(m_client, url, {bearer(key)}), name, m_framing);
     });
 }

@@ -3,7 +3,6 @@
 
 #include "services/simple/DeployStatus.h"
 #include "services/web/Authorization.h"
-#include "services/web/Endpoints.h"
 #include "services/web/Json.h"
 #include "services/web/ProviderHTTP.h"
 
@@ -24,16 +23,13 @@ SimpleCard vercelCard(const QJsonValue &answer) {
             {DeployStatus::chip(state.value_or(QString()).toUpper())}};
 }
 
-VercelService::VercelService(HttpClient &client, const Endpoints &endpoints, const Clock &clock)
-    : m_client(client), m_clock(clock), m_root(endpoints.vercel) {}
-
 SimpleIntegrationStats VercelService::fetch(const QString &token) const {
     return simpleRecord(u"vercel"_s, m_clock, [&] {
         if (token.isEmpty()) {
             throw ProviderHTTP::err(u"Add a Vercel token."_s);
         }
-        return vercelCard(
-            ProviderHTTP::json(m_client, m_root + u"/v6/deployments?limit=1"_s, {bearer(token)}));
+        return vercelCard(ProviderHTTP::json(
+            m_client, m_endpoints.vercel + u"/v6/deployments?limit=1"_s, {bearer(token)}));
     });
 }
 

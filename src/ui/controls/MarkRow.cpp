@@ -10,6 +10,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <utility>
 
 namespace zeph::ui {
 
@@ -100,99 +101,68 @@ void paintMarkRow(QPainter &painter, QAbstractButton &row, const QString &detail
     }
 }
 
-void dressMarkRow(QAbstractButton &row, const QString &detail) {
-    row.setAccessibleDescription(detail);
-    row.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-}
-
-void describeMarkRow(QAbstractButton &row, const QString &detail, const QString &place) {
-    QStringList parts{detail, place};
-    parts.removeAll(QString());
-    row.setAccessibleDescription(parts.join(u", "_s));
-}
-
 QString placeAmong(int place, int count) {
     return place > 0 ? u"%1 of %2"_s.arg(place).arg(count) : QString();
 }
 
 } // namespace
 
-RadioRow::RadioRow(const QString &title, const QString &detail, QWidget *parent)
-    : QRadioButton(parent), m_detail(detail) {
+template <typename Button>
+MarkRow<Button>::MarkRow(const QString &title, QString detail, QWidget *parent)
+    : Button(parent), m_detail(std::move(detail)) {
     setText(title);
-    dressMarkRow(*this, detail);
+    describe();
+    this->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
-void RadioRow::setText(const QString &title) {
+template <typename Button>
+void MarkRow<Button>::setText(const QString &title) {
     setLiteralText(*this, title);
 }
 
-void RadioRow::setDetail(const QString &detail) {
+template <typename Button>
+void MarkRow<Button>::setDetail(const QString &detail) {
     m_detail = detail;
-    describeMarkRow(*this, m_detail, m_place);
-    update();
+    describe();
+    this->update();
 }
 
-void RadioRow::setPlace(int place, int count) {
+template <typename Button>
+void MarkRow<Button>::setPlace(int place, int count) {
     m_place = placeAmong(place, count);
-    describeMarkRow(*this, m_detail, m_place);
+    describe();
 }
 
-QSize RadioRow::sizeHint() const {
+template <typename Button>
+void MarkRow<Button>::describe() {
+    QStringList parts{m_detail, m_place};
+    parts.removeAll(QString());
+    this->setAccessibleDescription(parts.join(u", "_s));
+}
+
+template <typename Button>
+QSize MarkRow<Button>::sizeHint() const {
     return markRowHint(*this, m_detail);
 }
 
-QSize RadioRow::minimumSizeHint() const {
+template <typename Button>
+QSize MarkRow<Button>::minimumSizeHint() const {
     return leastMarkRow();
 }
 
-bool RadioRow::hitButton(const QPoint &point) const {
-    return rect().contains(point);
+template <typename Button>
+bool MarkRow<Button>::hitButton(const QPoint &point) const {
+    return this->rect().contains(point);
 }
 
-void RadioRow::paintEvent(QPaintEvent *) {
+template <typename Button>
+void MarkRow<Button>::paintEvent(QPaintEvent * /*event*/) {
     paintControl(*this, [this](QPainter &painter) {
         paintMarkRow(painter, *this, m_detail, m_interaction);
     });
 }
 
-CheckRow::CheckRow(const QString &title, const QString &detail, QWidget *parent)
-    : QCheckBox(parent), m_detail(detail) {
-    setText(title);
-    dressMarkRow(*this, detail);
-}
-
-void CheckRow::setText(const QString &title) {
-    setLiteralText(*this, title);
-}
-
-void CheckRow::setDetail(const QString &detail) {
-    m_detail = detail;
-    describeMarkRow(*this, m_detail, m_place);
-    update();
-}
-
-void CheckRow::setPlace(int place, int count) {
-    m_place = placeAmong(place, count);
-    describeMarkRow(*this, m_detail, m_place);
-}
-
-QSize CheckRow::sizeHint() const {
-    return markRowHint(*this, m_detail);
-}
-
-QSize CheckRow::minimumSizeHint() const {
-    return leastMarkRow();
-}
-
-bool CheckRow::hitButton(const QPoint &point) const {
-    return rect().contains(point);
-}
-
-void CheckRow::paintEvent(QPaintEvent *) {
-    paintControl(*this, [this](QPainter &painter) {
-        paintMarkRow(painter, *this, m_detail, m_interaction);
-    });
-}
+template class MarkRow<QRadioButton>;
+template class MarkRow<QCheckBox>;
 
 } // namespace zeph::ui

@@ -8,10 +8,12 @@
 
 namespace zeph::ui {
 
-/// A row of a list with a mark before its title and a word at its end: one of many.
-class RadioRow : public QRadioButton {
+/// A row of a list with a mark before its title and a word at its end. `Button` is the toolkit's
+/// own, by which assistive technology knows it.
+template <typename Button>
+class MarkRow : public Button {
 public:
-    RadioRow(const QString &title, const QString &detail, QWidget *parent = nullptr);
+    MarkRow(const QString &title, QString detail, QWidget *parent = nullptr);
 
     void setText(const QString &title);
     void setDetail(const QString &detail);
@@ -28,34 +30,26 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void describe();
+
     QString m_detail;
     QString m_place; ///< as it is said
     Interaction m_interaction{*this};
 };
 
-/// The same: any of many.
-class CheckRow : public QCheckBox {
+extern template class MarkRow<QRadioButton>;
+extern template class MarkRow<QCheckBox>;
+
+/// One of many.
+class RadioRow : public MarkRow<QRadioButton> {
 public:
-    CheckRow(const QString &title, const QString &detail, QWidget *parent = nullptr);
+    using MarkRow::MarkRow;
+};
 
-    void setText(const QString &title);
-    void setDetail(const QString &detail);
-    const QString &detail() const { return m_detail; }
-
-    /// Which of how many rows this is, for assistive technology; 0 where it stands alone.
-    void setPlace(int place, int count);
-
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-
-protected:
-    bool hitButton(const QPoint &point) const override;
-    void paintEvent(QPaintEvent *event) override;
-
-private:
-    QString m_detail;
-    QString m_place; ///< as it is said
-    Interaction m_interaction{*this};
+/// Any of many.
+class CheckRow : public MarkRow<QCheckBox> {
+public:
+    using MarkRow::MarkRow;
 };
 
 } // namespace zeph::ui

@@ -7,6 +7,7 @@
 #include "base/NotificationCenter.h"
 #include "services/accounts/IntegrationsStore.h"
 #include "services/accounts/Keychain.h"
+#include "services/accounts/RemoveForGood.h"
 #include "support/ManualRunLoop.h"
 #include "support/ManualTaskExecutor.h"
 #include "support/PrintedLines.h"
@@ -83,7 +84,7 @@ protected:
                                {{QUuid::createUuid(), u"Authorization"_s, headerSecret}},
                                {}});
         settle();
-        store.deleteConnection(gone.id);
+        removeForGood(store, gone.id);
         settle();
     }
 

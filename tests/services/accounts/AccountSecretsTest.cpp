@@ -57,7 +57,7 @@ TEST_F(AccountSecretsTest, itIsKnownWhetherAnAccountIsConnectedByASecret) {
     store->markReady(account.id);
     settle();
     EXPECT_EQ(store->isSecretKept(account.id), true) << "also by the next start";
-    store->deleteConnection(account.id);
+    removeForGood(*store, account.id);
     settle();
     EXPECT_EQ(store->isSecretKept(account.id), std::nullopt);
 }
@@ -147,7 +147,7 @@ TEST_F(AccountSecretsTest, anErasureThatTheEndCutsOffIsMadeUpFor) {
     store->setSecret(u"two"_s, deleted.id);
     settle();
     store->setSecret(std::nullopt, cleared.id);
-    store->deleteConnection(deleted.id);
+    removeForGood(*store, deleted.id);
     executor.forgetAll(); // the process ends while the keyring asks for a password
     EXPECT_EQ(secrets.entries().size(), 2);
     launchAndSettle();
@@ -168,7 +168,7 @@ TEST_F(AccountSecretsTest, anErasureThatAnEndCutsOffAtAnyCallIsMadeUpFor) {
         settle();
         endAtCall(last);
         store->setSecret(std::nullopt, cleared.id);
-        store->deleteConnection(deleted.id);
+        removeForGood(*store, deleted.id);
         settle();
         launchAfterEnd();
         EXPECT_THAT(secrets.entries(), IsEmpty());
@@ -220,9 +220,10 @@ TEST_F(AccountSecretsTest, anErasureIsNotedBeforeTheListForgetsTheAccount) {
     const auto account = add(u"stripe"_s);
     settle();
     defaults.written.clear();
-    store->deleteConnection(account.id);
+    store->removeForNow(account.id);
     EXPECT_THAT(defaults.written, ElementsAre(u"zeph.integrations.pendingSecrets"_s,
                                               u"zeph.integrations.connections"_s));
+    store->settle(account.id);
     defaults.written.clear();
     store->setSecret(std::nullopt, account.id);
     EXPECT_EQ(defaults.written.value(0), configuredKey(account.id)) << "noted since the deletion";
@@ -239,8 +240,8 @@ TEST_F(AccountSecretsTest, aKeyringThatFailsKeepsTheNoteAndHoldsUpNoOther) {
             throw std::bad_alloc();
         }
     });
-    store->deleteConnection(one.id);
-    store->deleteConnection(two.id);
+    removeForGood(*store, one.id);
+    removeForGood(*store, two.id);
     settle();
     EXPECT_EQ(secrets.entries().size(), 1);
     launchAfterEnd();
@@ -375,7 +376,7 @@ TEST_F(AccountSecretsTest, aSecretThatCouldNotBeKeptAnswersUntilTheEnd) {
 TEST_F(AccountSecretsTest, theMigrationOfTheServiceNameComesBeforeTheFirstSecret) {
     defaults.remove(u"tavi.keychain.serviceMigrated"_s);
     const auto account = add(u"stripe"_s);
-    store->deleteConnection(account.id);
+    removeForGood(*store, account.id);
     settle();
     EXPECT_THAT(secrets.takeCalls(),
                 ElementsAre(u"copyAll com.zeph.integrations"_s, call("remove", account.id),

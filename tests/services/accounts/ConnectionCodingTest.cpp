@@ -144,9 +144,8 @@ TEST(ConnectionCoding, theOrderIsKept) {
     EXPECT_EQ(coding::connections(coding::json(three)), three);
 }
 
-TEST(IntegrationConnection, equalRecordsHashAlikeAndEveryFieldCounts) {
+TEST(IntegrationConnection, everyFieldCounts) {
     const IntegrationConnection base{id, u"p"_s, u"n"_s};
-    EXPECT_EQ(qHash(base), qHash(IntegrationConnection(base)));
     std::vector<IntegrationConnection> others(11, base);
     others[0].id = QUuid(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11);
     others[1].provider = u"q"_s;
@@ -161,7 +160,6 @@ TEST(IntegrationConnection, equalRecordsHashAlikeAndEveryFieldCounts) {
     others[10].showStats = false;
     for (std::size_t field = 0; field < others.size(); ++field) {
         EXPECT_NE(others[field], base) << field;
-        EXPECT_NE(qHash(others[field]), qHash(base)) << field;
     }
 }
 

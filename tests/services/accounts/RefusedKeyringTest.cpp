@@ -58,9 +58,9 @@ TEST_F(RefusedKeyringTest, theOutcomeOfEveryChangeIsTold) {
         secrets.answer(outcome);
         store->setSecret(u"sk"_s, account.id, tell());
         store->setSecret(std::nullopt, account.id, tell());
-        store->deleteConnection(account.id, tell());
+        removeForGood(*store, account.id, tell());
         store->upsertCustomAPI(config, tell());
-        store->deleteCustomAPI(config.id, tell());
+        removeForGood(*store, config.id, tell());
         EXPECT_THAT(told, IsEmpty()) << "told within the call";
         executor.runAll();
         EXPECT_THAT(told, IsEmpty()) << "told away from the main thread";
@@ -112,7 +112,7 @@ TEST_F(RefusedKeyringTest, aDeletionThatWasRefusedIsMadeUpForAtTheNextLaunch) {
         store->setSecret(u"two"_s, cleared.id);
         settle();
         refuse();
-        store->deleteConnection(deleted.id, tell());
+        removeForGood(*store, deleted.id, tell());
         store->setSecret(std::nullopt, cleared.id, tell());
         settle();
         ASSERT_THAT(told, SizeIs(2));
@@ -123,7 +123,7 @@ TEST_F(RefusedKeyringTest, aDeletionThatWasRefusedIsMadeUpForAtTheNextLaunch) {
         EXPECT_THAT(secrets.entries(), IsEmpty());
         EXPECT_FALSE(store->hasSecret(cleared.id));
         EXPECT_EQ(defaults.value(pendingKey), std::nullopt);
-        store->deleteConnection(cleared.id);
+        removeForGood(*store, cleared.id);
         settle();
     });
 }
@@ -134,7 +134,7 @@ TEST_F(RefusedKeyringTest, whoRefusesIsAskedOnceALaunch) {
         store->setSecret(u"sk"_s, added.id);
         settle();
         secrets.answer(SecretOutcome::refused);
-        store->deleteConnection(added.id);
+        removeForGood(*store, added.id);
         settle();
         secrets.answer(SecretOutcome::done);
     }
@@ -270,7 +270,7 @@ TEST_F(RefusedKeyringTest, anAccountDeletedAfterARefusedMoveTakesItsSecretAlong)
     launch();
     settle();
     secrets.answer(SecretOutcome::done);
-    store->deleteConnection(store->connections().at(0).id);
+    removeForGood(*store, store->connections().at(0).id);
     settle();
     EXPECT_THAT(secrets.entries(), IsEmpty());
     EXPECT_EQ(defaults.value(pendingKey), std::nullopt);
@@ -292,8 +292,8 @@ TEST_F(RefusedKeyringTest, theEarlierServiceNameLosesNoSecretToARefusal) {
         EXPECT_TRUE(defaults.boolean(u"tavi.keychain.serviceMigrated"_s));
         EXPECT_EQ(keychain->get(secretAccount(one.id)).value, u"sk"_s);
         EXPECT_EQ(keychain->get(secretAccount(two.id)).value, u"sk"_s);
-        store->deleteConnection(one.id);
-        store->deleteConnection(two.id);
+        removeForGood(*store, one.id);
+        removeForGood(*store, two.id);
         settle();
         EXPECT_THAT(secrets.entries(), IsEmpty());
     });
@@ -303,7 +303,7 @@ TEST_F(RefusedKeyringTest, aListOfEndpointsThatWasRefusedStaysWhatItWas) {
     const CustomAPIConfig old{QUuid::createUuid(), u"old"_s, u"https://a.org"_s, {}, {}};
     const CustomAPIConfig added{QUuid::createUuid(), u"new"_s, u"https://b.org"_s, {}, {}};
     atEveryCall([&](const auto &refuse, SecretOutcome /*outcome*/) {
-        store->deleteCustomAPI(added.id);
+        removeForGood(*store, added.id);
         store->upsertCustomAPI(old);
         settle();
         refuse();
@@ -326,8 +326,8 @@ TEST_F(RefusedKeyringTest, aRemovalOfAnEndpointThatWasRefusedIsMadeUpForAtTheNex
         store->upsertCustomAPI(two);
         settle();
         refuse();
-        store->deleteCustomAPI(one.id);
-        store->deleteCustomAPI(two.id);
+        removeForGood(*store, one.id);
+        removeForGood(*store, two.id);
         settle();
         EXPECT_THAT(store->customAPIs(), IsEmpty());
         launchAfterEnd();

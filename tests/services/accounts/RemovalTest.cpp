@@ -180,7 +180,7 @@ TEST_F(RemovalTest, aCutAtAnyWriteOfARemovalLeavesTheAccountWholeOrGone) {
         EXPECT_EQ(kept(account.id), isThere ? std::optional(u"sk"_s) : std::nullopt);
         EXPECT_TRUE(!isThere || store->isReady(account));
         EXPECT_EQ(defaults.value(pendingKey), std::nullopt);
-        store->deleteConnection(account.id);
+        removeForGood(*store, account.id);
         settle();
     }
 }
@@ -198,7 +198,7 @@ TEST_F(RemovalTest, aCutAtAnyWriteOfARestorationLeavesTheAccountWholeOrGone) {
         EXPECT_EQ(kept(account.id), isThere ? std::optional(u"sk"_s) : std::nullopt);
         EXPECT_EQ(isThere, writes > 0);
         EXPECT_EQ(defaults.value(pendingKey), std::nullopt);
-        store->deleteConnection(account.id);
+        removeForGood(*store, account.id);
         settle();
     }
 }
@@ -234,7 +234,7 @@ TEST_F(RemovalTest, aSecretOnItsWayReachesAnAccountThatComesBack) {
 TEST_F(RemovalTest, aDeletionOfWhatWasRemovedForNowIsFinal) {
     const auto account = addKept(u"stripe"_s);
     store->removeForNow(account.id);
-    store->deleteConnection(account.id);
+    removeForGood(*store, account.id);
     settle();
     EXPECT_FALSE(store->restore(account.id));
     EXPECT_THAT(secrets.entries(), IsEmpty());

@@ -6,6 +6,7 @@
 #include "services/accounts/AccountKeys.h"
 #include "services/accounts/IntegrationsStore.h"
 #include "services/accounts/Keychain.h"
+#include "services/accounts/RemoveForGood.h"
 #include "support/FakeSecureStore.h"
 #include "support/FakeUserDefaults.h"
 #include "support/ManualRunLoop.h"

@@ -232,10 +232,10 @@ TEST_F(StoreLaunchTest, endpointsAreNotEditedBeforeTheyCameIn) {
     const auto before = secrets.entries();
     const CustomAPIConfig third{QUuid::createUuid(), u"third"_s, u"https://c.org"_s, {}, {}};
     store->upsertCustomAPI(third, tell());
-    store->deleteCustomAPI(first.id, tell());
+    EXPECT_FALSE(store->removeForNow(first.id));
     EXPECT_THAT(told, IsEmpty()) << "told within the call";
     settle();
-    EXPECT_THAT(told, ElementsAre(SecretOutcome::refused, SecretOutcome::refused));
+    EXPECT_THAT(told, ElementsAre(SecretOutcome::refused));
     EXPECT_THAT(store->customAPIs(), ElementsAre(first, second));
     EXPECT_EQ(secrets.entries(), before);
     EXPECT_EQ(defaults.value(u"zeph.integrations.pendingSecrets"_s), std::nullopt);
@@ -255,9 +255,7 @@ TEST_F(StoreLaunchTest, endpointsThatWereRefusedAreNotNone) {
         store->upsertCustomAPI({QUuid::createUuid(), u"n"_s, u"https://c.org"_s, {}, {}}, tell());
         settle();
         EXPECT_EQ(lastTold(), outcome);
-        store->deleteCustomAPI(first.id, tell());
-        settle();
-        EXPECT_EQ(lastTold(), outcome);
+        EXPECT_FALSE(store->removeForNow(first.id));
         EXPECT_EQ(secrets.entries(), before);
         EXPECT_TRUE(defaults.boolean(existsKey));
     }
@@ -268,11 +266,11 @@ TEST_F(StoreLaunchTest, endpointsThatWereRefusedComeInWhenTheyAreAskedForAgain) 
     secrets.answer(SecretOutcome::refused);
     launchAndSettle();
     secrets.answer(SecretOutcome::done);
-    store->deleteCustomAPI(first.id, tell());
+    store->upsertCustomAPI(first, tell());
     settle();
     EXPECT_THAT(told, ElementsAre(SecretOutcome::refused));
     EXPECT_THAT(store->customAPIs(), ElementsAre(first, second));
-    store->deleteCustomAPI(first.id, tell());
+    removeForGood(*store, first.id, tell());
     settle();
     EXPECT_EQ(lastTold(), SecretOutcome::done);
     EXPECT_THAT(store->customAPIs(), ElementsAre(second));

@@ -285,7 +285,7 @@ TEST_F(StoreMigrationTest, anAccountDeletedBeforeItsSecretMovedTakesItAlong) {
     setting(u"stripe.configured"_s, true);
     legacySecret(u"stripe"_s, "sk");
     launch();
-    store->deleteConnection(only().id);
+    removeForGood(*store, only().id);
     executor.forgetAll(); // the end
     launchAndWait();
     EXPECT_THAT(store->connections(), IsEmpty());

@@ -68,7 +68,7 @@ TEST_F(TakeOverTest, theMarkThatADeletedAccountLeftDoesNotMakeItReady) {
     const auto own = add(u"stripe"_s);
     store->setSecret(u"sk"_s, own.id);
     settle();
-    store->deleteConnection(own.id);
+    removeForGood(*store, own.id);
     settle();
     ASSERT_TRUE(store->hasSecret(own.id));
     store->takeOver(own);

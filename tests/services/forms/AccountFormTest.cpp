@@ -97,7 +97,7 @@ TEST_F(AccountFormTest, aKeyIsNotTypedAgainWhereOneIsKept) {
 
 TEST_F(AccountFormTest, anAccountThatIsGoneIsNotSaved) {
     AccountForm form{add(u"stripe"_s), u"sk"_s};
-    store->deleteConnection(form.account.id);
+    removeForGood(*store, form.account.id);
     settle();
     EXPECT_FALSE(canSave(form, *store));
     save(form);
@@ -169,7 +169,7 @@ TEST_F(AccountFormTest, nothingIsLostWhenTheKeyringRefuses) {
         settle();
         EXPECT_THAT(told, ElementsAre(outcome, SecretOutcome::done));
         EXPECT_EQ(Keychain(secrets, defaults).get(secretAccount(account.id)).value, u"sk"_s);
-        store->deleteConnection(account.id);
+        removeForGood(*store, account.id);
         settle();
     }
 }

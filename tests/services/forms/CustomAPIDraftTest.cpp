@@ -82,7 +82,7 @@ TEST_F(CustomAPIDraftTest, tellsWhyTheLastFetchFailed) {
 }
 
 TEST_F(CustomAPIDraftTest, takesAddressAndHeadersOfACommand) {
-    draft.addHeader();
+    draft.config.headers.push_back({QUuid::createUuid(), {}, {}});
     EXPECT_EQ(
         draft.importCurl(u"curl 'https://b.org/x' -H 'Authorization: Bearer k' -H 'X-A: 1'"_s),
         std::nullopt);
@@ -144,7 +144,7 @@ TEST_F(CustomAPIDraftTest, showsWhatATestCallCameTo) {
 TEST_F(CustomAPIDraftTest, isStoredWithoutOuterBlanksAndEmptyHeaders) {
     draft.config.name = u" Signups "_s;
     draft.config.urlString = u"https://a.org/x "_s;
-    draft.addHeader();
+    draft.config.headers.push_back({QUuid::createUuid(), {}, {}});
     draft.config.headers.push_back({QUuid::createUuid(), u"X-Empty"_s, {}});
     EXPECT_TRUE(save());
     settle();

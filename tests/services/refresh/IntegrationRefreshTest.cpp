@@ -150,7 +150,7 @@ TEST_F(IntegrationRefreshTest, removingTheLastAccountOfAFamilyEmptiesIt) {
     launch();
     run();
     EXPECT_THAT(*state.revenueStats, SizeIs(1));
-    store->deleteConnection(accounts[0].id);
+    removeForGood(*store, accounts[0].id);
     run();
     EXPECT_THAT(*state.revenueStats, IsEmpty());
 }
@@ -194,7 +194,7 @@ TEST_F(IntegrationRefreshTest, aRunKeepsTheEndpointsThatItStartedWith) {
     store->upsertCustomAPI(a);
     executor.runAll();
     refresh->fetchIntegrations();
-    store->deleteCustomAPI(a.id);
+    removeForGood(*store, a.id);
     executor.runAll();
     loop.drain();
     EXPECT_THAT(*state.customResults, SizeIs(1));
@@ -241,7 +241,7 @@ TEST_F(IntegrationRefreshTest, ofTwoRunsTheListOfTheLaterFinisherStands) {
     connect(u"stripe"_s, u"two"_s);
     launch();
     refresh->fetchIntegrations(); // tasks 0 to 5, with both accounts
-    store->deleteConnection(accounts[0].id);
+    removeForGood(*store, accounts[0].id);
     executor.runAt(6);            // the erasing of the secret
     refresh->fetchIntegrations(); // tasks 6 to 11, with one account
     executor.runAt(6);
@@ -321,7 +321,7 @@ TEST_F(IntegrationRefreshTest, aRunThatWaitsIsForgottenWhenNothingIsWantedAnyMor
         refresh->fetchIntegrations();
     }
     preferences.set(WidgetPlacement::off, WidgetKind::quote);
-    store->deleteCustomAPI(only.id);
+    removeForGood(*store, only.id);
     refresh->fetchIntegrations();
     for (int round = 0; round < 3; ++round) {
         executor.runAll();
@@ -337,7 +337,7 @@ TEST_F(IntegrationRefreshTest, aFamilyWithoutAccountsIsEmptiedEvenWhileItsRunsHa
     refresh->fetchIntegrations();
     refresh->fetchIntegrations();
     state.stripeStats = {StripeStats{}};
-    store->deleteConnection(account.id);
+    removeForGood(*store, account.id);
     refresh->fetchIntegrations();
     EXPECT_THAT(*state.stripeStats, IsEmpty());
 }

@@ -8,6 +8,7 @@
 #include "services/accounts/AccountKeys.h"
 #include "services/accounts/IntegrationsStore.h"
 #include "services/accounts/Keychain.h"
+#include "services/accounts/RemoveForGood.h"
 #include "services/catalogue/ServiceCatalogue.h"
 #include "services/refresh/IntegrationRefresh.h"
 #include "settings/PreferencesStore.h"

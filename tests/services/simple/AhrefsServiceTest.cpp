@@ -13,7 +13,7 @@ namespace {
 
 class Ahrefs : public Simple {
 protected:
-    AhrefsService service{client, endpoints, clock};
+    AhrefsService service{client, endpoints, clock, context};
 };
 
 QByteArray rating(const QByteArray &value) {

@@ -17,7 +17,7 @@ protected:
         return coinGeckoCard(json::parse("{\"usd-coin\":" + coin + "}"), u"usd-coin"_s);
     }
 
-    CoinGeckoService service{client, endpoints, clock};
+    CoinGeckoService service{client, endpoints, clock, context};
 };
 
 } // namespace

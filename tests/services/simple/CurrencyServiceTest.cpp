@@ -23,8 +23,10 @@ protected:
         return currencyCard(json::parse("{\"rate\":" + rate + "}"), pair).chips.front().text;
     }
 
-    CurrencyService service{client, endpoints, clock};
+    CurrencyService service{client, endpoints, clock, context};
 };
+
+using CurrencyThreads = Framing;
 
 } // namespace
 
@@ -119,7 +121,7 @@ TEST_F(Currency, encodesCodesThatHoldMarks) {
     EXPECT_EQ(service.fetch(u"a?b/€%#"_s).error, std::nullopt);
 }
 
-TEST(CurrencyThreads, holdsNothingWhileARequestIsUnderWay) {
+TEST_F(CurrencyThreads, holdsNothingWhileARequestIsUnderWay) {
     ManualClock clock;
     std::atomic<CurrencyService *> asked = nullptr;
     std::atomic<int> requests = 0;
@@ -141,7 +143,7 @@ TEST(CurrencyThreads, holdsNothingWhileARequestIsUnderWay) {
         }
         return FakeHttpClient::json(R"({"rate":2})");
     });
-    CurrencyService service(client, Endpoints(), clock);
+    CurrencyService service(client, Endpoints(), clock, context);
     asked = &service;
     EXPECT_EQ(service.fetch(u"USD/INR"_s).error, std::nullopt);
     EXPECT_EQ(requests, 2);
@@ -149,11 +151,11 @@ TEST(CurrencyThreads, holdsNothingWhileARequestIsUnderWay) {
     EXPECT_EQ(requests, 2);
 }
 
-TEST(CurrencyThreads, servesManyThreadsAtOnce) {
+TEST_F(CurrencyThreads, servesManyThreadsAtOnce) {
     ManualClock clock;
     FakeHttpClient client(
         [](const HttpRequest &) { return FakeHttpClient::json(R"({"rate":2})"); });
-    CurrencyService service(client, Endpoints(), clock);
+    CurrencyService service(client, Endpoints(), clock, context);
     std::atomic<int> cards = 0;
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {

@@ -13,7 +13,7 @@ namespace {
 
 class Netlify : public Simple {
 protected:
-    NetlifyService service{client, endpoints, clock};
+    NetlifyService service{client, endpoints, clock, context};
 };
 
 } // namespace

@@ -54,13 +54,13 @@ protected:
     Endpoints endpoints;
     ManualClock clock;
     TrustMRRService trustMRR{client, endpoints, clock, context};
-    AhrefsService ahrefs{client, endpoints, clock};
-    CoinGeckoService coinGecko{client, endpoints, clock};
+    AhrefsService ahrefs{client, endpoints, clock, context};
+    CoinGeckoService coinGecko{client, endpoints, clock, context};
     HackerNewsService hackerNews{client, endpoints, clock, context};
     BlueskyService bluesky{client, endpoints, clock, context};
-    CurrencyService currency{client, endpoints, clock};
-    VercelService vercel{client, endpoints, clock};
-    NetlifyService netlify{client, endpoints, clock};
+    CurrencyService currency{client, endpoints, clock, context};
+    VercelService vercel{client, endpoints, clock, context};
+    NetlifyService netlify{client, endpoints, clock, context};
     GumroadService gumroad{client, endpoints, clock, context};
     PolarService polar{client, endpoints, clock, context};
     std::vector<Service> services{

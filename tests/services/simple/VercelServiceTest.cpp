@@ -17,7 +17,7 @@ protected:
         return vercelCard(json::parse("{\"deployments\":[" + deployment + "]}")).chips.front();
     }
 
-    VercelService service{client, endpoints, clock};
+    VercelService service{client, endpoints, clock, context};
 };
 
 } // namespace
