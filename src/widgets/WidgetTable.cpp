@@ -197,7 +197,17 @@ constexpr auto unplaced = std::to_array<WidgetEntry>({
     {nasa, nasaWidget, unanswered<&AppState::apod>},
 });
 
-static_assert(placed.size() + unplaced.size() == widgetKindCount, "every kind has one entry");
+constexpr bool hasOneEntryAKind() {
+    std::array<int, widgetKindCount> entries{};
+    for (const WidgetEntry &entry : placed) {
+        ++entries.at(static_cast<std::size_t>(entry.kind));
+    }
+    for (const WidgetEntry &entry : unplaced) {
+        ++entries.at(static_cast<std::size_t>(entry.kind));
+    }
+    return std::all_of(entries.begin(), entries.end(), [](int count) { return count == 1; });
+}
+static_assert(hasOneEntryAKind());
 
 } // namespace
 

@@ -9,7 +9,7 @@ namespace zeph {
 
 namespace {
 
-TEST(WidgetTable, everyKindHasAnEntryOfItsOwn) {
+TEST(WidgetTable, everyKindIsFound) {
     for (const WidgetKind kind : allWidgetKinds()) {
         EXPECT_EQ(widgetEntry(kind).kind, kind) << rawValue(kind).toStdString();
     }
