@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 #include <array>
+#include <optional>
 
 namespace zeph {
 
@@ -13,5 +16,11 @@ inline constexpr std::array allDesktopCategories = {
     DesktopCategory::screenshots, DesktopCategory::images, DesktopCategory::documents,
     DesktopCategory::archives,    DesktopCategory::media,  DesktopCategory::folders,
     DesktopCategory::other};
+
+/// The text form, which is the category's name.
+QString rawValue(DesktopCategory category);
+
+/// The category of a text form, absent for any other text.
+std::optional<DesktopCategory> desktopCategoryFromRaw(const QString &raw);
 
 } // namespace zeph

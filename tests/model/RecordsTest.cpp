@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "model/ContributionLayout.h"
+#include "model/DesktopCategory.h"
 #include "model/DeviceBattery.h"
+#include "model/FocusState.h"
 #include "model/WeatherInfo.h"
 
 #include <QStringList>
@@ -59,6 +61,34 @@ TEST(DeviceBattery, choosesItsSymbolByTheFirstWordFound) {
     for (const auto &[name, symbol] : rows) {
         EXPECT_EQ((DeviceBattery{name, 50}.symbol()), symbol) << name.toStdString();
     }
+}
+
+TEST(DesktopCategory, hasItsNameForItsText) {
+    QStringList names;
+    for (const DesktopCategory category : allDesktopCategories) {
+        names.append(rawValue(category));
+        EXPECT_EQ(desktopCategoryFromRaw(rawValue(category)), category);
+    }
+    EXPECT_EQ(names.join(u' '), u"screenshots images documents archives media folders other"_s);
+}
+
+TEST(DesktopCategory, knowsNoOtherText) {
+    EXPECT_EQ(desktopCategoryFromRaw(u"Images"_s), std::nullopt);
+    EXPECT_EQ(desktopCategoryFromRaw(QString()), std::nullopt);
+}
+
+TEST(FocusState, hasItsNameForItsText) {
+    EXPECT_EQ(rawValue(FocusState::off), u"off"_s);
+    EXPECT_EQ(rawValue(FocusState::on), u"on"_s);
+    EXPECT_EQ(rawValue(FocusState::unknown), u"unknown"_s);
+    for (const FocusState state : {FocusState::off, FocusState::on, FocusState::unknown}) {
+        EXPECT_EQ(focusStateFromRaw(rawValue(state)), state);
+    }
+}
+
+TEST(FocusState, mapsAnUnrecognisedTextToNoValue) {
+    EXPECT_EQ(focusStateFromRaw(u"On"_s), std::nullopt);
+    EXPECT_EQ(focusStateFromRaw(u"dnd"_s), std::nullopt);
 }
 
 TEST(WeatherInfo, comparesAllItsFields) {

@@ -108,6 +108,15 @@ void EndpointList::upsert(const Configs &configs, SecretDone done) {
     edit(change, std::move(done));
 }
 
+void EndpointList::remove(const QUuid &id, SecretDone done) {
+    const auto change = [this, &id](Configs &all) {
+        m_removals.erase(id);
+        m_pending.endpoints.insert(id);
+        takeOut(all, id);
+    };
+    edit(change, std::move(done));
+}
+
 void EndpointList::edit(const std::function<void(Configs &)> &change, SecretDone done) {
     if (!isLoaded()) {
         // What is kept must not be overwritten by a list that lacks it.

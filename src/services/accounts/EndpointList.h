@@ -46,6 +46,8 @@ public:
     /// Replaces those with their ids and appends the others.
     void upsert(const std::vector<CustomAPIConfig> &configs, SecretDone done);
 
+    void remove(const QUuid &id, SecretDone done);
+
     /// Takes the endpoint out of the list, while the keyring keeps it until `settle`.
     bool removeForNow(const QUuid &id);
     bool restore(const QUuid &id);

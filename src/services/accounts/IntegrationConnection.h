@@ -25,4 +25,7 @@ struct IntegrationConnection {
     bool operator==(const IntegrationConnection &) const = default;
 };
 
+/// Over all fields, as equality is.
+std::size_t qHash(const IntegrationConnection &connection, std::size_t seed = 0) noexcept;
+
 } // namespace zeph

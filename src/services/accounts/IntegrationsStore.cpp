@@ -116,6 +116,15 @@ bool IntegrationsStore::replace(const IntegrationConnection &connection) {
     return true;
 }
 
+void IntegrationsStore::deleteConnection(const QUuid &id, SecretDone done) {
+    objectWillChange.send();
+    m_removed.erase(id);
+    m_secrets.erase(id, std::move(done)); // noted before the list forgets whose secret it is
+    std::erase_if(m_connections, [&id](const auto &account) { return account.id == id; });
+    saveConnections();
+    notifyChanged();
+}
+
 void IntegrationsStore::setSecret(const std::optional<QString> &value, const QUuid &id,
                                   SecretDone done) {
     objectWillChange.send();
@@ -170,6 +179,10 @@ void IntegrationsStore::upsertCustomAPI(const CustomAPIConfig &config, SecretDon
 void IntegrationsStore::upsertCustomAPIs(const std::vector<CustomAPIConfig> &configs,
                                          SecretDone done) {
     m_endpoints.upsert(configs, std::move(done));
+}
+
+void IntegrationsStore::deleteCustomAPI(const QUuid &id, SecretDone done) {
+    m_endpoints.remove(id, std::move(done));
 }
 
 // Removals that can be taken back

@@ -56,6 +56,9 @@ public:
     /// Replaces the account with that id; one that is not there is not added.
     void updateConnection(const IntegrationConnection &connection);
 
+    /// Removes the account at once, and its secret as soon as the keyring lets it.
+    void deleteConnection(const QUuid &id, SecretDone done = {});
+
     /// Removes an account or an endpoint from its list, and leaves what the keyring has of it until
     /// `settle` or the end of the program. A process that is cut off in between leaves no secret
     /// of it: the next launch erases it. False when there is none with that id.
@@ -93,6 +96,9 @@ public:
 
     /// The same for several, which reach the keyring at once.
     void upsertCustomAPIs(const std::vector<CustomAPIConfig> &configs, SecretDone done = {});
+
+    /// Removes it from the list; the same holds.
+    void deleteCustomAPI(const QUuid &id, SecretDone done = {});
 
     void setQuoteEnabled(bool enabled);
 
