@@ -28,6 +28,7 @@
 #include "drawing/painting/ScenePainter.h"
 #include "drawing/painting/SymbolLibrary.h"
 #include "history/UsageStore.h"
+#include "ports/RunLoop.h"
 #include "ports/WindowServer.h"
 #include "services/accounts/IntegrationsStore.h"
 #include "services/accounts/Keychain.h"
