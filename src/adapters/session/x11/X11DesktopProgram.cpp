@@ -203,9 +203,8 @@ void X11DesktopProgram::readPixmap(Found found, xcb_pixmap_t pixmap) {
             }
             const auto *whole = static_cast<const xcb_get_geometry_reply_t *>(replies[2].get());
             if (found.kind == DesktopProgram::caja && whole) {
-                lookForSilentPicture(std::move(found), {found.windows.front(),
-                                                        {whole->width, whole->height},
-                                                        connection().screen().root_depth});
+                lookForSilentPicture(std::move(found), {.size = {whole->width, whole->height},
+                                                        .depth = connection().screen().root_depth});
             } else {
                 take(std::move(found));
             }
