@@ -6,6 +6,7 @@
 #include <QSizeF>
 
 #include <set>
+#include <tuple>
 #include <vector>
 
 namespace zeph {
@@ -15,7 +16,10 @@ struct IconCell {
     int stripe = 0;
     int place = 0;
 
-    auto operator<=>(const IconCell &) const = default;
+    bool operator==(const IconCell &) const = default;
+    bool operator<(const IconCell &other) const {
+        return std::tie(stripe, place) < std::tie(other.stripe, other.place);
+    }
 };
 
 /// The icons of one display, in cells that grow until they fill its work area. Lengths are in the
