@@ -196,11 +196,15 @@ class IconsTest(unittest.TestCase):
                 quick_clicks.check(self.desk)
             self.desk.shown = PlayedPicture(100, (0, 0, 9, 9))
 
-    def test_icons_that_were_never_seen_are_not_as_they_were(self):
+    def test_a_restart_brings_the_icons_back(self):
         self.assertIsNone(desktop_program.check(self.desk))
-        self.desk.shown = self.desk.after_restart = PlayedPicture(0, None)
+        self.desk.after_restart = PlayedPicture(0, None)
         with self.assertRaises(Failed):
             desktop_program.check(self.desk)
+
+    def test_it_is_said_where_there_were_none_to_bring_back(self):
+        self.desk.shown = self.desk.after_restart = PlayedPicture(0, None)
+        self.assertIn("not to be seen", desktop_program.check(self.desk))
 
 
 if __name__ == "__main__":

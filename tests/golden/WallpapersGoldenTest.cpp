@@ -60,6 +60,7 @@ TEST_F(GoldenWallpapers, automaticNightAtAScaleBetweenWholeOnes) {
     preferences.setBackgroundMode(BackgroundMode::automatic);
     preferences.setUse24HourClock(true);
     expectPicture(u"night"_s, {1280, 720, 1.5});
+    expectPicture(u"night"_s, {1920, 1080, 1});
 }
 
 TEST_F(GoldenWallpapers, solidInManyScripts) {

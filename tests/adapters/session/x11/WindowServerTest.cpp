@@ -238,8 +238,9 @@ TEST_F(FullWindowServerTest, mendsWhatAKilledRunLeftWhenItTurnsToAWindow) {
     server->settle();
     const auto desktop = startDesktop();
     const auto picture = client->numbers(client->root(), "_XROOTPMAP_ID").value(0);
+    const auto mark = kept + 1; // of a picture that is gone
     client->setNumbers(client->root(), "_TAVI_EARLIER_PICTURE",
-                       {kept, picture, 1280, 800, 24, desktop});
+                       {kept, mark, picture, 1280, 800, 24, desktop});
     EXPECT_TRUE(waitUntil([&] { return client->size(kept).isEmpty(); }));
     EXPECT_TRUE(client->numbers(client->root(), "_TAVI_EARLIER_PICTURE").isEmpty());
     EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::desktopWindow);
