@@ -88,7 +88,8 @@ QString currentDesktop() {
 
 /// The root of a sandbox lies on no disk.
 QString volumeFolder() {
-    return runsInSandbox(QCoreApplication::applicationFilePath()) ? QDir::homePath() : QStringLiteral("/");
+    return runsInSandbox(QCoreApplication::applicationFilePath()) ? QDir::homePath()
+                                                                  : QStringLiteral("/");
 }
 
 std::unique_ptr<LoginItem> makeLoginItem(UserDefaults &defaults) {

@@ -68,8 +68,7 @@ TEST(ProcHostStatisticsOfTheKernel, agreesWithTheMonotonicClockOnTheBootTime) {
 TEST(StatvfsVolumeOfTheKernel, answersTheFiguresOfTheRoot) {
     const auto capacity = StatvfsVolume().capacity();
     ASSERT_TRUE(capacity);
-    EXPECT_EQ(capacity->totalBytes,
-              static_cast<qint64>(std::filesystem::space("/").capacity));
+    EXPECT_EQ(capacity->totalBytes, static_cast<qint64>(std::filesystem::space("/").capacity));
     ASSERT_TRUE(capacity->availableBytes);
     EXPECT_GE(*capacity->availableBytes, 0);
     EXPECT_LE(*capacity->availableBytes, *capacity->totalBytes);
