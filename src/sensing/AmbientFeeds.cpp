@@ -55,15 +55,22 @@ void AmbientFeeds::fetchWeather(const Coordinate &position, bool force) {
     // Counted from the attempt, so that a failed one is not repeated at every tick.
     m_lastWeatherFetch = m_platform.clock.now();
     m_weather.fetch(position, m_location.placeName(), force,
-                    [this](const std::optional<WeatherInfo> &weather) {
-                        if (weather && m_location.coordinate()) {
+                    [this, place = m_place](const std::optional<WeatherInfo> &weather) {
+                        if (weather && place == m_place) {
                             m_state.weather = weather;
                         }
                     });
 }
 
 void AmbientFeeds::forgetPlace() {
+    ++m_place; // what was asked before is of no use
     m_lastWeatherFetch.reset();
+    m_weather.forget();
+    m_airQuality.forget();
+    if (std::optional<ISSInfo> station = *m_state.iss) {
+        station->distanceKm.reset();
+        m_state.iss = station;
+    }
     m_state.weather = std::nullopt;
     m_state.airQuality = std::nullopt;
 }
@@ -72,11 +79,12 @@ void AmbientFeeds::fetchAirQuality(const Coordinate &position) {
     if (!m_preferences.isOn(WidgetKind::airQuality)) {
         return;
     }
-    m_airQuality.fetch(position, [this](const std::optional<AirQualityInfo> &reading) {
-        if (reading && m_location.coordinate()) {
-            m_state.airQuality = reading;
-        }
-    });
+    m_airQuality.fetch(position,
+                       [this, place = m_place](const std::optional<AirQualityInfo> &reading) {
+                           if (reading && place == m_place) {
+                               m_state.airQuality = reading;
+                           }
+                       });
 }
 
 } // namespace zeph

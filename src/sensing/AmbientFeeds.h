@@ -55,6 +55,7 @@ private:
     ISSService m_iss;
     OnThisDayService m_onThisDay;
     std::optional<Date> m_lastWeatherFetch; // when the last attempt began
+    int m_place = 0;                        // how many were forgotten before this one
 };
 
 } // namespace zeph

@@ -128,12 +128,38 @@ TEST_F(AmbientFeedsTest, aPositionThatWasTakenBackIsAskedWithNoMoreAndNothingOfI
     EXPECT_TRUE(*state.weather);
 }
 
+TEST_F(AmbientFeedsTest, whatAForgottenPositionWasToldIsNotServedToTheNextOne) {
+    turnOn(WidgetKind::airQuality);
+    turnOn(WidgetKind::iss);
+    makeCoordinator().start();
+    findPosition();
+    loop.advance(45);
+    settle();
+    geocoder.questions.back().answer({}); // what lies beneath the station
+    ASSERT_TRUE(*state.iss);
+    ASSERT_TRUE((*state.iss)->distanceKm);
+    locationClient.tellAuthorization(LocationAuthorization::notDetermined);
+    ASSERT_TRUE(*state.iss);
+    EXPECT_FALSE((*state.iss)->distanceKm);
+
+    failAll();
+    const int airBefore = airRequests();
+    findPosition(); // of another town, without a network
+    loop.advance(45);
+    settle();
+    EXPECT_FALSE(*state.weather);
+    EXPECT_FALSE(*state.airQuality);
+    EXPECT_GT(airRequests(), airBefore);
+}
+
 TEST_F(AmbientFeedsTest, anAnswerThatComesAfterThePositionWasTakenBackIsNotShown) {
     turnOn(WidgetKind::airQuality);
     makeCoordinator().start();
     findPosition();
     loop.advance(45); // both are asked, nothing has answered
     locationClient.tellAuthorization(LocationAuthorization::notDetermined);
+    failAll();
+    findPosition(); // again, before the answers of the first one came
     settle();
     EXPECT_GT(weatherRequests() + airRequests(), 1);
     EXPECT_FALSE(*state.weather);

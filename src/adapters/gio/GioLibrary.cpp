@@ -64,8 +64,9 @@ void findObjects(Functions &functions, GioLibrary &gio) {
 } // namespace
 
 const GioLibrary *GioLibrary::loaded() {
-    static const std::unique_ptr<const GioLibrary> library = loadedFrom("libgio-2.0.so.0");
-    return library.get();
+    // Never freed: at an end that the toolkit decides upon, threads may still be about to call it.
+    static const GioLibrary *const library = loadedFrom("libgio-2.0.so.0").release();
+    return library;
 }
 
 std::unique_ptr<const GioLibrary> GioLibrary::loadedFrom(const char *name) {

@@ -216,6 +216,7 @@ void GeoClueLocationClient::consentChanged() {
         m_wantsPermission = false;
         m_wantsFix = false;
         m_isOverdue = false;
+        m_hadFix = false; // forgotten, so that a stand-in is better than none again
         m_deadline.stop();
         close();
     }

@@ -74,7 +74,11 @@ SecureStore *PluggedSecretStore::loaded() {
     if (!m_store && !m_isCancelled) {
         const MakeSecretStore make = loadPlugin(m_pluginPath);
         if (make == nullptr) {
-            qCWarning(logSystem) << "the plug-in of the keyring could not be loaded";
+            if (!std::exchange(m_isComplained, true)) {
+                const char *const reason = dlerror();
+                qCWarning(logSystem) << "the plug-in of the keyring could not be loaded:"
+                                     << (reason == nullptr ? "it is another version's" : reason);
+            }
             return nullptr;
         }
         m_store.reset(make());

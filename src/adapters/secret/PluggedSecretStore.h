@@ -41,6 +41,7 @@ private:
     QString m_pluginPath;
     std::mutex m_mutex; // of what follows; never held across a wait for the service
     bool m_isCancelled = false;
+    bool m_isComplained = false; // that there is no plug-in
     std::unique_ptr<CancellableStore> m_store;
 };
 

@@ -70,4 +70,8 @@ void AirQualityService::fetch(const Coordinate &position, Completion completion)
         });
 }
 
+void AirQualityService::forget() {
+    m_last = std::make_shared<std::optional<AirQualityInfo>>();
+}
+
 } // namespace zeph

@@ -34,6 +34,9 @@ public:
     /// last good answer where that fails, none when this object has ended by then.
     void fetch(const Coordinate &position, Completion completion);
 
+    /// Forgets the last good answer. One that is still waited for completes all the same.
+    void forget();
+
 private:
     QString address(const Coordinate &position) const;
 

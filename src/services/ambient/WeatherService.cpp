@@ -86,4 +86,8 @@ void WeatherService::fetch(const Coordinate &position, const std::optional<QStri
         });
 }
 
+void WeatherService::forget() {
+    m_last = std::make_shared<std::optional<WeatherInfo>>();
+}
+
 } // namespace zeph

@@ -38,6 +38,9 @@ public:
     /// What is asked for `position`; the address is invalid when none can be made.
     static HttpRequest request(const QString &root, const Coordinate &position);
 
+    /// Forgets the last good answer. One that is still waited for completes all the same.
+    void forget();
+
 private:
     HttpClient &m_http;
     QString m_root;

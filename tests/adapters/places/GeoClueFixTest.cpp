@@ -209,6 +209,19 @@ TEST_F(GeoClueFix, keepsAnEarlierPositionWhenTheServiceTellsNoneLater) {
     EXPECT_EQ(delegate.failures, 1) << "the zone's city may be a thousand kilometres away";
 }
 
+TEST_F(GeoClueFix, takesTheZonesCityAfterAWithdrawalHadThePositionForgotten) {
+    geoclue.atStart = {{u"Latitude"_s, 38.72}, {u"Longitude"_s, -9.14}};
+    geoclue.appear();
+    listenWithConsent().requestLocation();
+    ASSERT_TRUE(answered());
+    geoclue.vanish();
+    consent.set(ConsentState::notDetermined);
+    consent.set(ConsentState::granted);
+    client->requestLocation();
+    ASSERT_TRUE(answered(2));
+    EXPECT_EQ(delegate.fixes, (std::vector<std::vector<Coordinate>>{{lisbon}, {zoneCity}}));
+}
+
 TEST_F(GeoClueFix, takesTheZonesCityWithoutAService) {
     listenWithConsent().requestLocation();
     EXPECT_EQ(delegate.answers(), 0U) << "the answer comes later";

@@ -82,6 +82,7 @@ void X11DesktopPicture::setTarget(const std::optional<RootPixmapTarget> &target)
         return;
     }
     leaveItAsItWas();
+    m_lost.reset(); // leaving may find the former one gone
     m_target = target;
     m_isRefused = false;
     if (isUsable) {

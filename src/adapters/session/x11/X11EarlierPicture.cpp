@@ -33,6 +33,19 @@ xcb_gcontext_t makeContext(X11Connection &connection, xcb_pixmap_t pixmap) {
     return context;
 }
 
+/// What was kept, in its place again. The pixmap is still there.
+void giveBack(X11Connection &connection, const EarlierPictureRecord &record) {
+    xcb_connection_t *xcb = connection.xcb();
+    const xcb_gcontext_t context = makeContext(connection, record.kept);
+    const QSize size = record.target.size;
+    xcb_copy_area(xcb, record.kept, record.target.pixmap, context, 0, 0, 0, 0,
+                  wireLength(size.width()), wireLength(size.height()));
+    xcb_free_gc(xcb, context);
+    for (const xcb_window_t window : record.target.windows) {
+        xcb_clear_area(xcb, 1, window, 0, 0, 0, 0);
+    }
+}
+
 /// Marks the pixmap by what goes with it: its number may be that of another one later.
 X11Reply<xcb_generic_error_t> mark(xcb_connection_t *keeper, const EarlierPictureRecord &record) {
     xcb_discard_reply(keeper, xcb_damage_query_version(keeper, 1, 1).sequence);
@@ -127,10 +140,13 @@ X11EarlierPicture::X11EarlierPicture(X11Connection &connection, EarlierPictureRe
     const QRect all(QPoint(), m_record.target.size);
     const auto former = readRecord(connection);
     copy(m_record.target.pixmap, m_record.kept, all);
-    if (former && former->target.pixmap == m_record.target.pixmap &&
-        isAlive(connection, former->mark)) {
-        m_origin = Origin::formerRun;
-        copy(former->kept, m_record.kept, all);
+    if (former && isAlive(connection, former->mark)) {
+        if (former->target.pixmap == m_record.target.pixmap) {
+            m_origin = Origin::formerRun;
+            copy(former->kept, m_record.kept, all);
+        } else {
+            giveBack(connection, *former); // another picture that the killed run had painted into
+        }
     }
     writeRecord(connection, m_record);
     if (former) {
@@ -181,14 +197,7 @@ bool restoreDesktopPicture(X11Connection &connection) {
     const X11ServerGrab grab(xcb);
     const bool isStillThere = isAlive(connection, record->mark);
     if (isStillThere) {
-        const xcb_gcontext_t context = makeContext(connection, record->kept);
-        const QSize size = record->target.size;
-        xcb_copy_area(xcb, record->kept, record->target.pixmap, context, 0, 0, 0, 0,
-                      wireLength(size.width()), wireLength(size.height()));
-        xcb_free_gc(xcb, context);
-        for (const xcb_window_t window : record->target.windows) {
-            xcb_clear_area(xcb, 1, window, 0, 0, 0, 0);
-        }
+        giveBack(connection, *record);
     }
     writeRecord(connection, std::nullopt);
     xcb_kill_client(xcb, record->kept);

@@ -108,6 +108,16 @@ TEST_F(KilledRunTest, theNextStartKnowsAnotherPictureWithTheNumberOfTheFirst) {
     EXPECT_TRUE(waitForPixel(kAway, Qt::darkGreen));
 }
 
+TEST_F(KilledRunTest, theNextStartGivesThePictureBackAlsoWhereItPaintsIntoAnother) {
+    forgetTheRun();
+    const PlayedDesktop other(session.display(), kWholeScreen.size(), Qt::darkGreen);
+    connection = X11Connection::open(session.display());
+    picture = std::make_unique<X11DesktopPicture>(*connection, [this] { ++reloads; });
+    picture->setTarget(other.target());
+    EXPECT_TRUE(waitForPicture(kAway, Qt::darkRed));
+    EXPECT_TRUE(client->size(kept).isEmpty());
+}
+
 TEST_F(KilledRunTest, theNextStartKeepsThePictureOfAProgramThatTookAnother) {
     forgetTheRun();
     desktop.renew(kWholeScreen.size(), Qt::darkGreen);
