@@ -10,8 +10,9 @@ namespace zeph {
 /// Who tells what the Wayland protocol leaves to each desktop.
 enum class PartsKind { sway, kwin, protocol };
 
-/// `swaySocket` as in SWAYSOCK, `currentDesktop` as in XDG_CURRENT_DESKTOP. Whoever starts sway
-/// within another desktop has both variables set, and sway is the one that is drawn on.
+/// `swaySocket` as in SWAYSOCK where it is the compositor's, else empty; `currentDesktop` as in
+/// XDG_CURRENT_DESKTOP. Whoever starts sway within another desktop has both variables set, and sway
+/// is the one that is drawn on.
 PartsKind partsKind(const QString &swaySocket, const QString &currentDesktop);
 
 /// What is wrapped around the session of a display system.
