@@ -195,7 +195,8 @@ struct LinuxPlatform::Adapters {
     JsonUserDefaults &defaults = foundation->defaults;
     QtTaskExecutor &executor = foundation->executor;
     Background &background = foundation->background;
-    DesktopIconsWatch desktopIcons{iconStoreHere(foundation->desktopFolder), background};
+    DesktopIconsWatch desktopIcons{iconStoreHere(foundation->desktopFolder), background,
+                                   QDBusConnection::sessionBus()};
     ScreensBesideIcons screens{session->screens(), session->windowServer(), desktopIcons};
     SystemClock clock;
     QtTaskExecutor accountExecutor{mostTasks, QtTaskExecutor::Start::whenReleased};
