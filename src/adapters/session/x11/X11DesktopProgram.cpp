@@ -212,8 +212,9 @@ void X11DesktopProgram::readPixmap(Found found, xcb_pixmap_t pixmap) {
 }
 
 void X11DesktopProgram::lookForSilentPicture(Found found, const PixmapForm &whole) {
+    const xcb_window_t window = found.windows.front();
     findHeldPixmaps(
-        connection(), *this,
+        connection(), *this, window,
         [this, found = std::move(found), whole](const std::vector<PixmapForm> &held) mutable {
             const auto silent =
                 m_silent.take({found.pixmap, found.pixmapSize, found.pixmapDepth}, held, whole);

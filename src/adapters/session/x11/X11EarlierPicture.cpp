@@ -91,7 +91,7 @@ bool isOfItsForm(X11Connection &connection, const RootPixmapTarget &target) {
 bool isPictureOfDesktop(X11Connection &connection, const RootPixmapTarget &target) {
     return isOfItsForm(connection, target) &&
            (target.isAnnounced ? isAnnounced(connection, target.pixmap)
-                               : isHeldPixmap(connection, target.pixmap));
+                               : isHeldPixmap(connection, target.windows.front(), target.pixmap));
 }
 
 } // namespace

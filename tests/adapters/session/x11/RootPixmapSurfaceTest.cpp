@@ -203,6 +203,9 @@ TEST_F(RootPixmapSurfaceTest, paintsIntoAPictureThatIsShownWithoutAnAnnouncement
     target.pixmap = client->makePixmap(kWholeScreen.size(), 24);
     picture->setTarget(target);
     EXPECT_FALSE(picture->isThere()) << "that of somebody who is still there";
+    target.pixmap = leavePixmapOfAnother(session.display(), kWholeScreen.size(), Qt::darkRed);
+    picture->setTarget(target);
+    EXPECT_FALSE(picture->isThere()) << "that of another program";
 }
 
 TEST_F(RootPixmapSurfaceTest, waitsWhileTheProgramIsGoneAndPaintsAllWhenItComesBack) {
