@@ -3,6 +3,7 @@
 
 #include "adapters/session/plasma/FakePlasma.h"
 #include "adapters/session/x11/PlayedDesktop.h"
+#include "adapters/session/x11/RecordOnRoot.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11DesktopPicture.h"
 #include "adapters/session/x11/X11RootPixmapSurface.h"
@@ -44,7 +45,7 @@ private:
         const xcb_pixmap_t mark = xcb_generate_id(connection->xcb());
         xcb_create_pixmap(connection->xcb(), 24, mark, connection->root(), 1, 1);
         connection->intern("ZEPH_TEST"); // the server knows it with the answer
-        client->killOwner(client->numbers(client->root(), "_TAVI_EARLIER_PICTURE").value(0));
+        client->killOwner(recordOnRoot(*client).kept);
         client->killOwner(mark);
         EXPECT_EQ(client->pixel(kAway), kOurColour);
     }
@@ -73,7 +74,19 @@ TEST_F(RestoreTest, leavesAProgramThatRunsWhatItKeeps) {
     EXPECT_EQ(tavi.errors(),
               u"tavi: it is running, and puts the earlier picture back when it ends\n"_s);
     EXPECT_EQ(client->pixel(kAway), kOurColour);
-    EXPECT_FALSE(client->numbers(client->root(), "_TAVI_EARLIER_PICTURE").isEmpty());
+    EXPECT_FALSE(client->numbers(client->root(), kRecordName).isEmpty());
+}
+
+TEST_F(RestoreTest, leavesARunOnAnotherMachineWhatItKeeps) {
+    auto record = recordOnRoot(*client);
+    ++record.machine;
+    const auto numbers = numbersOf(record);
+    client->setNumbers(client->root(), kRecordName, {numbers.begin(), numbers.end()});
+    Program tavi(environment(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+    EXPECT_EQ(tavi.output(), u"tavi: there is no earlier picture to put back\n"_s);
+    EXPECT_EQ(client->pixel(kAway), kOurColour);
+    EXPECT_EQ(recordOnRoot(*client), record);
 }
 
 TEST_F(RestoreTest, failsWithoutADisplay) {

@@ -232,7 +232,7 @@ TEST_F(RootPixmapSurfaceTest, doesNotTakeItsOwnPixelsForTheEarlierPictureWhenAWi
     picture->setTarget(target);
     surface->orderOut();
     EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
-    EXPECT_EQ(client->numbers(client->root(), kRecordName).size(), 6 + 2);
+    EXPECT_EQ(recordOnRoot(*client).target, target);
 }
 
 TEST_F(RootPixmapSurfaceTest, doesNotPaintIntoAPictureOfAnotherForm) {
@@ -259,7 +259,7 @@ TEST_F(RootPixmapSurfaceTest, theEndLeavesThePictureAsItWas) {
 
 TEST_F(RootPixmapSurfaceTest, theEndLeavesNothingInTheServer) {
     const auto surface = shown(Qt::blue);
-    const xcb_pixmap_t kept = client->numbers(client->root(), kRecordName).value(0);
+    const xcb_pixmap_t kept = recordOnRoot(*client).kept;
     ASSERT_EQ(client->size(kept), kWholeScreen.size());
     surface->orderOut();
     picture->setTarget(std::nullopt);
@@ -268,7 +268,7 @@ TEST_F(RootPixmapSurfaceTest, theEndLeavesNothingInTheServer) {
 
 TEST_F(RootPixmapSurfaceTest, leavesNoClientBehindWhereThereIsNoRoomForACopy) {
     const std::uint32_t ids = xcb_get_setup(connection->xcb())->resource_id_mask;
-    const std::uint32_t keeper = client->numbers(client->root(), kRecordName).value(0) & ~ids;
+    const std::uint32_t keeper = recordOnRoot(*client).kept & ~ids;
     auto target = desktop.target();
     target.size = {40000, 40000}; // more than a server has pixels for
     for (int i = 0; i < 5; ++i) {
