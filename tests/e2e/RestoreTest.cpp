@@ -9,6 +9,7 @@
 #include "adapters/session/x11/X11RootPixmapSurface.h"
 #include "adapters/storage/FolderLock.h"
 #include "support/FakeScreens.h"
+#include "support/FullDisk.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +28,21 @@ constexpr std::uint32_t kOurColour = 0x0000FF;
 class RestoreTest : public TaviTest {
 protected:
     RestoreTest() { leaveAsKilled(); }
+
+    /// MATE, whose setting of the icons lies in a file of the test.
+    QProcessEnvironment onMate() const {
+        writeTool("caja", "exit 0");
+        writeTool("gsettings", "if [ \"$1\" = set ]; then echo \"$4\" >\"$HOME/icons\"\n"
+                               "else cat \"$HOME/icons\"; fi");
+        auto variables = environment();
+        variables.insert(u"PATH"_s, pathOfTools());
+        variables.insert(u"XDG_CURRENT_DESKTOP"_s, u"MATE"_s);
+        return variables;
+    }
+    QByteArray contentOf(const char *below) const {
+        QFile file(path(below));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 
     bool hasPicture() const { return client->pixel(kAway) == (kTheirColour.rgb() & 0xFFFFFF); }
 
@@ -119,6 +135,40 @@ TEST_F(RestoreTest, bringsPlasmasWallpapersBackToo) {
     EXPECT_TRUE(second.endsWith(1));
     EXPECT_EQ(second.errors(), u"tavi: Plasma's shell does not run, and would get its earlier "
                                "wallpapers back\n"_s);
+}
+
+TEST_F(RestoreTest, bringsTheIconsBackToo) {
+    writeFile(path("home/icons"), "false\n");
+    writeSettings(R"({"zeph.desktop.earlierIcons": "true"})");
+    Program tavi(onMate(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+    EXPECT_EQ(tavi.output(), u"tavi: the desktop has its earlier picture and its icons back\n"_s);
+    EXPECT_EQ(contentOf("home/icons"), "true\n");
+    EXPECT_FALSE(contentOf("config/Zeph/defaults.json").contains("earlierIcons"));
+}
+
+TEST_F(RestoreTest, tellsThatNobodyWouldShowTheIcons) {
+    writeSettings(R"({"zeph.desktop.earlierIcons": "true"})");
+    Program tavi(environment(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(1));
+    EXPECT_EQ(tavi.errors(), u"tavi: nobody is there who would show the desktop's icons again\n"_s);
+    EXPECT_TRUE(hasPicture());
+    EXPECT_TRUE(contentOf("config/Zeph/defaults.json").contains("earlierIcons"));
+}
+
+TEST_F(RestoreTest, tellsWhereTheSettingsCanNotBeWritten) {
+    FakePlasma plasma(bus.address());
+    plasma.desktops = {{1, u"com.tavi.Tavi"_s}};
+    plasma.appear();
+    writeSettings(R"({"zeph.plasma.earlier": "{\"1\":\"org.kde.color\"}"})");
+    const FullDisk full(8);
+    Program tavi(environment(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(1));
+    EXPECT_TRUE(tavi.errors().endsWith(
+        u"tavi: its settings could not be written, and tell as before of what is back\n"_s))
+        << tavi.errors().toStdString();
+    EXPECT_EQ(plasma.desktops, (std::map<int, QString>{{1, u"org.kde.color"_s}}));
+    EXPECT_TRUE(contentOf("config/Zeph/defaults.json").contains("zeph.plasma.earlier"));
 }
 
 } // namespace zeph

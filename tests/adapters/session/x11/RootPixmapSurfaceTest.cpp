@@ -2,6 +2,8 @@
 #include "LeftPixmap.h"
 #include "RootPixmapFixture.h"
 
+#include <QSysInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
@@ -245,6 +247,10 @@ TEST_F(RootPixmapSurfaceTest, doesNotPaintIntoAPictureOfAnotherForm) {
     surface->orderFront();
     runLoopFor(std::chrono::milliseconds(50));
     EXPECT_EQ(client->pixel(kAway), QColor(Qt::darkRed).rgb() & 0xFFFFFF);
+}
+
+TEST_F(RootPixmapSurfaceTest, tellsOnWhichMachineItKeepsTheEarlierPicture) {
+    EXPECT_EQ(recordOnRoot(*client).machine, machineNumber(QSysInfo::machineUniqueId()));
 }
 
 TEST_F(RootPixmapSurfaceTest, theEndLeavesThePictureAsItWas) {
