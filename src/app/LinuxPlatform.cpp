@@ -86,12 +86,6 @@ QString currentDesktop() {
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
 }
 
-/// The root of a sandbox lies on no disk.
-QString volumeFolder() {
-    return runsInSandbox(QCoreApplication::applicationFilePath()) ? QDir::homePath()
-                                                                  : QStringLiteral("/");
-}
-
 std::unique_ptr<LoginItem> makeLoginItem(UserDefaults &defaults) {
     const QString program = QCoreApplication::applicationFilePath();
     if (runsInSandbox(program)) {
@@ -204,7 +198,8 @@ struct LinuxPlatform::Adapters {
     ProcHostStatistics hostStatistics;
     ProcNetworkInterfaces interfaces;
     NetworkManagerWiFi wifi{QDBusConnection::systemBus()};
-    StatvfsVolume volume{volumeFolder()};
+    StatvfsVolume volume{
+        folderOnTheDisk(runsInSandbox(QCoreApplication::applicationFilePath()), QDir::homePath())};
     UPowerSources upower{QDBusConnection::systemBus()};
     LinuxPowerSources powerSources{upower, supplies, background};
     BluezBatteries bluez{QDBusConnection::systemBus()};
