@@ -160,6 +160,20 @@ TEST_F(DesktopProgramWatchTest, looksAgainForAPictureThatCajaMakesLate) {
     EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false}}));
 }
 
+TEST_F(DesktopProgramWatchTest, looksOnceMoreForAPictureThatCajaMakesLater) {
+    const auto desktop = showDesktop("Caja");
+    const auto announced = leavePixmap(session.display(), kWholeScreen.size(), Qt::darkRed);
+    share(announced);
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    const Found first{DesktopProgram::caja, {desktop}, announced, kWholeScreen.size(), 24};
+    ASSERT_TRUE(becomes(first));
+    client->resize(desktop, kShrunk);
+    runLoopFor(std::chrono::milliseconds(600)); // after the second look
+    EXPECT_EQ(program.found(), first);
+    const auto shown = leavePixmap(session.display(), kShrunk, Qt::darkGreen);
+    EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false}}));
+}
+
 TEST_F(DesktopProgramWatchTest, takesNoPixmapOfAnotherProgramForThePictureOfCaja) {
     const auto desktop = showDesktop("Caja");
     const auto announced = leavePixmap(session.display(), {2560, 800}, Qt::darkRed);

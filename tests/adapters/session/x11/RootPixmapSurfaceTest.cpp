@@ -173,6 +173,31 @@ TEST_F(RootPixmapSurfaceTest, paintsNothingIntoWhatHasTheNumberOfAPictureThatIsG
     EXPECT_TRUE(waitForPixel(kAway, Qt::green)) << "it is its own again";
 }
 
+TEST_F(RootPixmapSurfaceTest, forgetsAPictureThatIsGoneWhenTheProgramGoesToo) {
+    const auto surface = shown(Qt::blue);
+    const auto target = desktop.target();
+    desktop.reuseNumber(Qt::darkGreen);
+    client->setIds(client->root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP, {XCB_PIXMAP_NONE});
+    fill(*surface, Qt::green);
+    ASSERT_TRUE(waitUntil([&] { return !picture->isThere(); }));
+    picture->setTarget(std::nullopt);
+    desktop.announce();
+    runLoopFor(std::chrono::milliseconds(150));
+    EXPECT_FALSE(picture->isThere());
+    EXPECT_EQ(client->pixelOf(target.pixmap, kAway), QColor(Qt::darkGreen).rgba());
+}
+
+TEST_F(RootPixmapSurfaceTest, staysWithTheNextPictureThoughTheFormerOneTurnsOutToBeGone) {
+    const auto surface = shown(Qt::blue);
+    const PlayedDesktop next(session.display(), kWholeScreen.size(), Qt::darkYellow);
+    desktop.reuseNumber(Qt::darkGreen);
+    picture->setTarget(next.target());
+    ASSERT_TRUE(picture->isThere());
+    runLoopFor(std::chrono::milliseconds(150)); // until it is tried again where it is none
+    EXPECT_TRUE(picture->isThere());
+    EXPECT_EQ(client->pixelOf(next.target().pixmap, kAway), QColor(Qt::blue).rgba());
+}
+
 TEST_F(RootPixmapSurfaceTest, paintsIntoNothingThatIsNotAnnounced) {
     auto target = desktop.target();
     picture->setTarget(std::nullopt);
