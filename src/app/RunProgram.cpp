@@ -67,7 +67,7 @@ constexpr std::chrono::milliseconds tasksRest{40};
 constexpr std::chrono::seconds startEnd{12};
 constexpr std::chrono::milliseconds endPatience{1000}; // for another program to end
 
-// A bus that is well answers within milliseconds, and on a machine that logs its user in later.
+// A bus that is well answers within milliseconds, and somewhat later while its user is logged in.
 constexpr std::chrono::milliseconds busPatience{2000};
 
 /// What is to be done however the program ends.
@@ -100,8 +100,9 @@ QtMessageHandler printMessage = nullptr;
 // More than an end may take.
 constexpr unsigned long lastWordsPatience = 1000; // milliseconds
 
-// The toolkit's Wayland plug-in does so too, by _exit() on a thread of its own and right after it
-// has complained. Nothing of it can be heard before that, so it is kept waiting there.
+// The toolkit's Wayland plug-in ends the process as well when the compositor is gone, by _exit() on
+// a thread of its own and right after it has complained. Nothing of it can be heard before that, so
+// it is kept waiting there.
 void saveAfterLastWords(QtMsgType kind, const QMessageLogContext &context, const QString &message) {
     printMessage(kind, context, message);
     if (!message.startsWith("The Wayland connection"_L1)) {

@@ -81,11 +81,16 @@ TEST(BesideIcons, theVisibleFrameLeavesRowsOutBelowAPanel) {
 
 TEST(BesideIcons, theWallpaperLiesInSomeWaysAlone) {
     for (const bool areAbove : {false, true}) {
-        EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::rootPixmap, areAbove));
-        EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::underDesktopProgram, areAbove));
-        EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::plasmaPictures, areAbove));
-        EXPECT_EQ(liesBeneathIcons(DrawingMechanism::desktopWindow, areAbove), areAbove);
-        EXPECT_FALSE(liesBeneathIcons(DrawingMechanism::layerSurface, areAbove));
+        EXPECT_TRUE(showsIcons({DrawingMechanism::rootPixmap}, areAbove));
+        EXPECT_TRUE(showsIcons({DrawingMechanism::underDesktopProgram}, areAbove));
+        EXPECT_TRUE(showsIcons({DrawingMechanism::plasmaPictures}, areAbove));
+        EXPECT_EQ(showsIcons({DrawingMechanism::desktopWindow}, areAbove), areAbove);
+        EXPECT_FALSE(showsIcons({DrawingMechanism::layerSurface}, areAbove));
+        EXPECT_FALSE(showsIcons({DrawingMechanism::loweredOverride}, areAbove));
+        EXPECT_TRUE(showsIcons({DrawingMechanism::desktopWindow, {}, true}, areAbove))
+            << "through it";
+        EXPECT_TRUE(showsIcons({DrawingMechanism::layerSurface, {}, true}, areAbove))
+            << "through it";
     }
 }
 

@@ -158,9 +158,7 @@ DrawingWay wayWithDesktop(const SessionOffer &offer, const DesktopProgramOffer &
     return wayWithManagerOnly(offer);
 }
 
-} // namespace
-
-DrawingWay chooseDrawingWay(const SessionOffer &offer) {
+DrawingWay wayFor(const SessionOffer &offer) {
     const auto &desktop = offer.desktopProgram;
     if (desktop && canPaintInto(*desktop)) {
         if (offer.isTransparent) {
@@ -180,6 +178,14 @@ DrawingWay chooseDrawingWay(const SessionOffer &offer) {
     // A manager that knows no desktop windows doesn't keep those of others in place either.
     const bool keepsDesktops = !offer.windowManager || offer.windowManager->knowsDesktopType;
     return desktop && keepsDesktops ? wayWithDesktop(offer, *desktop) : wayWithManagerOnly(offer);
+}
+
+} // namespace
+
+DrawingWay chooseDrawingWay(const SessionOffer &offer) {
+    DrawingWay way = wayFor(offer);
+    way.isTransparent = offer.isTransparent;
+    return way;
 }
 
 } // namespace zeph

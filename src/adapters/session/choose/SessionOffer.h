@@ -36,8 +36,8 @@ struct DesktopProgramOffer {
 
 /// Whether our wallpaper can take the place of Plasma's own.
 struct PlasmaPermission {
-    bool isGranted = false; ///< the person let us, and nothing stands against it
-    QString problem = {};   ///< what does where the person let us, in words without a full stop
+    bool isGranted = false; ///< the user allowed it, and nothing stands against it
+    QString problem = {};   ///< why not although the user allowed it, without a full stop
 
     bool operator==(const PlasmaPermission &) const = default;
 };
@@ -56,7 +56,8 @@ struct SessionOffer {
     bool operator==(const SessionOffer &) const = default;
 };
 
-/// What the environment of this process tells of its session; the rest is as if nothing ran.
+/// What the environment of this process tells of its session; all else keeps its
+/// default.
 SessionOffer offerOfEnvironment();
 
 } // namespace zeph

@@ -84,7 +84,7 @@ void X11DrawingWay::choose() {
     m_rest.stop();
     const bool isFirst = !std::exchange(m_isChosen, true);
     const DrawingWay last = std::exchange(m_way, chooseDrawingWay(offer()));
-    if (isFirst || m_way != last) {
+    if (isFirst || m_way.reason != last.reason) {
         qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
     }
     if (!isFirst && m_way != last) {

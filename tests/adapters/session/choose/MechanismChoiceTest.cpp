@@ -71,6 +71,11 @@ TEST_P(MechanismChoiceTest, suitsTheSession) {
     EXPECT_EQ(chooseDrawingWay(GetParam().offer).mechanism, GetParam().mechanism);
 }
 
+TEST_P(MechanismChoiceTest, tellsWhetherTheIconsShineThrough) {
+    EXPECT_TRUE(chooseDrawingWay(transparent(GetParam().offer)).isTransparent);
+    EXPECT_EQ(chooseDrawingWay(GetParam().offer).isTransparent, GetParam().offer.isTransparent);
+}
+
 TEST_P(MechanismChoiceTest, hasAReasonInOneSentence) {
     const QString reason = chooseDrawingWay(GetParam().offer).reason;
     EXPECT_TRUE(reason.endsWith(u'.')) << reason.toStdString();
