@@ -86,12 +86,6 @@ QString currentDesktop() {
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
 }
 
-/// The root of a sandbox lies on no disk.
-QString volumeFolder() {
-    return runsInSandbox(QCoreApplication::applicationFilePath()) ? QDir::homePath()
-                                                                  : QStringLiteral("/");
-}
-
 std::unique_ptr<LoginItem> makeLoginItem(UserDefaults &defaults) {
     const QString program = QCoreApplication::applicationFilePath();
     if (runsInSandbox(program)) {
@@ -195,7 +189,8 @@ struct LinuxPlatform::Adapters {
     JsonUserDefaults &defaults = foundation->defaults;
     QtTaskExecutor &executor = foundation->executor;
     Background &background = foundation->background;
-    DesktopIconsWatch desktopIcons{iconStoreHere(foundation->desktopFolder), background};
+    DesktopIconsWatch desktopIcons{iconStoreHere(foundation->desktopFolder), background,
+                                   QDBusConnection::sessionBus()};
     ScreensBesideIcons screens{session->screens(), session->windowServer(), desktopIcons};
     SystemClock clock;
     QtTaskExecutor accountExecutor{mostTasks, QtTaskExecutor::Start::whenReleased};
@@ -203,7 +198,8 @@ struct LinuxPlatform::Adapters {
     ProcHostStatistics hostStatistics;
     ProcNetworkInterfaces interfaces;
     NetworkManagerWiFi wifi{QDBusConnection::systemBus()};
-    StatvfsVolume volume{volumeFolder()};
+    StatvfsVolume volume{
+        folderOnTheDisk(runsInSandbox(QCoreApplication::applicationFilePath()), QDir::homePath())};
     UPowerSources upower{QDBusConnection::systemBus()};
     LinuxPowerSources powerSources{upower, supplies, background};
     BluezBatteries bluez{QDBusConnection::systemBus()};

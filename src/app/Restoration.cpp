@@ -27,6 +27,9 @@ QStringList problemsOf(const Restoration &restoration) {
     } else if (restoration.icons == Restored::unreachable) {
         problems.append(u"nobody is there who would show the desktop's icons again"_s);
     }
+    if (restoration.wallpapers == Restored::notSaved || restoration.icons == Restored::notSaved) {
+        problems.append(u"its settings could not be written, and tell as before of what is back"_s);
+    }
     return problems;
 }
 
@@ -74,7 +77,7 @@ Restored restoreIcons(DesktopShell &shell, UserDefaults &defaults) {
     }
     manager.applyHidden(false);
     if (!manager.keepsEarlier()) {
-        return Restored::done;
+        return defaults.isSaved() ? Restored::done : Restored::notSaved;
     }
     const auto setting = shell.iconSetting();
     return setting && setting->drawer == IconDrawer::there ? Restored::refused

@@ -62,7 +62,7 @@ TEST(RestorationWords, aDisplayIsMissedOnlyWhereNothingElseCameBack) {
 }
 
 TEST(RestorationWords, whatIsStillKeptIsAFailure) {
-    for (const Restored odd : {Restored::refused, Restored::unreachable}) {
+    for (const Restored odd : {Restored::notSaved, Restored::refused, Restored::unreachable}) {
         EXPECT_TRUE(restorationWords(
                         {.picture = Restored::done, .wallpapers = odd, .icons = Restored::done})
                         .isFailure);
@@ -75,6 +75,9 @@ TEST(RestorationWords, whatIsStillKeptIsAFailure) {
                       "back; the desktop did not show its icons again"_s));
     EXPECT_EQ(restorationWords({.icons = Restored::unreachable}),
               failure(u"tavi: nobody is there who would show the desktop's icons again"_s));
+    EXPECT_EQ(
+        restorationWords({.wallpapers = Restored::notSaved, .icons = Restored::notSaved}),
+        failure(u"tavi: its settings could not be written, and tell as before of what is back"_s));
 }
 
 TEST_F(RestoredIconsTest, areThoseFromBeforeTheyWereHidden) {
@@ -83,6 +86,12 @@ TEST_F(RestoredIconsTest, areThoseFromBeforeTheyWereHidden) {
     EXPECT_EQ(shell.style, u"small"_s);
     EXPECT_FALSE(defaults.contains(key));
     EXPECT_EQ(restoreIcons(shell, defaults), Restored::nothingKept);
+}
+
+TEST_F(RestoredIconsTest, areStillKeptWhereThatCanNotBeNoted) {
+    defaults.canSave = false;
+    EXPECT_EQ(restoreIcons(shell, defaults), Restored::notSaved);
+    EXPECT_TRUE(shell.areShown);
 }
 
 TEST_F(RestoredIconsTest, stayAsTheyAreWhereNothingWasKept) {

@@ -107,7 +107,7 @@ TEST(ScreensBesideIcons, followTheScreensAndTheIcons) {
     const Background background(now, now);
     DesktopIconsWatch icons(IconStore{IconStore::Kind::xfdesktop,
                                       {home.filePath(u"config"_s), home.filePath(u"data"_s), {}}},
-                            background);
+                            background, QDBusConnection(u"no bus"_s));
     FakeWindowServer server;
     ScreensBesideIcons beside(screens, server, icons);
     int calls = 0;
@@ -132,7 +132,7 @@ TEST(ScreensBesideIcons, tellOfNothingThatLooksTheSame) {
     screens.screens = {screen(u"a"_s, 1, 1200, 800)};
     const auto now = [](const std::function<void()> &action) { action(); };
     const Background background(now, now);
-    DesktopIconsWatch icons(std::nullopt, background);
+    DesktopIconsWatch icons(std::nullopt, background, QDBusConnection(u"no bus"_s));
     FakeWindowServer server;
     ScreensBesideIcons beside(screens, server, icons);
     int calls = 0;

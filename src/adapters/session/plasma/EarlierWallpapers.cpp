@@ -42,7 +42,7 @@ WallpapersBack bringWallpapersBack(const QDBusConnection &bus, UserDefaults &def
     }
     defaults.remove(earlierWallpapersKey);
     removePlasmaPackage(plasmaPackageTarget(), plasmaPicturesFolder());
-    return WallpapersBack::done;
+    return defaults.isSaved() ? WallpapersBack::done : WallpapersBack::notSaved;
 }
 
 } // namespace zeph

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/session/choose/DesktopProgram.h"
+#include "adapters/session/x11/LooksAfterResizing.h"
 #include "adapters/session/x11/RootPixmapTarget.h"
 #include "adapters/session/x11/SilentPicture.h"
 #include "adapters/session/x11/X11Connection.h"
@@ -82,7 +83,7 @@ private:
     bool m_readsAgain = false;
     SilentPicture m_silent;
     std::map<xcb_window_t, QSize> m_sizes; // of the root and of what is watched, when last told
-    std::size_t m_looks = 0;               // since one of these changed
+    LooksAfterResizing m_looks;            // of one of these
     QTimer m_nextLook;
 };
 

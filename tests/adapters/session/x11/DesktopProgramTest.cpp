@@ -160,6 +160,36 @@ TEST_F(DesktopProgramWatchTest, looksAgainForAPictureThatCajaMakesLate) {
     EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false}}));
 }
 
+TEST_F(DesktopProgramWatchTest, looksOnceMoreForAPictureThatCajaMakesLater) {
+    const auto desktop = showDesktop("Caja");
+    const auto announced = leavePixmap(session.display(), kWholeScreen.size(), Qt::darkRed);
+    share(announced);
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    const Found first{DesktopProgram::caja, {desktop}, announced, kWholeScreen.size(), 24};
+    ASSERT_TRUE(becomes(first));
+    client->resize(desktop, kShrunk);
+    runLoopFor(std::chrono::milliseconds(600)); // after the second look
+    EXPECT_EQ(program.found(), first);
+    const auto shown = leavePixmap(session.display(), kShrunk, Qt::darkGreen);
+    EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false}}));
+}
+
+TEST_F(DesktopProgramWatchTest, takesNoPixmapOfAnotherProgramForThePictureOfCaja) {
+    const auto desktop = showDesktop("Caja");
+    const auto announced = leavePixmap(session.display(), {2560, 800}, Qt::darkRed);
+    const auto theirs =
+        leavePixmapOfAnother(session.display(), kWholeScreen.size(), Qt::darkYellow);
+    share(announced);
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    const Found first{DesktopProgram::caja, {desktop}, announced, {2560, 800}, 24};
+    ASSERT_TRUE(becomes(first));
+    EXPECT_EQ(client->pixelOf(theirs, {5, 5}), QColor(Qt::darkYellow).rgba());
+    const auto shown = leavePixmap(session.display(), kWholeScreen.size(), Qt::darkGreen);
+    share(announced);
+    EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kWholeScreen.size(), 24, false}}))
+        << "theirs is none of several either";
+}
+
 TEST_F(DesktopProgramWatchTest, takesNoUnannouncedPixmapForThePictureOfOthers) {
     const auto desktop = showDesktop("Xfdesktop");
     const auto announced = leavePixmap(session.display(), {2560, 800}, Qt::darkRed);
