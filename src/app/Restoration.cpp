@@ -27,6 +27,11 @@ QStringList problemsOf(const Restoration &restoration) {
     } else if (restoration.icons == Restored::unreachable) {
         problems.append(u"nobody is there who would show the desktop's icons again"_s);
     }
+    if (restoration.fileManager == Restored::refused) {
+        problems.append(u"Nemo did not take its earlier settings back"_s);
+    } else if (restoration.fileManager == Restored::unreachable) {
+        problems.append(u"nobody is there who would take Nemo's earlier settings back"_s);
+    }
     return problems;
 }
 

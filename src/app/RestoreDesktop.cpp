@@ -3,6 +3,7 @@
 
 #include "adapters/bus/HungBuses.h"
 #include "adapters/desktop/DesktopShells.h"
+#include "adapters/session/nemo/NemoTool.h"
 #include "adapters/session/plasma/EarlierWallpapers.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11EarlierPicture.h"
@@ -47,6 +48,20 @@ Restored restoreWallpapers(UserDefaults &defaults) {
     return Restored::nothingKept;
 }
 
+Restored restoreNemo(UserDefaults &defaults) {
+    switch (giveNemoBack(defaults)) {
+    case NemoOutcome::done:
+        return Restored::done;
+    case NemoOutcome::nothingToDo:
+        break;
+    case NemoOutcome::refused:
+        return Restored::refused;
+    case NemoOutcome::unavailable:
+        return Restored::unreachable;
+    }
+    return Restored::nothingKept;
+}
+
 Restored restoreIconsHere(UserDefaults &defaults) {
     const auto shell =
         makeDesktopShell(qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
@@ -71,6 +86,7 @@ Restoration restoreDesktop(const RestoredFolders &folders) {
     if (QFileInfo::exists(folders.settings)) {
         JsonUserDefaults defaults(folders.settings);
         restoration.wallpapers = restoreWallpapers(defaults);
+        restoration.fileManager = restoreNemo(defaults);
         restoration.icons = restoreIconsHere(defaults);
     }
     return restoration;

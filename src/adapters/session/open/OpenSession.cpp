@@ -2,6 +2,7 @@
 #include "adapters/session/open/OpenSession.h"
 
 #include "adapters/session/gnome/GnomeSession.h"
+#include "adapters/session/nemo/NemoSession.h"
 #include "adapters/session/open/KWinParts.h"
 #include "adapters/session/open/ProtocolParts.h"
 #include "adapters/session/open/SessionKinds.h"
@@ -85,7 +86,11 @@ OpenedSession openX11Session(const SessionSurroundings &surroundings, DisplaySys
     case DesktopKind::plain:
         break;
     }
-    return {std::move(opened.session), {}};
+    return {std::make_unique<NemoSession>(std::move(opened.session),
+                                          NemoSession::Surroundings{surroundings.defaults,
+                                                                    surroundings.runLoop,
+                                                                    currentDesktop()}),
+            {}};
 }
 
 } // namespace
