@@ -180,6 +180,14 @@ class Desk:
         """How many pixels of the loud icon are on the screen."""
         return self.picture().count(self.icon_colour)
 
+    def shows_icons(self):
+        """As visible as before the program came."""
+        return self.icons() >= 0.95 * self.icons_before
+
+    def expect_icons(self, where):
+        expect(self.shows_icons, lambda: f"{where}: {self.icons()} of the {self.icons_before} "
+                                         "pixels of an icon", 20)
+
     def show(self, area, colour, **options):
         window = self.show_window(area, colour, **options)
         self.opened.append(window)
