@@ -61,6 +61,9 @@ RestorationWords restorationWords(const Restoration &restoration) {
     if (isPictureBack || areIconsBack) {
         return {u"tavi: the desktop has %1 back"_s.arg(whatIsBack(isPictureBack, areIconsBack))};
     }
+    if (restoration.fileManager == Restored::done) {
+        return {u"tavi: Nemo has its earlier settings back"_s};
+    }
     if (restoration.picture == Restored::unreachable) {
         return failed(u"there is no X display to put a picture back on"_s);
     }
