@@ -26,6 +26,9 @@ namespace {
 // As long as a start waits for it.
 constexpr std::chrono::milliseconds kBusPatience{2000};
 
+// Four calls of a tool.
+constexpr std::chrono::milliseconds kNemoPatience{8000};
+
 Restored restorePicture() {
     const auto connection = X11Connection::open();
     if (!connection) {
@@ -49,7 +52,7 @@ Restored restoreWallpapers(UserDefaults &defaults) {
 }
 
 Restored restoreNemo(UserDefaults &defaults) {
-    switch (giveNemoBack(defaults)) {
+    switch (giveNemoBack(defaults, kNemoPatience)) {
     case NemoOutcome::done:
         return Restored::done;
     case NemoOutcome::nothingToDo:

@@ -6,21 +6,13 @@
 
 #include <utility>
 
-using namespace Qt::StringLiterals;
-
 namespace zeph {
 
 namespace {
 
-// Of each call of the tool, which takes a fiftieth of a second.
-constexpr std::chrono::milliseconds kToolPatience{2000};
-constexpr std::chrono::milliseconds kPatienceAtEnd{150};
-
-bool isCinnamon(const QString &currentDesktop) {
-    const QStringList names = currentDesktop.split(u':');
-    return names.contains(u"X-Cinnamon"_s, Qt::CaseInsensitive) ||
-           names.contains(u"Cinnamon"_s, Qt::CaseInsensitive);
-}
+// People wait for the end. What is not given back by then the next start gives back.
+constexpr std::chrono::milliseconds kPatienceForTask{150};
+constexpr std::chrono::milliseconds kPatienceAtEnd{300};
 
 } // namespace
 
@@ -29,9 +21,9 @@ NemoSession::NemoSession(std::unique_ptr<X11Session> x11, const Surroundings &su
       m_defaults(surroundings.defaults),
       m_background(Background::over(m_executor, surroundings.runLoop)) {
     X11IconCover &cover = m_x11->windowServer().iconCover();
-    const bool isHere = isCinnamon(surroundings.currentDesktop) || !cover.facts().icons.empty();
+    const bool isHere = surroundings.isCinnamon || !cover.facts().icons.empty();
     m_nemo.emplace(isHere, NemoDesktop::Surroundings{m_background, surroundings.runLoop,
-                                                     nemoSettings(m_defaults, kToolPatience)});
+                                                     nemoSettings(m_defaults)});
     m_news = cover.subscribe([this, &cover] { m_nemo->follow(cover.facts()); });
     m_nemo->follow(cover.facts());
 }
@@ -39,11 +31,10 @@ NemoSession::NemoSession(std::unique_ptr<X11Session> x11, const Surroundings &su
 NemoSession::~NemoSession() {
     m_news = {};
     m_nemo.reset();
-    m_executor.finish(kPatienceAtEnd);
+    const bool isIdle = m_executor.finish(kPatienceForTask);
     m_x11.reset(); // our windows first: without them Nemo has nobody to get along with
-    const NemoSettings settings = nemoSettings(m_defaults, kPatienceAtEnd);
-    if (settings.keepsAnything()) {
-        settings.giveBack();
+    if (isIdle) {
+        giveNemoBack(m_defaults, kPatienceAtEnd);
     }
 }
 

@@ -18,7 +18,7 @@ public:
     struct Surroundings {
         UserDefaults &defaults;
         RunLoop &runLoop;
-        QString currentDesktop; ///< XDG_CURRENT_DESKTOP
+        bool isCinnamon = false; ///< whose desktop is Nemo's, running by now or not
     };
 
     NemoSession(std::unique_ptr<X11Session> x11, const Surroundings &surroundings);

@@ -7,10 +7,11 @@
 
 namespace zeph {
 
-/// Nemo's settings by the desktop's tool, for each call of which there is so much patience.
-NemoSettings nemoSettings(UserDefaults &defaults, std::chrono::milliseconds patience);
+/// Nemo's settings by the desktop's tool.
+NemoSettings nemoSettings(UserDefaults &defaults);
 
-/// Gives them back after a run that was killed. Waits for the tool.
-NemoOutcome giveNemoBack(UserDefaults &defaults);
+/// Gives them back in no more than that time; what is not done by then is still kept. Waits for
+/// the tool.
+NemoOutcome giveNemoBack(UserDefaults &defaults, std::chrono::milliseconds patience);
 
 } // namespace zeph

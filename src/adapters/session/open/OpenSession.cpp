@@ -89,7 +89,7 @@ OpenedSession openX11Session(const SessionSurroundings &surroundings, DisplaySys
     return {std::make_unique<NemoSession>(std::move(opened.session),
                                           NemoSession::Surroundings{surroundings.defaults,
                                                                     surroundings.runLoop,
-                                                                    currentDesktop()}),
+                                                                    isCinnamon(currentDesktop())}),
             {}};
 }
 

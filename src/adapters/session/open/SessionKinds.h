@@ -22,4 +22,7 @@ enum class DesktopKind { plain, plasma, gnome };
 /// on.
 DesktopKind desktopKind(DisplaySystem displaySystem, const QString &currentDesktop);
 
+/// Whether the desktop is Cinnamon's, whose icons Nemo draws.
+bool isCinnamon(const QString &currentDesktop);
+
 } // namespace zeph
