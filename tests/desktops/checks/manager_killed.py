@@ -7,7 +7,7 @@ RULE = "Without its window manager the wallpaper stays behind the windows, and u
 
 
 def check(desk):
-    had_icons = desk.shows_icons()
+    had_icons = desk.comes_to_show_icons()
     window = show(desk)
     restart = desk.kill_manager()
 
