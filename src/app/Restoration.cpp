@@ -27,7 +27,13 @@ QStringList problemsOf(const Restoration &restoration) {
     } else if (restoration.icons == Restored::unreachable) {
         problems.append(u"nobody is there who would show the desktop's icons again"_s);
     }
-    if (restoration.wallpapers == Restored::notSaved || restoration.icons == Restored::notSaved) {
+    if (restoration.fileManager == Restored::refused) {
+        problems.append(u"Nemo did not take its earlier settings back"_s);
+    } else if (restoration.fileManager == Restored::unreachable) {
+        problems.append(u"nobody is there who would take Nemo's earlier settings back"_s);
+    }
+    if (restoration.wallpapers == Restored::notSaved || restoration.icons == Restored::notSaved ||
+        restoration.fileManager == Restored::notSaved) {
         problems.append(u"its settings could not be written, and tell as before of what is back"_s);
     }
     return problems;
@@ -58,6 +64,9 @@ RestorationWords restorationWords(const Restoration &restoration) {
     const bool areIconsBack = restoration.icons == Restored::done;
     if (isPictureBack || areIconsBack) {
         return {u"tavi: the desktop has %1 back"_s.arg(whatIsBack(isPictureBack, areIconsBack))};
+    }
+    if (restoration.fileManager == Restored::done) {
+        return {u"tavi: Nemo has its earlier settings back"_s};
     }
     if (restoration.picture == Restored::unreachable) {
         return failed(u"there is no X display to put a picture back on"_s);

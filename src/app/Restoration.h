@@ -23,6 +23,7 @@ struct Restoration {
     Restored picture = Restored::nothingKept;    ///< of the X display
     Restored wallpapers = Restored::nothingKept; ///< of Plasma
     Restored icons = Restored::nothingKept;
+    Restored fileManager = Restored::nothingKept; ///< the settings of Nemo
 };
 
 /// What is printed of it: one line, for people. What is still kept makes it a failure.

@@ -171,4 +171,40 @@ TEST_F(RestoreTest, tellsWhereTheSettingsCanNotBeWritten) {
     EXPECT_TRUE(contentOf("config/Zeph/defaults.json").contains("zeph.plasma.earlier"));
 }
 
+/// A killed run has left Nemo's settings changed; the tool keeps them in files named for the keys.
+class RestoreNemoTest : public RestoreTest {
+protected:
+    RestoreNemoTest() {
+        writeTool("gsettings", "echo \"$*\" >>'" + path("calls").toUtf8() + "'\nfile='" +
+                                   path("home/").toUtf8() +
+                                   "'$3\nif [ \"$1\" = get ]; then cat \"$file\"; "
+                                   "else echo \"$4\" >\"$file\"; fi");
+        writeFile(path("home/ignored-desktop-handlers"), "['conky', 'tavi']\n");
+        writeFile(path("home/desktop-layout"), "'true::true::'\n");
+        writeSettings(R"({"zeph.nemo.isListed": true, "zeph.nemo.earlierLayout": "'true::true'"})");
+    }
+
+    QProcessEnvironment withTools() const {
+        QProcessEnvironment variables = environment();
+        variables.insert(u"PATH"_s, pathOfTools());
+        return variables;
+    }
+    bool isRestored() const {
+        return contentOf("home/ignored-desktop-handlers") == "['conky']\n" &&
+               contentOf("home/desktop-layout") == "'true::true'\n";
+    }
+};
+
+TEST_F(RestoreNemoTest, getsItsSettingsBack) {
+    Program tavi(withTools(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+    EXPECT_TRUE(isRestored());
+    EXPECT_FALSE(contentOf("config/Zeph/defaults.json").contains("nemo"));
+}
+
+TEST_F(RestoreNemoTest, getsItsSettingsBackByTheNextStartWhereItDoesNotRun) {
+    Program tavi(withTools());
+    EXPECT_TRUE(waitUntil([&] { return isRestored(); }, kPatience));
+}
+
 } // namespace zeph

@@ -47,6 +47,8 @@ TEST(RestorationWords, tellWhatIsBack) {
               success(u"tavi: the desktop has its icons back"_s));
     EXPECT_EQ(restorationWords({.wallpapers = Restored::done, .icons = Restored::done}),
               success(u"tavi: the desktop has its earlier picture and its icons back"_s));
+    EXPECT_EQ(restorationWords({.fileManager = Restored::done}),
+              success(u"tavi: Nemo has its earlier settings back"_s));
 }
 
 TEST(RestorationWords, tellThatTheProgramRuns) {
@@ -67,6 +69,7 @@ TEST(RestorationWords, whatIsStillKeptIsAFailure) {
                         {.picture = Restored::done, .wallpapers = odd, .icons = Restored::done})
                         .isFailure);
         EXPECT_TRUE(restorationWords({.picture = Restored::done, .icons = odd}).isFailure);
+        EXPECT_TRUE(restorationWords({.picture = Restored::done, .fileManager = odd}).isFailure);
     }
     EXPECT_EQ(restorationWords({.wallpapers = Restored::refused}),
               failure(u"tavi: Plasma did not take its earlier wallpapers back"_s));
@@ -78,6 +81,10 @@ TEST(RestorationWords, whatIsStillKeptIsAFailure) {
     EXPECT_EQ(
         restorationWords({.wallpapers = Restored::notSaved, .icons = Restored::notSaved}),
         failure(u"tavi: its settings could not be written, and tell as before of what is back"_s));
+    EXPECT_EQ(restorationWords({.fileManager = Restored::refused}),
+              failure(u"tavi: Nemo did not take its earlier settings back"_s));
+    EXPECT_EQ(restorationWords({.fileManager = Restored::unreachable}),
+              failure(u"tavi: nobody is there who would take Nemo's earlier settings back"_s));
 }
 
 TEST_F(RestoredIconsTest, areThoseFromBeforeTheyWereHidden) {

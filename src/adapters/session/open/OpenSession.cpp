@@ -3,6 +3,7 @@
 
 #include "adapters/kernel/PeerProcess.h"
 #include "adapters/session/gnome/GnomeSession.h"
+#include "adapters/session/nemo/NemoSession.h"
 #include "adapters/session/open/KWinParts.h"
 #include "adapters/session/open/ProtocolParts.h"
 #include "adapters/session/open/SessionKinds.h"
@@ -98,7 +99,11 @@ OpenedSession openX11Session(const SessionSurroundings &surroundings, DisplaySys
     case DesktopKind::plain:
         break;
     }
-    return {std::move(opened.session), {}};
+    return {std::make_unique<NemoSession>(std::move(opened.session),
+                                          NemoSession::Surroundings{surroundings.defaults,
+                                                                    surroundings.runLoop,
+                                                                    isCinnamon(currentDesktop())}),
+            {}};
 }
 
 } // namespace

@@ -23,4 +23,7 @@ enum class DesktopKind { plain, plasma, gnome };
 /// case above all, so the rest is asked in GNOME's way.
 DesktopKind desktopKind(DisplaySystem displaySystem, const QString &currentDesktop);
 
+/// Whether the desktop is Cinnamon's, whose icons Nemo draws.
+bool isCinnamon(const QString &currentDesktop);
+
 } // namespace zeph

@@ -37,6 +37,20 @@ void X11DesktopStacking::remove(xcb_window_t window) {
     m_ours.erase(window);
 }
 
+/// A manager that was killed has left its list of windows, some of which may be gone: those change
+/// nothing.
+void X11DesktopStacking::sink(xcb_window_t window) {
+    lower(m_connection, window);
+    const auto known = m_ours.find(window);
+    if (known != m_ours.end() && known->second == DesktopPlace::aboveDesktops) {
+        for (const xcb_window_t other : m_windows.all()) {
+            if (!m_connection.isOwn(other)) {
+                stackAbove(m_connection, window, other);
+            }
+        }
+    }
+}
+
 bool X11DesktopStacking::hasWindowManager() const {
     return m_manager.facts().has_value();
 }

@@ -32,6 +32,10 @@ public:
     void add(xcb_window_t window, DesktopPlace place);
     void remove(xcb_window_t window);
 
+    /// Puts a window beneath all others, as long as nobody knows of layers: above the desktops of
+    /// other programs alone where that is its place.
+    void sink(xcb_window_t window);
+
     /// Whether a window manager runs that knows of layers.
     bool hasWindowManager() const;
 

@@ -77,4 +77,20 @@ TEST_F(DesktopStackingTest, windowsOfTwoDisplaysDoNotChangePlacesForEver) {
     EXPECT_GT(count.value(), 0) << "what does change is told";
 }
 
+TEST_F(DesktopStackingTest, withoutAManagerOursLiesBetweenTheDesktopAndTheWindows) {
+    const auto base = client->show({.geometry = kWholeScreen, .type = kDesktopType});
+    const auto normal = client->show({.geometry = {100, 100, 200, 150}, .colour = 0xFF0000});
+    const auto gone = client->show({.geometry = kWholeScreen, .type = kDesktopType});
+    client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW,
+                   {base, normal, gone});
+    settle();
+    ASSERT_EQ(windows.all().size(), 2U);
+    client->destroy(gone);
+    server->settle();
+    const auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    surface->orderFront();
+    ASSERT_TRUE(waitUntil([&] { return client->isViewable(windowOf(*surface)); }));
+    EXPECT_EQ(client->stacking(), (QList<xcb_window_t>{base, windowOf(*surface), normal}));
+}
+
 } // namespace zeph
