@@ -20,6 +20,10 @@ std::uint32_t firstNumberIn(const X11AnyReply &reply) {
     return numbers.empty() ? 0 : numbers.front();
 }
 
+bool isPartial(const QSize &picture, const QSize &screen) {
+    return picture.width() < screen.width() || picture.height() < screen.height();
+}
+
 std::optional<DesktopProgram> programIn(const X11AnyReply &windowClass, const X11AnyReply &gtkId) {
     // The instance, a zero, the class, a zero.
     const QByteArrayList names = bytesIn(propertyIn(windowClass)).split('\0');
@@ -107,11 +111,13 @@ void X11DesktopProgram::read() {
         return requestProperty(connection(), connection().root(), connection().atom(property),
                                XCB_ATOM_ANY, 1);
     };
+    const unsigned screen = xcb_get_geometry(connection().xcb(), connection().root()).sequence;
     connection().whenReplied(
         *this,
-        {ask(X11Atom::xfceDesktopWindow), ask(X11Atom::cajaDesktopWindow),
-         ask(X11Atom::rootPixmap)},
+        {ask(X11Atom::xfceDesktopWindow), ask(X11Atom::cajaDesktopWindow), ask(X11Atom::rootPixmap),
+         screen},
         [this](const X11Connection::Replies &replies) {
+            m_screenSize = sizeIn(replies[3]);
             // Where no window manager lists windows these two still tell of themselves.
             std::vector<xcb_window_t> candidates{firstNumberIn(replies[0]),
                                                  firstNumberIn(replies[1])};
@@ -222,6 +228,9 @@ void X11DesktopProgram::lookForSilentPicture(Found found, const PixmapForm &whol
 
 void X11DesktopProgram::take(std::optional<Found> found) {
     m_isReading = false;
+    if (found && found->pixmap != XCB_PIXMAP_NONE) {
+        found->isPixmapPartial = isPartial(found->pixmapSize, m_screenSize);
+    }
     const bool isChanged = std::exchange(m_found, std::move(found)) != m_found;
     if (std::exchange(m_readsAgain, false)) {
         read();

@@ -33,12 +33,13 @@ public:
         std::vector<xcb_window_t> windows =
             {}; ///< bottom to top, never none; some have one a monitor
 
-        /// What its picture lies in, for all monitors together; XCB_PIXMAP_NONE where it keeps the
-        /// picture to itself. Another client's: it can be freed at any moment.
+        /// What its picture lies in; XCB_PIXMAP_NONE where it keeps the picture to itself. Another
+        /// client's: it can be freed at any moment.
         xcb_pixmap_t pixmap = XCB_PIXMAP_NONE;
         QSize pixmapSize = {};         ///< in device pixels
         std::uint8_t pixmapDepth = 0;  ///< 24 or 32
         bool isPixmapAnnounced = true; ///< on the root window
+        bool isPixmapPartial = false;  ///< smaller than all monitors together
 
         /// Its picture, and where it shows it.
         RootPixmapTarget target() const {
@@ -85,6 +86,7 @@ private:
     std::map<xcb_window_t, QSize> m_sizes; // of the root and of what is watched, when last told
     LooksAfterResizing m_looks;            // of one of these
     QTimer m_nextLook;
+    QSize m_screenSize; // of all monitors together, at the last look
 };
 
 } // namespace zeph

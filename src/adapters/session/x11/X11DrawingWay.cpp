@@ -117,7 +117,8 @@ SessionOffer X11DrawingWay::offer() const {
         offer.desktopProgram = {program->kind,
                                 X11DesktopPicture::isPossible(m_parties.connection) &&
                                     refusalOf(program->target()).isEmpty(),
-                                static_cast<int>(program->windows.size()), m_hasRoomForCopy};
+                                program->windows.size() > 1 || program->isPixmapPartial,
+                                m_hasRoomForCopy};
     }
     return offer;
 }
