@@ -60,6 +60,9 @@ namespace {
 // Most of them wait for a server.
 constexpr int mostTasks = 16;
 
+// Of the end. Copies of pictures take some milliseconds.
+constexpr std::chrono::milliseconds desktopPatience{100};
+
 const QString supplies = QStringLiteral("/sys/class/power_supply");
 
 const QString traySymbol = QStringLiteral("com.tavi.Tavi-symbolic");
@@ -305,6 +308,10 @@ void LinuxPlatform::releaseTasks() {
 
 void LinuxPlatform::cancelRequests() {
     m_adapters->httpClient.cancelAll();
+}
+
+void LinuxPlatform::leaveDesktop(const EndBudget &budget) {
+    m_adapters->session->leave(budget.left(desktopPatience));
 }
 
 bool LinuxPlatform::finishTasks(const EndBudget &budget) {

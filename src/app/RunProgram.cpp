@@ -182,6 +182,7 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const Ending &ending,
     QCoreApplication::exec();
     ending.save();
     openEnding = nullptr;
+    platform.leaveDesktop(budget);
     // Before the wait: what is cut short must not leave our picture behind.
     app.takeDownWallpaper();
     if (!platform.finishTasks(budget)) {

@@ -41,7 +41,8 @@ WallpapersBack bringWallpapersBack(const QDBusConnection &bus, UserDefaults &def
         return WallpapersBack::refused;
     }
     defaults.remove(earlierWallpapersKey);
-    removePlasmaPackage(plasmaPackageTarget(), plasmaPicturesFolder());
+    removePlasmaPackage(plasmaPackageTarget(),
+                        {plasmaPicturesFolder(), plasmaKeptPicturesFolder()});
     return defaults.isSaved() ? WallpapersBack::done : WallpapersBack::notSaved;
 }
 

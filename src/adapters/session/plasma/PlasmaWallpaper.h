@@ -30,6 +30,7 @@ public:
         QString source;   ///< folder of the package that the program brings
         QString target;   ///< folder in which Plasma looks for it
         QString pictures; ///< folder around those of the outputs; empty where there is none
+        QString kept;     ///< folder of those that outlive the session
     };
 
     explicit PlasmaWallpaper(Surroundings surroundings);

@@ -69,6 +69,7 @@ TEST_F(PlasmaWallpaperTest, isToldWhereThePicturesLie) {
     openChosen();
     ASSERT_TRUE(shows({{1, ours}}));
     EXPECT_EQ(plasma.folders[1], u"file://"_s + pictures);
+    EXPECT_EQ(plasma.keptFolders[1], u"file://"_s + kept);
     EXPECT_TRUE(QFile::exists(pictures)) << "since Plasma does not wait for a folder";
     EXPECT_TRUE(QFile::exists(target + u"/metadata.json"_s));
 }
@@ -105,11 +106,14 @@ TEST_F(PlasmaWallpaperTest, eachDesktopGetsItsEarlierWallpaperBack) {
     plasma.appear();
     openChosen();
     ASSERT_TRUE(shows({{1, ours}, {31, ours}}));
+    ASSERT_TRUE(QDir().mkpath(kept));
     wallpaper->choose(false);
     EXPECT_TRUE(shows({{1, image}, {31, u"org.kde.color"_s}}));
     EXPECT_TRUE(comes([&] { return !defaults.contains(earlierKey); }));
     EXPECT_EQ(defaults.get<bool>(choiceKey), false);
-    EXPECT_TRUE(comes([&] { return !QFile::exists(target) && !QFile::exists(pictures); }));
+    EXPECT_TRUE(comes([&] {
+        return !QFile::exists(target) && !QFile::exists(pictures) && !QFile::exists(kept);
+    }));
 }
 
 TEST_F(PlasmaWallpaperTest, isPutInAgainAfterItWasTakenOut) {
