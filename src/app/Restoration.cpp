@@ -4,6 +4,7 @@
 #include "base/Background.h"
 #include "host/DesktopIconsManager.h"
 #include "ports/DesktopShell.h"
+#include "ports/UserDefaults.h"
 
 #include <QStringList>
 
