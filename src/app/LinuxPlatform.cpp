@@ -60,6 +60,9 @@ namespace {
 // Most of them wait for a server.
 constexpr int mostTasks = 16;
 
+// Of the end. Copies of pictures take some milliseconds.
+constexpr std::chrono::milliseconds desktopPatience{100};
+
 const QString supplies = QStringLiteral("/sys/class/power_supply");
 
 const QString traySymbol = QStringLiteral("com.tavi.Tavi-symbolic");
@@ -84,12 +87,6 @@ ui::Appearance appearanceOf(const DesktopAppearance &desktop) {
 
 QString currentDesktop() {
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
-}
-
-/// The root of a sandbox lies on no disk.
-QString volumeFolder() {
-    return runsInSandbox(QCoreApplication::applicationFilePath()) ? QDir::homePath()
-                                                                  : QStringLiteral("/");
 }
 
 std::unique_ptr<LoginItem> makeLoginItem(UserDefaults &defaults) {
@@ -195,7 +192,8 @@ struct LinuxPlatform::Adapters {
     JsonUserDefaults &defaults = foundation->defaults;
     QtTaskExecutor &executor = foundation->executor;
     Background &background = foundation->background;
-    DesktopIconsWatch desktopIcons{iconStoreHere(foundation->desktopFolder), background};
+    DesktopIconsWatch desktopIcons{iconStoreHere(foundation->desktopFolder), background,
+                                   QDBusConnection::sessionBus()};
     ScreensBesideIcons screens{session->screens(), session->windowServer(), desktopIcons};
     SystemClock clock;
     QtTaskExecutor accountExecutor{mostTasks, QtTaskExecutor::Start::whenReleased};
@@ -203,7 +201,8 @@ struct LinuxPlatform::Adapters {
     ProcHostStatistics hostStatistics;
     ProcNetworkInterfaces interfaces;
     NetworkManagerWiFi wifi{QDBusConnection::systemBus()};
-    StatvfsVolume volume{volumeFolder()};
+    StatvfsVolume volume{
+        folderOnTheDisk(runsInSandbox(QCoreApplication::applicationFilePath()), QDir::homePath())};
     UPowerSources upower{QDBusConnection::systemBus()};
     LinuxPowerSources powerSources{upower, supplies, background};
     BluezBatteries bluez{QDBusConnection::systemBus()};
@@ -309,6 +308,10 @@ void LinuxPlatform::releaseTasks() {
 
 void LinuxPlatform::cancelRequests() {
     m_adapters->httpClient.cancelAll();
+}
+
+void LinuxPlatform::leaveDesktop(const EndBudget &budget) {
+    m_adapters->session->leave(budget.left(desktopPatience));
 }
 
 bool LinuxPlatform::finishTasks(const EndBudget &budget) {

@@ -45,6 +45,9 @@ public:
     /// Ends the requests under way, and every one that follows.
     void cancelRequests();
 
+    /// Has the desktop look well without the program, as far as what is left of the end allows.
+    void leaveDesktop(const EndBudget &budget);
+
     /// Cuts short what waits for a server or a person, and waits for the tasks under way; false
     /// when what is left of the end was not enough, as with a disk that hangs. Nothing is started
     /// after that.

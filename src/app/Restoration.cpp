@@ -32,6 +32,10 @@ QStringList problemsOf(const Restoration &restoration) {
     } else if (restoration.fileManager == Restored::unreachable) {
         problems.append(u"nobody is there who would take Nemo's earlier settings back"_s);
     }
+    if (restoration.wallpapers == Restored::notSaved || restoration.icons == Restored::notSaved ||
+        restoration.fileManager == Restored::notSaved) {
+        problems.append(u"its settings could not be written, and tell as before of what is back"_s);
+    }
     return problems;
 }
 
@@ -82,7 +86,7 @@ Restored restoreIcons(DesktopShell &shell, UserDefaults &defaults) {
     }
     manager.applyHidden(false);
     if (!manager.keepsEarlier()) {
-        return Restored::done;
+        return defaults.isSaved() ? Restored::done : Restored::notSaved;
     }
     const auto setting = shell.iconSetting();
     return setting && setting->drawer == IconDrawer::there ? Restored::refused

@@ -41,6 +41,8 @@ Restored restoreWallpapers(UserDefaults &defaults) {
     switch (bringWallpapersBack(QDBusConnection::sessionBus(), defaults)) {
     case WallpapersBack::done:
         return Restored::done;
+    case WallpapersBack::notSaved:
+        return Restored::notSaved;
     case WallpapersBack::nothingKept:
         break;
     case WallpapersBack::refused:

@@ -27,6 +27,7 @@
 #include "drawing/painting/QtTextMetrics.h"
 #include "drawing/painting/ScenePainter.h"
 #include "drawing/painting/SymbolLibrary.h"
+#include "history/HistoryAhead.h"
 #include "history/UsageStore.h"
 #include "ports/RunLoop.h"
 #include "ports/WindowServer.h"
@@ -67,7 +68,7 @@ constexpr std::chrono::milliseconds tasksRest{40};
 constexpr std::chrono::seconds startEnd{12};
 constexpr std::chrono::milliseconds endPatience{1000}; // for another program to end
 
-// A bus that is well answers within milliseconds, and on a machine that logs its user in later.
+// A bus that is well answers within milliseconds, and somewhat later while its user is logged in.
 constexpr std::chrono::milliseconds busPatience{2000};
 
 /// What is to be done however the program ends.
@@ -100,8 +101,9 @@ QtMessageHandler printMessage = nullptr;
 // More than an end may take.
 constexpr unsigned long lastWordsPatience = 1000; // milliseconds
 
-// The toolkit's Wayland plug-in does so too, by _exit() on a thread of its own and right after it
-// has complained. Nothing of it can be heard before that, so it is kept waiting there.
+// The toolkit's Wayland plug-in ends the process as well when the compositor is gone, by _exit() on
+// a thread of its own and right after it has complained. Nothing of it can be heard before that, so
+// it is kept waiting there.
 void saveAfterLastWords(QtMsgType kind, const QMessageLogContext &context, const QString &message) {
     printMessage(kind, context, message);
     if (!message.startsWith("The Wayland connection"_L1)) {
@@ -180,6 +182,7 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const Ending &ending,
     QCoreApplication::exec();
     ending.save();
     openEnding = nullptr;
+    platform.leaveDesktop(budget);
     // Before the wait: what is cut short must not leave our picture behind.
     app.takeDownWallpaper();
     if (!platform.finishTasks(budget)) {
@@ -190,12 +193,11 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const Ending &ending,
 }
 
 int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox &requests,
-          DisplayLoss &displayLoss) {
+          DisplayLoss &displayLoss, HistoryAhead &history) {
     const Platform &ports = platform->ports();
     NotificationCenter notifications;
     PreferencesStore preferences(ports.userDefaults, notifications, ports.formatters);
-    UsageStore usageStore(ownFolder(QStandardPaths::GenericDataLocation), ports.clock,
-                          ports.calendar);
+    UsageStore usageStore(history, ports.clock, ports.calendar);
     Keychain keychain(ports.secureStore, ports.userDefaults);
     IntegrationsStore integrations(ports.userDefaults, keychain, notifications, ports.runLoop,
                                    ports.taskExecutor);
@@ -283,6 +285,7 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
         std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
         return EXIT_FAILURE;
     }
+    HistoryAhead history(ownFolder(QStandardPaths::GenericDataLocation));
     const LinuxPlatform::Created created = LinuxPlatform::create(
         ownFolder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s, locale.calendar,
         locale.gregorian, locale.formatters);
@@ -290,7 +293,7 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
         std::fprintf(stderr, "tavi: %s\n", qPrintable(created.refusal));
         return EXIT_FAILURE;
     }
-    return runOn(created.platform.get(), settings, requests, loss);
+    return runOn(created.platform.get(), settings, requests, loss, history);
 }
 
 /// One run from the start to the end, over the X server that was found already, if any.

@@ -14,6 +14,7 @@ Q_DECLARE_LOGGING_CATEGORY(logSensing)  ///< zeph.sensing: ticks and monitors
 Q_DECLARE_LOGGING_CATEGORY(logHistory)  ///< zeph.history: the daily totals
 Q_DECLARE_LOGGING_CATEGORY(logSettings) ///< zeph.settings: the settings file
 Q_DECLARE_LOGGING_CATEGORY(logSession)  ///< zeph.session: displays, surfaces, window managers
-Q_DECLARE_LOGGING_CATEGORY(logSystem)   ///< zeph.system: services of the system that are absent
+Q_DECLARE_LOGGING_CATEGORY(
+    logSystem) ///< zeph.system: absent services, and how the wallpaper is drawn
 
 } // namespace zeph

@@ -5,6 +5,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 namespace zeph {
@@ -28,6 +29,10 @@ public:
 
     /// Null where the desktop has no wallpaper that ours could take the place of.
     virtual DesktopWallpaper *desktopWallpaper() { return nullptr; }
+
+    /// The program is about to end, while its surfaces are still there: the desktop is to look well
+    /// without it. Waits for what that takes, no longer than `patience`.
+    virtual void leave(std::chrono::milliseconds patience) { static_cast<void>(patience); }
 };
 
 /// A session, or why there is none.

@@ -11,8 +11,8 @@
 
 namespace zeph {
 
-/// The state file that tells whether the user asked not to be disturbed. Served from the desktop's
-/// last word; never blocks. Main thread only.
+/// Whether the user asked not to be disturbed, in the form of a file of JSON, which no Linux
+/// desktop keeps: adapters write it from what theirs told last. Never blocks. Main thread only.
 class FocusFile : public Port {
 public:
     /// JSON: {"data": [{"storeAssertionRecords": [...]}]}, with a record for each reason to be

@@ -21,7 +21,8 @@ struct RunningApplication {
     bool operator==(const RunningApplication &) const = default;
 };
 
-/// The application in front.
+/// The application in front of the user's session. Workspaces that one switches between are
+/// `VirtualDesktops`.
 class Workspace : public Port {
 public:
     /// Absent when no application has the foreground. Asked once a second; must not block.

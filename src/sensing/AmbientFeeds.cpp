@@ -11,7 +11,7 @@ namespace zeph {
 
 namespace {
 
-constexpr double weatherInterval = 1800; // seconds
+constexpr double weatherInterval = 1800; // seconds between two attempts
 
 } // namespace
 

@@ -30,7 +30,8 @@ public:
     /// nothing is published too.
     void fetchDaily();
 
-    /// The weather where the last attempt is half an hour old. A failure leaves the old one.
+    /// The weather where the last attempt is half an hour old. A failure leaves the old one, and so
+    /// does an answer that is not yet half an hour old (`WeatherService`): an hour at most.
     void maybeFetchWeather();
 
     /// The weather at `position`, however recent the last attempt.
@@ -39,7 +40,7 @@ public:
     /// A failure leaves the old reading.
     void fetchAirQuality(const Coordinate &position);
 
-    /// Takes back what a position had been told of, and asks at once for the next one.
+    /// Forgets all that came from the position; for the next one it is asked without waiting.
     void forgetPlace();
 
 private:

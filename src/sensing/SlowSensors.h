@@ -30,7 +30,7 @@ public:
     SlowSensors(const SlowSensors &) = delete;
     SlowSensors &operator=(const SlowSensors &) = delete;
 
-    /// One round: samples and publishes what has no widget of its own or whose widget is on.
+    /// One round: samples and publishes all but what belongs to widgets that are off.
     void sample();
 
     /// The part of a round that a change of the preferences brings forward. Asks the user for the

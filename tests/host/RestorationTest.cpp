@@ -64,7 +64,7 @@ TEST(RestorationWords, aDisplayIsMissedOnlyWhereNothingElseCameBack) {
 }
 
 TEST(RestorationWords, whatIsStillKeptIsAFailure) {
-    for (const Restored odd : {Restored::refused, Restored::unreachable}) {
+    for (const Restored odd : {Restored::notSaved, Restored::refused, Restored::unreachable}) {
         EXPECT_TRUE(restorationWords(
                         {.picture = Restored::done, .wallpapers = odd, .icons = Restored::done})
                         .isFailure);
@@ -78,6 +78,9 @@ TEST(RestorationWords, whatIsStillKeptIsAFailure) {
                       "back; the desktop did not show its icons again"_s));
     EXPECT_EQ(restorationWords({.icons = Restored::unreachable}),
               failure(u"tavi: nobody is there who would show the desktop's icons again"_s));
+    EXPECT_EQ(
+        restorationWords({.wallpapers = Restored::notSaved, .icons = Restored::notSaved}),
+        failure(u"tavi: its settings could not be written, and tell as before of what is back"_s));
     EXPECT_EQ(restorationWords({.fileManager = Restored::refused}),
               failure(u"tavi: Nemo did not take its earlier settings back"_s));
     EXPECT_EQ(restorationWords({.fileManager = Restored::unreachable}),
@@ -90,6 +93,12 @@ TEST_F(RestoredIconsTest, areThoseFromBeforeTheyWereHidden) {
     EXPECT_EQ(shell.style, u"small"_s);
     EXPECT_FALSE(defaults.contains(key));
     EXPECT_EQ(restoreIcons(shell, defaults), Restored::nothingKept);
+}
+
+TEST_F(RestoredIconsTest, areStillKeptWhereThatCanNotBeNoted) {
+    defaults.canSave = false;
+    EXPECT_EQ(restoreIcons(shell, defaults), Restored::notSaved);
+    EXPECT_TRUE(shell.areShown);
 }
 
 TEST_F(RestoredIconsTest, stayAsTheyAreWhereNothingWasKept) {

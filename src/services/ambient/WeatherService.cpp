@@ -19,7 +19,7 @@ namespace zeph {
 
 namespace {
 
-constexpr double freshFor = 1800.0; // seconds
+constexpr double freshFor = 1800.0; // seconds for which an answer is given again
 
 /// A page that can be read decides, whatever its status.
 std::optional<WeatherInfo> ask(HttpClient &http, const HttpRequest &request, const Clock &clock) {

@@ -6,8 +6,8 @@
 
 namespace zeph {
 
-/// By what the wallpaper gets onto this desktop: where there are icons, so that they stay visible
-/// and clickable if any way allows it.
+/// Chooses the technique that puts the wallpaper on this desktop. Where there are icons it is one
+/// that leaves them visible and clickable, if any does.
 DrawingWay chooseDrawingWay(const SessionOffer &offer);
 
 } // namespace zeph

@@ -27,8 +27,8 @@ struct WindowManagerOffer {
 /// The program that draws the icons of the desktop.
 struct DesktopProgramOffer {
     DesktopProgram program = DesktopProgram::xfdesktop;
-    bool sharesPicture = false; ///< its picture lies in a pixmap that others can paint into
-    int windows = 1;            ///< that its desktop consists of: some have one a display
+    bool sharesPicture = false;        ///< its picture lies in a pixmap that others can paint into
+    bool sharesOneDisplayOnly = false; ///< that picture, while there are several
     bool hasRoomForCopy = true; ///< the X server can keep that picture while we paint over it
 
     bool operator==(const DesktopProgramOffer &) const = default;
@@ -36,8 +36,8 @@ struct DesktopProgramOffer {
 
 /// Whether our wallpaper can take the place of Plasma's own.
 struct PlasmaPermission {
-    bool isGranted = false; ///< the person let us, and nothing stands against it
-    QString problem = {};   ///< what does where the person let us, in words without a full stop
+    bool isGranted = false; ///< the user allowed it, and nothing stands against it
+    QString problem = {};   ///< why not although the user allowed it, without a full stop
 
     bool operator==(const PlasmaPermission &) const = default;
 };
@@ -56,7 +56,8 @@ struct SessionOffer {
     bool operator==(const SessionOffer &) const = default;
 };
 
-/// What the environment of this process tells of its session; the rest is as if nothing ran.
+/// What the environment of this process tells of its session; all else keeps its
+/// default.
 SessionOffer offerOfEnvironment();
 
 } // namespace zeph

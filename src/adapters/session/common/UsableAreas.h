@@ -24,6 +24,9 @@ public:
     /// panel that comes late lies beneath a wallpaper of its layer then.
     virtual bool laterLieBelow() const { return false; }
 
+    /// Whether outputs that show one place (mirrors) show the surfaces of each other, too.
+    virtual bool mirrorsShareSurfaces() const { return false; }
+
     /// Calls `handler` after every change, until the subscription ends.
     [[nodiscard]] virtual Subscription subscribe(std::function<void()> handler) = 0;
 };

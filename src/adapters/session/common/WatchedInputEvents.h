@@ -12,7 +12,7 @@ class Consent;
 /// tells when there was no input for some time.
 class WatchedInputEvents : public InputEvents {
 public:
-    /// What the consent is of use for.
+    /// What the user's consent makes possible here.
     enum class ConsentUse { nothing, frontApplication };
 
     /// Of a null `watcher` nothing is known, and the user is never away. `consent` is that to input

@@ -17,6 +17,8 @@ public:
 
     /// Absent at the first call for an output, which asks for it.
     std::optional<QRectF> usableArea(const QString &outputName) override;
+    /// KWin paints one scene, and each output the part of it at its place.
+    bool mirrorsShareSurfaces() const override { return true; }
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) override;
 
 private:

@@ -21,10 +21,10 @@ struct ReturnedDisplay {
 };
 
 /// Blocks until the display of the environment can be reached again: the Wayland compositor where
-/// there was one, and then its X server for a moment longer, else the X server alone. It may be of
-/// a kind that can't be waited for. What the environment says of the compositor is brought up to
-/// date. A signal that asks for the end ends the process meanwhile, with success. For before there
-/// is anything on the screen, and any thread.
+/// there was one, and then its X server for a moment longer, else the X server alone. Not there
+/// at once for a display without a local socket, which can't be waited for. What the environment
+/// says of the compositor is brought up to date. A signal that asks for the end ends the process
+/// meanwhile, with success. For before there is anything on the screen, and any thread.
 ReturnedDisplay waitForLostDisplay(std::chrono::milliseconds patience = displayReturnPatience);
 
 } // namespace zeph

@@ -41,8 +41,9 @@ WallpapersBack bringWallpapersBack(const QDBusConnection &bus, UserDefaults &def
         return WallpapersBack::refused;
     }
     defaults.remove(earlierWallpapersKey);
-    removePlasmaPackage(plasmaPackageTarget(), plasmaPicturesFolder());
-    return WallpapersBack::done;
+    removePlasmaPackage(plasmaPackageTarget(),
+                        {plasmaPicturesFolder(), plasmaKeptPicturesFolder()});
+    return defaults.isSaved() ? WallpapersBack::done : WallpapersBack::notSaved;
 }
 
 } // namespace zeph

@@ -2,10 +2,14 @@
 #include "adapters/session/plasma/PictureFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QImageWriter>
 #include <QtEndian>
 
 #include <array>
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
 
 namespace zeph {
 
@@ -70,6 +74,33 @@ bool writePicture(const QString &path, const QImage &image, const QRect &part, P
         QFile::remove(path); // a file that could not be closed well does not remove itself
     }
     return isWritten;
+}
+
+bool copyPicture(const QString &from, const QString &to) {
+    const QFileInfo target(to);
+    const QString underWay = target.path() + u"/."_s + target.fileName();
+    QFile source(from);
+    QFile::remove(underWay); // an end cut short may have left it
+    QFile copy(underWay);
+    if (!source.open(QIODevice::ReadOnly) || !copy.open(QIODevice::WriteOnly | QIODevice::NewOnly,
+                                                        QFile::ReadOwner | QFile::WriteOwner)) {
+        return false;
+    }
+    const qint64 size = source.size();
+    const uchar *const bytes = source.map(0, size);
+    const bool isWritten = bytes != nullptr &&
+                           copy.write(reinterpret_cast<const char *>(bytes), size) == size &&
+                           copy.flush();
+    copy.close();
+    if (!isWritten || !moveOver(underWay, to)) {
+        QFile::remove(underWay);
+        return false;
+    }
+    return true;
+}
+
+bool moveOver(const QString &from, const QString &to) {
+    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
 } // namespace zeph

@@ -15,4 +15,11 @@ enum class PictureForm {
 /// whole; nothing is left of it then.
 bool writePicture(const QString &path, const QImage &image, const QRect &part, PictureForm form);
 
+/// Copies a picture, readable by the user alone. What lay at `to` stays until the copy is whole,
+/// and where it can't be made.
+bool copyPicture(const QString &from, const QString &to);
+
+/// Renames a file over whatever lies there, which QFile does not.
+bool moveOver(const QString &from, const QString &to);
+
 } // namespace zeph

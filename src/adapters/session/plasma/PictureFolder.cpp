@@ -10,19 +10,11 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace zeph {
-
-namespace {
-
-/// Renames it over whatever lies there, which QFile does not.
-bool rename(const QString &from, const QString &to) {
-    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
-}
-
-} // namespace
 
 quint64 PictureFolder::takeOver() {
     const std::lock_guard guard(m_mutex);
@@ -38,6 +30,9 @@ bool PictureFolder::writeWhole(quint64 writer, const QImage &image) {
         return false;
     }
     removeBefore(m_number);
+    if (!m_whole.isEmpty() && std::exchange(m_keptWriter, writer) != writer) {
+        copyWhole();
+    }
     return true;
 }
 
@@ -55,10 +50,24 @@ bool PictureFolder::writeNothing(quint64 writer) {
     return writeWhole(writer, nothing);
 }
 
+void PictureFolder::keep() {
+    const std::lock_guard guard(m_mutex);
+    copyWhole();
+}
+
+void PictureFolder::copyWhole() const {
+    const QString around = QFileInfo(m_kept).path();
+    if (!m_kept.isEmpty() && !m_whole.isEmpty() && makePrivateFolder(QFileInfo(around).path()) &&
+        makePrivateFolder(around)) {
+        copyPicture(m_folder + u'/' + m_whole, m_kept);
+    }
+}
+
 void PictureFolder::remove(quint64 writer) {
     const std::lock_guard guard(m_mutex);
     if (writer == m_writer) {
         QDir(m_folder).removeRecursively();
+        m_whole.clear();
     }
 }
 
@@ -93,11 +102,14 @@ bool PictureFolder::put(const QImage &image, const QRect &part, bool isWhole) {
     const quint64 number = m_number + 1;
     const QString name =
         isWhole ? wholePictureName(number, isCompressed) : patchName(number, part.topLeft());
-    if (!rename(underWay, m_folder + u'/' + name)) {
+    if (!moveOver(underWay, m_folder + u'/' + name)) {
         QFile::remove(underWay);
         return false;
     }
     m_number = number;
+    if (isWhole) {
+        m_whole = image.hasAlphaChannel() ? QString() : name;
+    }
     return true;
 }
 

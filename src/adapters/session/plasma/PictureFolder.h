@@ -11,26 +11,34 @@ namespace zeph {
 
 /// The pictures of one output, by which our wallpaper in Plasma shows the newest whole one and
 /// what was laid over it since. They appear whole or not at all, and stay when we end, so that the
-/// desktop keeps its picture. Callable from any thread; each call takes as long as the disk does.
+/// desktop keeps its picture; a copy of the whole one outlives the session too. Callable from any
+/// thread; each call takes as long as the disk does.
 class PictureFolder {
 public:
     /// Larger pictures than a display of 1920 × 1080 has are compressed.
     static constexpr qint64 mostPlainPixels = qint64{1920} * 1080;
 
     /// `folder` is made, for the user alone, by the first picture; so is the one around it. Files
-    /// under way lie in the folder around both.
-    explicit PictureFolder(QString folder) : m_folder(std::move(folder)) {}
+    /// under way lie in the folder around both. `kept` is the file of the copy; without one there
+    /// is none.
+    explicit PictureFolder(QString folder, QString kept = {})
+        : m_folder(std::move(folder)), m_kept(std::move(kept)) {}
 
     /// Answers who writes from now on. What an earlier writer still brings is left out.
     quint64 takeOver();
 
     // Each is false when the pictures could not be written, as on a full disk.
 
+    /// The first of a writer is copied as by `keep`.
     bool writeWhole(quint64 writer, const QImage &image);
     bool writePatches(quint64 writer, const QImage &image, const std::vector<QRect> &parts);
 
     /// A whole picture that nothing can be seen of.
     bool writeNothing(quint64 writer);
+
+    /// Copies the last whole picture that something can be seen of to where it outlives the
+    /// session. A copy that can't be made is none.
+    void keep();
 
     /// Removes the folder with all pictures.
     void remove(quint64 writer);
@@ -39,11 +47,15 @@ private:
     bool prepare();
     bool put(const QImage &image, const QRect &part, bool isWhole);
     void removeBefore(quint64 number) const;
+    void copyWhole() const;
 
     const QString m_folder;
+    const QString m_kept;
     std::mutex m_mutex;
     quint64 m_writer = 0;
-    quint64 m_number = 0; // of the last picture
+    quint64 m_keptWriter = 0; // whose first picture was copied
+    quint64 m_number = 0;     // of the last picture
+    QString m_whole;          // the last one that something can be seen of; empty when it is gone
 };
 
 } // namespace zeph

@@ -9,9 +9,14 @@ std::shared_ptr<PictureFolder> PictureFolders::of(const QString &connector) {
     const QString name = pictureFolderName(connector);
     std::shared_ptr<PictureFolder> &folder = m_folders[name];
     if (!folder) {
-        folder = std::make_shared<PictureFolder>(m_around + u'/' + name);
+        folder = std::make_shared<PictureFolder>(
+            m_around + u'/' + name, m_kept.isEmpty() ? QString() : m_kept + u'/' + name);
     }
     return folder;
+}
+
+std::vector<std::shared_ptr<PictureFolder>> PictureFolders::all() const {
+    return ofOthers({});
 }
 
 std::vector<std::shared_ptr<PictureFolder>>

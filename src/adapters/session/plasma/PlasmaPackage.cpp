@@ -61,10 +61,17 @@ QString plasmaPicturesFolder() {
     return runtime.isEmpty() ? QString() : runtime + u"/tavi/plasma"_s;
 }
 
-void removePlasmaPackage(const QString &target, const QString &pictures) {
+QString plasmaKeptPicturesFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+           u"/tavi/plasma"_s;
+}
+
+void removePlasmaPackage(const QString &target, const QStringList &pictures) {
     QDir(target).removeRecursively();
-    if (!pictures.isEmpty()) {
-        QDir(pictures).removeRecursively();
+    for (const QString &folder : pictures) {
+        if (!folder.isEmpty()) { // which would be the current one
+            QDir(folder).removeRecursively();
+        }
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace zeph {
 
@@ -16,8 +17,12 @@ QString plasmaPackageTarget();
 /// session. Empty where there is no such folder.
 QString plasmaPicturesFolder();
 
-/// Takes both away, for when no desktop shows them any more. Takes as long as the disk does.
-void removePlasmaPackage(const QString &target, const QString &pictures);
+/// The folder around the pictures that outlive the session.
+QString plasmaKeptPicturesFolder();
+
+/// Takes the package in `target` and the folders of pictures away, for when no desktop shows them
+/// any more; an empty name is that of none. Takes as long as the disk does.
+void removePlasmaPackage(const QString &target, const QStringList &pictures);
 
 /// Brings the files of the package in `target` to those in `source`; what is the same already is
 /// not written. False when they could not be read or written. Takes as long as the disk does. A

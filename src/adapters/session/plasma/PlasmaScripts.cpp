@@ -45,8 +45,7 @@ QString tellDesktopsScript() {
     return kPrinting;
 }
 
-QString putInScript(const std::vector<int> &numbers, const QString &folderAddress,
-                    const QString &start) {
+QString putInScript(const std::vector<int> &numbers, const PlasmaPictures &pictures) {
     QJsonArray list;
     for (const int number : numbers) {
         list.append(number);
@@ -59,12 +58,13 @@ desktops().forEach(function (one) {
     if (!isNew && one.wallpaperPlugin !== %2) return;
     one.currentConfigGroup = ['Wallpaper', %2, 'General'];
     one.writeConfig('Folder', %3);
-    one.writeConfig('Start', %4);
+    one.writeConfig('Kept', %4);
+    one.writeConfig('Start', %5);
     if (isNew) one.wallpaperPlugin = %2;
     one.reloadConfig();
 });
-)"_s.arg(compact(QJsonDocument(list)), quoted(plasmaPackageId), quoted(folderAddress),
-           quoted(start)) +
+)"_s.arg(compact(QJsonDocument(list)), quoted(plasmaPackageId), quoted(pictures.folder),
+           quoted(pictures.kept), quoted(pictures.start)) +
            kPrinting;
 }
 

@@ -26,14 +26,19 @@ struct PlasmaDesktop {
 /// Wallpapers by the number of their desktops.
 using PlasmaWallpapers = std::map<int, QString>;
 
+/// Where our wallpaper finds its pictures.
+struct PlasmaPictures {
+    QString folder = {}; ///< the address of the one around the folders of the outputs
+    QString kept = {};   ///< that of the folder of those that outlive a session
+    QString start = {};  ///< another text whenever `folder` may have been made anew
+};
+
 /// Prints all desktops.
 QString tellDesktopsScript();
 
 /// Puts our wallpaper into the desktops of these numbers, and tells it in all that show it where
-/// its pictures lie; `start` is another text whenever that folder may have been made anew. Prints
-/// all desktops as they are then.
-QString putInScript(const std::vector<int> &numbers, const QString &folderAddress,
-                    const QString &start);
+/// its pictures lie. Prints all desktops as they are then.
+QString putInScript(const std::vector<int> &numbers, const PlasmaPictures &pictures);
 
 /// Brings back these wallpapers, and Plasma's usual one to desktops without any, wherever ours is
 /// shown. Prints all desktops as they are then.

@@ -15,11 +15,15 @@ PlasmaSession::PlasmaSession(std::unique_ptr<DisplaySession> own,
     : m_own(std::move(own)),
       m_wallpaper({surroundings.sessionBus, surroundings.defaults, surroundings.background,
                    surroundings.runLoop, plasmaPackageSource(), plasmaPackageTarget(),
-                   plasmaPicturesFolder()}),
+                   plasmaPicturesFolder(), plasmaKeptPicturesFolder()}),
       m_windowServer({m_own->windowServer(), std::move(permit), m_own->screens(), m_wallpaper,
                       surroundings.background, surroundings.runLoop},
-                     plasmaPicturesFolder()),
+                     PictureFolders(plasmaPicturesFolder(), plasmaKeptPicturesFolder())),
       m_removal(QCoreApplication::applicationFilePath(), surroundings.runLoop,
                 [this] { m_wallpaper.withdraw(); }) {}
+
+void PlasmaSession::leave(std::chrono::milliseconds patience) {
+    m_windowServer.keepPictures(patience);
+}
 
 } // namespace zeph

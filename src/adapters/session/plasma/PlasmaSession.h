@@ -32,6 +32,7 @@ public:
     InputEvents &inputEvents() override { return m_own->inputEvents(); }
     VirtualDesktops &virtualDesktops() override { return m_own->virtualDesktops(); }
     DesktopWallpaper *desktopWallpaper() override { return &m_wallpaper; }
+    void leave(std::chrono::milliseconds patience) override;
 
 private:
     std::unique_ptr<DisplaySession> m_own;

@@ -42,6 +42,10 @@ bool showsOurs(const PlasmaDesktop &desktop) {
     return desktop.wallpaper == plasmaPackageId;
 }
 
+QString addressOf(const QString &folder) {
+    return QUrl::fromLocalFile(folder).toString(QUrl::FullyEncoded);
+}
+
 } // namespace
 
 PlasmaWallpaper::PlasmaWallpaper(Surroundings surroundings)
@@ -83,6 +87,8 @@ QString PlasmaWallpaper::problem() const {
         return u"Tavi's own wallpaper could not be put where Plasma looks for it"_s;
     case Problem::notWritten:
         return u"Tavi's pictures for Plasma could not be written"_s;
+    case Problem::notKept:
+        return u"Plasma's earlier wallpapers could not be kept"_s;
     }
     return {};
 }
@@ -181,9 +187,13 @@ void PlasmaWallpaper::putInto(const Desktops &desktops) {
     }
     // First, since nothing else knows them once they are replaced.
     m_with.defaults.set(earlierWallpapersKey, keptWallpapers(kept));
+    if (!m_asked.empty() && !m_with.defaults.isSaved()) {
+        finish(Problem::notKept);
+        return;
+    }
     const QString start = u"%1-%2"_s.arg(QCoreApplication::applicationPid()).arg(++m_starts);
     runScript(putInScript({m_asked.begin(), m_asked.end()},
-                          QUrl::fromLocalFile(m_with.pictures).toString(QUrl::FullyEncoded), start),
+                          {addressOf(m_with.pictures), addressOf(m_with.kept), start}),
               [this](const Desktops &now) {
                   for (const PlasmaDesktop &desktop : now) {
                       if (showsOurs(desktop)) {
@@ -205,7 +215,7 @@ void PlasmaWallpaper::putBack() {
         m_asked.clear();
         m_with.background.run(
             m_work,
-            [target = m_with.target, pictures = m_with.pictures] {
+            [target = m_with.target, pictures = QStringList{m_with.pictures, m_with.kept}] {
                 removePlasmaPackage(target, pictures);
             },
             [this, life = m_life] {

@@ -30,6 +30,7 @@ public:
         QString source;   ///< folder of the package that the program brings
         QString target;   ///< folder in which Plasma looks for it
         QString pictures; ///< folder around those of the outputs; empty where there is none
+        QString kept;     ///< folder of those that outlive the session
     };
 
     explicit PlasmaWallpaper(Surroundings surroundings);
@@ -57,7 +58,7 @@ public:
     void withdraw();
 
 private:
-    enum class Problem { none, noShell, refused, notInstalled, notWritten };
+    enum class Problem { none, noShell, refused, notInstalled, notWritten, notKept };
     using Desktops = std::vector<PlasmaDesktop>;
 
     static Problem prepare(const QString &source, const QString &target, const QString &pictures);

@@ -6,13 +6,14 @@
 #include "base/Background.h"
 #include "ports/RunLoop.h"
 
+#include <future>
 #include <utility>
 
 namespace zeph {
 
-PlasmaWindowServer::PlasmaWindowServer(Parties parties, QString pictures)
+PlasmaWindowServer::PlasmaWindowServer(Parties parties, PictureFolders folders)
     : m_with(std::move(parties)),
-      m_folders(std::move(pictures)),
+      m_folders(std::move(folders)),
       m_wallpaperChanges(m_with.wallpaper.subscribe([this] { permit(); })),
       m_screenChanges(m_with.screens.subscribe([this] { screensChanged(); })) {
     permit();
@@ -22,6 +23,24 @@ void PlasmaWindowServer::permit() const {
     const PlasmaWallpaper &wallpaper = m_with.wallpaper;
     m_with.permit({wallpaper.isUsable() && !m_isTransparent,
                    wallpaper.isChosen() ? wallpaper.problem() : QString()});
+}
+
+void PlasmaWindowServer::keepPictures(std::chrono::milliseconds patience) {
+    if (drawingWay().mechanism != DrawingMechanism::plasmaPictures) {
+        return;
+    }
+    auto done = std::make_shared<std::promise<void>>();
+    const std::future<void> whenDone = done->get_future(); // or when it will never be
+    m_with.background.run(
+        m_work,
+        [folders = m_folders.all(), done = std::move(done)] {
+            for (const auto &folder : folders) {
+                folder->keep();
+            }
+            done->set_value();
+        },
+        [] {});
+    whenDone.wait_for(patience);
 }
 
 /// The pictures of outputs that are gone would stay in the memory.

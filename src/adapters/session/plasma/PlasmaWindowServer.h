@@ -6,6 +6,8 @@
 #include "base/WorkOwner.h"
 #include "ports/WindowServer.h"
 
+#include <chrono>
+
 namespace zeph {
 
 class Background;
@@ -27,8 +29,10 @@ public:
         RunLoop &runLoop;
     };
 
-    /// `pictures` is the folder around those of the outputs.
-    PlasmaWindowServer(Parties parties, QString pictures);
+    PlasmaWindowServer(Parties parties, PictureFolders folders);
+
+    /// Has the pictures that are shown now outlive the session. Waits for it, no longer than that.
+    void keepPictures(std::chrono::milliseconds patience);
 
     std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,
                                                        bool wantsTransparency) override;

@@ -30,7 +30,7 @@ struct LayerTools {
 /// The objects of the protocol behind a surface, in the order of their making.
 struct LayerObjects {
     std::uint32_t output = 0; ///< number of the output that it is on
-    QMarginsF panels;         ///< there were on that output when it was made, or fewer since
+    QMarginsF panels;         ///< room they took there when it was made; less once some went
     WaylandHandle<wl_surface> surface;
     WaylandHandle<zwlr_layer_surface_v1> role;
     WaylandHandle<wp_viewport> viewport; ///< made when it is needed
@@ -42,8 +42,9 @@ struct LayerObjects {
 
 /// A surface on the layer between the compositor's own background and all windows. Hidden, it shows
 /// one pixel of nothing: a surface that is taken off has to be negotiated anew, which compositors
-/// get wrong in haste. While its output is away there is nothing on the screen. Where the later of
-/// two surfaces lies below, it is made anew after a panel came, which may be of the same layer.
+/// get wrong in haste. While its output is away there is nothing on the screen. Where
+/// a compositor stacks a newer surface beneath the older ones of its layer, it is made anew after a
+/// panel came, which may be of the same layer.
 class LayerSurface : public DesktopSurface {
 public:
     LayerSurface(const LayerTools &tools, const Screen &screen, bool isTransparent);

@@ -72,4 +72,18 @@ std::vector<std::optional<Screen>> screensOf(const std::vector<OutputFacts> &out
     return screens;
 }
 
+void leaveOutMirrors(std::vector<std::optional<Screen>> &screens) {
+    for (auto &screen : screens) {
+        const bool isMirror =
+            screen && std::any_of(screens.begin(), screens.end(), [&screen](const auto &other) {
+                return other && &other != &screen && other->frame == screen->frame &&
+                       (other->scale > screen->scale ||
+                        (other->scale == screen->scale && &other < &screen));
+            });
+        if (isMirror) {
+            screen.reset();
+        }
+    }
+}
+
 } // namespace zeph

@@ -32,4 +32,8 @@ struct OutputFacts {
 std::vector<std::optional<Screen>> screensOf(const std::vector<OutputFacts> &outputs,
                                              const ScalingAbilities &abilities);
 
+/// Of the screens with one place (mirrors) only the sharpest stays, of equally sharp ones the
+/// first.
+void leaveOutMirrors(std::vector<std::optional<Screen>> &screens);
+
 } // namespace zeph

@@ -15,9 +15,9 @@ struct OutputNames {
     QString description; ///< for people, and in no fixed form
 };
 
-/// The words of the display itself. They come from the kernel's copy of its EDID below `drmFolder`
-/// where the connector leads to one, so that they are those that an X server has of it; else from
-/// the compositor. A few small reads of a file system without a disk.
+/// Make, model and serial of a display. They come from the kernel's copy of its EDID below
+/// `drmFolder` where the connector leads to one, so that they are those that an X server has of it;
+/// else from the compositor. A few small reads of a file system without a disk.
 ScreenFacts outputWords(const OutputNames &names, const QString &drmFolder);
 
 } // namespace zeph

@@ -150,7 +150,10 @@ void WaylandOutputs::update() {
             facts[i].words.connector = u"output-%1"_s.arg(i + 1);
         }
     }
-    const auto described = screensOf(facts, m_abilities);
+    auto described = screensOf(facts, m_abilities);
+    if (m_areas != nullptr && m_areas->mirrorsShareSurfaces()) {
+        leaveOutMirrors(described);
+    }
     const std::vector<Screen> before = all();
     m_screens.clear();
     for (const bool isAtOrigin : {true, false}) {

@@ -23,7 +23,7 @@ public:
         wl_output *output = nullptr;
         std::uint32_t number = 0; ///< another one when the output was gone in between
         QMarginsF panels = {};    ///< what they take of it, in points
-        /// What comes later to a layer is drawn below what is there.
+        /// The compositor stacks a newer surface beneath the older ones of its layer.
         bool laterLieBelow = false;
     };
 
@@ -32,8 +32,8 @@ public:
     WaylandOutputs(WaylandConnection &connection, const ScalingAbilities &abilities,
                    QString drmFolder = QStringLiteral("/sys/class/drm"));
 
-    /// Has the screens' visible frames follow `areas`, which are there for as long as this is
-    /// asked, or null.
+    /// Has the screens' visible frames follow `areas`, which outlives every use of this object, or
+    /// null.
     void follow(UsableAreas *areas);
 
     std::vector<Screen> all() const override;

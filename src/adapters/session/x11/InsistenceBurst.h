@@ -6,8 +6,8 @@
 
 namespace zeph {
 
-/// How long the burst after one of `last` lasts: twice as long where that was cut off, up to about
-/// a minute, as both sides insist; else as long as the shortest.
+/// The length of the next burst, `last` being that of the one before: twice as long where that was
+/// cut off, up to about a minute, as both sides insist; else the shortest.
 constexpr std::chrono::milliseconds nextBurst(std::chrono::milliseconds last,
                                               std::chrono::milliseconds shortest, bool wasCutOff) {
     constexpr std::chrono::milliseconds longest{64000};

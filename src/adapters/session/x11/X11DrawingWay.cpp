@@ -97,7 +97,7 @@ void X11DrawingWay::choose() {
     m_hasWaited = false;
     const bool isFirst = !std::exchange(m_isChosen, true);
     const DrawingWay last = std::exchange(m_way, chooseDrawingWay(offer()));
-    if (isFirst || m_way != last) {
+    if (isFirst || m_way.reason != last.reason) {
         qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
     }
     if (!isFirst && m_way != last) {
@@ -117,7 +117,8 @@ SessionOffer X11DrawingWay::offer() const {
         offer.desktopProgram = {program->kind,
                                 X11DesktopPicture::isPossible(m_parties.connection) &&
                                     refusalOf(program->target()).isEmpty(),
-                                static_cast<int>(program->windows.size()), m_hasRoomForCopy};
+                                program->windows.size() > 1 || program->isPixmapPartial,
+                                m_hasRoomForCopy};
     }
     return offer;
 }

@@ -43,8 +43,7 @@ public:
     /// times in all, since surfaces are made anew for each trial.
     void doWithoutPicture();
 
-    /// Chooses other words soon where what lies beneath the wallpaper shines through it by now, or
-    /// does so no longer.
+    /// Chooses the reason anew soon after the wallpaper became transparent, or ceased to be.
     void noteTransparency(bool isTransparent);
 
     /// Whether our wallpaper can take the place of Plasma's own; chooses at once by it.

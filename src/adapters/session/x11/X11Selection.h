@@ -10,8 +10,8 @@
 
 namespace zeph {
 
-/// Who owns a selection, by which a program of the desktop tells that it does its duty. Followed
-/// without polling.
+/// Who owns a selection, by which a program announces that it is the window manager, the
+/// compositor or the tray. Followed without polling.
 class X11Selection : private X11EventListener {
 public:
     /// Knows the owner of now; two round trips.

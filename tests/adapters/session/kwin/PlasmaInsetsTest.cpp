@@ -26,6 +26,11 @@ protected:
     Subscription changes;
 };
 
+TEST_F(PlasmaInsetsTest, mirrorsNeedOneSurface) {
+    openInsets();
+    EXPECT_TRUE(insets->mirrorsShareSurfaces());
+}
+
 TEST_F(PlasmaInsetsTest, asksForAnOutputOnceItIsAskedForThat) {
     kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 756};
     openInsets();

@@ -20,6 +20,7 @@ protected:
         plasma.desktops = {{1, ours}, {7, u"org.kde.slideshow"_s}};
         QDir().mkpath(packageFolder);
         QDir().mkpath(pictures);
+        QDir().mkpath(kept);
     }
 
     /// It waits for the bus on a thread of its own.
@@ -33,6 +34,7 @@ protected:
 
     const QString packageFolder = room.filePath(u"data/plasma/wallpapers/com.tavi.Tavi"_s);
     const ScopedVariable data{"XDG_DATA_HOME", QFile::encodeName(room.filePath(u"data"_s))};
+    const ScopedVariable cache{"XDG_CACHE_HOME", QFile::encodeName(room.filePath(u"cache"_s))};
     const ScopedVariable runtime{"XDG_RUNTIME_DIR", QFile::encodeName(room.filePath(u"runtime"_s))};
 };
 
@@ -46,7 +48,15 @@ TEST_F(EarlierWallpapersTest, comeBackToTheDesktopsThatShowOurs) {
     EXPECT_FALSE(defaults.contains(earlierKey));
     EXPECT_FALSE(QFile::exists(packageFolder));
     EXPECT_FALSE(QFile::exists(pictures));
+    EXPECT_FALSE(QFile::exists(kept));
     EXPECT_EQ(bringBack(), WallpapersBack::nothingKept);
+}
+
+TEST_F(EarlierWallpapersTest, areStillKeptWhereTheSettingsCanNotBeWritten) {
+    plasma.appear();
+    defaults.canSave = false;
+    EXPECT_EQ(bringBack(), WallpapersBack::notSaved);
+    EXPECT_EQ(plasma.desktops.at(1), u"org.kde.color"_s);
 }
 
 TEST_F(EarlierWallpapersTest, areNobodysWhereNoneWereKept) {

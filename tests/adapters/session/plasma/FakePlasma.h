@@ -65,6 +65,7 @@ public:
 
     std::map<int, QString> desktops{{1, QStringLiteral("org.kde.image")}}; ///< their wallpapers
     std::map<int, QString> folders;                                        ///< that ours was told
+    std::map<int, QString> keptFolders;
     std::map<int, QString> starts;
     QStringList scripts;   ///< all that were evaluated
     bool isLocked = false; ///< refuses scripts
@@ -89,6 +90,7 @@ private:
             for (const auto &[number, wallpaper] : desktops) {
                 if (wallpaper == ours) {
                     folders[number] = wordIn(script, QStringLiteral("'Folder', \"(.*)\""));
+                    keptFolders[number] = wordIn(script, QStringLiteral("'Kept', \"(.*)\""));
                     starts[number] = wordIn(script, QStringLiteral("'Start', \"(.*)\""));
                 }
             }

@@ -26,6 +26,8 @@ protected:
     const QTemporaryDir around;
     PictureFolder folder{path()};
     const quint64 writer = folder.takeOver();
+    const QString kept = around.filePath(u"cache/tavi/plasma/DP-1"_s);
+    PictureFolder keeping{path(), kept};
     const QImage red = plainPicture({40, 30}, Qt::red);
     const QImage blue = plainPicture({40, 30}, Qt::blue);
 };
@@ -141,11 +143,86 @@ TEST_F(PictureFolderTest, keepsThePictureThatIsThereWhenTheDiskIsFull) {
     EXPECT_TRUE(folder.writeWhole(writer, blue)) << "once there is room again";
 }
 
+TEST_F(PictureFolderTest, theFirstWholePictureOfAWriterIsCopied) {
+    const NoUmask none;
+    ASSERT_TRUE(keeping.writeWhole(keeping.takeOver(), red));
+    EXPECT_EQ(QImage(kept), red);
+    EXPECT_EQ(fileMode(kept), 0600);
+    for (const QString &one : {u"cache/tavi"_s, u"cache/tavi/plasma"_s}) {
+        EXPECT_EQ(fileMode(around.filePath(one)), 0700) << one.toStdString();
+    }
+}
+
+TEST_F(PictureFolderTest, theNextPicturesAreNotCopied) {
+    const quint64 first = keeping.takeOver();
+    ASSERT_TRUE(keeping.writeWhole(first, red));
+    ASSERT_TRUE(keeping.writePatches(first, blue, {QRect(0, 0, 2, 2)}));
+    ASSERT_TRUE(keeping.writeWhole(first, blue));
+    EXPECT_EQ(QImage(kept), red);
+    ASSERT_TRUE(keeping.writeWhole(keeping.takeOver(), blue));
+    EXPECT_EQ(QImage(kept), blue) << "the first one of another writer";
+}
+
+TEST_F(PictureFolderTest, theLastWholePictureIsCopiedOnDemand) {
+    const quint64 first = keeping.takeOver();
+    ASSERT_TRUE(keeping.writeWhole(first, red));
+    ASSERT_TRUE(keeping.writeWhole(first, blue));
+    keeping.keep();
+    EXPECT_EQ(QImage(kept), blue);
+    EXPECT_EQ(QDir(QFileInfo(kept).path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+}
+
+TEST_F(PictureFolderTest, nothingIsNotCopied) {
+    const quint64 first = keeping.takeOver();
+    ASSERT_TRUE(keeping.writeNothing(first));
+    EXPECT_FALSE(QFile::exists(kept));
+    ASSERT_TRUE(keeping.writeWhole(first, red));
+    EXPECT_EQ(QImage(kept), red);
+    ASSERT_TRUE(keeping.writeWhole(first, blue));
+    ASSERT_TRUE(keeping.writeNothing(first));
+    keeping.keep();
+    EXPECT_EQ(QImage(kept), red);
+}
+
+TEST_F(PictureFolderTest, theCopyBeforeStaysWhereTheDiskIsFull) {
+    const quint64 first = keeping.takeOver();
+    ASSERT_TRUE(keeping.writeWhole(first, red));
+    ASSERT_TRUE(keeping.writeWhole(first, blue));
+    {
+        const FullDisk full(100);
+        keeping.keep();
+    }
+    EXPECT_EQ(QImage(kept), red);
+    EXPECT_EQ(QDir(QFileInfo(kept).path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    keeping.keep();
+    EXPECT_EQ(QImage(kept), blue);
+}
+
+TEST_F(PictureFolderTest, isWrittenAlsoWhereNoCopyCanBeMade) {
+    QFile file(around.filePath(u"cache"_s));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(keeping.writeWhole(keeping.takeOver(), red));
+    EXPECT_EQ(shownBy(path()), red);
+}
+
 TEST_F(PictureFolderTest, isRefusedWhereAFileLiesInTheWay) {
     ASSERT_TRUE(QDir().mkpath(around.filePath(u"tavi"_s)));
     QFile file(around.filePath(u"tavi/plasma"_s));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_FALSE(folder.writeWhole(writer, red));
+}
+
+TEST(PictureFolders, eachOutputHasItsOwnCopy) {
+    const QTemporaryDir around;
+    PictureFolders folders(around.filePath(u"tavi/plasma"_s), around.filePath(u"kept"_s));
+    const QImage red = plainPicture({4, 3}, Qt::red);
+    for (const QString &output : {u"DP-1"_s, u"HDMI/1"_s}) {
+        const auto folder = folders.of(output);
+        ASSERT_TRUE(folder->writeWhole(folder->takeOver(), red));
+    }
+    EXPECT_EQ(folders.all().size(), 2U);
+    EXPECT_EQ(QImage(around.filePath(u"kept/DP-1"_s)), red);
+    EXPECT_EQ(QImage(around.filePath(u"kept/HDMI_1"_s)), red);
 }
 
 TEST(PictureFolders, anOutputHasOneFolder) {

@@ -30,7 +30,7 @@ protected:
 
     void makeWallpaper() {
         wallpaper.emplace(PlasmaWallpaper::Surroundings{connection.bus(), defaults, background,
-                                                        loop, source, target, pictures});
+                                                        loop, source, target, pictures, kept});
     }
 
     /// Turns all loops until it holds.
@@ -47,6 +47,7 @@ protected:
     const QString source = room.filePath(QStringLiteral("from"));
     const QString target = room.filePath(QStringLiteral("wallpapers/com.tavi.Tavi"));
     const QString pictures = room.filePath(QStringLiteral("runtime/tavi/plasma"));
+    const QString kept = room.filePath(QStringLiteral("cache/tavi/plasma"));
     PrivateBus bus;
     BusConnection connection{bus.address()};
     FakePlasma plasma{bus.address()};

@@ -33,15 +33,17 @@ TEST(PlasmaScripts, anErrorIsNoListOfDesktops) {
 }
 
 TEST(PlasmaScripts, onlyTheDesktopsOfTheseNumbersGetOurs) {
-    const std::string script = putInScript({1, 31}, u"file:///run/a"_s, u"4-1"_s).toStdString();
+    const std::string script =
+        putInScript({1, 31}, {u"file:///run/a"_s, u"file:///kept"_s, u"4-1"_s}).toStdString();
     EXPECT_THAT(script, HasSubstr("var numbers = [1,31];"));
     EXPECT_THAT(script, HasSubstr("one.writeConfig('Folder', \"file:///run/a\");"));
+    EXPECT_THAT(script, HasSubstr("one.writeConfig('Kept', \"file:///kept\");"));
     EXPECT_THAT(script, HasSubstr("one.writeConfig('Start', \"4-1\");"));
     EXPECT_THAT(script, HasSubstr("if (isNew) one.wallpaperPlugin = \"com.tavi.Tavi\";"));
 }
 
 TEST(PlasmaScripts, whatIsInATextStaysInIt) {
-    EXPECT_THAT(putInScript({}, u"a\"); evil(\"\\"_s, {}).toStdString(),
+    EXPECT_THAT(putInScript({}, {u"a\"); evil(\"\\"_s, {}, {}}).toStdString(),
                 HasSubstr(R"(('Folder', "a\"); evil(\"\\"))"));
     EXPECT_THAT(putBackScript({{1, u"\"}; evil("_s}}).toStdString(),
                 HasSubstr(R"(var earlier = {"1":"\"}; evil("};)"));

@@ -13,7 +13,7 @@ namespace zeph {
 /// own, since it is written for another version of the toolkit. `room` holds what it works with.
 class PlasmaStage {
 public:
-    PlasmaStage(const QString &room, const QString &pictures) : m_room(room) {
+    PlasmaStage(const QString &room, const QString &pictures, const QString &kept) : m_room(room) {
         write(QStringLiteral("start"), "1");
         write(QStringLiteral("stage.qml"),
               QString::fromLatin1(R"(
@@ -22,13 +22,14 @@ Item {
     id: stage
     width: 80
     height: 60
-    property var wallpaper: ({ configuration: { Folder: "file://%2", Start: "" } })
+    property var wallpaper: ({ configuration: { Folder: "file://%2", Kept: "file://%4", Start: "" } })
     function read() {
         const request = new XMLHttpRequest();
         request.open("GET", "file://%1/start", false);
         request.send();
         if (request.responseText !== wallpaper.configuration.Start)
-            wallpaper = { configuration: { Folder: "file://%2", Start: request.responseText } };
+            wallpaper = { configuration: { Folder: "file://%2", Kept: "file://%4",
+                                           Start: request.responseText } };
         stage.grabToImage(function (seen) {
             seen.saveToFile("%1/seen.png");
         });
@@ -37,7 +38,7 @@ Item {
     Timer { interval: 30; running: true; repeat: true; onTriggered: stage.read() }
 }
 )")
-                  .arg(room, pictures, QStringLiteral(ZEPH_PLASMA_PACKAGE))
+                  .arg(room, pictures, QStringLiteral(ZEPH_PLASMA_PACKAGE), kept)
                   .toUtf8());
         auto environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("QT_SELECT"), QStringLiteral("qt5"));
@@ -65,11 +66,13 @@ Item {
     /// Until it shows `expected`, enlarged to its size.
     bool comesToShow(const QImage &expected) {
         const QImage enlarged = expected.scaled(80, 60).convertToFormat(QImage::Format_RGB32);
+        bool hasShown = false; // a look may meet a file that is half written
         return eventually([&] {
             const QImage seen =
                 QImage(m_room + QStringLiteral("/seen.png")).convertToFormat(QImage::Format_RGB32);
             m_said += m_process.readAll();
-            return seen == enlarged;
+            hasShown = hasShown || seen == enlarged;
+            return hasShown;
         });
     }
 

@@ -69,6 +69,7 @@ TEST_F(PlasmaWallpaperTest, isToldWhereThePicturesLie) {
     openChosen();
     ASSERT_TRUE(shows({{1, ours}}));
     EXPECT_EQ(plasma.folders[1], u"file://"_s + pictures);
+    EXPECT_EQ(plasma.keptFolders[1], u"file://"_s + kept);
     EXPECT_TRUE(QFile::exists(pictures)) << "since Plasma does not wait for a folder";
     EXPECT_TRUE(QFile::exists(target + u"/metadata.json"_s));
 }
@@ -81,16 +82,38 @@ TEST_F(PlasmaWallpaperTest, earlierWallpapersAreKeptBeforeTheyAreReplaced) {
     EXPECT_EQ(defaults.get<QString>(earlierKey), uR"({"1":"org.kde.image"})"_s);
 }
 
+TEST_F(PlasmaWallpaperTest, earlierWallpapersThatCanNotBeKeptAreNotReplaced) {
+    plasma.appear();
+    defaults.set(choiceKey, true);
+    open();
+    defaults.canSave = false;
+    wallpaper->setNeeded(true);
+    EXPECT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
+    EXPECT_EQ(wallpaper->problem(), u"Plasma's earlier wallpapers could not be kept"_s);
+    EXPECT_EQ(plasma.desktops, (Wallpapers{{1, image}}));
+    wallpaper->choose(false);
+    wallpaper->choose(true);
+    EXPECT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
+    EXPECT_EQ(plasma.desktops, (Wallpapers{{1, image}})) << "neither at the second try";
+    defaults.canSave = true;
+    wallpaper->choose(false);
+    wallpaper->choose(true);
+    EXPECT_TRUE(shows({{1, ours}}));
+}
+
 TEST_F(PlasmaWallpaperTest, eachDesktopGetsItsEarlierWallpaperBack) {
     plasma.desktops = {{1, image}, {31, u"org.kde.color"_s}};
     plasma.appear();
     openChosen();
     ASSERT_TRUE(shows({{1, ours}, {31, ours}}));
+    ASSERT_TRUE(QDir().mkpath(kept));
     wallpaper->choose(false);
     EXPECT_TRUE(shows({{1, image}, {31, u"org.kde.color"_s}}));
     EXPECT_TRUE(comes([&] { return !defaults.contains(earlierKey); }));
     EXPECT_EQ(defaults.get<bool>(choiceKey), false);
-    EXPECT_TRUE(comes([&] { return !QFile::exists(target) && !QFile::exists(pictures); }));
+    EXPECT_TRUE(comes([&] {
+        return !QFile::exists(target) && !QFile::exists(pictures) && !QFile::exists(kept);
+    }));
 }
 
 TEST_F(PlasmaWallpaperTest, isPutInAgainAfterItWasTakenOut) {

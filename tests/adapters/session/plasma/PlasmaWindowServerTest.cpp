@@ -36,7 +36,7 @@ protected:
                                                        choose();
                                                    },
                                                    screens, *wallpaper, background, loop},
-                       pictures);
+                       PictureFolders(pictures, kept));
     }
 
     /// As the display system does.
@@ -151,6 +151,28 @@ TEST_F(PlasmaWindowServerTest, aProblemIsNoneWhereNobodyChoseIt) {
         return !wallpaper->problem().isEmpty();
     }));
     EXPECT_EQ(permission, PlasmaPermission{});
+}
+
+TEST_F(PlasmaWindowServerTest, aPictureOfEachDisplayOutlivesTheSession) {
+    open(true);
+    const auto surface = make();
+    ASSERT_TRUE(comes([&] { return QFile::exists(kept + u"/DP-1"_s); }));
+    ASSERT_TRUE(QFile::remove(kept + u"/DP-1"_s));
+    server->keepPictures(std::chrono::milliseconds(0));
+    executor.runAll();
+    EXPECT_TRUE(QFile::exists(kept + u"/DP-1"_s)) << "the last one once more";
+}
+
+TEST_F(PlasmaWindowServerTest, noPictureOutlivesItOnceItIsDrawnInAnotherWay) {
+    open(true);
+    const auto surface = make();
+    ASSERT_TRUE(shows(ours));
+    ASSERT_TRUE(comes([&] { return QFile::exists(kept + u"/DP-1"_s); }));
+    wallpaper->choose(false);
+    ASSERT_TRUE(comes([&] { return !QFile::exists(kept); }));
+    server->keepPictures(std::chrono::milliseconds(0));
+    executor.runAll();
+    EXPECT_FALSE(QFile::exists(kept));
 }
 
 TEST_F(PlasmaWindowServerTest, picturesOfADisplayThatIsGoneAreRemoved) {

@@ -11,7 +11,14 @@ namespace zeph {
 /// What people see of our pictures in Plasma.
 class ShownPackageTest : public testing::Test {
 protected:
-    void open() { stage.emplace(room.path(), around); }
+    void open() { stage.emplace(room.path(), around, kept); }
+
+    /// A picture of an earlier session, of which nothing else is left.
+    void keepEarlier(const QImage &picture) {
+        const QTemporaryDir earlier;
+        PictureFolder left(earlier.filePath(u"tavi/plasma/_"_s), kept + u"/_"_s);
+        ASSERT_TRUE(left.writeWhole(left.takeOver(), picture));
+    }
 
     static QImage withPart(QImage whole, const QRect &part, QColor colour) {
         QPainter(&whole).fillRect(part, colour);
@@ -21,6 +28,7 @@ protected:
     const QTemporaryDir room;
     const QString around = room.filePath(u"tavi/plasma"_s);
     const QString path = around + u"/_"_s; // of an output without a name
+    const QString kept = room.filePath(u"cache/tavi/plasma"_s);
     PictureFolder folder{path};
     const quint64 writer = folder.takeOver();
     const QImage plain = plainPicture({40, 30}, QColor(u"#0d0f1f"_s));
@@ -42,6 +50,25 @@ TEST_F(ShownPackageTest, oneColourUntilThereIsAny) {
     ASSERT_TRUE(stage->comesToShow(plain)) << stage->said();
     ASSERT_TRUE(folder.writeWhole(writer, red));
     EXPECT_TRUE(stage->comesToShow(red)) << "the folder came later";
+}
+
+TEST_F(ShownPackageTest, thatOfAnEarlierSessionUntilThereIsAny) {
+    keepEarlier(red);
+    open();
+    ASSERT_TRUE(stage->comesToShow(red)) << stage->said();
+    ASSERT_TRUE(folder.writeWhole(writer, blue));
+    stage->startAnew("2");
+    EXPECT_TRUE(stage->comesToShow(blue));
+    ASSERT_TRUE(folder.writeNothing(writer));
+    EXPECT_TRUE(stage->comesToShow(plain)) << "hidden, and so is the earlier one";
+}
+
+TEST_F(ShownPackageTest, thatOfAnEarlierSessionFillsTheDesktop) {
+    QImage wide = plainPicture({80, 30}, Qt::red);
+    QPainter(&wide).fillRect(QRect(20, 0, 40, 30), Qt::blue);
+    keepEarlier(wide);
+    open();
+    EXPECT_TRUE(stage->comesToShow(blue)) << "its middle: " << stage->said();
 }
 
 TEST_F(ShownPackageTest, theNewestOfEach) {

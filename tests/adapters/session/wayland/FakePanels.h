@@ -12,6 +12,7 @@ public:
         return QRectF(0, m_height, 10000, 10000);
     }
     bool laterLieBelow() const override { return isLaterBelow; }
+    bool mirrorsShareSurfaces() const override { return areMirrorsOneScene; }
     Subscription subscribe(std::function<void()> handler) override {
         return m_changes.subscribe(std::move(handler));
     }
@@ -22,6 +23,7 @@ public:
     }
 
     bool isLaterBelow = true;
+    bool areMirrorsOneScene = false;
 
 private:
     double m_height = 0;

@@ -109,4 +109,20 @@ TEST(OutputScreens, ofMirrorsHaveOneFrame) {
     EXPECT_NE(screens[0]->persistentID, screens[1]->persistentID);
 }
 
+TEST(OutputScreens, ofMirrorsTheSharpestStaysAndOfEquallySharpOnesTheFirst) {
+    auto screens = screensOf({output({1280, 720}, {1280, 720}, u"DP-1"_s),
+                              output({1920, 1080}, {1280, 720}, u"DP-2"_s),
+                              output({1920, 1080}, {1280, 720}, u"DP-3"_s), output({}),
+                              output({1280, 800}, {1280, 800}, u"DP-4"_s)},
+                             kAnyScale);
+    leaveOutMirrors(screens);
+    ASSERT_EQ(screens.size(), 5U);
+    EXPECT_FALSE(screens[0]);
+    ASSERT_TRUE(screens[1]);
+    EXPECT_EQ(screens[1]->connector, u"DP-2"_s);
+    EXPECT_FALSE(screens[2]);
+    EXPECT_FALSE(screens[3]);
+    EXPECT_TRUE(screens[4]) << "it shows more";
+}
+
 } // namespace zeph

@@ -2,6 +2,7 @@
 #include "adapters/session/wayland/WaylandOutputs.h"
 
 #include "FakeCompositor.h"
+#include "FakePanels.h"
 #include "WaylandClient.h"
 
 using namespace Qt::StringLiterals;
@@ -85,6 +86,24 @@ TEST(WaylandOutputs, haveTheFirstForTheMainOneWhereNoneIsAtTheOrigin) {
     FakeCompositor compositor({.outputs = {first, second()}});
     const Followed followed(compositor);
     EXPECT_EQ(followed.outputs.main()->name, u"P27"_s);
+}
+
+TEST(WaylandOutputs, thatMirrorEachOtherAreOneScreenWhereOneSurfaceIsOnBoth) {
+    FakeOutput mirror;
+    mirror.name = "DP-3";
+    mirror.description = "Acme P24 8 (DP-3)";
+    FakeCompositor compositor({.outputs = {FakeOutput(), mirror, second()}});
+    Followed followed(compositor);
+    EXPECT_EQ(followed.outputs.all().size(), 3U) << "each needs a surface of its own";
+    FakePanels panels;
+    panels.areMirrorsOneScene = true;
+    followed.outputs.follow(&panels);
+    const auto screens = followed.outputs.all();
+    ASSERT_EQ(screens.size(), 2U);
+    EXPECT_EQ(screens[0].connector, u"DP-1"_s);
+    EXPECT_EQ(screens[1].connector, u"DP-2"_s);
+    followed.outputs.follow(nullptr);
+    EXPECT_EQ(followed.outputs.all().size(), 3U);
 }
 
 TEST(WaylandOutputs, canBeNone) {

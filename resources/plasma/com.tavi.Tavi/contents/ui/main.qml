@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Shows the pictures that Tavi writes for the output that this desktop lies on: the newest whole
 // one, "f-<number>", and above it the parts that came since, "p-<number>-<x>-<y>". What is shown
-// stays when its file goes, and when nobody writes any more.
+// stays when its file goes, and when nobody writes any more. Until there is any, as in a session in
+// which Tavi has not been started, it is the last one of an earlier session.
 import QtQuick 2.15
 import QtQuick.Window 2.15
 import Qt.labs.folderlistmodel 2.15
@@ -15,6 +16,7 @@ Rectangle {
     // Null while Plasma takes it away.
     readonly property var settings: wallpaper ? wallpaper.configuration : null
     readonly property string folder: settings ? settings.Folder || "" : ""
+    readonly property string kept: settings ? settings.Kept || "" : ""
     readonly property string start: settings ? settings.Start || "" : ""
     readonly property string output: (Screen.name || "_").replace(/[^A-Za-z0-9_-]/g, "_")
 
@@ -86,6 +88,14 @@ Rectangle {
             if (patches.get(i).number < below)
                 patches.remove(i);
         }
+    }
+
+    Image {
+        anchors.fill: parent
+        asynchronous: true
+        cache: false
+        fillMode: Image.PreserveAspectCrop
+        source: root.below === 0 && root.kept !== "" ? root.kept + "/" + root.output : ""
     }
 
     component Whole: Image {
