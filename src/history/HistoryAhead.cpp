@@ -7,7 +7,7 @@
 
 namespace zeph {
 
-HistoryAhead::HistoryAhead(const QString &folder) : m_folder(folder) {
+HistoryAhead::HistoryAhead(QString folder) : m_folder(std::move(folder)) {
     Database::readEnvironment();
     m_thread = startedThread([this] { m_opened = openHistory(m_folder); });
     if (!m_thread) {

@@ -13,7 +13,7 @@ namespace zeph {
 class HistoryAhead {
 public:
     /// Starts to open that of `folder`.
-    explicit HistoryAhead(const QString &folder);
+    explicit HistoryAhead(QString folder);
     ~HistoryAhead();
     HistoryAhead(const HistoryAhead &) = delete;
     HistoryAhead &operator=(const HistoryAhead &) = delete;

@@ -83,9 +83,12 @@ UsageStore::UsageStore(const QString &folder, const Clock &clock, const Calendar
 UsageStore::UsageStore(HistoryAhead &history, const Clock &clock, const Calendar &calendar)
     : UsageStore(history.folder(), history.take(), clock, calendar) {}
 
-UsageStore::UsageStore(const QString &folder, OpenHistory opened, const Clock &clock,
+UsageStore::UsageStore(QString folder, OpenHistory opened, const Clock &clock,
                        const Calendar &calendar)
-    : m_folder(folder), m_clock(clock), m_calendar(calendar), m_history(std::move(opened)) {
+    : m_folder(std::move(folder)),
+      m_clock(clock),
+      m_calendar(calendar),
+      m_history(std::move(opened)) {
     if (m_history.database && m_history.database->isDamaged()) {
         beginAnew();
     }

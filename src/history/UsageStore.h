@@ -67,8 +67,7 @@ public:
     double averageActiveSeconds(int days) const;
 
 private:
-    UsageStore(const QString &folder, OpenHistory opened, const Clock &clock,
-               const Calendar &calendar);
+    UsageStore(QString folder, OpenHistory opened, const Clock &clock, const Calendar &calendar);
     void mend();
     void beginAnew();
     bool maySave(UsageTable table, const QString &day);
