@@ -43,6 +43,7 @@
 #include "app/EndBudget.h"
 #include "base/Background.h"
 #include "drawing/painting/SymbolLibrary.h"
+#include "ports/WindowServer.h"
 #include "settings/Consents.h"
 #include "ui/tray/TrayMenu.h"
 
@@ -222,6 +223,14 @@ struct LinuxPlatform::Adapters {
 struct LinuxPlatform::Shell {
     explicit Shell(Adapters &adapters)
         : loginItem(makeLoginItem(adapters.defaults)),
+          desktopShell(makeDesktopShell(
+              currentDesktop(),
+              QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
+              QDBusConnection::sessionBus(),
+              // Which way it is goes by the program that draws the desktop, too.
+              [&server = adapters.session->windowServer()](std::function<void()> handler) {
+                  return server.subscribeToDrawingWay(std::move(handler));
+              })),
           statusBar(QDBusConnection::sessionBus(), trayTools(),
                     [](const TrayFacts &facts, const TrayTools &tools) {
                         return DockedItem::make(facts, tools);
@@ -257,9 +266,7 @@ struct LinuxPlatform::Shell {
     PackageKitUpdates updates{QDBusConnection::systemBus(), QCoreApplication::applicationFilePath(),
                               runsInSandbox(QCoreApplication::applicationFilePath())};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
-    std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(
-        currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
-        QDBusConnection::sessionBus());
+    std::unique_ptr<DesktopShell> desktopShell;
     SettingsPages systemSettings{
         currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)};
     LinuxStatusBar statusBar;
