@@ -24,6 +24,13 @@ void callAsync(const QDBusConnection &bus, const QDBusMessage &call, int timeout
                      });
 }
 
+void waitUntilSent(const QDBusConnection &bus, std::chrono::milliseconds patience) {
+    // Messages stay in order, so it answers this after it has taken the ones before.
+    bus.call(QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                            u"org.freedesktop.DBus"_s, u"GetId"_s),
+             QDBus::Block, static_cast<int>(patience.count()));
+}
+
 std::optional<QVariantMap> propertiesIn(const QDBusMessage &answer) {
     const bool areThere =
         answer.type() == QDBusMessage::ReplyMessage && answer.signature() == u"a{sv}"_s;

@@ -5,6 +5,7 @@
 #include <QDBusMessage>
 #include <QVariantMap>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -19,6 +20,10 @@ inline constexpr int busDefaultTimeout = -1;
 /// `done` on this thread. Nothing is called once `context` is gone.
 void callAsync(const QDBusConnection &bus, const QDBusMessage &call, int timeoutMilliseconds,
                QObject *context, std::function<void(const QDBusMessage &answer)> done);
+
+/// Waits until the bus has what was sent to others over this connection, no longer than `patience`.
+/// For the end of the program, with which goes what has not left by then.
+void waitUntilSent(const QDBusConnection &bus, std::chrono::milliseconds patience);
 
 /// The properties in an answer to GetAll; absent for an error and for anything else.
 std::optional<QVariantMap> propertiesIn(const QDBusMessage &answer);

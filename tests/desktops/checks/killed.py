@@ -15,6 +15,7 @@ def check(desk):
     desk.expect_wallpaper("before")
     desk.tavi.kill()
     left = desk.seen()
+    desk.expect_left_by_kill()
     desk.start_program()
     expect(desk.tavi.has_spoken, "the next run says nothing")
     desk.expect_wallpaper("in the next run", seconds=40)

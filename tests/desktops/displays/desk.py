@@ -213,6 +213,9 @@ class Desk:
         if not self.tavi.is_running():
             raise Failed(f"the program ended: {self.tavi.last_words()}")
 
+    def expect_left_by_kill(self):
+        """What has to be on the screen of a killed program."""
+
     def tidy(self):
         """Takes away what a check left, so that the next one finds the desktop as it was."""
         for window in self.opened:

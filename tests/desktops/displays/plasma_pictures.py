@@ -1,6 +1,8 @@
 # SPDX-License-Identifier: MIT
 """Plasma with the program's own wallpaper in it, which the person allowed."""
 
+import shutil
+
 from base.outcome import NotApplicable
 from base.waiting import prepare
 
@@ -13,8 +15,6 @@ class PlasmaPictures:
     limits = {
         "chosen_workspaces": "Plasma has one wallpaper for all workspaces, which ours takes the "
                              "place of: it is plain on those that were not chosen",
-        "quit": "the last picture stays until the person takes our wallpaper out of Plasma",
-        "killed": "the last picture stays until the person takes our wallpaper out of Plasma",
     }
 
     def __init__(self, folder, executable):
@@ -25,6 +25,14 @@ class PlasmaPictures:
         """Plasma writes down only a moment later what its desktops show."""
         prepare(self.is_written_down, "our wallpaper in the settings of Plasma")
         return super().kill_manager()
+
+    def expect_left_by_kill(self):
+        """The last picture, also in the next session, which finds an empty runtime folder."""
+        self.expect_wallpaper("after it was killed")
+        prepare(self.is_written_down, "our wallpaper in the settings of Plasma")
+        shutil.rmtree(self.room.folder / "runtime/tavi")
+        self.restart_desktop_program()
+        self.expect_wallpaper("in the next session", seconds=40)
 
     def is_written_down(self):
         settings = (self.room.folder / SETTINGS).read_text(encoding="utf-8")

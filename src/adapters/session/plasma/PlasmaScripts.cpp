@@ -14,9 +14,26 @@ namespace {
 /// Plasma's own, where nothing else is known.
 const QString kUsualWallpaper = u"org.kde.image"_s;
 
-const QString kPrinting = uR"(
+/// What a desktop shows: its wallpaper and, where that has a picture or a colour of the user's,
+/// that. Others change theirs by themselves.
+const QString kTelling = uR"(
+function shownBy(one) {
+    var own = {'org.kde.image': 'Image', 'org.kde.color': 'Color'}[one.wallpaperPlugin];
+    one.currentConfigGroup = ['Wallpaper', one.wallpaperPlugin, 'General'];
+    return [one.wallpaperPlugin, own ? String(one.readConfig(own, '')) : ''];
+}
+function returned(one) {
+    one.currentConfigGroup = ['Wallpaper', 'com.tavi.Tavi', 'General'];
+    return String(one.readConfig('Returned', ''));
+}
+)"_s;
+
+// A wallpaper that had no picture of its own when it came back may have chosen one since.
+const QString kPrinting = kTelling + uR"(
 print(JSON.stringify(desktops().map(function (one) {
-    return {id: one.id, wallpaper: one.wallpaperPlugin};
+    var shown = shownBy(one), mark = returned(one);
+    return {id: one.id, wallpaper: one.wallpaperPlugin,
+            isReturned: mark === shown.join(' ') || mark === shown[0] + ' '};
 })));
 )"_s;
 
@@ -39,6 +56,19 @@ QString compact(const QJsonDocument &document) {
     return QString::fromUtf8(document.toJson(QJsonDocument::Compact));
 }
 
+/// `mark` is what is done with each desktop that has its earlier one again.
+QString backScript(const PlasmaWallpapers &earlier, const QString &mark) {
+    return uR"(
+var earlier = %1;
+desktops().forEach(function (one) {
+    if (one.wallpaperPlugin !== %2) return;
+    one.wallpaperPlugin = earlier[one.id] || %3;
+%4});
+)"_s.arg(compact(QJsonDocument(asObject(earlier))), quoted(plasmaPackageId),
+           quoted(kUsualWallpaper), mark) +
+           kPrinting;
+}
+
 } // namespace
 
 QString tellDesktopsScript() {
@@ -55,6 +85,7 @@ QString putInScript(const std::vector<int> &numbers, const PlasmaPictures &pictu
 var numbers = %1;
 desktops().forEach(function (one) {
     var isNew = numbers.indexOf(one.id) >= 0;
+    if (returned(one)) one.writeConfig('Returned', '');
     if (!isNew && one.wallpaperPlugin !== %2) return;
     one.currentConfigGroup = ['Wallpaper', %2, 'General'];
     one.writeConfig('Folder', %3);
@@ -69,14 +100,14 @@ desktops().forEach(function (one) {
 }
 
 QString putBackScript(const PlasmaWallpapers &earlier) {
-    return uR"(
-var earlier = %1;
-desktops().forEach(function (one) {
-    if (one.wallpaperPlugin === %2) one.wallpaperPlugin = earlier[one.id] || %3;
-});
-)"_s.arg(compact(QJsonDocument(asObject(earlier))), quoted(plasmaPackageId),
-           quoted(kUsualWallpaper)) +
-           kPrinting;
+    return backScript(earlier, {});
+}
+
+QString returnScript(const PlasmaWallpapers &earlier) {
+    return backScript(earlier, uR"(
+    var shown = shownBy(one).join(' ');
+    if (returned(one) !== shown) one.writeConfig('Returned', shown);
+)"_s);
 }
 
 std::optional<std::vector<PlasmaDesktop>> desktopsIn(const QString &printed) {
@@ -90,7 +121,8 @@ std::optional<std::vector<PlasmaDesktop>> desktopsIn(const QString &printed) {
         if (!one[u"id"_s].isDouble() || !one[u"wallpaper"_s].isString()) {
             return std::nullopt;
         }
-        desktops.push_back({one[u"id"_s].toInt(), one[u"wallpaper"_s].toString()});
+        desktops.push_back(
+            {one[u"id"_s].toInt(), one[u"wallpaper"_s].toString(), one[u"isReturned"_s].toBool()});
     }
     return desktops;
 }

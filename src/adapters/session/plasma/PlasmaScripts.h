@@ -19,6 +19,7 @@ inline const QString plasmaPackageId = QStringLiteral("com.tavi.Tavi");
 struct PlasmaDesktop {
     int number = 0;
     QString wallpaper = {};
+    bool isReturned = false; ///< it is the one that `returnScript` brought back, with its picture
 
     bool operator==(const PlasmaDesktop &) const = default;
 };
@@ -44,7 +45,11 @@ QString putInScript(const std::vector<int> &numbers, const PlasmaPictures &pictu
 /// shown. Prints all desktops as they are then.
 QString putBackScript(const PlasmaWallpapers &earlier);
 
-/// What either of them printed; absent for anything else.
+/// The same for the time until our wallpaper is put in again, which each desktop that gets its
+/// earlier one this way is marked with.
+QString returnScript(const PlasmaWallpapers &earlier);
+
+/// What any of them printed; absent for anything else.
 std::optional<std::vector<PlasmaDesktop>> desktopsIn(const QString &printed);
 
 /// `PlasmaWallpapers` as they are kept in the settings.

@@ -4,6 +4,7 @@
 #include "adapters/session/plasma/PlasmaPackage.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 
 #include <utility>
 
@@ -23,7 +24,10 @@ PlasmaSession::PlasmaSession(std::unique_ptr<DisplaySession> own,
                 [this] { m_wallpaper.withdraw(); }) {}
 
 void PlasmaSession::leave(std::chrono::milliseconds patience) {
-    m_windowServer.keepPictures(patience);
+    const QDeadlineTimer deadline(patience);
+    m_wallpaper.giveBack(patience);
+    // In case Plasma goes without having heard of it.
+    m_windowServer.keepPictures(std::chrono::milliseconds(deadline.remainingTime()));
 }
 
 } // namespace zeph

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/plasma/PlasmaWallpaper.h"
 
+#include "adapters/bus/DBusCalls.h"
 #include "adapters/session/plasma/EarlierWallpapers.h"
 #include "adapters/session/plasma/PlasmaPackage.h"
 #include "base/Background.h"
@@ -23,6 +24,10 @@ namespace zeph {
 namespace {
 
 const QString kChoiceKey = u"zeph.plasma.wallpaper"_s;
+
+const QString kShellPath = u"/PlasmaShell"_s;
+const QString kShellInterface = u"org.kde.PlasmaShell"_s;
+const QString kEvaluate = u"evaluateScript"_s;
 
 const QString kActivitiesName = u"org.kde.ActivityManager"_s;
 const QString kActivitiesPath = u"/ActivityManager/Activities"_s;
@@ -119,6 +124,13 @@ void PlasmaWallpaper::withdraw() {
     follow();
 }
 
+void PlasmaWallpaper::giveBack(std::chrono::milliseconds patience) {
+    if (isWanted() && !std::exchange(m_isGivenBack, true)) {
+        m_shell.send(kShellPath, kShellInterface, kEvaluate, {returnScript(earlier())});
+        waitUntilSent(m_with.sessionBus, patience);
+    }
+}
+
 void PlasmaWallpaper::shellChanged() {
     ++m_life;
     m_isBusy = false;
@@ -135,6 +147,9 @@ bool PlasmaWallpaper::isToGo() const {
 }
 
 void PlasmaWallpaper::follow() {
+    if (m_isGivenBack) {
+        return;
+    }
     if (m_isBusy) {
         m_isStale = true;
     } else if (m_shell.isThere()) {
@@ -181,7 +196,9 @@ void PlasmaWallpaper::putIn() {
 void PlasmaWallpaper::putInto(const Desktops &desktops) {
     PlasmaWallpapers kept = earlier();
     for (const PlasmaDesktop &desktop : desktops) {
-        if (!showsOurs(desktop) && kept.try_emplace(desktop.number, desktop.wallpaper).second) {
+        const bool isNew =
+            !showsOurs(desktop) && kept.try_emplace(desktop.number, desktop.wallpaper).second;
+        if (isNew || desktop.isReturned) {
             m_asked.insert(desktop.number);
         }
     }
@@ -228,8 +245,8 @@ void PlasmaWallpaper::putBack() {
 
 /// Hands on what its desktops show, of which a shell that has started up has at least one.
 void PlasmaWallpaper::runScript(const QString &script, std::function<void(const Desktops &)> done) {
-    m_shell.ask(u"/PlasmaShell"_s, u"org.kde.PlasmaShell"_s, u"evaluateScript"_s, {script},
-                kAnswerTimeout, [this, done = std::move(done)](const QDBusMessage &answer) {
+    m_shell.ask(kShellPath, kShellInterface, kEvaluate, {script}, kAnswerTimeout,
+                [this, done = std::move(done)](const QDBusMessage &answer) {
                     const bool isText =
                         answer.type() == QDBusMessage::ReplyMessage && answer.signature() == u"s"_s;
                     const auto desktops =

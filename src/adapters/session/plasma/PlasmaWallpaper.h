@@ -6,6 +6,7 @@
 #include "base/WorkOwner.h"
 #include "ports/DesktopWallpaper.h"
 
+#include <chrono>
 #include <optional>
 #include <set>
 
@@ -18,7 +19,8 @@ class UserDefaults;
 /// Our wallpaper in Plasma: puts it into all desktops when the user chose it, and what each of them
 /// showed before back when not. The choice lies under "zeph.plasma.wallpaper", the earlier
 /// wallpapers under "zeph.plasma.earlier". A desktop that showed ours and does not any more was
-/// given another wallpaper by the user, and keeps it.
+/// given another wallpaper by the user, and keeps it; where it shows what the end of the last run
+/// brought back, ours takes its place again.
 class PlasmaWallpaper : public DesktopWallpaper {
 public:
     /// What it works with; the objects outlive it.
@@ -57,6 +59,10 @@ public:
     /// the earlier wallpapers back later.
     void withdraw();
 
+    /// The program ends: until its next start Plasma shows the earlier wallpapers. It is asked for
+    /// them, which takes no longer than `patience`, and not waited for.
+    void giveBack(std::chrono::milliseconds patience);
+
 private:
     enum class Problem { none, noShell, refused, notInstalled, notWritten, notKept };
     using Desktops = std::vector<PlasmaDesktop>;
@@ -81,6 +87,7 @@ private:
     std::optional<bool> m_isNeeded; // absent until it is told
     Problem m_problem = Problem::none;
     bool m_isWithdrawn = false;
+    bool m_isGivenBack = false; // and nothing is done any more
     bool m_isBusy = false;
     bool m_isStale = false; // something changed since what is under way began
     bool m_isLookDue = false;

@@ -65,6 +65,8 @@ public:
 
     std::map<int, QString> desktops{{1, QStringLiteral("org.kde.image")}}; ///< their wallpapers
     std::map<int, QString> folders;                                        ///< that ours was told
+    std::map<int, QString> pictures; ///< of their own wallpapers
+    std::map<int, QString> returned; ///< what they were marked with
     std::map<int, QString> keptFolders;
     std::map<int, QString> starts;
     QStringList scripts;   ///< all that were evaluated
@@ -87,6 +89,7 @@ private:
             for (const QJsonValue number : list) {
                 desktops.at(number.toInt()) = ours;
             }
+            returned.clear();
             for (const auto &[number, wallpaper] : desktops) {
                 if (wallpaper == ours) {
                     folders[number] = wordIn(script, QStringLiteral("'Folder', \"(.*)\""));
@@ -103,16 +106,28 @@ private:
                 if (wallpaper == ours) {
                     wallpaper =
                         earlier[QString::number(number)].toString(QStringLiteral("org.kde.image"));
+                    if (script.contains(QStringLiteral("writeConfig('Returned', shown)"))) {
+                        returned[number] = shown(number);
+                    }
                 }
             }
         }
     }
 
+    QString shown(int number) const {
+        const auto picture = pictures.find(number);
+        return desktops.at(number) + u' ' +
+               (picture == pictures.end() ? QString() : picture->second);
+    }
+
     QString printed() const {
         QJsonArray list;
         for (const auto &[number, wallpaper] : desktops) {
-            list.append(QJsonObject{{QStringLiteral("id"), number},
-                                    {QStringLiteral("wallpaper"), wallpaper}});
+            list.append(
+                QJsonObject{{QStringLiteral("id"), number},
+                            {QStringLiteral("wallpaper"), wallpaper},
+                            {QStringLiteral("isReturned"),
+                             returned.count(number) > 0 && returned.at(number) == shown(number)}});
         }
         return QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact)) + u'\n';
     }

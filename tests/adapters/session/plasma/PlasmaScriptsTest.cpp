@@ -56,6 +56,12 @@ TEST(PlasmaScripts, eachDesktopGetsItsEarlierWallpaperBack) {
     EXPECT_THAT(script, HasSubstr("earlier[one.id] || \"org.kde.image\""));
 }
 
+TEST(PlasmaScripts, tellWhichDesktopsShowWhatWasReturned) {
+    EXPECT_EQ(desktopsIn(uR"([{"id":1,"wallpaper":"a","isReturned":true},)"
+                         uR"({"id":2,"wallpaper":"a","isReturned":false}])"_s),
+              (Desktops{{1, u"a"_s, true}, {2, u"a"_s, false}}));
+}
+
 TEST(PlasmaScripts, wallpapersAreKeptAsText) {
     const PlasmaWallpapers wallpapers{{1, u"org.kde.color"_s}, {31, u"org.kde.image"_s}};
     EXPECT_EQ(keptWallpapers(wallpapers), uR"({"1":"org.kde.color","31":"org.kde.image"})"_s);
