@@ -58,16 +58,6 @@ TEST_F(HiddenReasonTest, isThereForExactlyTheWidgetsThatAreNotDrawn) {
     }
 }
 
-TEST_F(HiddenReasonTest, tellsThatKeysCanNotBeCountedOnThisDesktop) {
-    EXPECT_EQ(reason(rhythm), std::nullopt);
-    InputRhythm uncounted;
-    uncounted.isCountable = false;
-    state.rhythm = uncounted;
-    EXPECT_EQ(reason(rhythm), u"Your desktop does not tell how often keys are pressed, so there is "
-                              u"no typing rhythm here"_s);
-    EXPECT_FALSE(WidgetLayoutCatalog::hasContent(rhythm, state, prefs(), quoteEnabled, calendar));
-}
-
 TEST_F(HiddenReasonTest, tellsThatAWidgetIsSwitchedOff) {
     EXPECT_EQ(reason(desktop), u"It is switched off"_s);
     prefs().set(WidgetPlacement::off, clock);

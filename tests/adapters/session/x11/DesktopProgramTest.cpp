@@ -184,7 +184,7 @@ TEST_F(DesktopProgramWatchTest, looksOnceMoreForAPictureThatCajaMakesLater) {
     runLoopFor(std::chrono::milliseconds(600)); // after the second look
     EXPECT_EQ(program.found(), first);
     const auto shown = leavePixmap(session.display(), kShrunk, Qt::darkGreen);
-    EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false}}));
+    EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false, true}}));
 }
 
 TEST_F(DesktopProgramWatchTest, takesNoPixmapOfAnotherProgramForThePictureOfCaja) {
