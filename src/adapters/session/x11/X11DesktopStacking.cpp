@@ -37,22 +37,20 @@ void X11DesktopStacking::remove(xcb_window_t window) {
     m_ours.erase(window);
 }
 
-/// A manager that was killed has left its list of windows, some of which may be gone: those change
-/// nothing.
-void X11DesktopStacking::sink(xcb_window_t window) {
-    lower(m_connection, window);
-    const auto known = m_ours.find(window);
-    if (known != m_ours.end() && known->second == DesktopPlace::aboveDesktops) {
-        for (const xcb_window_t other : m_windows.all()) {
-            if (!m_connection.isOwn(other)) {
-                stackAbove(m_connection, window, other);
-            }
-        }
-    }
-}
-
 bool X11DesktopStacking::hasWindowManager() const {
     return m_manager.facts().has_value();
+}
+
+/// Theirs go beneath ours, as it is not known which of them lies highest by now.
+void X11DesktopStacking::layDown(xcb_window_t window) {
+    lower(m_connection, window);
+    const auto ours = m_ours.find(window);
+    if (ours == m_ours.end() || ours->second != DesktopPlace::aboveDesktops) {
+        return;
+    }
+    for (const xcb_window_t other : desktopsOfOthers()) {
+        lower(m_connection, other);
+    }
 }
 
 void X11DesktopStacking::restack() {
@@ -130,7 +128,7 @@ void X11DesktopStacking::keepBelow(xcb_window_t window, const std::vector<xcb_wi
 }
 
 bool X11DesktopStacking::canAsk() const {
-    return !m_manager.facts() || m_manager.facts()->knowsRestacking;
+    return m_manager.facts() && m_manager.facts()->knowsRestacking;
 }
 
 bool X11DesktopStacking::mayRestack() {

@@ -32,12 +32,12 @@ public:
     void add(xcb_window_t window, DesktopPlace place);
     void remove(xcb_window_t window);
 
-    /// Puts a window beneath all others, as long as nobody knows of layers: above the desktops of
-    /// other programs alone where that is its place.
-    void sink(xcb_window_t window);
-
     /// Whether a window manager runs that knows of layers.
     bool hasWindowManager() const;
+
+    /// Lays a window that was added where it belongs without the help of a manager: beneath all
+    /// others, but on the desktops of other programs if it lies above those.
+    void layDown(xcb_window_t window);
 
 private:
     void restack();

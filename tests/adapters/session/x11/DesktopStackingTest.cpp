@@ -56,6 +56,31 @@ protected:
 
 } // namespace
 
+TEST_F(DesktopStackingTest, laysAWindowOnTheDesktopsOfOthersWithoutAManager) {
+    const auto ours = showUnmanaged(0);
+    const auto theirs = client->show({.geometry = {0, 0, 800, 400}, .type = kDesktopType});
+    const auto normal = client->show({.geometry = {100, 100, 200, 150}, .colour = 0xFF0000});
+    client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, {theirs, normal});
+    stacking.add(ours, DesktopPlace::aboveDesktops);
+    settle();
+    stacking.layDown(ours);
+    settle();
+    EXPECT_EQ(client->stacking(), (QList<xcb_window_t>{theirs, ours, normal}));
+    stacking.add(ours, DesktopPlace::belowDesktops);
+    stacking.layDown(ours);
+    settle();
+    EXPECT_EQ(client->stacking(), (QList<xcb_window_t>{ours, theirs, normal}));
+}
+
+TEST_F(DesktopStackingTest, comesBackAboveAnotherDesktopWithoutAManager) {
+    const auto ours = client->show({.geometry = {0, 0, 400, 400}, .type = kDesktopType});
+    const auto theirs = client->show({.geometry = {0, 0, 800, 400}, .type = kDesktopType});
+    stacking.add(ours, DesktopPlace::aboveDesktops);
+    client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, {ours, theirs});
+    settle();
+    EXPECT_EQ(client->stacking(), (QList<xcb_window_t>{theirs, ours}));
+}
+
 TEST_F(DesktopStackingTest, windowsOfTwoDisplaysDoNotChangePlacesForEver) {
     const auto left = showUnmanaged(0);
     const auto normal = client->show({.geometry = {100, 100, 200, 150}, .colour = 0xFF0000});
