@@ -4,7 +4,7 @@
 import shutil
 
 from base.outcome import NotApplicable
-from base.waiting import prepare
+from base.waiting import expect, prepare
 
 SETTINGS = "config/plasma-org.kde.plasma.desktop-appletsrc"
 
@@ -25,6 +25,15 @@ class PlasmaPictures:
         """Plasma writes down only a moment later what its desktops show."""
         prepare(self.is_written_down, "our wallpaper in the settings of Plasma")
         return super().kill_manager()
+
+    def expect_wallpaper(self, where="", places=None, seconds=15):
+        """Of this run: the picture of an earlier one may still be there."""
+        if self.tavi.is_running():
+            expect(self.has_pictures, f"{where}: there are no pictures", seconds)
+        super().expect_wallpaper(where, places, seconds)
+
+    def has_pictures(self):
+        return any((self.room.folder / "runtime/tavi/plasma").glob("*/f-*"))
 
     def expect_left_by_kill(self):
         """The last picture, also in the next session, which finds an empty runtime folder."""

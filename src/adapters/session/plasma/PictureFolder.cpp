@@ -16,6 +16,12 @@ using namespace Qt::StringLiterals;
 
 namespace zeph {
 
+namespace {
+
+constexpr int kFirstCopies = 2;
+
+} // namespace
+
 quint64 PictureFolder::takeOver() {
     const std::lock_guard guard(m_mutex);
     return ++m_writer;
@@ -30,7 +36,7 @@ bool PictureFolder::writeWhole(quint64 writer, const QImage &image) {
         return false;
     }
     removeBefore(m_number);
-    if (!m_whole.isEmpty() && std::exchange(m_keptWriter, writer) != writer) {
+    if (!m_whole.isEmpty() && isFirst(writer)) {
         copyWhole();
     }
     return true;
@@ -69,6 +75,18 @@ void PictureFolder::remove(quint64 writer) {
         QDir(m_folder).removeRecursively();
         m_whole.clear();
     }
+}
+
+/// Counts the pictures that it is asked about.
+bool PictureFolder::isFirst(quint64 writer) {
+    if (std::exchange(m_keptWriter, writer) != writer) {
+        m_copies = 0;
+    }
+    if (m_copies == kFirstCopies) {
+        return false;
+    }
+    ++m_copies;
+    return true;
 }
 
 /// Has a folder, and knows the highest number of what an earlier run left in it.

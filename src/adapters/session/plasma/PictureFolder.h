@@ -29,7 +29,8 @@ public:
 
     // Each is false when the pictures could not be written, as on a full disk.
 
-    /// The first of a writer is copied as by `keep`.
+    /// The first two of a writer are copied as by `keep`: of the first frame many facts are
+    /// missing.
     bool writeWhole(quint64 writer, const QImage &image);
     bool writePatches(quint64 writer, const QImage &image, const std::vector<QRect> &parts);
 
@@ -45,6 +46,7 @@ public:
 
 private:
     bool prepare();
+    bool isFirst(quint64 writer);
     bool put(const QImage &image, const QRect &part, bool isWhole);
     void removeBefore(quint64 number) const;
     void copyWhole() const;
@@ -53,7 +55,8 @@ private:
     const QString m_kept;
     std::mutex m_mutex;
     quint64 m_writer = 0;
-    quint64 m_keptWriter = 0; // whose first picture was copied
+    quint64 m_keptWriter = 0; // whose first pictures were copied
+    int m_copies = 0;         // so many of them
     quint64 m_number = 0;     // of the last picture
     QString m_whole;          // the last one that something can be seen of; empty when it is gone
 };

@@ -89,7 +89,9 @@ private:
             for (const QJsonValue number : list) {
                 desktops.at(number.toInt()) = ours;
             }
-            returned.clear();
+            if (script.contains(QStringLiteral("writeConfig('Returned', '')"))) {
+                returned.clear();
+            }
             for (const auto &[number, wallpaper] : desktops) {
                 if (wallpaper == ours) {
                     folders[number] = wordIn(script, QStringLiteral("'Folder', \"(.*)\""));

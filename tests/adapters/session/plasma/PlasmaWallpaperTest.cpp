@@ -253,10 +253,13 @@ TEST_F(PlasmaWallpaperTest, theEndAsksForNothingWhereOursIsNotShown) {
     plasma.appear();
     open();
     wallpaper->setNeeded(true);
+    ASSERT_TRUE(answersCame()); // the shell is known
     end();
     open();
-    wallpaper->choose(true);
-    end(); // not known to be needed
+    wallpaper->choose(true); // and not known to be needed
+    ASSERT_TRUE(answersCame());
+    end();
+    ASSERT_TRUE(answersCame());
     EXPECT_TRUE(plasma.scripts.isEmpty());
 }
 
