@@ -4,6 +4,7 @@
 #include "host/ApplicationWindows.h"
 #include "host/MenuBarController.h"
 #include "ports/ApplicationPolicy.h"
+#include "ports/DesktopShell.h"
 #include "ports/InputEvents.h"
 #include "ports/ShellPorts.h"
 #include "ports/UpdateFramework.h"
@@ -21,6 +22,9 @@ const QString onboardedKey = u"zeph.onboarded"_s;
 const QString didSetDefaultKey = u"zeph.launchAtLogin.didSetDefault"_s;
 const QString hideIconsKey = u"zeph.desktop.hideIcons"_s;
 
+// Some sessions start their desktop program anew whenever it ends, and it ends by our hiding.
+constexpr int mostLaterTries = 5;
+
 } // namespace
 
 ApplicationShell::ApplicationShell(ShellContext context)
@@ -37,6 +41,7 @@ void ApplicationShell::launch() {
         m_context.ports.statusBar, MenuActions{.openSettings = [this] { openSettings(); },
                                                .checkForUpdates = [this] { checkForUpdates(); },
                                                .quit = [this] { quit(); }});
+    m_iconDrawers = m_context.ports.desktopShell.subscribeToDrawer([this] { noteIconDrawer(); });
     applyDesktopIcons();
     setLaunchAtLoginOnce();
     if (!isOnboarded()) {
@@ -72,6 +77,19 @@ void ApplicationShell::applyDesktopIcons() {
         const bool hide = m_context.defaults.boolean(hideIconsKey);
         if (hide == areVisible) {
             m_desktopIcons.applyHidden(hide);
+        }
+    }));
+}
+
+/// At login the program that draws the icons may come up after us.
+void ApplicationShell::noteIconDrawer() {
+    if (!m_context.defaults.boolean(hideIconsKey) || m_laterTries >= mostLaterTries) {
+        return;
+    }
+    m_desktopIcons.systemIconsVisible(m_questions.whileAlive([this](bool areVisible) {
+        if (areVisible && m_context.defaults.boolean(hideIconsKey)) {
+            ++m_laterTries;
+            m_desktopIcons.applyHidden(true);
         }
     }));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/UserRequest.h"
+#include "base/ChangePublisher.h"
 #include "base/WorkOwner.h"
 #include "host/DesktopIconsManager.h"
 #include "host/LaunchAtLogin.h"
@@ -53,6 +54,7 @@ public:
 private:
     bool isOnboarded() const;
     void applyDesktopIcons();
+    void noteIconDrawer();
     void setLaunchAtLoginOnce();
     void showOnboarding();
     void onboardingDone();
@@ -65,6 +67,8 @@ private:
     LaunchAtLogin m_launchAtLogin;
     DesktopIconsManager m_desktopIcons;
     WorkOwner m_questions;
+    Subscription m_iconDrawers;
+    int m_laterTries = 0; // to hide icons that came later
     std::unique_ptr<MenuBarController> m_menuBar;
     std::unique_ptr<ApplicationWindows> m_windows;
 };

@@ -43,6 +43,7 @@
 #include "app/EndBudget.h"
 #include "base/Background.h"
 #include "drawing/painting/SymbolLibrary.h"
+#include "ports/WindowServer.h"
 #include "settings/Consents.h"
 #include "ui/tray/TrayMenu.h"
 
@@ -87,12 +88,6 @@ ui::Appearance appearanceOf(const DesktopAppearance &desktop) {
 
 QString currentDesktop() {
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
-}
-
-/// The root of a sandbox lies on no disk.
-QString volumeFolder() {
-    return runsInSandbox(QCoreApplication::applicationFilePath()) ? QDir::homePath()
-                                                                  : QStringLiteral("/");
 }
 
 std::unique_ptr<LoginItem> makeLoginItem(UserDefaults &defaults) {
@@ -198,7 +193,8 @@ struct LinuxPlatform::Adapters {
     JsonUserDefaults &defaults = foundation->defaults;
     QtTaskExecutor &executor = foundation->executor;
     Background &background = foundation->background;
-    DesktopIconsWatch desktopIcons{iconStoreHere(foundation->desktopFolder), background};
+    DesktopIconsWatch desktopIcons{iconStoreHere(foundation->desktopFolder), background,
+                                   QDBusConnection::sessionBus()};
     ScreensBesideIcons screens{session->screens(), session->windowServer(), desktopIcons};
     SystemClock clock;
     QtTaskExecutor accountExecutor{mostTasks, QtTaskExecutor::Start::whenReleased};
@@ -206,7 +202,8 @@ struct LinuxPlatform::Adapters {
     ProcHostStatistics hostStatistics;
     ProcNetworkInterfaces interfaces;
     NetworkManagerWiFi wifi{QDBusConnection::systemBus()};
-    StatvfsVolume volume{volumeFolder()};
+    StatvfsVolume volume{
+        folderOnTheDisk(runsInSandbox(QCoreApplication::applicationFilePath()), QDir::homePath())};
     UPowerSources upower{QDBusConnection::systemBus()};
     LinuxPowerSources powerSources{upower, supplies, background};
     BluezBatteries bluez{QDBusConnection::systemBus()};
@@ -226,6 +223,14 @@ struct LinuxPlatform::Adapters {
 struct LinuxPlatform::Shell {
     explicit Shell(Adapters &adapters)
         : loginItem(makeLoginItem(adapters.defaults)),
+          desktopShell(makeDesktopShell(
+              currentDesktop(),
+              QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
+              QDBusConnection::sessionBus(),
+              // Which way it is goes by the program that draws the desktop, too.
+              [&server = adapters.session->windowServer()](std::function<void()> handler) {
+                  return server.subscribeToDrawingWay(std::move(handler));
+              })),
           statusBar(QDBusConnection::sessionBus(), trayTools(),
                     [](const TrayFacts &facts, const TrayTools &tools) {
                         return DockedItem::make(facts, tools);
@@ -261,9 +266,7 @@ struct LinuxPlatform::Shell {
     PackageKitUpdates updates{QDBusConnection::systemBus(), QCoreApplication::applicationFilePath(),
                               runsInSandbox(QCoreApplication::applicationFilePath())};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
-    std::unique_ptr<DesktopShell> desktopShell = makeDesktopShell(
-        currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation),
-        QDBusConnection::sessionBus());
+    std::unique_ptr<DesktopShell> desktopShell;
     SettingsPages systemSettings{
         currentDesktop(), QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation)};
     LinuxStatusBar statusBar;

@@ -4,6 +4,7 @@
 #include "base/Background.h"
 #include "host/DesktopIconsManager.h"
 #include "ports/DesktopShell.h"
+#include "ports/UserDefaults.h"
 
 #include <QStringList>
 
@@ -26,6 +27,15 @@ QStringList problemsOf(const Restoration &restoration) {
         problems.append(u"the desktop did not show its icons again"_s);
     } else if (restoration.icons == Restored::unreachable) {
         problems.append(u"nobody is there who would show the desktop's icons again"_s);
+    }
+    if (restoration.fileManager == Restored::refused) {
+        problems.append(u"Nemo did not take its earlier settings back"_s);
+    } else if (restoration.fileManager == Restored::unreachable) {
+        problems.append(u"nobody is there who would take Nemo's earlier settings back"_s);
+    }
+    if (restoration.wallpapers == Restored::notSaved || restoration.icons == Restored::notSaved ||
+        restoration.fileManager == Restored::notSaved) {
+        problems.append(u"its settings could not be written, and tell as before of what is back"_s);
     }
     return problems;
 }
@@ -56,6 +66,9 @@ RestorationWords restorationWords(const Restoration &restoration) {
     if (isPictureBack || areIconsBack) {
         return {u"tavi: the desktop has %1 back"_s.arg(whatIsBack(isPictureBack, areIconsBack))};
     }
+    if (restoration.fileManager == Restored::done) {
+        return {u"tavi: Nemo has its earlier settings back"_s};
+    }
     if (restoration.picture == Restored::unreachable) {
         return failed(u"there is no X display to put a picture back on"_s);
     }
@@ -74,7 +87,7 @@ Restored restoreIcons(DesktopShell &shell, UserDefaults &defaults) {
     }
     manager.applyHidden(false);
     if (!manager.keepsEarlier()) {
-        return Restored::done;
+        return defaults.isSaved() ? Restored::done : Restored::notSaved;
     }
     const auto setting = shell.iconSetting();
     return setting && setting->drawer == IconDrawer::there ? Restored::refused

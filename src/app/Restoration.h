@@ -11,6 +11,7 @@ class UserDefaults;
 /// What came of bringing one thing back that an earlier run has kept.
 enum class Restored {
     done,
+    notSaved,    ///< it is back, and is kept on, as the settings could not be written
     nothingKept, ///< no run has left anything, or the user has chosen something else by now
     refused,
     unreachable, ///< nobody is there who would take it
@@ -22,6 +23,7 @@ struct Restoration {
     Restored picture = Restored::nothingKept;    ///< of the X display
     Restored wallpapers = Restored::nothingKept; ///< of Plasma
     Restored icons = Restored::nothingKept;
+    Restored fileManager = Restored::nothingKept; ///< the settings of Nemo
 };
 
 /// What is printed of it: one line, for people. What is still kept makes it a failure.

@@ -3,6 +3,7 @@
 
 #include "adapters/bus/HungBuses.h"
 #include "adapters/desktop/DesktopShells.h"
+#include "adapters/session/nemo/NemoTool.h"
 #include "adapters/session/plasma/EarlierWallpapers.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11EarlierPicture.h"
@@ -25,6 +26,9 @@ namespace {
 // As long as a start waits for it.
 constexpr std::chrono::milliseconds kBusPatience{2000};
 
+// Four calls of a tool.
+constexpr std::chrono::milliseconds kNemoPatience{8000};
+
 Restored restorePicture() {
     const auto connection = X11Connection::open();
     if (!connection) {
@@ -37,11 +41,27 @@ Restored restoreWallpapers(UserDefaults &defaults) {
     switch (bringWallpapersBack(QDBusConnection::sessionBus(), defaults)) {
     case WallpapersBack::done:
         return Restored::done;
+    case WallpapersBack::notSaved:
+        return Restored::notSaved;
     case WallpapersBack::nothingKept:
         break;
     case WallpapersBack::refused:
         return Restored::refused;
     case WallpapersBack::noShell:
+        return Restored::unreachable;
+    }
+    return Restored::nothingKept;
+}
+
+Restored restoreNemo(UserDefaults &defaults) {
+    switch (giveNemoBack(defaults, kNemoPatience)) {
+    case NemoOutcome::done:
+        return Restored::done;
+    case NemoOutcome::nothingToDo:
+        break;
+    case NemoOutcome::refused:
+        return Restored::refused;
+    case NemoOutcome::unavailable:
         return Restored::unreachable;
     }
     return Restored::nothingKept;
@@ -71,6 +91,7 @@ Restoration restoreDesktop(const RestoredFolders &folders) {
     if (QFileInfo::exists(folders.settings)) {
         JsonUserDefaults defaults(folders.settings);
         restoration.wallpapers = restoreWallpapers(defaults);
+        restoration.fileManager = restoreNemo(defaults);
         restoration.icons = restoreIconsHere(defaults);
     }
     return restoration;

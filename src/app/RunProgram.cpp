@@ -27,6 +27,7 @@
 #include "drawing/painting/QtTextMetrics.h"
 #include "drawing/painting/ScenePainter.h"
 #include "drawing/painting/SymbolLibrary.h"
+#include "history/HistoryAhead.h"
 #include "history/UsageStore.h"
 #include "ports/RunLoop.h"
 #include "ports/WindowServer.h"
@@ -192,12 +193,11 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const Ending &ending,
 }
 
 int runOn(LinuxPlatform *platform, const ProgramSettings &settings, RequestInbox &requests,
-          DisplayLoss &displayLoss) {
+          DisplayLoss &displayLoss, HistoryAhead &history) {
     const Platform &ports = platform->ports();
     NotificationCenter notifications;
     PreferencesStore preferences(ports.userDefaults, notifications, ports.formatters);
-    UsageStore usageStore(ownFolder(QStandardPaths::GenericDataLocation), ports.clock,
-                          ports.calendar);
+    UsageStore usageStore(history, ports.clock, ports.calendar);
     Keychain keychain(ports.secureStore, ports.userDefaults);
     IntegrationsStore integrations(ports.userDefaults, keychain, notifications, ports.runLoop,
                                    ports.taskExecutor);
@@ -285,6 +285,7 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
         std::fputs("tavi: it runs already, and the session bus does not lead to it\n", stderr);
         return EXIT_FAILURE;
     }
+    HistoryAhead history(ownFolder(QStandardPaths::GenericDataLocation));
     const LinuxPlatform::Created created = LinuxPlatform::create(
         ownFolder(QStandardPaths::GenericConfigLocation) + u"/defaults.json"_s, locale.calendar,
         locale.gregorian, locale.formatters);
@@ -292,7 +293,7 @@ int runPrimary(const ProgramSettings &settings, RequestInbox &requests, StartCla
         std::fprintf(stderr, "tavi: %s\n", qPrintable(created.refusal));
         return EXIT_FAILURE;
     }
-    return runOn(created.platform.get(), settings, requests, loss);
+    return runOn(created.platform.get(), settings, requests, loss, history);
 }
 
 /// One run from the start to the end, over the X server that was found already, if any.

@@ -36,7 +36,8 @@ std::optional<TakenOut<Record>> takeOut(std::vector<Record> &list, const QUuid &
     if (found == list.end()) {
         return std::nullopt;
     }
-    const auto next = std::next(found);
+    const auto next =
+        std::find_if(found, list.end(), [&id](const Record &record) { return record.id != id; });
     TakenOut<Record> taken{*found, static_cast<std::size_t>(std::distance(list.begin(), found)),
                            next == list.end() ? QUuid() : next->id};
     std::erase_if(list, [id](const Record &record) { return record.id == id; });

@@ -64,6 +64,10 @@ QString DatabaseRow::text(int column) const {
     return QString::fromUtf8(reinterpret_cast<const char *>(bytes));
 }
 
+void Database::readEnvironment() {
+    sqlite3_initialize();
+}
+
 std::unique_ptr<Database> Database::open(const QString &path) {
     sqlite3 *handle = nullptr;
     const int status = sqlite3_open(path.toUtf8().constData(), &handle);

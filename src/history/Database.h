@@ -39,6 +39,10 @@ private:
 /// may come from any thread: a mutex runs them one after the other. Nothing is retried.
 class Database {
 public:
+    /// Has SQLite take what it wants of the environment, so that it can be opened on a thread while
+    /// others change that.
+    static void readEnvironment();
+
     /// Opens or creates the file at `path` in WAL mode. Null, after one printed line, when SQLite
     /// can't open it; a file that is no database opens and fails at each statement.
     static std::unique_ptr<Database> open(const QString &path);

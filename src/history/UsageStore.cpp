@@ -3,8 +3,7 @@
 
 #include "base/Console.h"
 #include "base/Log.h"
-#include "base/PrivateFolder.h"
-#include "history/Database.h"
+#include "history/HistoryAhead.h"
 #include "history/PrivateFiles.h"
 #include "history/UsageStatements.h"
 #include "ports/Calendar.h"
@@ -21,10 +20,6 @@ namespace {
 
 QString sql(const char16_t *text) {
     return QString::fromUtf16(text);
-}
-
-QString databasePath(const QString &folder) {
-    return folder + u"/zeph.sqlite"_s;
 }
 
 DatabaseValue nullable(const std::optional<QString> &text) {
@@ -83,46 +78,44 @@ double mean(const std::vector<double> &values) {
 } // namespace
 
 UsageStore::UsageStore(const QString &folder, const Clock &clock, const Calendar &calendar)
-    : m_folder(folder), m_clock(clock), m_calendar(calendar) {
-    makePrivateFolder(folder);
-    open();
-    if (m_db && m_db->isDamaged()) {
+    : UsageStore(folder, openHistory(folder), clock, calendar) {}
+
+UsageStore::UsageStore(HistoryAhead &history, const Clock &clock, const Calendar &calendar)
+    : UsageStore(history.folder(), history.take(), clock, calendar) {}
+
+UsageStore::UsageStore(QString folder, OpenHistory opened, const Clock &clock,
+                       const Calendar &calendar)
+    : m_folder(std::move(folder)),
+      m_clock(clock),
+      m_calendar(calendar),
+      m_history(std::move(opened)) {
+    if (m_history.database && m_history.database->isDamaged()) {
         beginAnew();
     }
 }
 
 UsageStore::~UsageStore() = default;
 
-void UsageStore::open() {
-    const QString path = databasePath(m_folder);
-    makePrivateDatabaseFile(path);
-    m_db = Database::open(path);
-    if (m_db) {
-        const bool hasApplications = m_db->exec(sql(statements::createAppUsage));
-        m_hasTables = m_db->exec(sql(statements::createDailyStats)) && hasApplications;
-    }
-}
-
 /// Makes up for what went wrong earlier: a disk that was full may have room again.
 void UsageStore::mend() {
-    if (m_db && m_db->isDamaged()) {
+    if (m_history.database && m_history.database->isDamaged()) {
         beginAnew();
-    } else if (m_db && !m_hasTables) {
-        m_hasTables = m_db->exec(sql(statements::createAppUsage)) &&
-                      m_db->exec(sql(statements::createDailyStats));
+    } else if (m_history.database && !m_history.hasTables) {
+        m_history.hasTables = m_history.database->exec(sql(statements::createAppUsage)) &&
+                              m_history.database->exec(sql(statements::createDailyStats));
     }
 }
 
 void UsageStore::beginAnew() {
-    m_db.reset();
-    const auto aside = setDatabaseAside(databasePath(m_folder));
+    m_history.database.reset();
+    const auto aside = setDatabaseAside(historyPath(m_folder));
     if (!aside) {
         qCWarning(logHistory, "the damaged history can't be set aside, so nothing is kept");
         return;
     }
     printLine(u"[Zeph] the history was damaged and is kept as %1"_s.arg(*aside));
     m_unknown.clear(); // nothing is stored any more
-    open();
+    m_history = openHistory(m_folder);
 }
 
 QString UsageStore::dayKey(Date date) const {
@@ -133,10 +126,10 @@ template <typename Map>
 auto UsageStore::load(UsageTable table, const QString &day, const char16_t *statement, Map map) {
     mend();
     using Rows = std::vector<std::invoke_result_t<Map, const DatabaseRow &>>;
-    if (!m_db) {
+    if (!m_history.database) {
         return Rows();
     }
-    auto rows = m_db->read(sql(statement), {day}, map);
+    auto rows = m_history.database->read(sql(statement), {day}, map);
     if (rows) {
         m_unknown.erase({table, day});
     } else if (m_unknown.insert({table, day}).second) {
@@ -152,7 +145,7 @@ bool UsageStore::isKnown(UsageTable table, const QString &day) const {
 
 bool UsageStore::maySave(UsageTable table, const QString &day) {
     mend();
-    return m_db && isKnown(table, day);
+    return m_history.database && isKnown(table, day);
 }
 
 std::vector<AppUsage> UsageStore::loadAppUsage(const QString &day) {
@@ -165,8 +158,8 @@ bool UsageStore::saveAppUsage(const std::vector<AppUsage> &usage, const QString 
     }
     bool isSaved = true;
     for (const AppUsage &app : usage) {
-        isSaved &= m_db->write(sql(statements::upsertAppUsage),
-                               {day, app.bundleID, app.name, app.seconds});
+        isSaved &= m_history.database->write(sql(statements::upsertAppUsage),
+                                             {day, app.bundleID, app.name, app.seconds});
     }
     return isSaved;
 }
@@ -180,15 +173,16 @@ UsageStore::loadDailyStats(const QString &day) {
 bool UsageStore::saveDailyStats(const ActivitySummary &summary, const InputRhythm &rhythm,
                                 const QString &day) {
     return maySave(UsageTable::totals, day) &&
-           m_db->write(sql(statements::upsertDailyStats),
-                       {day, rhythm.totalKeystrokes, rhythm.mouseClicks, rhythm.mouseDistanceMeters,
-                        summary.activeSeconds, summary.machineOnSeconds, summary.appSwitches,
-                        summary.longestFocusSeconds, nullable(summary.longestFocusApp),
-                        nullable(summary.firstActive), nullable(summary.lastActive)});
+           m_history.database->write(
+               sql(statements::upsertDailyStats),
+               {day, rhythm.totalKeystrokes, rhythm.mouseClicks, rhythm.mouseDistanceMeters,
+                summary.activeSeconds, summary.machineOnSeconds, summary.appSwitches,
+                summary.longestFocusSeconds, nullable(summary.longestFocusApp),
+                nullable(summary.firstActive), nullable(summary.lastActive)});
 }
 
 double UsageStore::averageKPM(bool excludingToday, int days) const {
-    if (!m_db) {
+    if (!m_history.database) {
         return 0;
     }
     QString statement = sql(statements::selectRates);
@@ -199,19 +193,19 @@ double UsageStore::averageKPM(bool excludingToday, int days) const {
     }
     statement += sql(statements::newestFirst);
     parameters.emplace_back(qint64(days));
-    auto rates = m_db->query(statement, parameters, keystrokesPerActiveMinute);
+    auto rates = m_history.database->query(statement, parameters, keystrokesPerActiveMinute);
     rates.erase(std::remove_if(rates.begin(), rates.end(), [](double rate) { return !(rate > 0); }),
                 rates.end());
     return mean(rates);
 }
 
 double UsageStore::averageActiveSeconds(int days) const {
-    if (!m_db) {
+    if (!m_history.database) {
         return 0;
     }
-    return mean(m_db->query(sql(statements::selectActiveSeconds),
-                            {dayKey(m_clock.now()), qint64(days)},
-                            [](const DatabaseRow &row) { return row.real(0); }));
+    return mean(m_history.database->query(sql(statements::selectActiveSeconds),
+                                          {dayKey(m_clock.now()), qint64(days)},
+                                          [](const DatabaseRow &row) { return row.real(0); }));
 }
 
 } // namespace zeph

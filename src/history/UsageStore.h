@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "history/OpenHistory.h"
 #include "model/ActivitySummary.h"
 #include "model/AppUsage.h"
 #include "model/InputRhythm.h"
 
-#include <memory>
 #include <set>
 #include <utility>
 #include <vector>
@@ -14,7 +14,7 @@ namespace zeph {
 
 class Calendar;
 class Clock;
-class Database;
+class HistoryAhead;
 
 /// What is stored of a day.
 enum class UsageTable {
@@ -34,6 +34,8 @@ public:
     /// is damaged, whenever that is found, is renamed to "zeph.sqlite.damaged", or a numbered name
     /// beside it, and a new one begun.
     UsageStore(const QString &folder, const Clock &clock, const Calendar &calendar);
+    /// The same with what was opened beside the main thread; waits for that.
+    UsageStore(HistoryAhead &history, const Clock &clock, const Calendar &calendar);
     ~UsageStore();
     UsageStore(const UsageStore &) = delete;
     UsageStore &operator=(const UsageStore &) = delete;
@@ -65,7 +67,7 @@ public:
     double averageActiveSeconds(int days) const;
 
 private:
-    void open();
+    UsageStore(QString folder, OpenHistory opened, const Clock &clock, const Calendar &calendar);
     void mend();
     void beginAnew();
     bool maySave(UsageTable table, const QString &day);
@@ -77,8 +79,7 @@ private:
     QString m_folder;
     const Clock &m_clock;
     const Calendar &m_calendar;
-    std::unique_ptr<Database> m_db; // null when the file could not be opened
-    bool m_hasTables = false;
+    OpenHistory m_history;
     std::set<std::pair<UsageTable, QString>> m_unknown; // what the last load of failed
 };
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "base/ChangePublisher.h"
 #include "ports/Port.h"
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace zeph {
@@ -33,7 +35,8 @@ enum class ShellOutcome {
 };
 
 /// Reads and writes that setting. Each call may take as long as the desktop's tool does, so none
-/// but `canHideIcons` is made on the main thread; changes are made one after the other.
+/// but `canHideIcons` and `subscribeToDrawer` is made on the main thread; changes are made one
+/// after the other.
 class DesktopShell : public Port {
 public:
     /// False where the desktop has no such setting; then nothing else has an effect.
@@ -56,6 +59,13 @@ public:
 
     /// Has the desktop follow its setting, where it does not by itself.
     virtual ShellOutcome relaunch() = 0;
+
+    /// Calls `handler` on the main thread when what draws the icons may have come or gone, where it
+    /// comes with icons though they were hidden before. Never where the setting lasts.
+    [[nodiscard]] virtual Subscription
+    subscribeToDrawer(const std::function<void()> & /*handler*/) {
+        return {};
+    }
 };
 
 } // namespace zeph

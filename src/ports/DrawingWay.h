@@ -19,6 +19,7 @@ enum class DrawingMechanism {
 struct DrawingWay {
     DrawingMechanism mechanism = DrawingMechanism::desktopWindow;
     QString reason = {};
+    bool isTransparent = false; ///< what lies beneath shines through, the desktop's icons included
 
     bool operator==(const DrawingWay &) const = default;
 };

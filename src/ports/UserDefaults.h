@@ -30,6 +30,9 @@ public:
     virtual void set(const QString &key, const DefaultsValue &value) = 0;
     virtual void remove(const QString &key) = 0;
 
+    /// False while a change lives in memory alone, since it could not be stored.
+    virtual bool isSaved() const = 0;
+
     /// The value when it has exactly this type, else absent.
     template <typename T>
     std::optional<T> get(const QString &key) const {

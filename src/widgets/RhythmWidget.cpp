@@ -7,6 +7,9 @@
 #include "widgets/WidgetRows.h"
 #include "wording/StatFraming.h"
 
+#include <utility>
+#include <vector>
+
 namespace zeph {
 
 using namespace Qt::StringLiterals;
@@ -20,6 +23,9 @@ QString cursorText(double meters, const FramingContext &framing) {
                         : u"Cursor barely moved"_s;
 }
 
+// Whoever tells of no keys tells of no pointer either.
+const auto uncounted = u"Keys can't be counted on this desktop"_s;
+
 } // namespace
 
 View rhythmWidget(const WidgetContext &context) {
@@ -27,17 +33,21 @@ View rhythmWidget(const WidgetContext &context) {
     const ActivitySummary &activity = *context.state.activity;
     const Palette &palette = context.palette;
     const double usualActiveSeconds = context.usage.averageActiveSeconds(averagedDays);
-    return widgetRows(
-        {sectionLabel(u"Your rhythm"_s, palette),
-         calmListLine(u"keyboard"_s,
-                      StatFraming::typing(rhythm.keystrokesPerMinute, rhythm.dailyAverageKPM),
-                      palette),
-         calmListLine(u"arrow.left.arrow.right"_s, StatFraming::switches(activity.appSwitches),
-                      palette),
-         calmListLine(u"cursorarrow.motionlines"_s,
-                      cursorText(rhythm.mouseDistanceMeters, context.framing), palette),
-         calmListLine(u"clock.arrow.circlepath"_s,
-                      StatFraming::active(activity, usualActiveSeconds), palette)});
+    const QString typing =
+        rhythm.isCountable ? StatFraming::typing(rhythm.keystrokesPerMinute, rhythm.dailyAverageKPM)
+                           : uncounted;
+    std::vector<View> rows{sectionLabel(u"Your rhythm"_s, palette),
+                           calmListLine(u"keyboard"_s, typing, palette),
+                           calmListLine(u"arrow.left.arrow.right"_s,
+                                        StatFraming::switches(activity.appSwitches), palette)};
+    if (rhythm.isCountable) {
+        rows.push_back(calmListLine(u"cursorarrow.motionlines"_s,
+                                    cursorText(rhythm.mouseDistanceMeters, context.framing),
+                                    palette));
+    }
+    rows.push_back(calmListLine(u"clock.arrow.circlepath"_s,
+                                StatFraming::active(activity, usualActiveSeconds), palette));
+    return widgetRows(std::move(rows));
 }
 
 } // namespace zeph

@@ -127,13 +127,6 @@ Absence withoutEvent(const ContentFacts &facts) {
     return isToCome ? Absence() : u"There is no event to come"_s;
 }
 
-Absence uncounted(const ContentFacts &facts) {
-    return facts.state.rhythm->isCountable
-               ? Absence()
-               : u"Your desktop does not tell how often keys are pressed, so there is no typing "
-                 u"rhythm here"_s;
-}
-
 Absence withoutDevice(const ContentFacts &facts) {
     return facts.state.deviceBatteries->empty() ? u"No connected device tells its charge"_s
                                                 : Absence();
@@ -174,7 +167,7 @@ constexpr auto placed = std::to_array<WidgetEntry>({
     {reminders, remindersWidget, withoutReminders},
     {countdowns, countdownsWidget, withoutEvent},
     {appRanking, appRankingWidget},
-    {rhythm, rhythmWidget, uncounted},
+    {rhythm, rhythmWidget},
     {desktop, desktopWidget},
     {machine, machineWidget},
     {devices, devicesWidget, withoutDevice},

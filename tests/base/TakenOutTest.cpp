@@ -9,6 +9,7 @@ namespace {
 
 struct Bead {
     QUuid id;
+    int size = 1;
     bool operator==(const Bead &) const = default;
 };
 
@@ -59,6 +60,26 @@ TEST(TakenOut, isNothingUnderAnotherId) {
     auto beads = string();
     EXPECT_EQ(takeOut(beads, QUuid::createUuid()), std::nullopt);
     EXPECT_EQ(beads, string());
+}
+
+TEST(TakenOut, othersOfItsIdDoNotComeBackWithIt) {
+    const Bead twin{red.id, 2};
+    std::vector<Bead> beads{red, green, twin};
+    const auto taken = takeOut(beads, red.id);
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(beads, std::vector{green});
+    putBack(beads, *taken);
+    EXPECT_EQ(beads, (std::vector{red, green}));
+}
+
+TEST(TakenOut, comesBackBeforeWhatStoodBehindAllOfItsId) {
+    const Bead twin{red.id, 2};
+    std::vector<Bead> beads{red, twin, green};
+    const auto taken = takeOut(beads, red.id);
+    ASSERT_TRUE(taken);
+    beads.insert(beads.begin(), blue);
+    putBack(beads, *taken);
+    EXPECT_EQ(beads, (std::vector{blue, red, green}));
 }
 
 } // namespace zeph

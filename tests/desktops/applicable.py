@@ -3,7 +3,7 @@
 that finds nothing anywhere else has failed: it would pass whatever the program did."""
 
 LACKING = {
-    "no_manager": {"icons", "show_desktop", "panel", "manager_killed", "desktop_program"},
+    "no_manager": {"icons", "show_desktop", "manager_killed", "desktop_program"},
     "openbox": {"icons", "desktop_program"},
     "openbox_picom": {"icons", "desktop_program"},
     "mutter": {"icons", "desktop_program"},

@@ -110,7 +110,7 @@ class CourseTest(unittest.TestCase):
         self.assertEqual(self.outcome(check)[0], NOT_APPLICABLE)
         self.desk.limits = {}
         self.desk.name = "no_manager"
-        self.assertEqual(self.outcome(check)[0], NOT_APPLICABLE)
+        self.assertEqual(self.outcome(check, "manager_killed")[0], NOT_APPLICABLE)
 
     def test_a_death_fails_the_check_whatever_that_says(self):
         def dies(desk):

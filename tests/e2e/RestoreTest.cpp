@@ -3,11 +3,13 @@
 
 #include "adapters/session/plasma/FakePlasma.h"
 #include "adapters/session/x11/PlayedDesktop.h"
+#include "adapters/session/x11/RecordOnRoot.h"
 #include "adapters/session/x11/X11Connection.h"
 #include "adapters/session/x11/X11DesktopPicture.h"
 #include "adapters/session/x11/X11RootPixmapSurface.h"
 #include "adapters/storage/FolderLock.h"
 #include "support/FakeScreens.h"
+#include "support/FullDisk.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +29,21 @@ class RestoreTest : public TaviTest {
 protected:
     RestoreTest() { leaveAsKilled(); }
 
+    /// MATE, whose setting of the icons lies in a file of the test.
+    QProcessEnvironment onMate() const {
+        writeTool("caja", "exit 0");
+        writeTool("gsettings", "if [ \"$1\" = set ]; then echo \"$4\" >\"$HOME/icons\"\n"
+                               "else cat \"$HOME/icons\"; fi");
+        auto variables = environment();
+        variables.insert(u"PATH"_s, pathOfTools());
+        variables.insert(u"XDG_CURRENT_DESKTOP"_s, u"MATE"_s);
+        return variables;
+    }
+    QByteArray contentOf(const char *below) const {
+        QFile file(path(below));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
     bool hasPicture() const { return client->pixel(kAway) == (kTheirColour.rgb() & 0xFFFFFF); }
 
 private:
@@ -44,7 +61,7 @@ private:
         const xcb_pixmap_t mark = xcb_generate_id(connection->xcb());
         xcb_create_pixmap(connection->xcb(), 24, mark, connection->root(), 1, 1);
         connection->intern("ZEPH_TEST"); // the server knows it with the answer
-        client->killOwner(client->numbers(client->root(), "_TAVI_EARLIER_PICTURE").value(0));
+        client->killOwner(recordOnRoot(*client).kept);
         client->killOwner(mark);
         EXPECT_EQ(client->pixel(kAway), kOurColour);
     }
@@ -73,7 +90,19 @@ TEST_F(RestoreTest, leavesAProgramThatRunsWhatItKeeps) {
     EXPECT_EQ(tavi.errors(),
               u"tavi: it is running, and puts the earlier picture back when it ends\n"_s);
     EXPECT_EQ(client->pixel(kAway), kOurColour);
-    EXPECT_FALSE(client->numbers(client->root(), "_TAVI_EARLIER_PICTURE").isEmpty());
+    EXPECT_FALSE(client->numbers(client->root(), kRecordName).isEmpty());
+}
+
+TEST_F(RestoreTest, leavesARunOnAnotherMachineWhatItKeeps) {
+    auto record = recordOnRoot(*client);
+    ++record.machine;
+    const auto numbers = numbersOf(record);
+    client->setNumbers(client->root(), kRecordName, {numbers.begin(), numbers.end()});
+    Program tavi(environment(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+    EXPECT_EQ(tavi.output(), u"tavi: there is no earlier picture to put back\n"_s);
+    EXPECT_EQ(client->pixel(kAway), kOurColour);
+    EXPECT_EQ(recordOnRoot(*client), record);
 }
 
 TEST_F(RestoreTest, failsWithoutADisplay) {
@@ -106,6 +135,76 @@ TEST_F(RestoreTest, bringsPlasmasWallpapersBackToo) {
     EXPECT_TRUE(second.endsWith(1));
     EXPECT_EQ(second.errors(), u"tavi: Plasma's shell does not run, and would get its earlier "
                                "wallpapers back\n"_s);
+}
+
+TEST_F(RestoreTest, bringsTheIconsBackToo) {
+    writeFile(path("home/icons"), "false\n");
+    writeSettings(R"({"zeph.desktop.earlierIcons": "true"})");
+    Program tavi(onMate(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+    EXPECT_EQ(tavi.output(), u"tavi: the desktop has its earlier picture and its icons back\n"_s);
+    EXPECT_EQ(contentOf("home/icons"), "true\n");
+    EXPECT_FALSE(contentOf("config/Zeph/defaults.json").contains("earlierIcons"));
+}
+
+TEST_F(RestoreTest, tellsThatNobodyWouldShowTheIcons) {
+    writeSettings(R"({"zeph.desktop.earlierIcons": "true"})");
+    Program tavi(environment(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(1));
+    EXPECT_EQ(tavi.errors(), u"tavi: nobody is there who would show the desktop's icons again\n"_s);
+    EXPECT_TRUE(hasPicture());
+    EXPECT_TRUE(contentOf("config/Zeph/defaults.json").contains("earlierIcons"));
+}
+
+TEST_F(RestoreTest, tellsWhereTheSettingsCanNotBeWritten) {
+    FakePlasma plasma(bus.address());
+    plasma.desktops = {{1, u"com.tavi.Tavi"_s}};
+    plasma.appear();
+    writeSettings(R"({"zeph.plasma.earlier": "{\"1\":\"org.kde.color\"}"})");
+    const FullDisk full(8);
+    Program tavi(environment(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(1));
+    EXPECT_TRUE(tavi.errors().endsWith(
+        u"tavi: its settings could not be written, and tell as before of what is back\n"_s))
+        << tavi.errors().toStdString();
+    EXPECT_EQ(plasma.desktops, (std::map<int, QString>{{1, u"org.kde.color"_s}}));
+    EXPECT_TRUE(contentOf("config/Zeph/defaults.json").contains("zeph.plasma.earlier"));
+}
+
+/// A killed run has left Nemo's settings changed; the tool keeps them in files named for the keys.
+class RestoreNemoTest : public RestoreTest {
+protected:
+    RestoreNemoTest() {
+        writeTool("gsettings", "echo \"$*\" >>'" + path("calls").toUtf8() + "'\nfile='" +
+                                   path("home/").toUtf8() +
+                                   "'$3\nif [ \"$1\" = get ]; then cat \"$file\"; "
+                                   "else echo \"$4\" >\"$file\"; fi");
+        writeFile(path("home/ignored-desktop-handlers"), "['conky', 'tavi']\n");
+        writeFile(path("home/desktop-layout"), "'true::true::'\n");
+        writeSettings(R"({"zeph.nemo.isListed": true, "zeph.nemo.earlierLayout": "'true::true'"})");
+    }
+
+    QProcessEnvironment withTools() const {
+        QProcessEnvironment variables = environment();
+        variables.insert(u"PATH"_s, pathOfTools());
+        return variables;
+    }
+    bool isRestored() const {
+        return contentOf("home/ignored-desktop-handlers") == "['conky']\n" &&
+               contentOf("home/desktop-layout") == "'true::true'\n";
+    }
+};
+
+TEST_F(RestoreNemoTest, getsItsSettingsBack) {
+    Program tavi(withTools(), kCommand);
+    EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
+    EXPECT_TRUE(isRestored());
+    EXPECT_FALSE(contentOf("config/Zeph/defaults.json").contains("nemo"));
+}
+
+TEST_F(RestoreNemoTest, getsItsSettingsBackByTheNextStartWhereItDoesNotRun) {
+    Program tavi(withTools());
+    EXPECT_TRUE(waitUntil([&] { return isRestored(); }, kPatience));
 }
 
 } // namespace zeph

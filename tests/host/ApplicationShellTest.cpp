@@ -147,6 +147,43 @@ TEST_F(ApplicationShellTest, iconsThatWeTookAwayComeBackWithTheSwitch) {
     EXPECT_THAT(told(), ElementsAre("accessory", "tray", "show icons", "relaunch"));
 }
 
+TEST_F(ApplicationShellTest, iconsThatComeAfterTheLaunchAreHiddenToo) {
+    onboard();
+    defaults.set(u"zeph.desktop.hideIcons"_s, true);
+    launch();
+    told();
+    shell.desktopShell.drawerUnshown = IconDrawer::off;
+    launch();
+    EXPECT_THAT(told(), ElementsAre("accessory", "tray")) << "nothing is there that draws any";
+    shell.desktopShell.bringDrawer();
+    settle();
+    EXPECT_THAT(told(), ElementsAre("hide icons", "relaunch"));
+    shell.desktopShell.drawers.send();
+    settle();
+    EXPECT_THAT(told(), IsEmpty()) << "they are away";
+}
+
+TEST_F(ApplicationShellTest, iconsThatComeLaterStayWhereTheyAreWanted) {
+    onboard();
+    launch();
+    told();
+    shell.desktopShell.bringDrawer();
+    settle();
+    EXPECT_THAT(told(), IsEmpty());
+}
+
+TEST_F(ApplicationShellTest, aSessionThatInsistsOnItsIconsIsNotFoughtForEver) {
+    onboard();
+    defaults.set(u"zeph.desktop.hideIcons"_s, true);
+    launch();
+    told();
+    for (int i = 0; i < 20; ++i) {
+        shell.desktopShell.bringDrawer();
+        settle();
+    }
+    EXPECT_EQ(told().size(), 2U * 5U);
+}
+
 TEST_F(ApplicationShellTest, aSwitchWorkedWhileTheDesktopAnswersCounts) {
     onboard();
     defaults.set(u"zeph.desktop.hideIcons"_s, true);

@@ -47,6 +47,8 @@ TEST(RestorationWords, tellWhatIsBack) {
               success(u"tavi: the desktop has its icons back"_s));
     EXPECT_EQ(restorationWords({.wallpapers = Restored::done, .icons = Restored::done}),
               success(u"tavi: the desktop has its earlier picture and its icons back"_s));
+    EXPECT_EQ(restorationWords({.fileManager = Restored::done}),
+              success(u"tavi: Nemo has its earlier settings back"_s));
 }
 
 TEST(RestorationWords, tellThatTheProgramRuns) {
@@ -62,11 +64,12 @@ TEST(RestorationWords, aDisplayIsMissedOnlyWhereNothingElseCameBack) {
 }
 
 TEST(RestorationWords, whatIsStillKeptIsAFailure) {
-    for (const Restored odd : {Restored::refused, Restored::unreachable}) {
+    for (const Restored odd : {Restored::notSaved, Restored::refused, Restored::unreachable}) {
         EXPECT_TRUE(restorationWords(
                         {.picture = Restored::done, .wallpapers = odd, .icons = Restored::done})
                         .isFailure);
         EXPECT_TRUE(restorationWords({.picture = Restored::done, .icons = odd}).isFailure);
+        EXPECT_TRUE(restorationWords({.picture = Restored::done, .fileManager = odd}).isFailure);
     }
     EXPECT_EQ(restorationWords({.wallpapers = Restored::refused}),
               failure(u"tavi: Plasma did not take its earlier wallpapers back"_s));
@@ -75,6 +78,13 @@ TEST(RestorationWords, whatIsStillKeptIsAFailure) {
                       "back; the desktop did not show its icons again"_s));
     EXPECT_EQ(restorationWords({.icons = Restored::unreachable}),
               failure(u"tavi: nobody is there who would show the desktop's icons again"_s));
+    EXPECT_EQ(
+        restorationWords({.wallpapers = Restored::notSaved, .icons = Restored::notSaved}),
+        failure(u"tavi: its settings could not be written, and tell as before of what is back"_s));
+    EXPECT_EQ(restorationWords({.fileManager = Restored::refused}),
+              failure(u"tavi: Nemo did not take its earlier settings back"_s));
+    EXPECT_EQ(restorationWords({.fileManager = Restored::unreachable}),
+              failure(u"tavi: nobody is there who would take Nemo's earlier settings back"_s));
 }
 
 TEST_F(RestoredIconsTest, areThoseFromBeforeTheyWereHidden) {
@@ -83,6 +93,12 @@ TEST_F(RestoredIconsTest, areThoseFromBeforeTheyWereHidden) {
     EXPECT_EQ(shell.style, u"small"_s);
     EXPECT_FALSE(defaults.contains(key));
     EXPECT_EQ(restoreIcons(shell, defaults), Restored::nothingKept);
+}
+
+TEST_F(RestoredIconsTest, areStillKeptWhereThatCanNotBeNoted) {
+    defaults.canSave = false;
+    EXPECT_EQ(restoreIcons(shell, defaults), Restored::notSaved);
+    EXPECT_TRUE(shell.areShown);
 }
 
 TEST_F(RestoredIconsTest, stayAsTheyAreWhereNothingWasKept) {

@@ -163,6 +163,15 @@ public:
         m_story.emplace_back("relaunch");
         return outcome;
     }
+    Subscription subscribeToDrawer(const std::function<void()> &handler) override {
+        return drawers.subscribe(handler);
+    }
+
+    /// What draws the icons comes up, with icons.
+    void bringDrawer() {
+        areShown = true;
+        drawers.send();
+    }
 
     inline static const QString plain = QStringLiteral("plain");
     inline static const QString none = QStringLiteral("none");
@@ -174,6 +183,7 @@ public:
     bool isOfParts = false;                       ///< of which each has a value
     int deafFor = 0;                              ///< so many writes have no effect
     ShellOutcome outcome = ShellOutcome::done;
+    ChangePublisher drawers; ///< that may have come or gone
 
 private:
     ShellOutcome write(const char *event, bool wanted) {

@@ -47,6 +47,7 @@ public:
         m_values.erase(key);
         ++writes;
     }
+    bool isSaved() const override { return canSave || writes == 0; }
 
     /// Stores something of a form that no value has.
     void putUnknownForm(const QString &key) {
@@ -55,6 +56,7 @@ public:
     }
 
     std::atomic<int> writes = 0;
+    std::atomic<bool> canSave = true;
     QStringList written; ///< the keys that were set, in order
 
 private:

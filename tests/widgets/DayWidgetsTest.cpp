@@ -133,6 +133,23 @@ TEST_F(RhythmWidget, tellsTypingSwitchesCursorAndActivityInThisOrder) {
                            u"clock.arrow.circlepath"_s}));
 }
 
+TEST_F(RhythmWidget, saysWhereKeysCanNotBeCountedAndTellsTheRest) {
+    InputRhythm uncounted;
+    uncounted.isCountable = false;
+    state.rhythm = uncounted;
+    ActivitySummary activity;
+    activity.activeSeconds = 7200;
+    activity.machineOnSeconds = 10800;
+    activity.appSwitches = 57;
+    state.activity = activity;
+    EXPECT_EQ(texts(rhythmWidget(context)),
+              (QStringList{u"YOUR RHYTHM"_s, u"Keys can't be counted on this desktop"_s,
+                           u"57 app switches · an even rhythm"_s, u"Active 2h of 3h on"_s}));
+    EXPECT_EQ(
+        symbols(rhythmWidget(context)),
+        (QStringList{u"keyboard"_s, u"arrow.left.arrow.right"_s, u"clock.arrow.circlepath"_s}));
+}
+
 TEST_F(RhythmWidget, theCursorMustTravelMoreThanAMeter) {
     preferences.setUnitSystem(UnitSystem::metric);
     state.rhythm = InputRhythm{0, 0, 0, 1.0, 0};

@@ -4,6 +4,7 @@
 #include "base/Log.h"
 #include "model/AppState.h"
 #include "settings/PreferencesFixture.h"
+#include "support/LoggedLines.h"
 #include "support/UtcCalendar.h"
 #include "widgets/HiddenWidgetsLog.h"
 #include "widgets/WidgetLayoutCatalog.h"
@@ -55,16 +56,6 @@ TEST_F(HiddenReasonTest, isThereForExactlyTheWidgetsThatAreNotDrawn) {
         const bool isDrawn = std::find(drawn.begin(), drawn.end(), kind) != drawn.end();
         EXPECT_NE(reason(kind).has_value(), isDrawn) << rawValue(kind).toStdString();
     }
-}
-
-TEST_F(HiddenReasonTest, tellsThatKeysCanNotBeCountedOnThisDesktop) {
-    EXPECT_EQ(reason(rhythm), std::nullopt);
-    InputRhythm uncounted;
-    uncounted.isCountable = false;
-    state.rhythm = uncounted;
-    EXPECT_EQ(reason(rhythm), u"Your desktop does not tell how often keys are pressed, so there is "
-                              u"no typing rhythm here"_s);
-    EXPECT_FALSE(WidgetLayoutCatalog::hasContent(rhythm, state, prefs(), quoteEnabled, calendar));
 }
 
 TEST_F(HiddenReasonTest, tellsThatAWidgetIsSwitchedOff) {
@@ -125,56 +116,33 @@ TEST_F(HiddenReasonTest, tellsWhatTheSmallWidgetsWaitFor) {
     EXPECT_EQ(reason(quote), u"Its service has not answered yet"_s);
 }
 
-/// Collects what is logged while it lives.
-class LoggedLines {
-public:
-    LoggedLines() : m_earlier(qInstallMessageHandler(collect)) { lines.clear(); }
-    ~LoggedLines() {
-        qInstallMessageHandler(m_earlier);
-        QLoggingCategory::setFilterRules({});
-    }
-    LoggedLines(const LoggedLines &) = delete;
-    LoggedLines &operator=(const LoggedLines &) = delete;
-
-    static inline QStringList lines;
-
-private:
-    static void collect(QtMsgType /*type*/, const QMessageLogContext & /*where*/,
-                        const QString &line) {
-        lines.append(line);
-    }
-
-    QtMessageHandler m_earlier;
-};
-
 TEST(HiddenWidgetsLog, asksAndTellsNothingWhileItsCategoryIsSilent) {
-    const LoggedLines logged;
+    const LoggedLines logged{QString()};
     HiddenWidgetsLog log;
     log.update([](WidgetKind /*kind*/) -> std::optional<QString> {
         ADD_FAILURE();
         return {};
     });
-    EXPECT_TRUE(LoggedLines::lines.isEmpty());
+    EXPECT_EQ(logged.all(), QStringList());
 }
 
 TEST(HiddenWidgetsLog, tellsEachWidgetOnceAndThenWhatChanged) {
-    const LoggedLines logged;
-    QLoggingCategory::setFilterRules(u"zeph.widgets.info=true"_s);
+    LoggedLines logged(u"zeph.widgets.info=true"_s);
     HiddenWidgetsLog log;
     std::optional<QString> ofTheQuote = u"Not today"_s;
     const auto reasonOf = [&](WidgetKind kind) {
         return kind == quote ? ofTheQuote : std::nullopt;
     };
     log.update(reasonOf);
-    EXPECT_EQ(LoggedLines::lines.size(), widgetKindCount);
-    EXPECT_TRUE(LoggedLines::lines.contains(u"quote: Not today"_s));
-    EXPECT_TRUE(LoggedLines::lines.contains(u"clock: shown"_s));
-    LoggedLines::lines.clear();
+    const QStringList first = logged.take();
+    EXPECT_EQ(first.size(), widgetKindCount);
+    EXPECT_TRUE(first.contains(u"quote: Not today"_s));
+    EXPECT_TRUE(first.contains(u"clock: shown"_s));
     log.update(reasonOf);
-    EXPECT_TRUE(LoggedLines::lines.isEmpty());
+    EXPECT_EQ(logged.take(), QStringList());
     ofTheQuote.reset();
     log.update(reasonOf);
-    EXPECT_EQ(LoggedLines::lines, QStringList{u"quote: shown"_s});
+    EXPECT_EQ(logged.take(), QStringList{u"quote: shown"_s});
 }
 
 } // namespace

@@ -90,8 +90,11 @@ struct FolderMonitor::Watch {
     GFileMonitor *monitor = nullptr;
 };
 
-FolderMonitor::FolderMonitor(const QStringList &paths) : m_news(std::make_shared<News>()) {
-    const GioLibrary *const gio = GioLibrary::loaded();
+FolderMonitor::FolderMonitor(const QStringList &paths)
+    : FolderMonitor(paths, GioLibrary::loaded()) {}
+
+FolderMonitor::FolderMonitor(const QStringList &paths, const GioLibrary *gio)
+    : m_news(std::make_shared<News>()) {
     if (gio == nullptr) {
         qCWarning(logSystem) << "GIO is not there, and what changes in a folder goes unnoticed";
         return;

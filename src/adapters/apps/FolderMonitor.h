@@ -9,6 +9,8 @@
 
 namespace zeph {
 
+struct GioLibrary;
+
 /// Notices that something in one of several folders was added, removed, renamed or edited, or that
 /// a file was, of whose folder nothing else matters. It
 /// hears of it in the main thread's loop, which has to be one over GLib's main context, as the
@@ -18,6 +20,8 @@ public:
     /// Notices everything that happens from here on; any thread. None of the folders and files need
     /// exist yet.
     explicit FolderMonitor(const QStringList &paths);
+    /// The same by a library of the caller's, which stays loaded; by none nothing is noticed.
+    FolderMonitor(const QStringList &paths, const GioLibrary *gio);
     ~FolderMonitor();
     FolderMonitor(FolderMonitor &&) noexcept;
     FolderMonitor &operator=(FolderMonitor &&) noexcept;

@@ -4,7 +4,6 @@
 #include "adapters/desktop/ExtensionIcons.h"
 #include "adapters/desktop/NoDesktopShell.h"
 #include "adapters/desktop/PlasmaIcons.h"
-#include "adapters/desktop/ProgramIcons.h"
 #include "adapters/desktop/SettingIcons.h"
 #include "adapters/desktop/X11DesktopLook.h"
 
@@ -25,14 +24,15 @@ struct KnownDesktop {
     std::function<std::unique_ptr<DesktopShell>()> make;
 };
 
-std::vector<KnownDesktop> knownDesktops(const QStringList &dataFolders,
-                                        const QDBusConnection &bus) {
+std::vector<KnownDesktop> knownDesktops(const QStringList &dataFolders, const QDBusConnection &bus,
+                                        const ProgramIcons::Notices &notices) {
     const auto setting = [](IconTool (*tool)()) {
         return [tool] { return std::make_unique<SettingIcons>(tool()); };
     };
-    const auto program = [](DesktopProgram (*desktop)()) {
-        return [desktop] {
-            return std::make_unique<ProgramIcons>(desktop(), &lookForDesktop, programPatience);
+    const auto program = [&notices](DesktopProgram (*desktop)()) {
+        return [&notices, desktop] {
+            return std::make_unique<ProgramIcons>(desktop(), &lookForDesktop, programPatience,
+                                                  notices);
         };
     };
     const auto extension = [&dataFolders] { return std::make_unique<ExtensionIcons>(dataFolders); };
@@ -51,10 +51,11 @@ std::vector<KnownDesktop> knownDesktops(const QStringList &dataFolders,
 
 std::unique_ptr<DesktopShell> makeDesktopShell(const QString &currentDesktop,
                                                const QStringList &dataFolders,
-                                               const QDBusConnection &bus) {
+                                               const QDBusConnection &bus,
+                                               const ProgramIcons::Notices &notices) {
     for (const QString &entry : currentDesktop.split(u':')) {
         const QString name = entry.trimmed().toLower();
-        for (const KnownDesktop &known : knownDesktops(dataFolders, bus)) {
+        for (const KnownDesktop &known : knownDesktops(dataFolders, bus, notices)) {
             if (known.name == name) {
                 return known.make();
             }

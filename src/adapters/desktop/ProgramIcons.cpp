@@ -53,10 +53,12 @@ QString profileIn(const QByteArray &commandLine) {
     return {};
 }
 
-ProgramIcons::ProgramIcons(DesktopProgram program, Look look, std::chrono::milliseconds patience)
+ProgramIcons::ProgramIcons(DesktopProgram program, Look look, std::chrono::milliseconds patience,
+                           Notices notices)
     : m_program(std::move(program)),
       m_look(std::move(look)),
       m_patience(patience),
+      m_notices(std::move(notices)),
       m_isInstalled(isProgramThere(m_program.program)) {}
 
 std::optional<IconSetting> ProgramIcons::iconSetting() const {
@@ -107,6 +109,10 @@ ShellOutcome ProgramIcons::relaunch() {
         }
         QThread::msleep(betweenLooksMilliseconds);
     }
+}
+
+Subscription ProgramIcons::subscribeToDrawer(const std::function<void()> &handler) {
+    return m_isInstalled && m_notices ? m_notices(handler) : Subscription();
 }
 
 } // namespace zeph

@@ -34,19 +34,26 @@ public:
     /// Whether a window of that instance is a desktop; absent where nobody can tell.
     using Look = std::function<std::optional<DesktopLook>(const QByteArray &instance)>;
 
-    /// `patience` is how long `relaunch` waits for the program to follow.
-    ProgramIcons(DesktopProgram program, Look look, std::chrono::milliseconds patience);
+    /// Has a handler called on the main thread when the desktop's programs may have come or gone.
+    using Notices = std::function<Subscription(std::function<void()> handler)>;
+
+    /// `patience` is how long `relaunch` waits for the program to follow; without `notices` nobody
+    /// is told of its coming.
+    ProgramIcons(DesktopProgram program, Look look, std::chrono::milliseconds patience,
+                 Notices notices = {});
 
     bool canHideIcons() const override { return m_isInstalled; }
     std::optional<IconSetting> iconSetting() const override;
     ShellOutcome hideIcons() override;
     ShellOutcome showIcons(const QString &earlier) override;
     ShellOutcome relaunch() override;
+    [[nodiscard]] Subscription subscribeToDrawer(const std::function<void()> &handler) override;
 
 private:
     const DesktopProgram m_program;
     const Look m_look;
     const std::chrono::milliseconds m_patience;
+    const Notices m_notices;
     const bool m_isInstalled;
     bool m_wantsIcons = false; // the last change; changes come one after the other
 };

@@ -9,22 +9,17 @@ using namespace Qt::StringLiterals;
 
 namespace zeph {
 
-namespace {
-
-// A desktop that hangs must not hold its thread for ever.
-constexpr int toolTimeoutMilliseconds = 10'000;
-
-} // namespace
-
-std::optional<ToolAnswer> runTool(const QString &program, const QStringList &arguments) {
+std::optional<ToolAnswer> runTool(const QString &program, const QStringList &arguments,
+                                  std::chrono::milliseconds patience) {
+    const int milliseconds = static_cast<int>(patience.count());
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(u"LC_ALL"_s, u"C.UTF-8"_s);
     QProcess tool;
     tool.setProcessEnvironment(environment);
     tool.start(program, arguments, QProcess::ReadOnly);
-    if (!tool.waitForFinished(toolTimeoutMilliseconds)) {
+    if (!tool.waitForFinished(milliseconds)) {
         tool.kill();
-        tool.waitForFinished(toolTimeoutMilliseconds);
+        tool.waitForFinished(milliseconds);
         return std::nullopt;
     }
     if (tool.exitStatus() != QProcess::NormalExit) {

@@ -3,6 +3,7 @@
 
 #include <QStringList>
 
+#include <chrono>
 #include <optional>
 
 namespace zeph {
@@ -15,8 +16,9 @@ struct ToolAnswer {
 };
 
 /// Runs a tool of the desktop to its end; absent when it can't be started, crashes or takes longer
-/// than ten seconds. Not on the main thread.
-std::optional<ToolAnswer> runTool(const QString &program, const QStringList &arguments);
+/// than `patience`. Not on the main thread, unless the program is about to end.
+std::optional<ToolAnswer> runTool(const QString &program, const QStringList &arguments,
+                                  std::chrono::milliseconds patience = std::chrono::seconds(10));
 
 /// Starts a program that goes on running by itself, whatever becomes of this one; nobody listens to
 /// what it prints. False when it can't be started.

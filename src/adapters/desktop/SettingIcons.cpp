@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/desktop/SettingIcons.h"
 
+#include "adapters/desktop/NemoLayout.h"
 #include "adapters/desktop/RunTool.h"
 
 #include <utility>
@@ -44,8 +45,7 @@ IconTool xfceIcons() {
 /// Whether they are on the first monitor, and whether on the others. Another setting,
 /// "show-desktop-icons", has no effect on files any more.
 IconTool cinnamonIcons() {
-    return desktopSetting(u"nemo-desktop"_s, u"org.nemo.desktop"_s, u"desktop-layout"_s,
-                          u"'false::false'"_s,
+    return desktopSetting(u"nemo-desktop"_s, nemoDesktopSchema, nemoLayoutKey, u"'false::false'"_s,
                           {u"'true::false'"_s, u"'true::true'"_s, u"'false::true'"_s});
 }
 
@@ -67,7 +67,7 @@ std::optional<IconSetting> SettingIcons::iconSetting() const {
         return std::nullopt;
     }
     if (answer->exitCode == 0) {
-        return IconSetting{answer->output != m_tool.hiddenValue, answer->output};
+        return IconSetting{answer->output != m_tool.hiddenValue, inUsualWords(answer->output)};
     }
     const bool isAbsent =
         !m_tool.absentError.isEmpty() && answer->errors.contains(m_tool.absentError);

@@ -54,9 +54,13 @@ bool isBoolean(const GioLibrary &gio, GSettingsSchema *schema, const char *key) 
 
 SettingSwitch::SettingSwitch(QuietSetting setting, const Background &background,
                              std::function<void()> news)
+    : SettingSwitch(std::move(setting), background, std::move(news), &GioLibrary::loaded) {}
+
+SettingSwitch::SettingSwitch(QuietSetting setting, const Background &background,
+                             std::function<void()> news, std::function<const GioLibrary *()> load)
     : m_setting(std::move(setting)), m_news(std::move(news)) {
     background.run(
-        m_owner, [wanted = m_setting] { return prepare(wanted); },
+        m_owner, [wanted = m_setting, load = std::move(load)] { return prepare(wanted, load()); },
         [this](const std::shared_ptr<Schema> &schema) {
             if (schema) {
                 open(*schema);
@@ -68,8 +72,8 @@ SettingSwitch::~SettingSwitch() = default;
 
 /// Everything slow, on any thread; null without such a setting. The library ends the process when
 /// it is asked for a setting that is not installed, so that each part is looked up before.
-std::shared_ptr<SettingSwitch::Schema> SettingSwitch::prepare(const QuietSetting &setting) {
-    const GioLibrary *const gio = GioLibrary::loaded();
+std::shared_ptr<SettingSwitch::Schema> SettingSwitch::prepare(const QuietSetting &setting,
+                                                              const GioLibrary *gio) {
     if (gio == nullptr) {
         return nullptr;
     }

@@ -11,6 +11,7 @@
 namespace zeph {
 
 class Background;
+struct GioLibrary;
 
 /// A switch among the desktop's settings. The settings library follows them by itself and keeps
 /// them in memory, so that they are read when asked for; getting it ready reads files and loads
@@ -19,6 +20,9 @@ class SettingSwitch : public QuietSwitch {
 public:
     /// `news` runs when the switch can be read.
     SettingSwitch(QuietSetting setting, const Background &background, std::function<void()> news);
+    /// The same by the library that `load` answers on any thread, null where there is none.
+    SettingSwitch(QuietSetting setting, const Background &background, std::function<void()> news,
+                  std::function<const GioLibrary *()> load);
     ~SettingSwitch() override;
 
     std::optional<bool> isQuiet() const override;
@@ -27,7 +31,7 @@ private:
     struct Schema;
     struct Settings;
 
-    static std::shared_ptr<Schema> prepare(const QuietSetting &setting);
+    static std::shared_ptr<Schema> prepare(const QuietSetting &setting, const GioLibrary *gio);
     static void outliveBus(const std::shared_ptr<Settings> &settings);
     void open(const Schema &schema);
 

@@ -49,6 +49,7 @@ struct DesktopIcons {
     bool isFromRight = false;                ///< the first of those columns is the one at the right
     bool areInRows = false;                  ///< from the top, each icon beside the one before
     std::vector<DisplayIcons> displays = {}; ///< in place of all that, where each has its own grid
+    bool isGuessed = false; ///< the program was asked for its arrangement, and did not tell it
 
     bool operator==(const DesktopIcons &) const = default;
 };

@@ -154,7 +154,9 @@ DesktopIcons readPlasma(const IconStore &store) {
     const auto printed = store.evaluate ? store.evaluate(plasmaIconsScript()) : std::nullopt;
     const auto views = plasmaIconViewsIn(printed.value_or(QString()).toUtf8());
     if (!views) {
-        return {.cell = plasmaUsualCell(), .unplaced = shownEntries(store.folders.desktop)};
+        return {.cell = plasmaUsualCell(),
+                .unplaced = shownEntries(store.folders.desktop),
+                .isGuessed = true};
     }
     DesktopIcons icons;
     for (const PlasmaIconView &view : *views) {
@@ -165,6 +167,10 @@ DesktopIcons readPlasma(const IconStore &store) {
 }
 
 } // namespace
+
+QString IconStore::service() const {
+    return kind == Kind::plasma ? u"org.kde.plasmashell"_s : QString();
+}
 
 QStringList IconStore::watchedPaths() const {
     QStringList watched;

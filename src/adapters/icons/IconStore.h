@@ -37,6 +37,10 @@ struct IconStore {
     /// Whether the icons lie above a desktop window of ours, which elsewhere covers them.
     bool areAboveDesktopWindows() const { return kind == Kind::extension; }
 
+    /// The name on the session bus of the program that `evaluate` asks; empty where the arrangement
+    /// is read from files.
+    QString service() const;
+
     /// Folders, in which something happens, and files that change when icons come, go or move, or
     /// what their program shows does.
     QStringList watchedPaths() const;

@@ -34,8 +34,11 @@ DesktopIcons iconsNear(const Screen &screen, const IconScreen &placed, const Des
 
 } // namespace
 
-bool liesBeneathIcons(DrawingMechanism mechanism, bool areAboveDesktopWindows) {
-    switch (mechanism) {
+bool showsIcons(const DrawingWay &way, bool areAboveDesktopWindows) {
+    if (way.isTransparent) {
+        return true;
+    }
+    switch (way.mechanism) {
     case DrawingMechanism::rootPixmap:
     case DrawingMechanism::underDesktopProgram:
     case DrawingMechanism::plasmaPictures:
@@ -96,8 +99,7 @@ Subscription ScreensBesideIcons::subscribe(std::function<void()> handler) {
 }
 
 void ScreensBesideIcons::followWay() {
-    m_icons.setOn(
-        liesBeneathIcons(m_server.drawingWay().mechanism, m_icons.areAboveDesktopWindows()));
+    m_icons.setOn(showsIcons(m_server.drawingWay(), m_icons.areAboveDesktopWindows()));
 }
 
 void ScreensBesideIcons::follow() {

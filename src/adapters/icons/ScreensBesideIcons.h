@@ -10,7 +10,7 @@ namespace zeph {
 class WindowServer;
 
 /// Screens whose visible frame leaves out what the desktop's icons take at its sides,
-/// while the wallpaper lies beneath icons.
+/// while they are seen with the wallpaper.
 class ScreensBesideIcons : public Screens {
 public:
     /// All outlive this. `server` tells how the wallpaper gets onto the desktop.
@@ -35,9 +35,10 @@ private:
     Subscription m_iconChanges;
 };
 
-/// Whether the desktop's icons are seen over a wallpaper that gets there in this way.
+/// Whether the desktop's icons are seen with a wallpaper that gets there in this way: over it, or
+/// through it.
 /// `areAboveDesktopWindows`: GNOME on Wayland keeps its icons above those.
-bool liesBeneathIcons(DrawingMechanism mechanism, bool areAboveDesktopWindows);
+bool showsIcons(const DrawingWay &way, bool areAboveDesktopWindows);
 
 /// The same screens with such visible frames.
 std::vector<Screen> besideIcons(std::vector<Screen> screens, const DesktopIcons &icons);

@@ -36,4 +36,8 @@ VolumeCapacity capacityOf(const struct statvfs &status) {
     return {bytes(status.f_blocks, status.f_frsize), bytes(status.f_bavail, status.f_frsize)};
 }
 
+QString folderOnTheDisk(bool isInSandbox, const QString &home) {
+    return isInSandbox ? home : QStringLiteral("/");
+}
+
 } // namespace zeph

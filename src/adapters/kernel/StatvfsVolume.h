@@ -20,6 +20,9 @@ private:
     QByteArray m_path;
 };
 
+/// The folder whose file system is the user's disk: the root of a sandbox lies on none.
+QString folderOnTheDisk(bool isInSandbox, const QString &home);
+
 /// The capacity that the system's figures tell: available is what is free for ordinary users.
 VolumeCapacity capacityOf(const struct statvfs &status);
 

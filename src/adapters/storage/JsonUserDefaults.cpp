@@ -139,6 +139,11 @@ void JsonUserDefaults::remove(const QString &key) {
     save();
 }
 
+bool JsonUserDefaults::isSaved() const {
+    const std::lock_guard guard(m_mutex);
+    return m_saved;
+}
+
 void JsonUserDefaults::save() {
     m_saved = m_mayWrite && writeFile();
     if (!m_saved) {

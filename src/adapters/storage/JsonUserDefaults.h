@@ -30,6 +30,7 @@ public:
     /// again.
     void set(const QString &key, const DefaultsValue &value) override;
     void remove(const QString &key) override;
+    bool isSaved() const override;
 
 private:
     void load();

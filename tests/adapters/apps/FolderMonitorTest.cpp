@@ -65,4 +65,12 @@ TEST_F(FolderMonitorTest, ofAFolderEverythingIs) {
     EXPECT_FALSE(tells(u"folder"_s, [&] { put(u"beside"_s); }));
 }
 
+TEST_F(FolderMonitorTest, nothingIsToldWithoutTheLibrary) {
+    bool isTold = false;
+    FolderMonitor without({path(u"."_s)}, nullptr);
+    without.whenChanged([&] { isTold = true; });
+    EXPECT_TRUE(tells(u"."_s, [&] { put(u"any"_s); }));
+    EXPECT_FALSE(isTold);
+}
+
 } // namespace zeph

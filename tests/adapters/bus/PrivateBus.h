@@ -20,10 +20,14 @@ namespace zeph {
 template <typename Condition>
 bool eventually(Condition condition, int milliseconds = 15'000) {
     const QDeadlineTimer deadline(milliseconds);
-    while (!condition() && !deadline.hasExpired()) {
+    // Asked once a round: a picture that is looked at may be written anew the moment after.
+    while (!condition()) {
+        if (deadline.hasExpired()) {
+            return false;
+        }
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
     }
-    return condition();
+    return true;
 }
 
 /// Has the system end `process` with this one, so that a test that crashes leaves nothing behind.

@@ -57,6 +57,24 @@ TEST_F(DesktopShellsTest, areThatOfTheFirstDesktopThatIsKnown) {
     EXPECT_TRUE(hiding(u"Budgie:GNOME"_s).startsWith(u"gnome-extensions"_s));
 }
 
+TEST_F(DesktopShellsTest, areToldOfProgramsWhereIconsComeWithThem) {
+    const auto isTold = [this](const QString &desktop) {
+        ChangePublisher programs;
+        const auto told = makeDesktopShell(
+            desktop, {folder.path({})}, QDBusConnection(u"no bus"_s),
+            [&](std::function<void()> handler) { return programs.subscribe(std::move(handler)); });
+        int calls = 0;
+        const Subscription subscription = told->subscribeToDrawer([&] { ++calls; });
+        programs.send();
+        return calls == 1;
+    };
+    EXPECT_TRUE(isTold(u"LXDE"_s));
+    EXPECT_TRUE(isTold(u"LXQt"_s));
+    for (const QString &lasting : {u"XFCE"_s, u"MATE"_s, u"X-Cinnamon"_s, u"GNOME"_s, u"i3"_s}) {
+        EXPECT_FALSE(isTold(lasting)) << lasting.toStdString();
+    }
+}
+
 TEST_F(DesktopShellsTest, haveNothingToHideOnOtherDesktops) {
     for (const QString &desktop : {u""_s, u"sway"_s, u"XFCEish"_s, u"i3"_s}) {
         const auto none = shell(desktop);

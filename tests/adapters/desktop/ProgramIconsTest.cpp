@@ -122,6 +122,22 @@ TEST_F(ProgramIconsTest, cannotBeReadWhereNobodyCanLook) {
     EXPECT_EQ(shown.relaunch(), ShellOutcome::unavailable);
 }
 
+TEST_F(ProgramIconsTest, tellWhenTheProgramMayHaveCome) {
+    ChangePublisher programs;
+    const ProgramIcons::Notices notices = [&](std::function<void()> handler) {
+        return programs.subscribe(std::move(handler));
+    };
+    int calls = 0;
+    ProgramIcons told(
+        lxdeDesktop(), [](const QByteArray &) { return DesktopLook{}; }, {}, notices);
+    auto subscription = std::make_optional(told.subscribeToDrawer([&] { ++calls; }));
+    programs.send();
+    EXPECT_EQ(calls, 1);
+    subscription.reset();
+    programs.send();
+    EXPECT_EQ(calls, 1);
+}
+
 TEST_F(ProgramIconsTest, needTheFileManager) {
     QFile::remove(folder.path(u"bin/pcmanfm"_s));
     ProgramIcons none = icons(lxdeDesktop());

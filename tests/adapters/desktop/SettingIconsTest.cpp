@@ -133,6 +133,12 @@ TEST_F(SettingIconsTest, ofCinnamonAreOnTheFirstMonitorWhereNothingWasKept) {
     EXPECT_EQ(icons.iconSetting(), (IconSetting{true, u"'true::false'"_s}));
 }
 
+TEST_F(SettingIconsTest, ofCinnamonAreKeptInTheirUsualWords) {
+    installGsettings();
+    folder.write(u"value"_s, "'true::true::'\n");
+    EXPECT_EQ(SettingIcons(cinnamonIcons()).iconSetting(), (IconSetting{true, u"'true::true'"_s}));
+}
+
 TEST_F(SettingIconsTest, ofMateNeedTheFileManagerThatMayHaveEnded) {
     installGsettings();
     folder.install(u"caja"_s, "echo \"$*\" >\"$FOLDER/started.new\"\n"

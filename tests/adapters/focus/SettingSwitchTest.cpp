@@ -96,6 +96,14 @@ TEST_F(SettingOfADesktop, isUnknownWhereTheSchemaIsNotInstalled) {
     EXPECT_EQ(news, 0);
 }
 
+TEST_F(SettingOfADesktop, isUnknownWithoutTheLibrary) {
+    const SettingSwitch without(
+        gnome, background, [this] { ++news; }, [] { return nullptr; });
+    finishTasks();
+    EXPECT_EQ(without.isQuiet(), std::nullopt);
+    EXPECT_EQ(news, 0);
+}
+
 TEST_F(SettingOfADesktop, isUnknownWhenTheSchemaHasNoSuchKey) {
     open({gnome.schema, u"quiet"_s, true});
     finishTasks();

@@ -165,6 +165,7 @@ TEST_F(IconStoreTest, ofPlasmaCountsTheFilesWhereItsShellTellsNothing) {
     running.evaluate = [](const QString &) { return std::optional<QString>(); };
     EXPECT_EQ(running.read().unplaced, 1);
     EXPECT_FALSE(running.read().cell.isEmpty());
+    EXPECT_TRUE(running.read().isGuessed);
 }
 
 TEST_F(IconStoreTest, withoutADesktopFolderIsOfTheIconsBesideFiles) {

@@ -81,11 +81,16 @@ TEST(BesideIcons, theVisibleFrameLeavesRowsOutBelowAPanel) {
 
 TEST(BesideIcons, theWallpaperLiesInSomeWaysAlone) {
     for (const bool areAbove : {false, true}) {
-        EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::rootPixmap, areAbove));
-        EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::underDesktopProgram, areAbove));
-        EXPECT_TRUE(liesBeneathIcons(DrawingMechanism::plasmaPictures, areAbove));
-        EXPECT_EQ(liesBeneathIcons(DrawingMechanism::desktopWindow, areAbove), areAbove);
-        EXPECT_FALSE(liesBeneathIcons(DrawingMechanism::layerSurface, areAbove));
+        EXPECT_TRUE(showsIcons({DrawingMechanism::rootPixmap}, areAbove));
+        EXPECT_TRUE(showsIcons({DrawingMechanism::underDesktopProgram}, areAbove));
+        EXPECT_TRUE(showsIcons({DrawingMechanism::plasmaPictures}, areAbove));
+        EXPECT_EQ(showsIcons({DrawingMechanism::desktopWindow}, areAbove), areAbove);
+        EXPECT_FALSE(showsIcons({DrawingMechanism::layerSurface}, areAbove));
+        EXPECT_FALSE(showsIcons({DrawingMechanism::loweredOverride}, areAbove));
+        EXPECT_TRUE(showsIcons({DrawingMechanism::desktopWindow, {}, true}, areAbove))
+            << "through it";
+        EXPECT_TRUE(showsIcons({DrawingMechanism::layerSurface, {}, true}, areAbove))
+            << "through it";
     }
 }
 
@@ -102,7 +107,7 @@ TEST(ScreensBesideIcons, followTheScreensAndTheIcons) {
     const Background background(now, now);
     DesktopIconsWatch icons(IconStore{IconStore::Kind::xfdesktop,
                                       {home.filePath(u"config"_s), home.filePath(u"data"_s), {}}},
-                            background);
+                            background, QDBusConnection(u"no bus"_s));
     FakeWindowServer server;
     ScreensBesideIcons beside(screens, server, icons);
     int calls = 0;
@@ -127,7 +132,7 @@ TEST(ScreensBesideIcons, tellOfNothingThatLooksTheSame) {
     screens.screens = {screen(u"a"_s, 1, 1200, 800)};
     const auto now = [](const std::function<void()> &action) { action(); };
     const Background background(now, now);
-    DesktopIconsWatch icons(std::nullopt, background);
+    DesktopIconsWatch icons(std::nullopt, background, QDBusConnection(u"no bus"_s));
     FakeWindowServer server;
     ScreensBesideIcons beside(screens, server, icons);
     int calls = 0;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/kernel/UnixSignals.h"
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
+#include "support/WaitUntil.h"
 
 #include <gmock/gmock.h>
 #include <unistd.h>
@@ -18,16 +17,6 @@ using testing::ElementsAre;
 
 namespace {
 
-/// Turns the event loop until `condition` holds; false when it never does.
-template <typename Condition>
-bool eventually(Condition condition) {
-    const QDeadlineTimer deadline(20'000);
-    while (!condition() && !deadline.hasExpired()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
-    }
-    return condition();
-}
-
 void (*dispositionOf(int number))(int) {
     struct sigaction action {};
     sigaction(number, nullptr, &action);
@@ -42,7 +31,7 @@ TEST(UnixSignals, handsEachSignalToTheEventLoopInOrder) {
         ASSERT_EQ(std::raise(number), 0);
     }
     EXPECT_TRUE(seen.empty()) << "nothing runs within the signal handler";
-    EXPECT_TRUE(eventually([&] { return seen.size() == 3; }));
+    EXPECT_TRUE(waitUntil([&] { return seen.size() == 3; }));
     EXPECT_THAT(seen, ElementsAre(SIGTERM, SIGINT, SIGHUP));
 }
 
@@ -51,7 +40,7 @@ TEST(UnixSignals, callsOnTheThreadThatMadeItWhereverTheSignalStruck) {
     std::thread::id calledOn;
     UnixSignals signals([&](int) { calledOn = std::this_thread::get_id(); });
     std::thread([] { std::raise(SIGTERM); }).join();
-    EXPECT_TRUE(eventually([&] { return calledOn != std::thread::id(); }));
+    EXPECT_TRUE(waitUntil([&] { return calledOn != std::thread::id(); }));
     EXPECT_EQ(calledOn, here);
 }
 
@@ -81,7 +70,7 @@ TEST(UnixSignals, leavesASignalIgnoredThatTheProcessWasStartedToIgnore) {
         EXPECT_EQ(dispositionOf(SIGHUP), SIG_IGN);
         std::raise(SIGHUP);
         std::raise(SIGTERM);
-        EXPECT_TRUE(eventually([&] { return seen > 0; }));
+        EXPECT_TRUE(waitUntil([&] { return seen > 0; }));
     }
     EXPECT_EQ(seen, 1);
     std::signal(SIGHUP, SIG_DFL);
@@ -96,7 +85,7 @@ TEST(UnixSignals, mayBeEndedByItsOwnHandler) {
     });
     std::raise(SIGTERM);
     std::raise(SIGTERM);
-    EXPECT_TRUE(eventually([&] { return seen == 2; }));
+    EXPECT_TRUE(waitUntil([&] { return seen == 2; }));
     EXPECT_FALSE(signals);
 }
 
@@ -106,7 +95,7 @@ TEST(UnixSignals, survivesAFloodOfSignals) {
     for (int index = 0; index < 100'000; ++index) {
         std::raise(SIGHUP);
     }
-    EXPECT_TRUE(eventually([&] { return seen > 0; }));
+    EXPECT_TRUE(waitUntil([&] { return seen > 0; }));
 }
 
 } // namespace

@@ -35,4 +35,10 @@ TEST(StatvfsVolume, leavesOutWhatIsMoreThanAFileSystemCanHold) {
     EXPECT_EQ(capacity.availableBytes, 4096);
 }
 
+TEST(StatvfsVolume, isTheOneOfTheHomeInASandbox) {
+    const QString home = QStringLiteral("/home/user");
+    EXPECT_EQ(folderOnTheDisk(true, home), home);
+    EXPECT_EQ(folderOnTheDisk(false, home), QStringLiteral("/"));
+}
+
 } // namespace zeph

@@ -66,6 +66,11 @@ TEST(PluggedSecretStore, hasNothingWithoutThePlugin) {
     expectNothing(missing);
 }
 
+TEST(PluggedSecretStore, hasNothingOfALibraryThatIsNoPlugin) {
+    PluggedSecretStore other(u"libm.so.6"_s);
+    expectNothing(other);
+}
+
 TEST(PluggedSecretStore, takesThePluginOfTheInstallationUnlessOneIsBesideTheProgram) {
     const QString path = PluggedSecretStore::installedPlugin();
     EXPECT_TRUE(QDir::cleanPath(path).endsWith(u"/zeph-secret.so"_s));

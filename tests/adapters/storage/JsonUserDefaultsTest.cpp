@@ -257,6 +257,7 @@ TEST_F(JsonUserDefaultsTest, anUnwritablePlaceKeepsTheValuesInMemoryAndSaysSoOnc
               QStringList{keptInMemory()});
     EXPECT_EQ(defaults.value(u"a"_s), std::nullopt);
     EXPECT_EQ(defaults.get<QString>(u"b"_s), u"two"_s);
+    EXPECT_FALSE(defaults.isSaved());
 }
 
 TEST_F(JsonUserDefaultsTest, aPlaceThatBecomesWritableTakesEverythingAtTheNextChange) {
@@ -272,7 +273,9 @@ TEST_F(JsonUserDefaultsTest, aPlaceThatBecomesWritableTakesEverythingAtTheNextCh
 
 TEST_F(JsonUserDefaultsTest, aFullDiskKeepsTheOldFileWhole) {
     JsonUserDefaults defaults(path());
+    EXPECT_TRUE(defaults.isSaved());
     defaults.set(u"a"_s, 1.0);
+    EXPECT_TRUE(defaults.isSaved());
     const QByteArray before = content();
     EXPECT_EQ(printedLines([&] {
                   const FullDisk full(1024);
@@ -281,9 +284,11 @@ TEST_F(JsonUserDefaultsTest, aFullDiskKeepsTheOldFileWhole) {
               }),
               QStringList{keptInMemory()});
     EXPECT_EQ(content(), before);
+    EXPECT_FALSE(defaults.isSaved());
     EXPECT_THAT(files(), ElementsAre(u"defaults.json"_s));
     EXPECT_EQ(defaults.get<double>(u"c"_s), 3.0);
     defaults.remove(u"b"_s);
+    EXPECT_TRUE(defaults.isSaved());
     EXPECT_EQ(json(), (QJsonObject{{u"a"_s, 1}, {u"c"_s, 3}}));
 }
 

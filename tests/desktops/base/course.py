@@ -23,6 +23,7 @@ def go_through(desk, picture, only=()):
                 continue
             results[name] = outcome_of(desk, name, module)
             if name == "start":
+                desk.comes_to_show_icons()
                 desk.picture().write(picture)
                 mechanism = desk.tavi.mechanism()
             if results["start"][0] == FAILED:

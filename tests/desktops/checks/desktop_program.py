@@ -1,16 +1,15 @@
 # SPDX-License-Identifier: MIT
-from base.waiting import expect, expect_settled
+from base.waiting import expect_settled
 
 TITLE = "desktop program"
 RULE = "Wallpaper and icons are as they were after the desktop's own program restarts."
 
 
 def check(desk):
-    icons = desk.icons()
+    had_icons = desk.comes_to_show_icons()
     desk.restart_desktop_program()
     expect_settled(desk.shows_wallpaper, desk.seen, 20)
-    if icons < 0.95 * desk.icons_before:
+    if not had_icons:
         return "the icons were not to be seen before"  # which the check of icons tells
-    expect(lambda: desk.icons() >= 0.95 * desk.icons_before,
-           lambda: f"{desk.icons()} of the {desk.icons_before} pixels of an icon")
+    desk.expect_icons("afterwards")
     return None

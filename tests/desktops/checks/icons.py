@@ -1,6 +1,5 @@
 # SPDX-License-Identifier: MIT
 from base.outcome import Failed, NotApplicable
-from base.waiting import expect
 
 TITLE = "icons"
 RULE = "The icons of the desktop are as visible as before, and take their clicks."
@@ -9,8 +8,7 @@ RULE = "The icons of the desktop are as visible as before, and take their clicks
 def check(desk):
     if not desk.has_icons:
         raise NotApplicable("there are no icons")
-    expect(lambda: desk.icons() >= 0.95 * desk.icons_before,
-           lambda: f"{desk.icons()} of the {desk.icons_before} pixels of an icon", 5)
+    desk.expect_icons(seconds=8)
     left, top, right, bottom = desk.picture().places_of(desk.icon_colour)
     names, ours = desk.takes_clicks_at((left + right) // 2, (top + bottom) // 2)
     if ours:

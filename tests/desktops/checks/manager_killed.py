@@ -7,6 +7,7 @@ RULE = "Without its window manager the wallpaper stays behind the windows, and u
 
 
 def check(desk):
+    had_icons = desk.comes_to_show_icons()
     window = show(desk)
     restart = desk.kill_manager()
 
@@ -24,6 +25,8 @@ def check(desk):
     if not desk.windows_outlive_manager:
         window = show(desk)
     expect_settled(holds, lambda: f"under the next manager: {seen()}", 20)
+    if had_icons:  # else the check of icons tells
+        desk.expect_icons("under the next manager")
 
 
 def show(desk):

@@ -180,6 +180,21 @@ class Desk:
         """How many pixels of the loud icon are on the screen."""
         return self.picture().count(self.icon_colour)
 
+    def shows_icons(self):
+        """As visible as before the program came."""
+        return self.icons() >= 0.95 * self.icons_before
+
+    def comes_to_show_icons(self):
+        """The same after a moment, for what has not begun yet."""
+        return self.has_icons and wait_until(self.shows_icons, 3)
+
+    def expect_icons(self, where="", seconds=20):
+        """For good: a desktop program that makes its windows anew has none in between."""
+        seen = f"{where}: " if where else ""
+        expect_settled(self.shows_icons,
+                       lambda: f"{seen}{self.icons()} of the {self.icons_before} pixels of an icon",
+                       seconds, 1)
+
     def show(self, area, colour, **options):
         window = self.show_window(area, colour, **options)
         self.opened.append(window)

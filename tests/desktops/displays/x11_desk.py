@@ -167,7 +167,8 @@ class X11Desk(Desk):
     def tidy(self):
         if len(self.screens()) > 1:
             self.remove_screen()
-        if self.desktop_program and not self.x11.windows_of_other_desktops():
+        # Programs that make their windows anew have none for a moment.
+        if self.desktop_program and not wait_until(self.x11.windows_of_other_desktops, 5):
             # One that was refused by a check must not spoil the next one.
             self.end_program()
             self.room.stop(self.desktop_process)

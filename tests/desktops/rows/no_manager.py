@@ -9,5 +9,4 @@ class Row(X11Desk):
     title = "no window manager"
     packages = ["xserver-xorg-core"]
     has_workspaces = False
-    limits = {"workspaces": ABSENT, "chosen_workspaces": ABSENT, "manager_replaced": ABSENT,
-              "panel": "nobody tells how much room panels take"}
+    limits = {"workspaces": ABSENT, "chosen_workspaces": ABSENT, "manager_replaced": ABSENT}

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "services/accounts/PendingSecrets.h"
 #include "services/accounts/StoreFixture.h"
-
-#include <QLoggingCategory>
+#include "support/LoggedLines.h"
 
 using namespace Qt::StringLiterals;
 using testing::ElementsAre;
@@ -370,12 +369,8 @@ TEST_F(RefusedKeyringTest, theMigrationEndsTheSameWhereverItsSettingsAreCutOff) 
     }
 }
 
-QStringList logged;
-
 TEST_F(RefusedKeyringTest, aRefusalIsLoggedWithoutAnyName) {
-    QLoggingCategory::setFilterRules(u"zeph.accounts.info=true"_s);
-    const auto earlier = qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext &, const QString &line) { logged << line; });
+    const LoggedLines logged(u"zeph.accounts.info=true"_s);
     const auto account = add(u"stripe"_s);
     secrets.answer(SecretOutcome::refused);
     store->setSecret(u"sk_live_1"_s, account.id);
@@ -384,11 +379,10 @@ TEST_F(RefusedKeyringTest, aRefusalIsLoggedWithoutAnyName) {
     store->setSecret(std::nullopt, account.id);
     settle();
     keychain->get(secretAccount(account.id));
-    qInstallMessageHandler(earlier);
-    QLoggingCategory::setFilterRules({});
-    EXPECT_EQ(logged, QStringList({u"the keyring refused: a secret was not kept"_s,
-                                   u"the keyring is not available: a secret was not erased"_s,
-                                   u"the keyring is not available: a secret was not read"_s}));
+    EXPECT_EQ(logged.all(),
+              QStringList({u"the keyring refused: a secret was not kept"_s,
+                           u"the keyring is not available: a secret was not erased"_s,
+                           u"the keyring is not available: a secret was not read"_s}));
 }
 
 } // namespace

@@ -15,6 +15,7 @@
 #include "services/refresh/ServiceCheck.h"
 #include "settings/PreferencesStore.h"
 #include "support/FakeFormatters.h"
+#include "support/LoggedLines.h"
 #include "support/MainThreadWatch.h"
 #include "support/QtPrinters.h"
 #include "support/UtcCalendar.h"
@@ -32,7 +33,6 @@
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLoggingCategory>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -54,11 +54,6 @@ const auto typedKey = u"rk_live_Qm27xTf0"_s;
 const auto keyField = u"Read-only key (rk_live_… or sk_…)"_s;
 const auto keychainService = u"com.tavi.integrations"_s;
 constexpr double longestMs = 16; // a frame
-
-QStringList &loggedLines() {
-    static QStringList lines;
-    return lines;
-}
 
 /// All that a screen reader can be told of `root` and what is in it.
 QString spokenOf(QAccessibleInterface *root) {
@@ -86,20 +81,12 @@ QString spokenOf(QAccessibleInterface *root) {
 class FormKeyringTest : public testing::Test {
 protected:
     FormKeyringTest() : FormKeyringTest({std::chrono::seconds(30), std::chrono::seconds(60)}) {}
-    explicit FormKeyringTest(const SecretServiceLimits &limits) : secrets(limits) {
-        QLoggingCategory::setFilterRules(u"zeph.*=true"_s);
-        loggedLines().clear();
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &line) {
-            loggedLines().append(line);
-        });
-    }
+    explicit FormKeyringTest(const SecretServiceLimits &limits) : secrets(limits) {}
 
     ~FormKeyringTest() override {
         secrets.cancelAll();
         window.hide();
         delete scroll;
-        qInstallMessageHandler(nullptr);
-        QLoggingCategory::setFilterRules(QString());
     }
 
     void open() {
@@ -228,12 +215,13 @@ protected:
         EXPECT_THAT(filesWithKey(), IsEmpty());
         EXPECT_FALSE(QApplication::clipboard()->text().contains(typedKey));
         EXPECT_FALSE(QApplication::clipboard()->text(QClipboard::Selection).contains(typedKey));
-        EXPECT_FALSE(loggedLines().join(u'\n').contains(typedKey));
+        EXPECT_FALSE(logged.all().join(u'\n').contains(typedKey));
         const QString said = spokenOf(QAccessible::queryAccessibleInterface(&window));
         EXPECT_TRUE(said.contains(keyField)) << "the window is read";
         EXPECT_FALSE(said.contains(typedKey));
     }
 
+    LoggedLines logged{u"zeph.*=true"_s}; // before whoever logs
     SecretServer server;
     QtRunLoop loop;
     QtTaskExecutor executor;

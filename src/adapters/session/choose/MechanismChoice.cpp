@@ -80,14 +80,15 @@ DrawingWay waylandWay(const SessionOffer &offer) {
 }
 
 /// Whether all of the program's desktop can be reached through the one pixmap that it shares.
-/// Those with a window a display share the picture of one of them only.
+/// Those with a window a display share the picture of one of them only, and may leave a display
+/// bare that is plugged in while they run.
 bool canPaintInto(const DesktopProgramOffer &desktop) {
     switch (desktop.program) {
     case DesktopProgram::xfdesktop:
     case DesktopProgram::caja:
         return desktop.sharesPicture && desktop.hasRoomForCopy;
     case DesktopProgram::pcmanfm:
-        return desktop.sharesPicture && desktop.hasRoomForCopy && desktop.windows == 1;
+        return desktop.sharesPicture && desktop.hasRoomForCopy && !desktop.sharesOneDisplayOnly;
     case DesktopProgram::pcmanfmQt:
     case DesktopProgram::nemoDesktop:
     case DesktopProgram::ding:
@@ -130,7 +131,7 @@ DrawingWay wayWithDesktop(const SessionOffer &offer, const DesktopProgramOffer &
     const QString name = nameOf(desktop.program);
     switch (desktop.program) {
     case DesktopProgram::pcmanfm:
-        if (desktop.windows > 1) {
+        if (desktop.sharesOneDisplayOnly) {
             return wayAbove(offer, desktop,
                             u"%1 shares the picture of one display only"_s.arg(name));
         }
@@ -158,9 +159,7 @@ DrawingWay wayWithDesktop(const SessionOffer &offer, const DesktopProgramOffer &
     return wayWithManagerOnly(offer);
 }
 
-} // namespace
-
-DrawingWay chooseDrawingWay(const SessionOffer &offer) {
+DrawingWay wayFor(const SessionOffer &offer) {
     const auto &desktop = offer.desktopProgram;
     if (desktop && canPaintInto(*desktop)) {
         if (offer.isTransparent) {
@@ -180,6 +179,14 @@ DrawingWay chooseDrawingWay(const SessionOffer &offer) {
     // A manager that knows no desktop windows doesn't keep those of others in place either.
     const bool keepsDesktops = !offer.windowManager || offer.windowManager->knowsDesktopType;
     return desktop && keepsDesktops ? wayWithDesktop(offer, *desktop) : wayWithManagerOnly(offer);
+}
+
+} // namespace
+
+DrawingWay chooseDrawingWay(const SessionOffer &offer) {
+    DrawingWay way = wayFor(offer);
+    way.isTransparent = offer.isTransparent;
+    return way;
 }
 
 } // namespace zeph

@@ -27,8 +27,8 @@ struct WindowManagerOffer {
 /// The program that draws the icons of the desktop.
 struct DesktopProgramOffer {
     DesktopProgram program = DesktopProgram::xfdesktop;
-    bool sharesPicture = false; ///< its picture lies in a pixmap that others can paint into
-    int windows = 1;            ///< that its desktop consists of: some have one a display
+    bool sharesPicture = false;        ///< its picture lies in a pixmap that others can paint into
+    bool sharesOneDisplayOnly = false; ///< that picture, while there are several
     bool hasRoomForCopy = true; ///< the X server can keep that picture while we paint over it
 
     bool operator==(const DesktopProgramOffer &) const = default;

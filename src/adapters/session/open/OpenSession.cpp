@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/open/OpenSession.h"
 
+#include "adapters/kernel/PeerProcess.h"
 #include "adapters/session/gnome/GnomeSession.h"
+#include "adapters/session/nemo/NemoSession.h"
 #include "adapters/session/open/KWinParts.h"
 #include "adapters/session/open/ProtocolParts.h"
 #include "adapters/session/open/SessionKinds.h"
 #include "adapters/session/open/SwayParts.h"
 #include "adapters/session/plasma/PlasmaSession.h"
+#include "adapters/session/sway/SwaySocket.h"
 #include "adapters/session/wayland/WaylandSession.h"
 #include "adapters/session/x11/X11Session.h"
 #include "base/Log.h"
@@ -36,11 +39,22 @@ OpenedSession withPlasma(std::unique_ptr<Session> session,
             {}};
 }
 
+/// Where the compositor listens for its own conversation if it is sway; else empty.
+QString swaySocket(const WaylandConnection &connection) {
+    const QString socket = qEnvironmentVariable("SWAYSOCK");
+    if (socket.isEmpty() ||
+        isSwayOf(socket, peerProcess(wl_display_get_fd(connection.display())))) {
+        return socket;
+    }
+    qCInfo(logSession, "SWAYSOCK tells of no sway that is the compositor");
+    return {};
+}
+
 /// By what the compositor offers beside the protocol.
 std::unique_ptr<SessionParts> makeSessionParts(const SessionSurroundings &surroundings,
                                                WaylandConnection &connection,
                                                WaylandOutputs &outputs) {
-    const QString sway = qEnvironmentVariable("SWAYSOCK");
+    const QString sway = swaySocket(connection);
     switch (partsKind(sway, currentDesktop())) {
     case PartsKind::sway:
         return std::make_unique<SwayParts>(surroundings, connection, outputs, sway);
@@ -85,7 +99,11 @@ OpenedSession openX11Session(const SessionSurroundings &surroundings, DisplaySys
     case DesktopKind::plain:
         break;
     }
-    return {std::move(opened.session), {}};
+    return {std::make_unique<NemoSession>(std::move(opened.session),
+                                          NemoSession::Surroundings{surroundings.defaults,
+                                                                    surroundings.runLoop,
+                                                                    isCinnamon(currentDesktop())}),
+            {}};
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/open/SessionKinds.h"
 
+#include <QStringList>
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
@@ -18,6 +20,12 @@ PartsKind partsKind(const QString &swaySocket, const QString &currentDesktop) {
         return PartsKind::sway;
     }
     return isPlasma(currentDesktop) ? PartsKind::kwin : PartsKind::protocol;
+}
+
+bool isCinnamon(const QString &currentDesktop) {
+    const QStringList names = currentDesktop.split(u':');
+    return names.contains(u"X-Cinnamon"_s, Qt::CaseInsensitive) ||
+           names.contains(u"Cinnamon"_s, Qt::CaseInsensitive);
 }
 
 DesktopKind desktopKind(DisplaySystem displaySystem, const QString &currentDesktop) {

@@ -43,7 +43,7 @@ WallpapersBack bringWallpapersBack(const QDBusConnection &bus, UserDefaults &def
     defaults.remove(earlierWallpapersKey);
     removePlasmaPackage(plasmaPackageTarget(),
                         {plasmaPicturesFolder(), plasmaKeptPicturesFolder()});
-    return WallpapersBack::done;
+    return defaults.isSaved() ? WallpapersBack::done : WallpapersBack::notSaved;
 }
 
 } // namespace zeph

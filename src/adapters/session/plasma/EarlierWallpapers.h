@@ -14,6 +14,7 @@ inline const QString earlierWallpapersKey = QStringLiteral("zeph.plasma.earlier"
 enum class WallpapersBack {
     done,
     nothingKept,
+    notSaved, ///< they are back, and the settings could not be told so
     refused,
     noShell, ///< or one that has no desktops yet
 };

@@ -92,6 +92,8 @@ QString PlasmaWallpaper::problem() const {
         return u"Tavi's own wallpaper could not be put where Plasma looks for it"_s;
     case Problem::notWritten:
         return u"Tavi's pictures for Plasma could not be written"_s;
+    case Problem::notKept:
+        return u"Plasma's earlier wallpapers could not be kept"_s;
     }
     return {};
 }
@@ -202,6 +204,10 @@ void PlasmaWallpaper::putInto(const Desktops &desktops) {
     }
     // First, since nothing else knows them once they are replaced.
     m_with.defaults.set(earlierWallpapersKey, keptWallpapers(kept));
+    if (!m_asked.empty() && !m_with.defaults.isSaved()) {
+        finish(Problem::notKept);
+        return;
+    }
     const QString start = u"%1-%2"_s.arg(QCoreApplication::applicationPid()).arg(++m_starts);
     runScript(putInScript({m_asked.begin(), m_asked.end()},
                           {addressOf(m_with.pictures), addressOf(m_with.kept), start}),

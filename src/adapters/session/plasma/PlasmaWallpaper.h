@@ -64,7 +64,7 @@ public:
     void giveBack(std::chrono::milliseconds patience);
 
 private:
-    enum class Problem { none, noShell, refused, notInstalled, notWritten };
+    enum class Problem { none, noShell, refused, notInstalled, notWritten, notKept };
     using Desktops = std::vector<PlasmaDesktop>;
 
     static Problem prepare(const QString &source, const QString &target, const QString &pictures);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/sway/SwayIpc.h"
 
+#include "adapters/session/sway/SwaySocket.h"
 #include "base/Log.h"
 #include "ports/RunLoop.h"
 
 #include <QFile>
 
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -33,24 +33,6 @@ constexpr std::chrono::minutes kLasting{5};
 
 const QByteArray kWindowEvents = R"(["workspace","window"])";
 const QByteArray kAllEvents = R"(["workspace","window","barconfig_update","bar_state_update"])";
-
-int openSocket(const QString &path) {
-    const QByteArray name = QFile::encodeName(path);
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (name.size() >= static_cast<qsizetype>(sizeof address.sun_path)) {
-        return -1;
-    }
-    std::memcpy(&address.sun_path, name.constData(), static_cast<std::size_t>(name.size()));
-    const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
-    // The C interface takes every kind of address through this one pointer type.
-    const auto *generic = reinterpret_cast<const sockaddr *>(&address);
-    if (socket >= 0 && ::connect(socket, generic, sizeof address) != 0) {
-        ::close(socket);
-        return -1;
-    }
-    return socket;
-}
 
 } // namespace
 
@@ -91,7 +73,7 @@ void SwayIpc::ask(SwayRequest kind, Answer answer) {
 }
 
 void SwayIpc::call() {
-    const int socket = openSocket(m_path);
+    const int socket = connectToSway(m_path);
     if (socket < 0) {
         callAgain();
         return;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/wayland/WaylandDisplay.h"
 
+#include "adapters/kernel/PeerProcess.h"
 #include "adapters/session/wayland/WaylandSocket.h"
 
-#include <sys/socket.h>
 #include <unistd.h>
 #include <wayland-client.h>
 
@@ -26,11 +26,9 @@ std::optional<qint64> compositorProcess(const QByteArray &display) {
     if (socket < 0) {
         return std::nullopt;
     }
-    ucred listener{};
-    socklen_t length = sizeof listener;
-    const bool isTold = getsockopt(socket, SOL_SOCKET, SO_PEERCRED, &listener, &length) == 0;
+    const auto listener = peerProcess(socket);
     close(socket);
-    return isTold ? std::optional(qint64{listener.pid}) : std::nullopt;
+    return listener;
 }
 
 } // namespace zeph

@@ -60,7 +60,9 @@ bool WaylandWindowServer::chooseAnew() {
     if (m_way == last) {
         return false;
     }
-    qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
+    if (m_way.reason != last.reason) {
+        qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
+    }
     return true;
 }
 

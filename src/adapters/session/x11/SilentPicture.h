@@ -30,9 +30,9 @@ struct PixmapForm {
 class SilentPicture {
 public:
     /// The picture that is shown instead of `announced`; absent where that one is shown, or where
-    /// it can't be told. `held` are the pixmaps that clients left behind in the server, as those of
-    /// such pictures are; `whole` has the size of the program's window, which is the size that it
-    /// takes the desktop for.
+    /// it can't be told. `held` are the pixmaps that the program left behind in the server, as
+    /// those of such pictures are; `whole` has the size of the program's window, which is the size
+    /// that it takes the desktop for.
     std::optional<PixmapForm> take(const PixmapForm &announced, const std::vector<PixmapForm> &held,
                                    const PixmapForm &whole);
 

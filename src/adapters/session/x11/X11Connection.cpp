@@ -20,6 +20,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <numeric>
 #include <utility>
 
 namespace zeph {
@@ -123,7 +124,20 @@ bool X11Connection::isOwn(std::uint32_t resource) const {
 
 void X11Connection::selectOnRoot(std::uint32_t eventMask) {
     m_rootMask |= eventMask;
-    xcb_change_window_attributes(xcb(), root(), XCB_CW_EVENT_MASK, &m_rootMask);
+    selectOnRoot();
+}
+
+void X11Connection::selectOnRootFor(const X11EventListener &owner, std::uint32_t eventMask) {
+    if (std::exchange(m_rootMasks[&owner], eventMask) != eventMask) {
+        selectOnRoot();
+    }
+}
+
+void X11Connection::selectOnRoot() {
+    const std::uint32_t all =
+        std::accumulate(m_rootMasks.begin(), m_rootMasks.end(), m_rootMask,
+                        [](std::uint32_t mask, const auto &own) { return mask | own.second; });
+    xcb_change_window_attributes(xcb(), root(), XCB_CW_EVENT_MASK, &all);
 }
 
 void X11Connection::whenReplied(X11EventListener &owner, std::vector<unsigned> sequences,
@@ -163,6 +177,9 @@ void X11Connection::addListener(X11EventListener &listener) {
 
 void X11Connection::removeListener(X11EventListener &listener) {
     std::erase(m_listeners, &listener);
+    if (m_rootMasks.erase(&listener) > 0) {
+        selectOnRoot();
+    }
     std::erase_if(m_pending, [&](const Pending &pending) {
         if (pending.owner != &listener) {
             return false;

@@ -13,6 +13,7 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -71,6 +72,10 @@ public:
     /// Asks for events of the root window beside those asked for by others here.
     void selectOnRoot(std::uint32_t eventMask);
 
+    /// Asks for these beside those as well until `owner` asks for others, such as for none, or
+    /// ends.
+    void selectOnRootFor(const X11EventListener &owner, std::uint32_t eventMask);
+
     /// Calls `handler` on the main thread once all the requests with these sequence numbers are
     /// answered, one reply each in the same order; never when `owner` is gone by then.
     void whenReplied(X11EventListener &owner, std::vector<unsigned> sequences,
@@ -104,6 +109,7 @@ private:
 
     void addListener(X11EventListener &listener);
     void removeListener(X11EventListener &listener);
+    void selectOnRoot();
     void beforeBlocking();
     void dispatch();
     void deliver(xcb_generic_event_t &event);
@@ -116,6 +122,7 @@ private:
     int m_screenNumber;
     X11Atoms m_atoms;
     std::uint32_t m_rootMask = 0;
+    std::map<const X11EventListener *, std::uint32_t> m_rootMasks; // beside that, for a while
     std::vector<X11EventListener *> m_listeners;
     std::deque<Pending> m_pending;
     X11Reply<xcb_generic_event_t> m_early;

@@ -6,8 +6,6 @@
 #include "adapters/session/x11/X11Properties.h"
 
 #include <algorithm>
-#include <array>
-#include <chrono>
 #include <utility>
 
 namespace zeph {
@@ -17,15 +15,13 @@ namespace {
 constexpr std::uint32_t kLongestClass = 64; // in 4-byte units
 constexpr std::size_t kRepliesPerCandidate = 2;
 
-// How long after another size of its window Caja may show another picture without a word: at once
-// or, where pictures are large or the computer is busy, later.
-constexpr std::array<std::chrono::milliseconds, 4> kLooksAfterResizing{
-    {std::chrono::milliseconds(100), std::chrono::milliseconds(300),
-     std::chrono::milliseconds(1000), std::chrono::milliseconds(4000)}};
-
 std::uint32_t firstNumberIn(const X11AnyReply &reply) {
     const auto numbers = numbersIn(propertyIn(reply));
     return numbers.empty() ? 0 : numbers.front();
+}
+
+bool isPartial(const QSize &picture, const QSize &screen) {
+    return picture.width() < screen.width() || picture.height() < screen.height();
 }
 
 std::optional<DesktopProgram> programIn(const X11AnyReply &windowClass, const X11AnyReply &gtkId) {
@@ -83,14 +79,14 @@ void X11DesktopProgram::handleEvent(std::uint8_t kind, const xcb_generic_event_t
 void X11DesktopProgram::noteSize(xcb_window_t window, const QSize &size) {
     if (std::exchange(m_sizes[window], size) != size && m_found &&
         m_found->kind == DesktopProgram::caja) {
-        m_looks = 0;
+        m_looks.begin();
         lookLater();
     }
 }
 
 void X11DesktopProgram::lookLater() {
-    if (m_looks < kLooksAfterResizing.size()) {
-        m_nextLook.start(kLooksAfterResizing.at(m_looks++));
+    if (const auto rest = m_looks.next()) {
+        m_nextLook.start(*rest);
     }
 }
 
@@ -115,11 +111,13 @@ void X11DesktopProgram::read() {
         return requestProperty(connection(), connection().root(), connection().atom(property),
                                XCB_ATOM_ANY, 1);
     };
+    const unsigned screen = xcb_get_geometry(connection().xcb(), connection().root()).sequence;
     connection().whenReplied(
         *this,
-        {ask(X11Atom::xfceDesktopWindow), ask(X11Atom::cajaDesktopWindow),
-         ask(X11Atom::rootPixmap)},
+        {ask(X11Atom::xfceDesktopWindow), ask(X11Atom::cajaDesktopWindow), ask(X11Atom::rootPixmap),
+         screen},
         [this](const X11Connection::Replies &replies) {
+            m_screenSize = sizeIn(replies[3]);
             // Where no window manager lists windows these two still tell of themselves.
             std::vector<xcb_window_t> candidates{firstNumberIn(replies[0]),
                                                  firstNumberIn(replies[1])};
@@ -212,8 +210,9 @@ void X11DesktopProgram::readPixmap(Found found, xcb_pixmap_t pixmap) {
 }
 
 void X11DesktopProgram::lookForSilentPicture(Found found, const PixmapForm &whole) {
+    const xcb_window_t window = found.windows.front();
     findHeldPixmaps(
-        connection(), *this,
+        connection(), *this, window,
         [this, found = std::move(found), whole](const std::vector<PixmapForm> &held) mutable {
             const auto silent =
                 m_silent.take({found.pixmap, found.pixmapSize, found.pixmapDepth}, held, whole);
@@ -229,6 +228,9 @@ void X11DesktopProgram::lookForSilentPicture(Found found, const PixmapForm &whol
 
 void X11DesktopProgram::take(std::optional<Found> found) {
     m_isReading = false;
+    if (found && found->pixmap != XCB_PIXMAP_NONE) {
+        found->isPixmapPartial = isPartial(found->pixmapSize, m_screenSize);
+    }
     const bool isChanged = std::exchange(m_found, std::move(found)) != m_found;
     if (std::exchange(m_readsAgain, false)) {
         read();

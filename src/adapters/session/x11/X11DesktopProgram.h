@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/session/choose/DesktopProgram.h"
+#include "adapters/session/x11/LooksAfterResizing.h"
 #include "adapters/session/x11/RootPixmapTarget.h"
 #include "adapters/session/x11/SilentPicture.h"
 #include "adapters/session/x11/X11Connection.h"
@@ -32,12 +33,13 @@ public:
         std::vector<xcb_window_t> windows =
             {}; ///< bottom to top, never none; some have one a monitor
 
-        /// What its picture lies in, for all monitors together; XCB_PIXMAP_NONE where it keeps the
-        /// picture to itself. Another client's: it can be freed at any moment.
+        /// What its picture lies in; XCB_PIXMAP_NONE where it keeps the picture to itself. Another
+        /// client's: it can be freed at any moment.
         xcb_pixmap_t pixmap = XCB_PIXMAP_NONE;
         QSize pixmapSize = {};         ///< in device pixels
         std::uint8_t pixmapDepth = 0;  ///< 24 or 32
         bool isPixmapAnnounced = true; ///< on the root window
+        bool isPixmapPartial = false;  ///< smaller than all monitors together
 
         /// Its picture, and where it shows it.
         RootPixmapTarget target() const {
@@ -82,8 +84,9 @@ private:
     bool m_readsAgain = false;
     SilentPicture m_silent;
     std::map<xcb_window_t, QSize> m_sizes; // of the root and of what is watched, when last told
-    std::size_t m_looks = 0;               // since one of these changed
+    LooksAfterResizing m_looks;            // of one of these
     QTimer m_nextLook;
+    QSize m_screenSize; // of all monitors together, at the last look
 };
 
 } // namespace zeph

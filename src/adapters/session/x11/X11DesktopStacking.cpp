@@ -41,6 +41,18 @@ bool X11DesktopStacking::hasWindowManager() const {
     return m_manager.facts().has_value();
 }
 
+/// Theirs go beneath ours, as it is not known which of them lies highest by now.
+void X11DesktopStacking::layDown(xcb_window_t window) {
+    lower(m_connection, window);
+    const auto ours = m_ours.find(window);
+    if (ours == m_ours.end() || ours->second != DesktopPlace::aboveDesktops) {
+        return;
+    }
+    for (const xcb_window_t other : desktopsOfOthers()) {
+        lower(m_connection, other);
+    }
+}
+
 void X11DesktopStacking::restack() {
     const auto others = desktopsOfOthers();
     for (const auto &[window, place] : m_ours) {
@@ -116,7 +128,7 @@ void X11DesktopStacking::keepBelow(xcb_window_t window, const std::vector<xcb_wi
 }
 
 bool X11DesktopStacking::canAsk() const {
-    return !m_manager.facts() || m_manager.facts()->knowsRestacking;
+    return m_manager.facts() && m_manager.facts()->knowsRestacking;
 }
 
 bool X11DesktopStacking::mayRestack() {

@@ -35,6 +35,10 @@ public:
     /// Whether a window manager runs that knows of layers.
     bool hasWindowManager() const;
 
+    /// Lays a window that was added where it belongs without the help of a manager: beneath all
+    /// others, but on the desktops of other programs if it lies above those.
+    void layDown(xcb_window_t window);
+
 private:
     void restack();
     void keepBeneath();

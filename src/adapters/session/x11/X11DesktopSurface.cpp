@@ -146,7 +146,7 @@ void X11DesktopSurface::map() {
     refuseInput(connection(), m_canvas.window);
     if (m_place != DesktopPlace::aboveDesktops || !m_stacking.hasWindowManager()) {
         // Where nobody knows of layers a new window would cover all others.
-        lower(connection(), m_canvas.window);
+        m_stacking.layDown(m_canvas.window);
     }
     xcb_map_window(connection().xcb(), m_canvas.window);
     xcb_flush(connection().xcb());
@@ -210,7 +210,7 @@ void X11DesktopSurface::noteParent(xcb_window_t parent) {
         refuseInputInFrames(parent, kMostFrames - 1);
     } else if (m_isVisible) {
         // The window manager has gone, and what it held is put on top of all.
-        lower(connection(), m_canvas.window);
+        m_stacking.layDown(m_canvas.window);
     }
 }
 

@@ -18,6 +18,10 @@ namespace {
 // A program that is replaced is gone for a moment, and one that starts tells of itself bit by bit.
 constexpr int kRestMilliseconds = 200;
 
+// One that we lie beneath may be making its windows anew, and surfaces that were made anew for that
+// would come to lie above those.
+constexpr int kLongRestMilliseconds = 1000;
+
 // A server may be full for a moment, such as at the login.
 constexpr int kMoreTrials = 2;
 
@@ -36,8 +40,7 @@ Compositing compositingBy(const X11Connection &connection, xcb_window_t composit
 X11DrawingWay::X11DrawingWay(SessionOffer known, const Parties &parties)
     : m_known(std::move(known)), m_parties(parties), m_trialsLeft(kMoreTrials) {
     m_rest.setSingleShot(true);
-    m_rest.setInterval(kRestMilliseconds);
-    QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [this] { choose(); });
+    QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [this] { chooseOrWait(); });
     const auto news = [this] { chooseSoon(); };
     m_news.push_back(parties.compositor.subscribe(news));
     m_news.push_back(parties.manager.subscribe(news));
@@ -50,7 +53,16 @@ Subscription X11DrawingWay::subscribe(std::function<void()> handler) {
 
 void X11DrawingWay::chooseSoon() {
     if (m_isChosen && !m_rest.isActive()) {
-        m_rest.start();
+        m_rest.start(kRestMilliseconds);
+    }
+}
+
+void X11DrawingWay::chooseOrWait() {
+    if (m_way.mechanism == DrawingMechanism::underDesktopProgram && !m_parties.program.found() &&
+        !std::exchange(m_hasWaited, true)) {
+        m_rest.start(kLongRestMilliseconds);
+    } else {
+        choose();
     }
 }
 
@@ -82,9 +94,10 @@ void X11DrawingWay::permitPlasma(const PlasmaPermission &permission) {
 
 void X11DrawingWay::choose() {
     m_rest.stop();
+    m_hasWaited = false;
     const bool isFirst = !std::exchange(m_isChosen, true);
     const DrawingWay last = std::exchange(m_way, chooseDrawingWay(offer()));
-    if (isFirst || m_way != last) {
+    if (isFirst || m_way.reason != last.reason) {
         qCInfo(logSystem, "%s", qUtf8Printable(m_way.reason));
     }
     if (!isFirst && m_way != last) {
@@ -104,7 +117,8 @@ SessionOffer X11DrawingWay::offer() const {
         offer.desktopProgram = {program->kind,
                                 X11DesktopPicture::isPossible(m_parties.connection) &&
                                     refusalOf(program->target()).isEmpty(),
-                                static_cast<int>(program->windows.size()), m_hasRoomForCopy};
+                                program->windows.size() > 1 || program->isPixmapPartial,
+                                m_hasRoomForCopy};
     }
     return offer;
 }

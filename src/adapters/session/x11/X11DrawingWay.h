@@ -58,12 +58,14 @@ public:
 private:
     SessionOffer offer() const;
     void chooseSoon();
+    void chooseOrWait();
     void programChanged();
 
     SessionOffer m_known;
     Parties m_parties;
     DrawingWay m_way;
     bool m_isChosen = false;
+    bool m_hasWaited = false;
     bool m_hasRoomForCopy = true;
     int m_trialsLeft;
     ChangePublisher m_changes;

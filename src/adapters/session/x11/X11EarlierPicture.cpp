@@ -6,6 +6,8 @@
 #include "adapters/session/x11/X11Properties.h"
 #include "adapters/session/x11/X11ServerGrab.h"
 
+#include <QSysInfo>
+
 #include <utility>
 
 namespace zeph {
@@ -91,7 +93,18 @@ bool isOfItsForm(X11Connection &connection, const RootPixmapTarget &target) {
 bool isPictureOfDesktop(X11Connection &connection, const RootPixmapTarget &target) {
     return isOfItsForm(connection, target) &&
            (target.isAnnounced ? isAnnounced(connection, target.pixmap)
-                               : isHeldPixmap(connection, target.pixmap));
+                               : isHeldPixmap(connection, target.windows.front(), target.pixmap));
+}
+
+/// Whether what the record is of is still what the desktop program shows. Without a mark another
+/// pixmap of that number and form passes for it.
+bool isStillThere(X11Connection &connection, const EarlierPictureRecord &record) {
+    return record.mark == XCB_NONE ? isPictureOfDesktop(connection, record.target)
+                                   : isAlive(connection, record.mark);
+}
+
+std::uint32_t thisMachine() {
+    return machineNumber(QSysInfo::machineUniqueId());
 }
 
 } // namespace
@@ -107,6 +120,7 @@ X11EarlierPicture::Kept X11EarlierPicture::keep(X11Connection &connection,
     record.kept = xcb_generate_id(keeper.get());
     record.mark = xcb_generate_id(keeper.get());
     record.target = target;
+    record.machine = thisMachine();
     const auto made = xcb_create_pixmap_checked(keeper.get(), target.depth, record.kept,
                                                 connection.root(), wireLength(target.size.width()),
                                                 wireLength(target.size.height()));
@@ -140,7 +154,7 @@ X11EarlierPicture::X11EarlierPicture(X11Connection &connection, EarlierPictureRe
     const QRect all(QPoint(), m_record.target.size);
     const auto former = readRecord(connection);
     copy(m_record.target.pixmap, m_record.kept, all);
-    if (former && isAlive(connection, former->mark)) {
+    if (former && isStillThere(connection, *former)) {
         if (former->target.pixmap == m_record.target.pixmap) {
             m_origin = Origin::formerRun;
             copy(former->kept, m_record.kept, all);
@@ -190,19 +204,19 @@ void X11EarlierPicture::copy(xcb_pixmap_t from, xcb_pixmap_t to, const QRect &re
 
 bool restoreDesktopPicture(X11Connection &connection) {
     const auto record = readRecord(connection);
-    if (!record) {
+    if (!record || !isLeftHere(*record, thisMachine(), connection.isLocal())) {
         return false;
     }
     xcb_connection_t *xcb = connection.xcb();
     const X11ServerGrab grab(xcb);
-    const bool isStillThere = isAlive(connection, record->mark);
-    if (isStillThere) {
+    const bool isBack = isStillThere(connection, *record);
+    if (isBack) {
         giveBack(connection, *record);
     }
     writeRecord(connection, std::nullopt);
     xcb_kill_client(xcb, record->kept);
     waitForServer(xcb);
-    return isStillThere;
+    return isBack;
 }
 
 } // namespace zeph

@@ -72,7 +72,8 @@ private:
 };
 
 /// Puts the picture back that a run of this program kept, which was killed, and has the desktop
-/// program show it; false when there is nothing to put back. For the way out of a desktop, such as
+/// program show it; false when there is nothing to put back. What a run on another machine keeps is
+/// left alone: nobody here knows whether that one still runs. For the way out of a desktop, such as
 /// the removal of this program. A few round trips.
 bool restoreDesktopPicture(X11Connection &connection);
 

@@ -44,4 +44,9 @@ QByteArray bytesIn(const xcb_get_property_reply_t *property) {
             static_cast<qsizetype>(property->value_len)};
 }
 
+QSize sizeIn(const X11AnyReply &geometry) {
+    const auto *place = static_cast<const xcb_get_geometry_reply_t *>(geometry.get());
+    return place ? QSize(place->width, place->height) : QSize();
+}
+
 } // namespace zeph

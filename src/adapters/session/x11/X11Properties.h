@@ -4,6 +4,7 @@
 #include "adapters/session/x11/X11Reply.h"
 
 #include <QByteArray>
+#include <QSize>
 
 #include <xcb/xproto.h>
 
@@ -32,5 +33,8 @@ std::vector<std::uint32_t> numbersIn(const xcb_get_property_reply_t *property);
 std::vector<xcb_window_t> windowsIn(const xcb_get_property_reply_t *property);
 std::vector<xcb_atom_t> atomsIn(const xcb_get_property_reply_t *property);
 QByteArray bytesIn(const xcb_get_property_reply_t *property);
+
+/// The size in a reply to xcb_get_geometry, in device pixels; empty without one.
+QSize sizeIn(const X11AnyReply &geometry);
 
 } // namespace zeph

@@ -18,11 +18,6 @@ constexpr std::uint32_t kPlainStrutNumbers = 4;
 constexpr std::uint32_t kWorkAreaNumbers = 4;
 constexpr std::size_t kRepliesPerWindow = 3;
 
-QSize sizeIn(const X11AnyReply &reply) {
-    const auto *geometry = static_cast<const xcb_get_geometry_reply_t *>(reply.get());
-    return geometry ? QSize(geometry->width, geometry->height) : QSize();
-}
-
 // The first desktop's stands for all.
 std::optional<QRect> workAreaIn(const X11AnyReply &reply) {
     const auto areas = rectanglesIn(numbersIn(propertyIn(reply)));

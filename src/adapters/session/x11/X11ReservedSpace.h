@@ -12,8 +12,8 @@
 
 namespace zeph {
 
-/// The space that panels and docks keep free of windows, followed without polling. Nothing is
-/// reserved where no window manager lists its windows or is known not to list its docks.
+/// The space that panels and docks keep free of windows, followed without polling. Those that a
+/// window manager leaves out of its list count where it is known to do so, or where none runs.
 class X11ReservedSpace : private X11EventListener {
 public:
     /// Knows the panels that are there already; a few round trips.

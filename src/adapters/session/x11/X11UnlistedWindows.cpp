@@ -36,9 +36,10 @@ X11UnlistedWindows::X11UnlistedWindows(X11Connection &connection, std::function<
 
 void X11UnlistedWindows::follow() {
     const auto &facts = m_manager.facts();
-    m_isWanted = facts && facts->name == u"i3"_s;
+    m_isWanted = facts ? facts->name == u"i3"_s : m_manager.isKnown();
+    // Under others nobody wakes us whenever a window is moved.
+    connection().selectOnRootFor(*this, m_isWanted ? XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY : 0);
     if (m_isWanted) {
-        connection().selectOnRoot(XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
         read();
     } else if (!m_isReading) {
         take({});
@@ -92,13 +93,10 @@ void X11UnlistedWindows::readFrames(const std::vector<xcb_window_t> &frames) {
 void X11UnlistedWindows::take(std::vector<xcb_window_t> windows) {
     m_isReading = false;
     const auto &manager = m_manager.facts();
-    if (m_isWanted && manager) {
-        std::erase_if(windows, [&, ofManager = connection().clientOf(manager->window)](auto one) {
-            return connection().isOwn(one) || connection().clientOf(one) == ofManager;
-        });
-    } else {
-        windows.clear();
-    }
+    std::erase_if(windows, [&](xcb_window_t one) {
+        return !m_isWanted || connection().isOwn(one) ||
+               (manager && connection().clientOf(one) == connection().clientOf(manager->window));
+    });
     const bool isChanged = std::exchange(m_all, std::move(windows)) != m_all;
     if (std::exchange(m_readsAgain, false) && m_isWanted) {
         read();

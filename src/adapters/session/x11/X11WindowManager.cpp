@@ -103,10 +103,11 @@ void X11WindowManager::readWindow(Facts facts) {
 void X11WindowManager::take(std::optional<Facts> facts) {
     m_isReading = false;
     const bool isChanged = std::exchange(m_facts, std::move(facts)) != m_facts;
+    const bool isFirst = !std::exchange(m_isKnown, true);
     if (std::exchange(m_readsAgain, false)) {
         read();
     }
-    if (isChanged) {
+    if (isChanged || isFirst) {
         m_changes.send();
     }
 }

@@ -32,7 +32,10 @@ public:
     /// Absent where none runs that tells of itself.
     const std::optional<Facts> &facts() const { return m_facts; }
 
-    /// Calls `handler` whenever `facts` changed.
+    /// Whether the server has answered by now, so that absent facts mean that there is none.
+    bool isKnown() const { return m_isKnown; }
+
+    /// Calls `handler` whenever `facts` changed, and once they are known.
     [[nodiscard]] Subscription subscribe(std::function<void()> handler);
 
 private:
@@ -45,6 +48,7 @@ private:
     std::optional<Facts> m_facts;
     xcb_window_t m_looked = XCB_WINDOW_NONE; // at which one it was looked last
     ChangePublisher m_changes;
+    bool m_isKnown = false;
     bool m_isReading = false;
     bool m_readsAgain = false;
 };

@@ -49,6 +49,7 @@ X11WindowServer::X11WindowServer(X11Connection &connection, const X11Visual &opa
       m_program(connection, m_windows),
       m_compositor(connection),
       m_way(known, {connection, m_compositor, m_manager, m_program}),
+      m_iconCover(connection, {m_manager, m_program, m_way}),
       m_stacking(connection, m_windows, m_manager),
       m_programChanges(m_program.subscribe([this] { followPicture(); })),
       m_wayChanges(m_way.subscribe([this] {

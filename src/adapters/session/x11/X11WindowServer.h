@@ -7,6 +7,7 @@
 #include "adapters/session/x11/X11DesktopStacking.h"
 #include "adapters/session/x11/X11DesktopWindows.h"
 #include "adapters/session/x11/X11DrawingWay.h"
+#include "adapters/session/x11/X11IconCover.h"
 #include "adapters/session/x11/X11Visual.h"
 #include "adapters/session/x11/X11WindowManager.h"
 #include "ports/WindowServer.h"
@@ -31,6 +32,9 @@ public:
     /// Has the way of drawing chosen anew by whether our wallpaper can take the place of Plasma's.
     void permitPlasma(const PlasmaPermission &permission) { m_way.permitPlasma(permission); }
 
+    /// Whether the icons of a desktop lie beneath our windows.
+    X11IconCover &iconCover() { return m_iconCover; }
+
     std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,
                                                        bool wantsTransparency) override;
     DrawingWay drawingWay() const override { return m_way.now(); }
@@ -53,6 +57,7 @@ private:
     X11DesktopProgram m_program;
     X11Compositor m_compositor;
     X11DrawingWay m_way;
+    X11IconCover m_iconCover;
     X11DesktopStacking m_stacking;
     std::unique_ptr<X11DesktopPicture> m_picture; // from the first time that it is painted into
     Subscription m_programChanges;

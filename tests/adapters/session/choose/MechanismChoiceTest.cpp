@@ -71,6 +71,11 @@ TEST_P(MechanismChoiceTest, suitsTheSession) {
     EXPECT_EQ(chooseDrawingWay(GetParam().offer).mechanism, GetParam().mechanism);
 }
 
+TEST_P(MechanismChoiceTest, tellsWhetherTheIconsShineThrough) {
+    EXPECT_TRUE(chooseDrawingWay(transparent(GetParam().offer)).isTransparent);
+    EXPECT_EQ(chooseDrawingWay(GetParam().offer).isTransparent, GetParam().offer.isTransparent);
+}
+
 TEST_P(MechanismChoiceTest, hasAReasonInOneSentence) {
     const QString reason = chooseDrawingWay(GetParam().offer).reason;
     EXPECT_TRUE(reason.endsWith(u'.')) << reason.toStdString();
@@ -100,15 +105,15 @@ INSTANTIATE_TEST_SUITE_P(
         Row{"xfdesktopWithoutAPixmap", x11(kManager, {{DesktopProgram::xfdesktop, false}}),
             desktopWindow},
         Row{"xfdesktopWithoutRoomForACopy",
-            x11(kManager, {{DesktopProgram::xfdesktop, true, 1, false}}), desktopWindow},
+            x11(kManager, {{DesktopProgram::xfdesktop, true, false, false}}), desktopWindow},
         Row{"caja", x11(kManager, {{DesktopProgram::caja, true}}), rootPixmap},
         Row{"cajaWithoutAPixmap", x11(kManager, {{DesktopProgram::caja, false}}), desktopWindow},
         Row{"pcmanfm", x11(kManager, {{DesktopProgram::pcmanfm, true}}), rootPixmap},
         Row{"pcmanfmInOneColour", x11(kManager, {{DesktopProgram::pcmanfm, false}}), desktopWindow},
-        Row{"pcmanfmOnTwoDisplays", x11(kManager, {{DesktopProgram::pcmanfm, true, 2}}),
+        Row{"pcmanfmOnTwoDisplays", x11(kManager, {{DesktopProgram::pcmanfm, true, true}}),
             desktopWindow},
         Row{"pcmanfmWithoutRoomForACopy",
-            x11(kManager, {{DesktopProgram::pcmanfm, true, 1, false}}), desktopWindow},
+            x11(kManager, {{DesktopProgram::pcmanfm, true, false, false}}), desktopWindow},
         Row{"pcmanfmQt", x11(kManager, {{DesktopProgram::pcmanfmQt, true}}), desktopWindow},
         Row{"pcmanfmQtBesideAManagerWithoutDesktops",
             x11(kManagerWithoutDesktops, {{DesktopProgram::pcmanfmQt}}), loweredOverride},
@@ -119,13 +124,14 @@ INSTANTIATE_TEST_SUITE_P(
             x11(kManager, {{DesktopProgram::nemoDesktop}}, Compositing::separateProgram),
             underDesktopProgram},
         Row{"nemoUnblended", x11(kManager, {{DesktopProgram::nemoDesktop}}), desktopWindow},
-        Row{"ding", x11(kManager, {{DesktopProgram::ding, false, 2}}, Compositing::windowManager),
+        Row{"ding",
+            x11(kManager, {{DesktopProgram::ding, false, true}}, Compositing::windowManager),
             underDesktopProgram},
         Row{"dingUnblended", x11(kManager, {{DesktopProgram::ding}}), desktopWindow},
         Row{"plasma", x11(kManager, {{DesktopProgram::plasmashell}}, Compositing::windowManager),
             desktopWindow},
         Row{"plasmaAllowed",
-            allowingPlasma(x11(kManager, {{DesktopProgram::plasmashell, false, 2}})),
+            allowingPlasma(x11(kManager, {{DesktopProgram::plasmashell, false, true}})),
             plasmaPictures},
         Row{"plasmaAllowedBesideAManagerWithoutDesktops",
             allowingPlasma(x11(kManagerWithoutDesktops, {{DesktopProgram::plasmashell}})),
@@ -155,9 +161,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(MechanismReasonTest, namesTheDesktopWhoseIconsAreMeant) {
     EXPECT_THAT(reasonOf(x11(kManager, {{DesktopProgram::xfdesktop, true}})), HasSubstr("Xfce"));
     EXPECT_THAT(reasonOf(x11(kManager, {{DesktopProgram::caja, true}})), HasSubstr("MATE"));
-    EXPECT_THAT(reasonOf(x11(kManager, {{DesktopProgram::pcmanfm, true, 2}})),
+    EXPECT_THAT(reasonOf(x11(kManager, {{DesktopProgram::pcmanfm, true, true}})),
                 HasSubstr("one display only"));
-    EXPECT_THAT(reasonOf(x11(kManager, {{DesktopProgram::caja, true, 1, false}})),
+    EXPECT_THAT(reasonOf(x11(kManager, {{DesktopProgram::caja, true, false, false}})),
                 HasSubstr("no room for a copy"));
     EXPECT_THAT(reasonOf(wayland(u"GNOME"_s, false)), HasSubstr("GNOME"));
     EXPECT_THAT(reasonOf(wayland(u"weston"_s, false)), Not(HasSubstr("GNOME")));

@@ -36,4 +36,12 @@ TEST(SessionKinds, theXServerOfACompositorIsToldOfInGnomesWay) {
     EXPECT_EQ(desktopKind(DisplaySystem::x11, u"GNOME"_s), DesktopKind::plain);
 }
 
+TEST(SessionKinds, cinnamonIsKnownByEitherOfItsNames) {
+    EXPECT_TRUE(isCinnamon(u"X-Cinnamon"_s));
+    EXPECT_TRUE(isCinnamon(u"Example:cinnamon"_s));
+    EXPECT_FALSE(isCinnamon(u"GNOME"_s));
+    EXPECT_FALSE(isCinnamon(u"Cinnamonlike"_s));
+    EXPECT_FALSE(isCinnamon({}));
+}
+
 } // namespace zeph

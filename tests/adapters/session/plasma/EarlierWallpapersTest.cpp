@@ -52,6 +52,13 @@ TEST_F(EarlierWallpapersTest, comeBackToTheDesktopsThatShowOurs) {
     EXPECT_EQ(bringBack(), WallpapersBack::nothingKept);
 }
 
+TEST_F(EarlierWallpapersTest, areStillKeptWhereTheSettingsCanNotBeWritten) {
+    plasma.appear();
+    defaults.canSave = false;
+    EXPECT_EQ(bringBack(), WallpapersBack::notSaved);
+    EXPECT_EQ(plasma.desktops.at(1), u"org.kde.color"_s);
+}
+
 TEST_F(EarlierWallpapersTest, areNobodysWhereNoneWereKept) {
     defaults.remove(earlierKey);
     plasma.appear();

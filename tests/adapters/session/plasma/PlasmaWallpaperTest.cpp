@@ -44,6 +44,25 @@ TEST_F(PlasmaWallpaperTest, earlierWallpapersAreKeptBeforeTheyAreReplaced) {
     EXPECT_EQ(defaults.get<QString>(earlierKey), uR"({"1":"org.kde.image"})"_s);
 }
 
+TEST_F(PlasmaWallpaperTest, earlierWallpapersThatCanNotBeKeptAreNotReplaced) {
+    plasma.appear();
+    defaults.set(choiceKey, true);
+    open();
+    defaults.canSave = false;
+    wallpaper->setNeeded(true);
+    EXPECT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
+    EXPECT_EQ(wallpaper->problem(), u"Plasma's earlier wallpapers could not be kept"_s);
+    EXPECT_EQ(plasma.desktops, (Wallpapers{{1, image}}));
+    wallpaper->choose(false);
+    wallpaper->choose(true);
+    EXPECT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
+    EXPECT_EQ(plasma.desktops, (Wallpapers{{1, image}})) << "neither at the second try";
+    defaults.canSave = true;
+    wallpaper->choose(false);
+    wallpaper->choose(true);
+    EXPECT_TRUE(shows({{1, ours}}));
+}
+
 TEST_F(PlasmaWallpaperTest, eachDesktopGetsItsEarlierWallpaperBack) {
     plasma.desktops = {{1, image}, {31, u"org.kde.color"_s}};
     plasma.appear();

@@ -109,6 +109,19 @@ TEST_F(DesktopProgramWatchTest, knowsThePixmapOfItsPicture) {
     EXPECT_EQ(changes, 1);
 }
 
+TEST_F(DesktopProgramWatchTest, knowsAPictureOfOneOfSeveralDisplays) {
+    const auto desktop = showDesktop("Pcmanfm");
+    list({desktop});
+    for (const QSize size : {QSize(640, 800), QSize(1280, 400)}) {
+        const auto part = client->makePixmap(size, 24);
+        share(part);
+        EXPECT_TRUE(becomes({{DesktopProgram::pcmanfm, {desktop}, part, size, 24, true, true}}));
+    }
+    const auto whole = client->makePixmap(kWholeScreen.size(), 24);
+    share(whole);
+    EXPECT_TRUE(becomes({{DesktopProgram::pcmanfm, {desktop}, whole, {1280, 800}, 24}}));
+}
+
 TEST_F(DesktopProgramWatchTest, takesNoPixmapThatIsGone) {
     const auto desktop = showDesktop("Caja");
     share(client->makePixmap({1280, 800}, 24) + 1);
@@ -138,7 +151,7 @@ TEST_F(DesktopProgramWatchTest, findsThePictureThatCajaDoesNotAnnounceAtAnotherS
     ASSERT_TRUE(becomes({{DesktopProgram::caja, {desktop}, announced, {2560, 800}, 24}}));
     const auto shown = leavePixmap(session.display(), kShrunk, Qt::darkGreen);
     client->resize(desktop, kShrunk);
-    const Found silent{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false};
+    const Found silent{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false, true};
     EXPECT_TRUE(becomes(silent));
     X11DesktopWindows listed(*connection);
     const X11DesktopProgram later(*connection, listed);
@@ -157,7 +170,37 @@ TEST_F(DesktopProgramWatchTest, looksAgainForAPictureThatCajaMakesLate) {
     runLoopFor(std::chrono::milliseconds(150));
     EXPECT_EQ(program.found(), first);
     const auto shown = leavePixmap(session.display(), kShrunk, Qt::darkGreen);
-    EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false}}));
+    EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false, true}}));
+}
+
+TEST_F(DesktopProgramWatchTest, looksOnceMoreForAPictureThatCajaMakesLater) {
+    const auto desktop = showDesktop("Caja");
+    const auto announced = leavePixmap(session.display(), kWholeScreen.size(), Qt::darkRed);
+    share(announced);
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    const Found first{DesktopProgram::caja, {desktop}, announced, kWholeScreen.size(), 24};
+    ASSERT_TRUE(becomes(first));
+    client->resize(desktop, kShrunk);
+    runLoopFor(std::chrono::milliseconds(600)); // after the second look
+    EXPECT_EQ(program.found(), first);
+    const auto shown = leavePixmap(session.display(), kShrunk, Qt::darkGreen);
+    EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false, true}}));
+}
+
+TEST_F(DesktopProgramWatchTest, takesNoPixmapOfAnotherProgramForThePictureOfCaja) {
+    const auto desktop = showDesktop("Caja");
+    const auto announced = leavePixmap(session.display(), {2560, 800}, Qt::darkRed);
+    const auto theirs =
+        leavePixmapOfAnother(session.display(), kWholeScreen.size(), Qt::darkYellow);
+    share(announced);
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    const Found first{DesktopProgram::caja, {desktop}, announced, {2560, 800}, 24};
+    ASSERT_TRUE(becomes(first));
+    EXPECT_EQ(client->pixelOf(theirs, {5, 5}), QColor(Qt::darkYellow).rgba());
+    const auto shown = leavePixmap(session.display(), kWholeScreen.size(), Qt::darkGreen);
+    share(announced);
+    EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kWholeScreen.size(), 24, false}}))
+        << "theirs is none of several either";
 }
 
 TEST_F(DesktopProgramWatchTest, takesNoUnannouncedPixmapForThePictureOfOthers) {

@@ -56,6 +56,31 @@ protected:
 
 } // namespace
 
+TEST_F(DesktopStackingTest, laysAWindowOnTheDesktopsOfOthersWithoutAManager) {
+    const auto ours = showUnmanaged(0);
+    const auto theirs = client->show({.geometry = {0, 0, 800, 400}, .type = kDesktopType});
+    const auto normal = client->show({.geometry = {100, 100, 200, 150}, .colour = 0xFF0000});
+    client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, {theirs, normal});
+    stacking.add(ours, DesktopPlace::aboveDesktops);
+    settle();
+    stacking.layDown(ours);
+    settle();
+    EXPECT_EQ(client->stacking(), (QList<xcb_window_t>{theirs, ours, normal}));
+    stacking.add(ours, DesktopPlace::belowDesktops);
+    stacking.layDown(ours);
+    settle();
+    EXPECT_EQ(client->stacking(), (QList<xcb_window_t>{ours, theirs, normal}));
+}
+
+TEST_F(DesktopStackingTest, comesBackAboveAnotherDesktopWithoutAManager) {
+    const auto ours = client->show({.geometry = {0, 0, 400, 400}, .type = kDesktopType});
+    const auto theirs = client->show({.geometry = {0, 0, 800, 400}, .type = kDesktopType});
+    stacking.add(ours, DesktopPlace::aboveDesktops);
+    client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, {ours, theirs});
+    settle();
+    EXPECT_EQ(client->stacking(), (QList<xcb_window_t>{theirs, ours}));
+}
+
 TEST_F(DesktopStackingTest, windowsOfTwoDisplaysDoNotChangePlacesForEver) {
     const auto left = showUnmanaged(0);
     const auto normal = client->show({.geometry = {100, 100, 200, 150}, .colour = 0xFF0000});
@@ -75,6 +100,22 @@ TEST_F(DesktopStackingTest, windowsOfTwoDisplaysDoNotChangePlacesForEver) {
     settle();
     EXPECT_EQ(client->stacking().indexOf(normal), 2);
     EXPECT_GT(count.value(), 0) << "what does change is told";
+}
+
+TEST_F(DesktopStackingTest, withoutAManagerOursLiesBetweenTheDesktopAndTheWindows) {
+    const auto base = client->show({.geometry = kWholeScreen, .type = kDesktopType});
+    const auto normal = client->show({.geometry = {100, 100, 200, 150}, .colour = 0xFF0000});
+    const auto gone = client->show({.geometry = kWholeScreen, .type = kDesktopType});
+    client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW,
+                   {base, normal, gone});
+    settle();
+    ASSERT_EQ(windows.all().size(), 2U);
+    client->destroy(gone);
+    server->settle();
+    const auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    surface->orderFront();
+    ASSERT_TRUE(waitUntil([&] { return client->isViewable(windowOf(*surface)); }));
+    EXPECT_EQ(client->stacking(), (QList<xcb_window_t>{base, windowOf(*surface), normal}));
 }
 
 } // namespace zeph

@@ -13,7 +13,7 @@ protected:
         const xcb_pixmap_t mark = xcb_generate_id(connection->xcb());
         xcb_create_pixmap(connection->xcb(), 24, mark, connection->root(), 1, 1);
         connection->intern("ZEPH_TEST"); // the server knows it with the answer
-        kept = client->numbers(client->root(), kRecordName).value(0);
+        kept = recordOnRoot(*client).kept;
         client->killOwner(kept);
         client->killOwner(mark);
         EXPECT_EQ(client->pixel(kAway), 0x0000FFU);
@@ -21,6 +21,15 @@ protected:
 
     /// Its objects can't do anything any more.
     void forgetTheRun() { picture.reset(); }
+
+    /// Writes the record of that run as another one would.
+    void rewriteRecord(const std::function<void(EarlierPictureRecord &)> &change) {
+        auto record = recordOnRoot(*client);
+        change(record);
+        const auto rewritten = numbersOf(record);
+        client->setIds(client->root(), kRecordName, XCB_ATOM_CARDINAL,
+                       {rewritten.begin(), rewritten.end()});
+    }
 
     xcb_pixmap_t kept = XCB_PIXMAP_NONE;
 };
@@ -126,6 +135,53 @@ TEST_F(KilledRunTest, theNextStartKeepsThePictureOfAProgramThatTookAnother) {
     const auto surface = shown(Qt::green);
     surface->orderOut();
     EXPECT_TRUE(waitForPixel(kAway, Qt::darkGreen));
+}
+
+TEST_F(KilledRunTest, thatOfAnotherMachineIsLeftAlone) {
+    forgetTheRun();
+    rewriteRecord([](EarlierPictureRecord &record) { ++record.machine; });
+    const auto another = X11Connection::open(session.display());
+    EXPECT_FALSE(restoreDesktopPicture(*another));
+    EXPECT_EQ(client->pixel(kAway), 0x0000FFU);
+    EXPECT_TRUE(hasRecord());
+    EXPECT_FALSE(client->size(kept).isEmpty());
+}
+
+TEST_F(KilledRunTest, thePictureThatAnEarlierVersionKeptComesBack) {
+    forgetTheRun();
+    rewriteRecord([](EarlierPictureRecord &record) {
+        record.machine = 0;
+        record.mark = XCB_NONE;
+    });
+    const auto another = X11Connection::open(session.display());
+    EXPECT_TRUE(restoreDesktopPicture(*another));
+    EXPECT_EQ(client->pixel(kAway), QColor(Qt::darkRed).rgb() & 0xFFFFFF);
+    EXPECT_FALSE(hasRecord());
+}
+
+TEST_F(KilledRunTest, theNextStartKnowsThePictureThatAnEarlierVersionKept) {
+    forgetTheRun();
+    rewriteRecord([](EarlierPictureRecord &record) {
+        record.machine = 0;
+        record.mark = XCB_NONE;
+    });
+    start();
+    const auto surface = shown(Qt::green);
+    surface->orderOut();
+    EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
+}
+
+TEST_F(KilledRunTest, nothingThatAnEarlierVersionKeptIsPutBackIntoAnotherPicture) {
+    forgetTheRun();
+    rewriteRecord([](EarlierPictureRecord &record) {
+        record.machine = 0;
+        record.mark = XCB_NONE;
+    });
+    desktop.renew(kWholeScreen.size(), Qt::darkGreen);
+    const auto another = X11Connection::open(session.display());
+    EXPECT_FALSE(restoreDesktopPicture(*another));
+    EXPECT_EQ(client->pixel(kAway), QColor(Qt::darkGreen).rgb() & 0xFFFFFF);
+    EXPECT_FALSE(hasRecord());
 }
 
 } // namespace zeph

@@ -7,7 +7,12 @@
 #include <QColor>
 #include <QSize>
 
+#include <sys/wait.h>
+#include <unistd.h>
 #include <xcb/xcb.h>
+
+#include <array>
+#include <stdexcept>
 
 namespace zeph {
 
@@ -30,6 +35,29 @@ inline xcb_pixmap_t leavePixmap(const QByteArray &display, QSize size, QColor co
     const X11Reply<xcb_get_input_focus_reply_t> fence(
         xcb_get_input_focus_reply(xcb, xcb_get_input_focus(xcb), nullptr));
     xcb_disconnect(xcb);
+    return pixmap;
+}
+
+/// The same by another program.
+inline xcb_pixmap_t leavePixmapOfAnother(const QByteArray &display, QSize size, QColor colour) {
+    std::array<int, 2> pipe{};
+    if (::pipe(pipe.data()) != 0) {
+        throw std::runtime_error("no pipe for the test");
+    }
+    xcb_pixmap_t pixmap = XCB_PIXMAP_NONE;
+    const pid_t program = ::fork();
+    if (program == 0) {
+        pixmap = leavePixmap(display, size, colour);
+        const bool isTold = ::write(pipe[1], &pixmap, sizeof pixmap) == sizeof pixmap;
+        ::_exit(isTold ? 0 : 1);
+    }
+    ::close(pipe[1]);
+    const bool isTold = ::read(pipe[0], &pixmap, sizeof pixmap) == sizeof pixmap;
+    ::close(pipe[0]);
+    ::waitpid(program, nullptr, 0);
+    if (!isTold) {
+        throw std::runtime_error("no other program for the test");
+    }
     return pixmap;
 }
 

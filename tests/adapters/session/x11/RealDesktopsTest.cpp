@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "RealDesktopFixture.h"
+#include "RecordOnRoot.h"
 
 using namespace Qt::StringLiterals;
 
@@ -200,7 +201,7 @@ TEST_F(XfceWorkspacesTest, ourPictureIsOnAllWorkspacesAndTheirsIsKeptForEach) {
     session.run({u"xdotool"_s, u"set_desktop"_s, u"1"_s});
     // It paints its second picture over ours, and we paint ours over that.
     const auto keptIsTheSecond = [&] {
-        const auto kept = client->numbers(client->root(), "_TAVI_EARLIER_PICTURE").value(0);
+        const auto kept = recordOnRoot(*client).kept;
         return client->pixelOf(kept, kFree) == kSecond.rgba();
     };
     ASSERT_TRUE(waitFollowing(keptIsTheSecond));

@@ -101,7 +101,36 @@ TEST_F(UnlistedDockTest, isNoneWhereTheManagerListsThem) {
     EXPECT_EQ(space.margins(kWholeScreen), QMargins());
 }
 
-TEST_F(X11Test, nothingIsReservedWithoutAWindowManager) {
+TEST_F(UnlistedDockTest, countsWithoutAManager) {
+    const xcb_window_t dock = showDock();
+    const X11ReservedSpace space(*connection);
+    EXPECT_EQ(space.margins(kWholeScreen), QMargins(0, 30, 0, 0));
+    bar.destroy(dock);
+    EXPECT_TRUE(waitForTop(space, 0));
+    showDock();
+    EXPECT_TRUE(waitForTop(space, 30));
+    announce("Example");
+    EXPECT_TRUE(waitForTop(space, 0)) << "a manager lists those that it keeps room for";
+}
+
+TEST_F(UnlistedDockTest, noticesOfAllWindowsEndWithTheNeedForThem) {
+    const auto isAskedFor = [&] {
+        const X11Reply<xcb_get_window_attributes_reply_t> root(xcb_get_window_attributes_reply(
+            connection->xcb(), xcb_get_window_attributes(connection->xcb(), connection->root()),
+            nullptr));
+        return root && (root->your_event_mask & XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY) != 0;
+    };
+    auto space = std::make_unique<X11ReservedSpace>(*connection);
+    EXPECT_TRUE(isAskedFor());
+    announce("Example");
+    EXPECT_TRUE(waitUntil([&] { return !isAskedFor(); }));
+    announce("i3");
+    EXPECT_TRUE(waitUntil(isAskedFor));
+    space.reset();
+    EXPECT_FALSE(isAskedFor());
+}
+
+TEST_F(X11Test, aWorkAreaThatAManagerLeftReservesNothing) {
     client->setNumbers(client->root(), "_NET_WORKAREA", {0, 30, 1280, 770});
     const X11ReservedSpace space(*connection);
     EXPECT_EQ(space.margins(kWholeScreen), QMargins());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "PlayedDesktop.h"
+#include "RecordOnRoot.h"
 #include "X11Fixture.h"
 
 #include "adapters/session/x11/X11DesktopPicture.h"
@@ -10,7 +11,6 @@
 namespace zeph {
 
 inline const QPoint kAway(900, 600);
-inline const QByteArray kRecordName = "_TAVI_EARLIER_PICTURE";
 
 /// A display with a played desktop program and our surfaces in its picture.
 class RootPixmapSurfaceTest : public X11Test {

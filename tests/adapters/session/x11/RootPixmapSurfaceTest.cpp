@@ -2,6 +2,8 @@
 #include "LeftPixmap.h"
 #include "RootPixmapFixture.h"
 
+#include <QSysInfo>
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
@@ -171,6 +173,31 @@ TEST_F(RootPixmapSurfaceTest, paintsNothingIntoWhatHasTheNumberOfAPictureThatIsG
     EXPECT_TRUE(waitForPixel(kAway, Qt::green)) << "it is its own again";
 }
 
+TEST_F(RootPixmapSurfaceTest, forgetsAPictureThatIsGoneWhenTheProgramGoesToo) {
+    const auto surface = shown(Qt::blue);
+    const auto target = desktop.target();
+    desktop.reuseNumber(Qt::darkGreen);
+    client->setIds(client->root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP, {XCB_PIXMAP_NONE});
+    fill(*surface, Qt::green);
+    ASSERT_TRUE(waitUntil([&] { return !picture->isThere(); }));
+    picture->setTarget(std::nullopt);
+    desktop.announce();
+    runLoopFor(std::chrono::milliseconds(150));
+    EXPECT_FALSE(picture->isThere());
+    EXPECT_EQ(client->pixelOf(target.pixmap, kAway), QColor(Qt::darkGreen).rgba());
+}
+
+TEST_F(RootPixmapSurfaceTest, staysWithTheNextPictureThoughTheFormerOneTurnsOutToBeGone) {
+    const auto surface = shown(Qt::blue);
+    const PlayedDesktop next(session.display(), kWholeScreen.size(), Qt::darkYellow);
+    desktop.reuseNumber(Qt::darkGreen);
+    picture->setTarget(next.target());
+    ASSERT_TRUE(picture->isThere());
+    runLoopFor(std::chrono::milliseconds(150)); // until it is tried again where it is none
+    EXPECT_TRUE(picture->isThere());
+    EXPECT_EQ(client->pixelOf(next.target().pixmap, kAway), QColor(Qt::blue).rgba());
+}
+
 TEST_F(RootPixmapSurfaceTest, paintsIntoNothingThatIsNotAnnounced) {
     auto target = desktop.target();
     picture->setTarget(std::nullopt);
@@ -203,6 +230,9 @@ TEST_F(RootPixmapSurfaceTest, paintsIntoAPictureThatIsShownWithoutAnAnnouncement
     target.pixmap = client->makePixmap(kWholeScreen.size(), 24);
     picture->setTarget(target);
     EXPECT_FALSE(picture->isThere()) << "that of somebody who is still there";
+    target.pixmap = leavePixmapOfAnother(session.display(), kWholeScreen.size(), Qt::darkRed);
+    picture->setTarget(target);
+    EXPECT_FALSE(picture->isThere()) << "that of another program";
 }
 
 TEST_F(RootPixmapSurfaceTest, waitsWhileTheProgramIsGoneAndPaintsAllWhenItComesBack) {
@@ -229,7 +259,7 @@ TEST_F(RootPixmapSurfaceTest, doesNotTakeItsOwnPixelsForTheEarlierPictureWhenAWi
     picture->setTarget(target);
     surface->orderOut();
     EXPECT_TRUE(waitForPixel(kAway, Qt::darkRed));
-    EXPECT_EQ(client->numbers(client->root(), kRecordName).size(), 6 + 2);
+    EXPECT_EQ(recordOnRoot(*client).target, target);
 }
 
 TEST_F(RootPixmapSurfaceTest, doesNotPaintIntoAPictureOfAnotherForm) {
@@ -244,6 +274,10 @@ TEST_F(RootPixmapSurfaceTest, doesNotPaintIntoAPictureOfAnotherForm) {
     EXPECT_EQ(client->pixel(kAway), QColor(Qt::darkRed).rgb() & 0xFFFFFF);
 }
 
+TEST_F(RootPixmapSurfaceTest, tellsOnWhichMachineItKeepsTheEarlierPicture) {
+    EXPECT_EQ(recordOnRoot(*client).machine, machineNumber(QSysInfo::machineUniqueId()));
+}
+
 TEST_F(RootPixmapSurfaceTest, theEndLeavesThePictureAsItWas) {
     auto surface = shown(Qt::blue);
     EXPECT_TRUE(hasRecord());
@@ -256,7 +290,7 @@ TEST_F(RootPixmapSurfaceTest, theEndLeavesThePictureAsItWas) {
 
 TEST_F(RootPixmapSurfaceTest, theEndLeavesNothingInTheServer) {
     const auto surface = shown(Qt::blue);
-    const xcb_pixmap_t kept = client->numbers(client->root(), kRecordName).value(0);
+    const xcb_pixmap_t kept = recordOnRoot(*client).kept;
     ASSERT_EQ(client->size(kept), kWholeScreen.size());
     surface->orderOut();
     picture->setTarget(std::nullopt);
@@ -265,7 +299,7 @@ TEST_F(RootPixmapSurfaceTest, theEndLeavesNothingInTheServer) {
 
 TEST_F(RootPixmapSurfaceTest, leavesNoClientBehindWhereThereIsNoRoomForACopy) {
     const std::uint32_t ids = xcb_get_setup(connection->xcb())->resource_id_mask;
-    const std::uint32_t keeper = client->numbers(client->root(), kRecordName).value(0) & ~ids;
+    const std::uint32_t keeper = recordOnRoot(*client).kept & ~ids;
     auto target = desktop.target();
     target.size = {40000, 40000}; // more than a server has pixels for
     for (int i = 0; i < 5; ++i) {

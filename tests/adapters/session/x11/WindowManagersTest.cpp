@@ -2,6 +2,7 @@
 #include "X11Fixture.h"
 
 #include "TinyWindowManager.h"
+#include "adapters/session/x11/X11DesktopWindows.h"
 
 using namespace Qt::StringLiterals;
 
@@ -83,6 +84,29 @@ TEST_F(WindowManagersTest, liesBelowAllWindowsOnceTheManagerIsGone) {
     manager.reset();
     EXPECT_TRUE(waitUntil([&] { return client->stacking().value(0) == windowOf(*surface); }));
     EXPECT_TRUE(waitForPixel(client->geometry(normal).center(), Qt::red));
+    EXPECT_TRUE(waitForPixel(kSpot, Qt::blue));
+}
+
+TEST_F(WindowManagersTest, liesOnTheDesktopsOfOthersOnceTheManagerIsGone) {
+    const auto normal = client->show(
+        {.geometry = {100, 100, 200, 150}, .colour = 0xFF0000, .overridesRedirect = true});
+    const auto base = client->show({.geometry = kWholeScreen,
+                                    .colour = 0x552200,
+                                    .type = kDesktopType,
+                                    .overridesRedirect = true});
+    client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, {base});
+    const auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    fill(*surface, Qt::blue);
+    surface->orderFront();
+    ASSERT_TRUE(waitForFramesAround(windowOf(*surface), 1));
+    client->raise(base);
+    client->raise(normal);
+    const X11DesktopWindows listed(*connection);
+    ASSERT_TRUE(waitUntil([&] { return listed.all().size() == 1; }));
+    connection->waitForReplies(); // those that the server asked for on hearing of the list
+    manager.reset();
+    const QList<xcb_window_t> wanted{base, windowOf(*surface), normal};
+    EXPECT_TRUE(waitUntil([&] { return client->stacking() == wanted; }));
     EXPECT_TRUE(waitForPixel(kSpot, Qt::blue));
 }
 

@@ -152,6 +152,28 @@ TEST_F(WindowServerTest, handsPicturesToPlasmaOnceThatIsAllowed) {
     EXPECT_EQ(changes, 2);
 }
 
+TEST_F(WindowServerTest, coversTheDisplaysThatADesktopProgramLeavesBare) {
+    const auto desktop = client->show({.geometry = {0, 0, 640, 800},
+                                       .type = kDesktopType,
+                                       .instance = "pcmanfm",
+                                       .name = "Pcmanfm"});
+    const auto share = [&](QSize size) {
+        client->setIds(client->root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP,
+                       {client->makePixmap(size, 24)});
+    };
+    client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, {desktop});
+    share({640, 800});
+    server->settle();
+    const auto reasonHas = [&](QStringView part) {
+        return waitUntil([&] { return server->drawingWay().reason.contains(part); });
+    };
+    EXPECT_TRUE(reasonHas(u"one display only"));
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::desktopWindow);
+    share(kWholeScreen.size());
+    EXPECT_TRUE(reasonHas(u"paints into it")) << "the other display was unplugged";
+    EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::rootPixmap);
+}
+
 TEST_F(WindowServerTest, restsBeforeItChoosesAnewSoThatAllThatStartsIsCountedInOnce) {
     server->settle();
     int calls = 0;
