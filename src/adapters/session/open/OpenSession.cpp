@@ -41,7 +41,7 @@ OpenedSession withPlasma(std::unique_ptr<Session> session,
 
 /// Where the compositor listens for its own conversation if it is sway; else empty.
 QString swaySocket(const WaylandConnection &connection) {
-    const QString socket = qEnvironmentVariable("SWAYSOCK");
+    QString socket = qEnvironmentVariable("SWAYSOCK");
     if (socket.isEmpty() ||
         isSwayOf(socket, peerProcess(wl_display_get_fd(connection.display())))) {
         return socket;
