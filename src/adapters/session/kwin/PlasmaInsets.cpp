@@ -29,8 +29,10 @@ std::optional<QRectF> areaIn(const QDBusMessage &answer) {
 
 } // namespace
 
-PlasmaInsets::PlasmaInsets(const QDBusConnection &bus, KWinScript &script)
-    : m_panels(script.subscribeToPanels([this] { askForAll(); })),
+PlasmaInsets::PlasmaInsets(const QDBusConnection &bus, KWinScript &script,
+                           std::function<bool()> isShownByPlasma)
+    : m_isShownByPlasma(std::move(isShownByPlasma)),
+      m_panels(script.subscribeToPanels([this] { askForAll(); })),
       m_shell(bus, kShellName, [this] { shellChanged(); }) {}
 
 std::optional<QRectF> PlasmaInsets::usableArea(const QString &outputName) {

@@ -4,6 +4,7 @@
 #include "adapters/session/common/UsableAreas.h"
 #include "adapters/session/kwin/KWinScript.h"
 
+#include <functional>
 #include <map>
 
 namespace zeph {
@@ -12,13 +13,16 @@ namespace zeph {
 /// whenever KWin tells of a panel.
 class PlasmaInsets : public UsableAreas {
 public:
-    /// `script` outlives this.
-    PlasmaInsets(const QDBusConnection &bus, KWinScript &script);
+    /// `script` outlives this. `isShownByPlasma`: whether the wallpaper is in Plasma's own
+    /// desktops, of which Plasma itself decides which one of two mirrors has.
+    PlasmaInsets(
+        const QDBusConnection &bus, KWinScript &script,
+        std::function<bool()> isShownByPlasma = [] { return false; });
 
     /// Absent at the first call for an output, which asks for it.
     std::optional<QRectF> usableArea(const QString &outputName) override;
     /// KWin paints one scene, and each output the part of it at its place.
-    bool mirrorsShareSurfaces() const override { return true; }
+    bool mirrorsShareSurfaces() const override { return !m_isShownByPlasma(); }
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) override;
 
 private:
@@ -33,6 +37,7 @@ private:
     void take(const QString &outputName, const std::optional<QRectF> &area);
     void shellChanged();
 
+    std::function<bool()> m_isShownByPlasma;
     std::map<QString, Output> m_outputs;
     ChangePublisher m_changes;
     Subscription m_panels;

@@ -24,7 +24,7 @@ constexpr std::chrono::milliseconds kBurst{60'000};
 } // namespace
 
 NemoDesktop::NemoDesktop(bool isOfSession, Surroundings surroundings)
-    : m_with(std::move(surroundings)), m_limit([this] { lookAgain(); }, kBurst) {
+    : m_with(std::move(surroundings)), m_limit([this] { look(); }, kBurst) {
     if (isOfSession) {
         getAlong();
     } else if (m_with.settings.keepsAnything()) {
@@ -64,15 +64,10 @@ void NemoDesktop::look() {
         lookForEnd();
     } else if (m_step == Step::none && !m_facts.areCovered) {
         m_vain = m_facts.icons.empty() ? m_vain : 0;
-    } else if (m_step == Step::none && m_limit.allows(m_vain < kMostInVain ? kMostTries : 0)) {
+    } else if (m_step == Step::none && m_vain < kMostInVain && m_limit.allows(kMostTries)) {
         ++m_vain;
         makeAnew();
     }
-}
-
-void NemoDesktop::lookAgain() {
-    m_vain = 0;
-    look();
 }
 
 void NemoDesktop::makeAnew() {

@@ -43,7 +43,6 @@ private:
     void makeAnew();
     void lookForEnd();
     void giveLayoutBack();
-    void lookAgain();
 
     Surroundings m_with;
     X11IconCover::Facts m_facts;

@@ -43,7 +43,9 @@ NemoOutcome NemoSettings::getAlong() const {
     if (handlers->contains(kOurs)) {
         return NemoOutcome::nothingToDo;
     }
-    m_defaults.set(kListed, true);
+    if (!keep(kListed, true)) {
+        return NemoOutcome::refused;
+    }
     const NemoOutcome written = write(kHandlersKey, listOfPrinted(*handlers + QStringList{kOurs}));
     if (written == NemoOutcome::refused) {
         m_defaults.remove(kListed);
@@ -59,11 +61,18 @@ NemoOutcome NemoSettings::changeLayout() const {
     if (!layout) {
         return NemoOutcome::unavailable;
     }
-    const auto other = inOtherWords(*layout);
+    // The other words that nobody gave back are ours: usual ones are as new to Nemo as these.
+    const QString usual = inUsualWords(*layout);
+    const auto other = inOtherWords(usual);
     if (!other) {
         return NemoOutcome::nothingToDo;
     }
-    m_defaults.set(kEarlierLayout, *layout);
+    if (!keep(kEarlierLayout, usual)) {
+        return NemoOutcome::refused;
+    }
+    if (*other == *layout) {
+        return NemoOutcome::done;
+    }
     const NemoOutcome written = write(nemoLayoutKey, *other);
     if (written == NemoOutcome::refused) {
         m_defaults.remove(kEarlierLayout);
@@ -83,6 +92,9 @@ NemoOutcome NemoSettings::giveLayoutBack() const {
     NemoOutcome outcome = NemoOutcome::nothingToDo;
     if (layout == inOtherWords(*earlier)) {
         outcome = write(nemoLayoutKey, *earlier);
+        if (outcome == NemoOutcome::done && read(nemoLayoutKey) == layout) {
+            outcome = NemoOutcome::refused;
+        }
     }
     if (!isFailure(outcome)) {
         m_defaults.remove(kEarlierLayout);
@@ -105,6 +117,9 @@ NemoOutcome NemoSettings::leaveHandlers() const {
     NemoOutcome outcome = NemoOutcome::nothingToDo;
     if (handlers->removeAll(kOurs) > 0) {
         outcome = write(kHandlersKey, listOfPrinted(*handlers));
+        if (outcome == NemoOutcome::done && read(kHandlersKey) == printed) {
+            outcome = NemoOutcome::refused;
+        }
     }
     if (!isFailure(outcome)) {
         m_defaults.remove(kListed);
@@ -128,11 +143,22 @@ bool NemoSettings::keepsAnything() const {
     return m_defaults.boolean(kListed) || m_defaults.contains(kEarlierLayout);
 }
 
+/// Before a setting is changed, since only what is on the disk outlives a kill.
+bool NemoSettings::keep(const QString &key, const DefaultsValue &value) const {
+    m_defaults.set(key, value);
+    if (m_defaults.isSaved()) {
+        return true;
+    }
+    m_defaults.remove(key);
+    return false;
+}
+
 std::optional<QString> NemoSettings::read(const QString &key) const {
     const auto answer = m_tool({u"get"_s, nemoDesktopSchema, key});
     return answer && answer->exitCode == 0 ? std::optional(answer->output) : std::nullopt;
 }
 
+/// The tool succeeds also where what it wrote is never stored: who must know reads it again.
 NemoOutcome NemoSettings::write(const QString &key, const QString &value) const {
     const auto answer = m_tool({u"set"_s, nemoDesktopSchema, key, value});
     if (!answer) {

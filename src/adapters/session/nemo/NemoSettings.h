@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/desktop/RunTool.h"
+#include "ports/UserDefaults.h"
 
 #include <QStringList>
 
@@ -9,8 +10,6 @@
 #include <optional>
 
 namespace zeph {
-
-class UserDefaults;
 
 /// What became of a change of Nemo's settings.
 enum class NemoOutcome {
@@ -49,6 +48,7 @@ public:
     bool keepsAnything() const;
 
 private:
+    bool keep(const QString &key, const DefaultsValue &value) const;
     std::optional<QString> read(const QString &key) const;
     NemoOutcome write(const QString &key, const QString &value) const;
     NemoOutcome leaveHandlers() const;

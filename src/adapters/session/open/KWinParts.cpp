@@ -2,7 +2,9 @@
 #include "adapters/session/open/KWinParts.h"
 
 #include "adapters/session/open/OpenSession.h"
+#include "adapters/session/plasma/PlasmaWallpaper.h"
 #include "adapters/session/wayland/WaylandIdle.h"
+#include "ports/UserDefaults.h"
 
 #include <QDir>
 
@@ -24,7 +26,9 @@ KWinParts::KWinParts(const SessionSurroundings &surroundings, WaylandConnection 
     : m_script(sessionBus, sharedFolder()),
       m_workspace(m_script, surroundings.entries, surroundings.runLoop),
       m_virtualDesktops(sessionBus),
-      m_insets(sessionBus, m_script),
+      m_insets(
+          sessionBus, m_script,
+          [&defaults = surroundings.defaults] { return defaults.boolean(plasmaWallpaperKey); }),
       m_inputEvents(std::make_unique<WaylandIdle>(connection), surroundings.inputConsent) {}
 
 } // namespace zeph

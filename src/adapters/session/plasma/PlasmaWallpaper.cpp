@@ -23,8 +23,6 @@ namespace zeph {
 
 namespace {
 
-const QString kChoiceKey = u"zeph.plasma.wallpaper"_s;
-
 const QString kShellPath = u"/PlasmaShell"_s;
 const QString kShellInterface = u"org.kde.PlasmaShell"_s;
 const QString kEvaluate = u"evaluateScript"_s;
@@ -55,7 +53,7 @@ QString addressOf(const QString &folder) {
 
 PlasmaWallpaper::PlasmaWallpaper(Surroundings surroundings)
     : m_with(std::move(surroundings)),
-      m_isChosen(m_with.defaults.boolean(kChoiceKey)),
+      m_isChosen(m_with.defaults.boolean(plasmaWallpaperKey)),
       m_activities(m_with.sessionBus, kActivitiesName, [] {}),
       m_shell(m_with.sessionBus, u"org.kde.plasmashell"_s, [this] { shellChanged(); }) {
     for (const QString &change : {u"ActivityAdded"_s, u"CurrentActivityChanged"_s}) {
@@ -72,7 +70,7 @@ void PlasmaWallpaper::choose(bool isOurs) {
     if (std::exchange(m_isChosen, isOurs) == isOurs) {
         return;
     }
-    m_with.defaults.set(kChoiceKey, isOurs);
+    m_with.defaults.set(plasmaWallpaperKey, isOurs);
     m_problem = Problem::none;
     m_failures = 0;
     m_changes.send();

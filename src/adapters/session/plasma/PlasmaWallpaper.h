@@ -16,6 +16,9 @@ class Background;
 class RunLoop;
 class UserDefaults;
 
+/// Whether the user chose our wallpaper in Plasma.
+inline const QString plasmaWallpaperKey = QStringLiteral("zeph.plasma.wallpaper");
+
 /// Our wallpaper in Plasma: puts it into all desktops when the user chose it, and what each of them
 /// showed before back when not. The choice lies under "zeph.plasma.wallpaper", the earlier
 /// wallpapers under "zeph.plasma.earlier". A desktop that showed ours and does not any more was

@@ -29,6 +29,8 @@ protected:
 TEST_F(PlasmaInsetsTest, mirrorsNeedOneSurface) {
     openInsets();
     EXPECT_TRUE(insets->mirrorsShareSurfaces());
+    PlasmaInsets ofPictures(ours.bus(), *script, [] { return true; });
+    EXPECT_FALSE(ofPictures.mirrorsShareSurfaces()) << "Plasma may show either";
 }
 
 TEST_F(PlasmaInsetsTest, asksForAnOutputOnceItIsAskedForThat) {

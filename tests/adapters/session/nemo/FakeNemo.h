@@ -27,6 +27,7 @@ public:
         {QStringLiteral("ignored-desktop-handlers"), QStringLiteral("['conky']")}};
     QStringList written; ///< keys and values
     bool isWritable = true;
+    bool isStored = true; ///< else it takes what is written, and it comes to nothing
     bool isInstalled = true;
     std::function<void()> beforeWrite = [] {};
 
@@ -45,6 +46,9 @@ private:
         beforeWrite();
         if (!isWritable) {
             return ToolAnswer{1, {}, QStringLiteral("The key is not writable")};
+        }
+        if (!isStored) {
+            return ToolAnswer{0, {}, QStringLiteral("failed to commit changes to dconf")};
         }
         values[key] = arguments.at(3);
         written << key + QLatin1Char(' ') + arguments.at(3);

@@ -121,6 +121,7 @@ TEST_F(NemoDesktopTest, isNotAskedAThirdTimeWhereTwoDidNotHelp) {
         runLoop.advance(kLonger);
         work();
     }
+    follow({1, 2}, true);
     EXPECT_EQ(tries(), 2);
     EXPECT_EQ(nemo.layout(), kUsual);
 }

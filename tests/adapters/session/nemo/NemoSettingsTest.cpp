@@ -151,4 +151,30 @@ TEST_F(NemoSettingsTest, whatIsNotTakenBackIsStillKept) {
     EXPECT_EQ(nemo.handlers(), u"['conky']"_s);
 }
 
+TEST_F(NemoSettingsTest, whatTheToolTookAndDidNotStoreIsStillKept) {
+    run().getAlong();
+    run().changeLayout();
+    nemo.isStored = false;
+    EXPECT_EQ(run().giveBack(), NemoOutcome::refused);
+    nemo.isStored = true;
+    EXPECT_EQ(run().giveBack(), NemoOutcome::done);
+    EXPECT_EQ(nemo.layout(), kUsual);
+    EXPECT_EQ(nemo.handlers(), u"['conky']"_s);
+}
+
+TEST_F(NemoSettingsTest, nothingIsChangedWhereTheWayBackCanNotBeKept) {
+    defaults.canSave = false;
+    EXPECT_EQ(run().getAlong(), NemoOutcome::refused);
+    EXPECT_EQ(run().changeLayout(), NemoOutcome::refused);
+    EXPECT_TRUE(nemo.written.isEmpty());
+    EXPECT_FALSE(run().keepsAnything());
+}
+
+TEST_F(NemoSettingsTest, otherWordsThatNobodyKeptTheUsualOnesOfAreGivenBackAsWell) {
+    nemo.layout() = kOther;
+    EXPECT_EQ(run().changeLayout(), NemoOutcome::done);
+    EXPECT_EQ(run().giveLayoutBack(), NemoOutcome::done);
+    EXPECT_EQ(nemo.layout(), kUsual);
+}
+
 } // namespace zeph
