@@ -74,6 +74,9 @@ void PictureFolder::remove(quint64 writer) {
     if (writer == m_writer) {
         QDir(m_folder).removeRecursively();
         m_whole.clear();
+        if (!m_kept.isEmpty()) {
+            QFile::remove(m_kept);
+        }
     }
 }
 

@@ -31,7 +31,8 @@ public:
 
     PlasmaWindowServer(Parties parties, PictureFolders folders);
 
-    /// Has the pictures that are shown now outlive the session. Waits for it, no longer than that.
+    /// Has the newest whole picture of each output outlive the session, without the parts that
+    /// changed since. Waits for it, no longer than that.
     void keepPictures(std::chrono::milliseconds patience);
 
     std::unique_ptr<DesktopSurface> makeDesktopSurface(const Screen &screen,

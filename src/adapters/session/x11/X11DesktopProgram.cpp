@@ -77,10 +77,14 @@ void X11DesktopProgram::handleEvent(std::uint8_t kind, const xcb_generic_event_t
 }
 
 void X11DesktopProgram::noteSize(xcb_window_t window, const QSize &size) {
-    if (std::exchange(m_sizes[window], size) != size && m_found &&
-        m_found->kind == DesktopProgram::caja) {
+    if (std::exchange(m_sizes[window], size) == size || !m_found) {
+        return;
+    }
+    if (m_found->kind == DesktopProgram::caja) {
         m_looks.begin();
         lookLater();
+    } else if (window == connection().root()) {
+        read(); // its picture may be as large as all monitors no longer, or by now
     }
 }
 

@@ -131,6 +131,14 @@ TEST_F(PictureFolderTest, isRemovedUnlessSomebodyElseWritesByThen) {
     EXPECT_FALSE(QFile::exists(path()));
 }
 
+TEST_F(PictureFolderTest, isRemovedWithThePictureThatWouldOutliveTheSession) {
+    const quint64 own = keeping.takeOver();
+    ASSERT_TRUE(keeping.writeWhole(own, red));
+    ASSERT_TRUE(QFile::exists(kept));
+    keeping.remove(own);
+    EXPECT_FALSE(QFile::exists(kept));
+}
+
 TEST_F(PictureFolderTest, keepsThePictureThatIsThereWhenTheDiskIsFull) {
     ASSERT_TRUE(folder.writeWhole(writer, red));
     {

@@ -187,6 +187,23 @@ TEST_F(DesktopProgramWatchTest, looksOnceMoreForAPictureThatCajaMakesLater) {
     EXPECT_TRUE(becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk, 24, false, true}}));
 }
 
+TEST_F(DesktopProgramWatchTest, comparesAPictureWithTheScreenOfNow) {
+    const auto xrandr = [this](const QStringList &arguments) {
+        return session.run(QStringList{u"xrandr"_s} + arguments);
+    };
+    const auto desktop = showDesktop("Pcmanfm");
+    const QSize size(1024, 768);
+    const auto picture = leavePixmap(session.display(), size, Qt::darkRed);
+    share(picture);
+    list({desktop});
+    ASSERT_TRUE(becomes({{DesktopProgram::pcmanfm, {desktop}, picture, size, 24, true, true}}));
+    xrandr({u"--newmode"_s, u"small"_s, u"0"_s, u"1024"_s, u"0"_s, u"0"_s, u"1024"_s, u"768"_s,
+            u"0"_s, u"0"_s, u"768"_s});
+    xrandr({u"--addmode"_s, u"screen"_s, u"small"_s});
+    ASSERT_FALSE(xrandr({u"--output"_s, u"screen"_s, u"--mode"_s, u"small"_s}).isNull());
+    EXPECT_TRUE(becomes({{DesktopProgram::pcmanfm, {desktop}, picture, size, 24, true, false}}));
+}
+
 TEST_F(DesktopProgramWatchTest, takesNoPixmapOfAnotherProgramForThePictureOfCaja) {
     const auto desktop = showDesktop("Caja");
     const auto announced = leavePixmap(session.display(), {2560, 800}, Qt::darkRed);
