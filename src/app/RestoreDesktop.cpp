@@ -56,7 +56,7 @@ Restored restoreWallpapers(UserDefaults &defaults) {
 Restored restoreNemo(UserDefaults &defaults) {
     switch (giveNemoBack(defaults, kNemoPatience)) {
     case NemoOutcome::done:
-        return Restored::done;
+        return defaults.isSaved() ? Restored::done : Restored::notSaved;
     case NemoOutcome::nothingToDo:
         break;
     case NemoOutcome::refused:

@@ -19,8 +19,8 @@ namespace {
 constexpr int kRestMilliseconds = 200;
 
 // One that we lie beneath may be making its windows anew, and surfaces that were made anew for that
-// would come to lie above those.
-constexpr int kLongRestMilliseconds = 1000;
+// would come to lie above those. Longer than a busy one is waited for.
+constexpr int kLongRestMilliseconds = 2500;
 
 // A server may be full for a moment, such as at the login.
 constexpr int kMoreTrials = 2;
