@@ -29,6 +29,7 @@ void XvfbSession::startServer() {
     if (!m_display.isEmpty()) {
         command.insert(1, QString::fromLatin1(m_display));
     }
+    m_held.reset();
     m_server = m_programs.start(command, number.writingEnd());
     number.closeWritingEnd();
     const QByteArray line = number.firstLine();
@@ -65,6 +66,9 @@ bool XvfbSession::restartServer() {
 
 void XvfbSession::killServer() {
     m_programs.kill(std::exchange(m_server, -1));
+    if (!m_display.isEmpty()) {
+        m_held.emplace(m_display);
+    }
 }
 
 } // namespace zeph

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "support/HeldDisplay.h"
 #include "support/SessionPrograms.h"
+
+#include <optional>
 
 namespace zeph {
 
@@ -42,7 +45,7 @@ public:
         m_programs.setVariable(name, value);
     }
 
-    /// Ends the server as a crash would.
+    /// Ends the server as a crash would. Its display stays without one until `restartServer`.
     void killServer();
 
     /// Starts another in its place, at the same display; false when it did not come up.
@@ -55,6 +58,7 @@ private:
     QByteArray m_display;
     SessionPrograms m_programs; // the server first, so that it ends last
     pid_t m_server = -1;
+    std::optional<HeldDisplay> m_held; // while there is no server
 };
 
 } // namespace zeph
