@@ -26,8 +26,8 @@ namespace {
 // As long as a start waits for it.
 constexpr std::chrono::milliseconds kBusPatience{2000};
 
-// Four calls of a tool.
-constexpr std::chrono::milliseconds kNemoPatience{8000};
+// Six calls of a tool, each of which is given two seconds.
+constexpr std::chrono::milliseconds kNemoPatience{12000};
 
 Restored restorePicture() {
     const auto connection = X11Connection::open();

@@ -116,14 +116,22 @@ TEST_F(AppWidgets, rankingRowsStandTenPointsApart) {
                      lineHeight(14) + 10);
 }
 
-TEST_F(RhythmWidget, tellsTypingSwitchesCursorAndActivityInThisOrder) {
-    preferences.setUnitSystem(UnitSystem::metric);
-    state.rhythm = InputRhythm{42, 9000, 300, 1432.0, 40};
+namespace {
+
+ActivitySummary twoHoursOfThree() {
     ActivitySummary activity;
     activity.activeSeconds = 7200;
     activity.machineOnSeconds = 10800;
     activity.appSwitches = 57;
-    state.activity = activity;
+    return activity;
+}
+
+} // namespace
+
+TEST_F(RhythmWidget, tellsTypingSwitchesCursorAndActivityInThisOrder) {
+    preferences.setUnitSystem(UnitSystem::metric);
+    state.rhythm = InputRhythm{42, 9000, 300, 1432.0, 40};
+    state.activity = twoHoursOfThree();
     EXPECT_EQ(texts(rhythmWidget(context)),
               (QStringList{u"YOUR RHYTHM"_s, u"Typing at your steady pace"_s,
                            u"57 app switches · an even rhythm"_s, u"Cursor traveled 1.4km"_s,
@@ -137,11 +145,7 @@ TEST_F(RhythmWidget, saysWhereKeysCanNotBeCountedAndTellsTheRest) {
     InputRhythm uncounted;
     uncounted.isCountable = false;
     state.rhythm = uncounted;
-    ActivitySummary activity;
-    activity.activeSeconds = 7200;
-    activity.machineOnSeconds = 10800;
-    activity.appSwitches = 57;
-    state.activity = activity;
+    state.activity = twoHoursOfThree();
     EXPECT_EQ(texts(rhythmWidget(context)),
               (QStringList{u"YOUR RHYTHM"_s, u"Keys can't be counted on this desktop"_s,
                            u"57 app switches · an even rhythm"_s, u"Active 2h of 3h on"_s}));
