@@ -29,11 +29,12 @@ protected:
     bool settles(qsizetype scripts) {
         return comes([&] { return plasma.scripts.size() == scripts; }) && answersCame();
     }
-    /// Whatever was sent to us before has come.
+    /// Whatever the shell has sent to us before has come: it is asked itself, as what comes from
+    /// two programs comes in any order.
     bool answersCame() {
         bool isBack = false;
         QDBusMessage call = QDBusMessage::createMethodCall(
-            QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/"),
+            QStringLiteral("org.kde.plasmashell"), QStringLiteral("/"),
             QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping"));
         QObject context;
         callAsync(connection.bus(), call, 5000, &context,
