@@ -88,8 +88,10 @@ Item {
 
 private:
     /// The toolkit misses a file that comes while it lists the folder, until the next one comes:
-    /// that takes seconds where the program writes, and none comes here.
-    void bringNews() const {
+    /// that takes seconds where the program writes, and none comes here. It looks
+    /// anew as it does when the program starts.
+    void bringNews() {
+        startAnew("news" + QByteArray::number(++m_news));
         for (const QString &folder : {m_pictures, m_pictures + QStringLiteral("/_")}) {
             QFile news(folder + QStringLiteral("/news"));
             if (QFileInfo::exists(folder) && !news.remove()) {
@@ -108,6 +110,7 @@ private:
     QString m_pictures;
     QProcess m_process;
     QByteArray m_said;
+    int m_news = 0;
 };
 
 } // namespace zeph
