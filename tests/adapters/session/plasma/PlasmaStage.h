@@ -3,8 +3,6 @@
 
 #include "adapters/bus/PrivateBus.h"
 
-#include <QDir>
-#include <QElapsedTimer>
 #include <QImage>
 #include <QProcessEnvironment>
 
@@ -15,11 +13,12 @@ namespace zeph {
 class PlasmaStage {
 public:
     PlasmaStage(const QString &room, const QString &pictures, const QString &kept)
-        : m_room(room), m_pictures(pictures) {
+        : m_room(room) {
         write(QStringLiteral("start"), "1");
         write(QStringLiteral("stage.qml"),
               QString::fromLatin1(R"(
 import QtQuick 2.15
+import QtQuick.Window 2.15
 Item {
     id: stage
     width: 80
@@ -36,7 +35,15 @@ Item {
             seen.saveToFile("%1/seen.png");
         });
     }
-    Loader { anchors.fill: parent; source: "file://%3/contents/ui/main.qml" }
+    property bool isDrawn: false // a picture that loads before makes the toolkit draw by OpenGL
+    Connections {
+        target: stage.Window.window
+        function onFrameSwapped() { stage.isDrawn = true; }
+    }
+    Loader {
+        anchors.fill: parent
+        source: stage.isDrawn ? "file://%3/contents/ui/main.qml" : ""
+    }
     Timer { interval: 30; running: true; repeat: true; onTriggered: stage.read() }
 }
 )")
@@ -69,13 +76,7 @@ Item {
     bool comesToShow(const QImage &expected) {
         const QImage enlarged = expected.scaled(80, 60).convertToFormat(QImage::Format_RGB32);
         bool hasShown = false; // a look may meet a file that is half written
-        QElapsedTimer sinceNews;
-        sinceNews.start();
         return eventually([&] {
-            if (sinceNews.hasExpired(1000)) {
-                sinceNews.start();
-                bringNews();
-            }
             const QImage seen =
                 QImage(m_room + QStringLiteral("/seen.png")).convertToFormat(QImage::Format_RGB32);
             m_said += m_process.readAll();
@@ -87,19 +88,6 @@ Item {
     std::string said() const { return m_said.toStdString(); }
 
 private:
-    /// The toolkit misses a file that comes while it lists the folder, until the next one comes:
-    /// that takes seconds where the program writes, and none comes here. It looks
-    /// anew as it does when the program starts.
-    void bringNews() {
-        startAnew("news" + QByteArray::number(++m_news));
-        for (const QString &folder : {m_pictures, m_pictures + QStringLiteral("/_")}) {
-            QFile news(folder + QStringLiteral("/news"));
-            if (QFileInfo::exists(folder) && !news.remove()) {
-                EXPECT_TRUE(news.open(QIODevice::WriteOnly));
-            }
-        }
-    }
-
     void write(const QString &name, const QByteArray &text) const {
         QFile file(m_room + u'/' + name);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
@@ -107,10 +95,8 @@ private:
     }
 
     QString m_room;
-    QString m_pictures;
     QProcess m_process;
     QByteArray m_said;
-    int m_news = 0;
 };
 
 } // namespace zeph

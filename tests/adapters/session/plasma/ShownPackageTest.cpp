@@ -99,6 +99,20 @@ TEST_F(ShownPackageTest, manyPicturesInARow) {
     EXPECT_TRUE(stage->comesToShow(withPart(last, {39, 0, 1, 1}, Qt::red))) << stage->said();
 }
 
+TEST_F(ShownPackageTest, aPartThatComesWhileTheFolderIsRead) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    open();
+    ASSERT_TRUE(stage->comesToShow(red)) << stage->said();
+    QImage expected = red;
+    for (int i = 0; i < 20; ++i) {
+        const QRect left(i, 0, 1, 8);
+        const QRect right(i, 12, 1, 8);
+        ASSERT_TRUE(folder.writePatches(writer, blue, {left, right}));
+        expected = withPart(withPart(expected, left, Qt::blue), right, Qt::blue);
+        ASSERT_TRUE(stage->comesToShow(expected)) << i << stage->said();
+    }
+}
+
 TEST_F(ShownPackageTest, theLastOneWhenItsFileIsGone) {
     ASSERT_TRUE(folder.writeWhole(writer, red));
     open();
@@ -120,6 +134,18 @@ TEST_F(ShownPackageTest, thoseOfANewRunWhereTheFolderIsMadeAnew) {
     ASSERT_TRUE(next.writeWhole(next.takeOver(), blue));
     stage->startAnew("2");
     EXPECT_TRUE(stage->comesToShow(blue));
+}
+
+TEST_F(ShownPackageTest, theFolderIsMadeAnewBetweenTwoLooks) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    open();
+    ASSERT_TRUE(stage->comesToShow(red)) << stage->said();
+    ASSERT_TRUE(QDir(path).removeRecursively());
+    PictureFolder next(path);
+    ASSERT_TRUE(next.writeWhole(next.takeOver(), blue)) << "with the number of the last one";
+    EXPECT_TRUE(stage->comesToShow(blue)) << stage->said();
+    ASSERT_TRUE(next.writeWhole(next.takeOver(), red));
+    EXPECT_TRUE(stage->comesToShow(red)) << stage->said();
 }
 
 TEST_F(ShownPackageTest, oneColourWhileTheSurfaceIsHidden) {

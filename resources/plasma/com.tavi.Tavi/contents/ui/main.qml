@@ -5,7 +5,6 @@
 // which Tavi has not been started, it is the last one of an earlier session.
 import QtQuick 2.15
 import QtQuick.Window 2.15
-import Qt.labs.folderlistmodel 2.15
 
 Rectangle {
     id: root
@@ -21,8 +20,9 @@ Rectangle {
     readonly property string output: (Screen.name || "_").replace(/[^A-Za-z0-9_-]/g, "_")
 
     property Image shown: first
-    property real wanted: 0    // number of the whole picture that is shown or being read
-    property real below: 0     // that of the one that is shown
+    property real wanted: 0      // number of the whole picture that is shown or being read
+    property real wantedSince: 0 // when that was written, in milliseconds of the Unix epoch
+    property real below: 0       // number of the one that is shown
     property real lastPatch: 0
 
     // Until there is any picture.
@@ -40,17 +40,19 @@ Rectangle {
         watch.active = folder !== "";
     }
 
-    function take(files) {
+    function take(listed) {
         let whole = null;
         const parts = [];
-        for (let i = 0; i < files.count; ++i) {
-            const name = files.get(i, "fileName");
+        for (let i = 0; i < listed.count; ++i) {
+            const name = listed.get(i, "fileName");
             const found = /^([fp])-(\d+)(?:-(\d+)-(\d+))?\.(?:bmp|png)$/.exec(name);
-            if (!found)
+            const since = listed.get(i, "fileModified").getTime();
+            if (!found || isNaN(since)) // not ours, or gone while it was listed
                 continue;
             const picture = {
                 number: Number(found[2]), left: Number(found[3]), top: Number(found[4]),
-                address: String(files.folder) + "/" + name
+                since: since,
+                address: String(listed.folder) + "/" + name
             };
             if (found[1] === "p")
                 parts.push(picture);
@@ -59,12 +61,14 @@ Rectangle {
         }
         if (whole === null)
             return;
-        if (whole.number < wanted) { // they are counted anew
+        const isAnother = whole.number !== wanted || whole.since !== wantedSince;
+        if (isAnother && whole.number <= wanted) { // they are counted anew
             patches.clear();
             lastPatch = 0;
         }
-        if (whole.number !== wanted) {
+        if (isAnother) {
             wanted = whole.number;
+            wantedSince = whole.since;
             (shown === first ? second : first).load(whole);
         }
         for (const part of parts) {
@@ -109,6 +113,7 @@ Rectangle {
 
         function load(picture) {
             number = picture.number;
+            source = ""; // else one that could not be read is not read again
             source = picture.address;
         }
     }
@@ -146,29 +151,27 @@ Rectangle {
         active: false
 
         sourceComponent: Item {
-            FolderListModel {
+            FolderListing {
                 id: outputs
                 folder: root.folder
                 nameFilters: [root.output]
                 showDirs: true
                 showFiles: false
-                sortField: FolderListModel.Name
+                onChanged: {
+                    pictures.active = false; // a folder that was made anew is not the one it watches
+                    pictures.active = count > 0 && String(folder) === root.folder;
+                }
             }
             Loader {
-                active: outputs.count > 0 && String(outputs.folder) === root.folder
+                id: pictures
+                active: false
 
                 sourceComponent: Item {
-                    FolderListModel {
-                        id: pictures
+                    FolderListing {
                         folder: root.folder + "/" + root.output
                         nameFilters: ["f-*", "p-*"]
                         showDirs: false
-                        sortField: FolderListModel.Name
-                        // A new file and one that went leave the count as it is.
-                        onCountChanged: Qt.callLater(root.take, pictures)
-                        onDataChanged: Qt.callLater(root.take, pictures)
-                        onModelReset: Qt.callLater(root.take, pictures)
-                        onRowsInserted: Qt.callLater(root.take, pictures)
+                        onChanged: root.take(this)
                     }
                 }
             }
