@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ext-idle-notify-v1-client-protocol.h"
+#include "kde-output-order-client-protocol.h"
 #include "kwin-idle-client-protocol.h"
 #include "viewporter-client-protocol.h"
 #include "wlr-foreign-toplevel-management-unstable-v1-client-protocol.h"
@@ -36,6 +37,7 @@ struct WaylandRelease {
     void operator()(ext_idle_notification_v1 *object) const {
         ext_idle_notification_v1_destroy(object);
     }
+    void operator()(kde_output_order_v1 *object) const { kde_output_order_v1_destroy(object); }
     void operator()(org_kde_kwin_idle *object) const { org_kde_kwin_idle_destroy(object); }
     void operator()(org_kde_kwin_idle_timeout *object) const {
         org_kde_kwin_idle_timeout_release(object);

@@ -28,6 +28,7 @@ WaylandOutputs::WaylandOutputs(WaylandConnection &connection, const ScalingAbili
     : m_connection(connection),
       m_abilities(abilities),
       m_drmFolder(std::move(drmFolder)),
+      m_order([this] { scheduleUpdate(); }),
       m_globals(connection.subscribeToGlobals([this] { followGlobals(); })) {
     followGlobals();
     m_connection.waitForAnswers();
@@ -109,6 +110,7 @@ void WaylandOutputs::followGlobals() {
     if (std::erase_if(m_outputs, isGone) > 0) {
         scheduleUpdate();
     }
+    m_order.follow(m_connection);
     if (!m_exactness) {
         m_exactness = m_connection.bindFirst<zxdg_output_manager_v1>(
             zxdg_output_manager_v1_interface, kNewestExactness);
@@ -156,15 +158,19 @@ void WaylandOutputs::update() {
     }
     const std::vector<Screen> before = all();
     m_screens.clear();
-    for (const bool isAtOrigin : {true, false}) {
-        for (std::size_t i = 0; i < described.size(); ++i) {
-            if (described[i] && described[i]->frame.topLeft().isNull() == isAtOrigin) {
-                m_screens.emplace_back(*described[i], m_outputs[i]->number());
-                Screen &screen = m_screens.back().first;
-                screen.visibleFrame = visibleFrame(screen, facts[i].words.connector);
-            }
+    for (std::size_t i = 0; i < described.size(); ++i) {
+        if (described[i]) {
+            m_screens.emplace_back(*described[i], m_outputs[i]->number());
+            Screen &screen = m_screens.back().first;
+            screen.visibleFrame = visibleFrame(screen, facts[i].words.connector);
         }
     }
+    const auto rank = [this](const auto &shown) {
+        return std::pair(m_order.rankOf(shown.first.connector),
+                         !shown.first.frame.topLeft().isNull());
+    };
+    std::stable_sort(m_screens.begin(), m_screens.end(),
+                     [&rank](const auto &a, const auto &b) { return rank(a) < rank(b); });
     m_placeChanges.send();
     if (all() != before) {
         m_changes.send();

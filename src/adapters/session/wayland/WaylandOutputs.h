@@ -2,6 +2,7 @@
 #pragma once
 
 #include "adapters/session/common/UsableAreas.h"
+#include "adapters/session/wayland/OutputOrder.h"
 #include "adapters/session/wayland/WaylandConnection.h"
 #include "adapters/session/wayland/WaylandOutput.h"
 #include "ports/Screens.h"
@@ -61,7 +62,9 @@ private:
     QString m_drmFolder;
     WaylandHandle<zxdg_output_manager_v1> m_exactness;
     std::vector<std::unique_ptr<WaylandOutput>> m_outputs;
-    // With the numbers of their outputs; the one at the origin first.
+    OutputOrder m_order;
+    // With the numbers of their outputs, in the user's order; where there is none, the one at the
+    // origin first.
     std::vector<std::pair<Screen, std::uint32_t>> m_screens;
     ChangePublisher m_changes;
     ChangePublisher m_placeChanges;

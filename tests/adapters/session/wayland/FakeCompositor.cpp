@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FakeCompositor.h"
 
+#include "kde-output-order-server-protocol.h"
 #include "viewporter-server-protocol.h"
 #include "wlr-layer-shell-unstable-v1-server-protocol.h"
 #include "xdg-output-unstable-v1-server-protocol.h"
@@ -72,6 +73,8 @@ struct Compositor {
     std::vector<std::unique_ptr<Surface>> surfaces;
     std::set<wl_resource *> buffers;
     std::vector<wl_resource *> held;
+    std::vector<QByteArray> order;
+    std::vector<wl_resource *> orderListeners;
     std::uint32_t serial = 100;
     int madeLayers = 0;
 
@@ -401,6 +404,26 @@ void tellOutput(wl_resource *handle, const FakeOutput &facts) {
     }
 }
 
+void tellOrder(const Compositor &compositor, wl_resource *listener) {
+    for (const QByteArray &name : compositor.order) {
+        kde_output_order_v1_send_output(listener, name.constData());
+    }
+    kde_output_order_v1_send_done(listener);
+}
+
+const struct kde_output_order_v1_interface orderRequests = {destroy};
+
+void bindOrder(wl_client *client, void *data, std::uint32_t version, std::uint32_t id) {
+    auto &compositor = *static_cast<Compositor *>(data);
+    wl_resource *listener =
+        wl_resource_create(client, &kde_output_order_v1_interface, static_cast<int>(version), id);
+    wl_resource_set_implementation(listener, &orderRequests, data, [](wl_resource *ended) {
+        std::erase(dataOf<Compositor>(ended).orderListeners, ended);
+    });
+    compositor.orderListeners.push_back(listener);
+    tellOrder(compositor, listener);
+}
+
 const struct wl_output_interface outputRequests = {destroy};
 const struct zxdg_output_v1_interface exactRequests = {destroy};
 
@@ -499,6 +522,9 @@ FakeCompositor::FakeCompositor(const Options &options) : m_state(std::make_uniqu
         if (options.shellVersion > 0) {
             offer<zwlr_layer_shell_v1_interface, shellRequests>(compositor, options.shellVersion);
         }
+        if (options.hasOrder) {
+            wl_global_create(display, &kde_output_order_v1_interface, 1, &compositor, bindOrder);
+        }
         if (options.hasViewporter) {
             offer<wp_viewporter_interface, viewporterRequests>(compositor, 1);
         }
@@ -548,6 +574,15 @@ void FakeCompositor::changeOutput(const FakeOutput &changed) {
         }
         for (wl_resource *handle : output->handles) {
             tellDone(handle);
+        }
+    });
+}
+
+void FakeCompositor::order(const std::vector<QByteArray> &names) {
+    m_thread.run([&](wl_display * /*display*/) {
+        m_state->compositor.order = names;
+        for (wl_resource *listener : m_state->compositor.orderListeners) {
+            tellOrder(m_state->compositor, listener);
         }
     });
 }

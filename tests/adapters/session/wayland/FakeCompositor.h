@@ -61,6 +61,7 @@ public:
         std::uint32_t shellVersion = 4; ///< of the layers; 0 for none
         bool hasViewporter = false;
         Release release = Release::atOnce;
+        bool hasOrder = false;          ///< the user's order of outputs
         bool configuresByItself = true; ///< answers a new layer with the output's size
         std::vector<FakeOutput> outputs = {FakeOutput()};
     };
@@ -86,6 +87,9 @@ public:
     void removeOutput(const QByteArray &name, bool quietly = false);
     /// Tells what has changed of the output of that name.
     void changeOutput(const FakeOutput &output);
+
+    /// Tells the user's order of outputs from now on, to those who asked too.
+    void order(const std::vector<QByteArray> &names);
 
     /// To the newest layer surface.
     void configure(QSize size, int times = 1);

@@ -88,6 +88,31 @@ TEST(WaylandOutputs, haveTheFirstForTheMainOneWhereNoneIsAtTheOrigin) {
     EXPECT_EQ(followed.outputs.main()->name, u"P27"_s);
 }
 
+TEST(WaylandOutputs, areInTheOrderOfTheUserWhereTheCompositorHasOne) {
+    FakeOutput untold = second({1000, 0});
+    untold.name = "DP-3";
+    FakeCompositor compositor({.hasOrder = true, .outputs = {untold, FakeOutput(), second()}});
+    compositor.order({"DP-2", "DP-1"});
+    Followed followed(compositor);
+    const auto connectors = [&followed] {
+        std::vector<QString> names;
+        for (const Screen &screen : followed.outputs.all()) {
+            names.push_back(screen.connector);
+        }
+        return names;
+    };
+    EXPECT_EQ(connectors(), (std::vector{u"DP-2"_s, u"DP-1"_s, u"DP-3"_s})) << "known at once";
+    EXPECT_EQ(followed.outputs.main()->connector, u"DP-2"_s) << "though it is not at the origin";
+    compositor.order({"DP-1", "DP-2", "DP-3"});
+    ASSERT_TRUE(waitUntil([&] { return followed.changes > 0; }));
+    EXPECT_EQ(connectors(), (std::vector{u"DP-1"_s, u"DP-2"_s, u"DP-3"_s}));
+    EXPECT_EQ(followed.changes, 1);
+    compositor.order({"DP-3"});
+    ASSERT_TRUE(waitUntil([&] { return followed.changes > 1; }));
+    EXPECT_EQ(connectors(), (std::vector{u"DP-3"_s, u"DP-1"_s, u"DP-2"_s}))
+        << "those that are not told as without an order";
+}
+
 TEST(WaylandOutputs, thatMirrorEachOtherAreOneScreenWhereOneSurfaceIsOnBoth) {
     FakeOutput mirror;
     mirror.name = "DP-3";
