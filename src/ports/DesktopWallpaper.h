@@ -24,7 +24,10 @@ public:
     /// empty while all is well.
     virtual QString problem() const = 0;
 
-    /// Calls `handler` after the choice or the problem changed, until the subscription ends.
+    /// Whether ours was chosen and the user has given the desktop another one since, which stays.
+    virtual bool isReplaced() const = 0;
+
+    /// Calls `handler` after the choice, the problem or `isReplaced` changed, until the subscription ends.
     [[nodiscard]] virtual Subscription subscribe(std::function<void()> handler) = 0;
 };
 

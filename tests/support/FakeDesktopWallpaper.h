@@ -14,6 +14,7 @@ public:
         m_changes.send();
     }
     QString problem() const override { return m_problem; }
+    bool isReplaced() const override { return m_isReplaced; }
     Subscription subscribe(std::function<void()> handler) override {
         return m_changes.subscribe(std::move(handler));
     }
@@ -23,10 +24,16 @@ public:
         m_changes.send();
     }
 
+    void replace() {
+        m_isReplaced = true;
+        m_changes.send();
+    }
+
     bool chosen = false;
 
 private:
     QString m_problem;
+    bool m_isReplaced = false;
     ChangePublisher m_changes;
 };
 

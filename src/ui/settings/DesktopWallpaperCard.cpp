@@ -40,7 +40,10 @@ void DesktopWallpaperCard::refresh() {
     const bool isChosen = m_wallpaper.isChosen();
     m_switch->setChecked(isChosen);
     const QString problem = m_wallpaper.problem();
-    if (problem.isEmpty()) {
+    if (problem.isEmpty() && m_wallpaper.isReplaced()) {
+        m_problem->show(StatusLine::Kind::hint, u"Plasma was given another wallpaper since. Turn "
+                                                u"this off and on to have Tavi's again."_s);
+    } else if (problem.isEmpty()) {
         m_problem->clear();
     } else {
         m_problem->show(StatusLine::Kind::error,

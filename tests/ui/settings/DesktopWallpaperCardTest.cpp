@@ -44,6 +44,19 @@ TEST_F(DesktopWallpaperCardTest, tellsWhyTheIconsAreStillCovered) {
     EXPECT_FALSE(says(u"Plasma's shell does not run, so Tavi covers the icons for now."_s));
 }
 
+TEST_F(DesktopWallpaperCardTest, tellsThatTheUserGaveAnotherOneAndHowOursComesBack) {
+    const QString hint = u"Plasma was given another wallpaper since. Turn this off and on to have "
+                         u"Tavi's again."_s;
+    click(open());
+    EXPECT_FALSE(says(hint));
+    desktop.replace();
+    settle();
+    EXPECT_TRUE(says(hint));
+    desktop.setProblem(u"Plasma's shell does not run"_s);
+    settle();
+    EXPECT_FALSE(says(hint)) << "the problem comes first";
+}
+
 TEST_F(DesktopWallpaperCardTest, tellsThatTheEarlierWallpapersAreNotBack) {
     open();
     desktop.setProblem(u"Plasma did not take its earlier wallpapers back"_s);

@@ -72,6 +72,7 @@ void PlasmaWallpaper::choose(bool isOurs) {
     }
     m_with.defaults.set(plasmaWallpaperKey, isOurs);
     m_problem = Problem::none;
+    m_isReplaced = false;
     m_failures = 0;
     m_changes.send();
     follow();
@@ -215,8 +216,20 @@ void PlasmaWallpaper::putInto(const Desktops &desktops) {
                           m_asked.erase(desktop.number);
                       }
                   }
-                  m_asked.empty() ? finish(Problem::none) : tryAgain();
+                  if (m_asked.empty()) {
+                      noteShown(now);
+                      finish(Problem::none);
+                  } else {
+                      tryAgain();
+                  }
               });
+}
+
+void PlasmaWallpaper::noteShown(const Desktops &desktops) {
+    const bool isReplaced = std::none_of(desktops.begin(), desktops.end(), showsOurs);
+    if (std::exchange(m_isReplaced, isReplaced) != isReplaced) {
+        m_changes.send();
+    }
 }
 
 void PlasmaWallpaper::putBack() {

@@ -43,6 +43,7 @@ public:
     bool isChosen() const override { return m_isChosen; }
     void choose(bool isOurs) override;
     QString problem() const override;
+    bool isReplaced() const override { return m_isChosen && m_isReplaced; }
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) override;
 
     /// Whether pictures are shown, as far as is known; also while it is not known yet.
@@ -79,6 +80,7 @@ private:
     void putIn();
     void putInto(const Desktops &desktops);
     void putBack();
+    void noteShown(const Desktops &desktops);
     void runScript(const QString &script, std::function<void(const Desktops &)> done);
     void tryAgain();
     void finish(Problem problem);
@@ -90,6 +92,7 @@ private:
     std::optional<bool> m_isNeeded; // absent until it is told
     Problem m_problem = Problem::none;
     bool m_isWithdrawn = false;
+    bool m_isReplaced = false;  // by another, in all desktops
     bool m_isGivenBack = false; // and nothing is done any more
     bool m_isBusy = false;
     bool m_isStale = false; // something changed since what is under way began

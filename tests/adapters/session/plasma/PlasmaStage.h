@@ -12,8 +12,7 @@ namespace zeph {
 /// own, since it is written for another version of the toolkit. `room` holds what it works with.
 class PlasmaStage {
 public:
-    PlasmaStage(const QString &room, const QString &pictures, const QString &kept)
-        : m_room(room) {
+    PlasmaStage(const QString &room, const QString &pictures, const QString &kept) : m_room(room) {
         write(QStringLiteral("start"), "1");
         write(QStringLiteral("stage.qml"),
               QString::fromLatin1(R"(

@@ -132,6 +132,28 @@ TEST_F(PlasmaWallpaperTest, aDesktopThatTheUserGaveAnotherWallpaperKeepsIt) {
     EXPECT_TRUE(shows({{1, image}, {31, u"org.kde.slideshow"_s}}));
 }
 
+TEST_F(PlasmaWallpaperTest, tellsThatTheUserGaveAllDesktopsAnotherOne) {
+    defaults.set(earlierKey, keptWallpapers({{1, image}, {31, image}}));
+    plasma.desktops = {{1, ours}, {31, u"org.kde.slideshow"_s}};
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(settles(2));
+    EXPECT_FALSE(wallpaper->isReplaced()) << "one shows it";
+    plasma.desktops[1] = image;
+    const int before = changeCount;
+    wallpaper->lookSoon();
+    loop.advance(2.1);
+    ASSERT_TRUE(comes([&] { return wallpaper->isReplaced(); }));
+    EXPECT_GT(changeCount, before);
+    EXPECT_TRUE(wallpaper->isUsable()) << "what the user chose is not covered";
+    wallpaper->choose(false);
+    EXPECT_FALSE(wallpaper->isReplaced());
+    ASSERT_TRUE(comes([&] { return !defaults.contains(earlierKey); }));
+    wallpaper->choose(true);
+    EXPECT_TRUE(shows({{1, ours}, {31, ours}}));
+    EXPECT_FALSE(wallpaper->isReplaced());
+}
+
 TEST_F(PlasmaWallpaperTest, isPutIntoADesktopThatComesLater) {
     plasma.appear();
     openChosen();
