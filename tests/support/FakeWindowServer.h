@@ -133,6 +133,9 @@ public:
         m_ways.send();
     }
 
+    /// Tells that the window system has gone away.
+    void lose() { m_loss.send(); }
+
     /// Starts or stops the compositor and tells of it.
     void setCompositing(bool isRunning) {
         compositing = isRunning;
