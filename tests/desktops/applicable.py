@@ -12,8 +12,7 @@ LACKING = {
     "icewm": {"icons", "desktop_program"},
     "awesome": {"icons", "show_desktop", "desktop_program"},
     "sway": {"icons", "show_desktop", "manager_killed"},
-    "kwin_wayland_plasma": {"resolution", "second_display"},
-    "kwin_wayland_plasma_pictures": {"resolution", "second_display"},
+    "sway_scaled": {"icons", "show_desktop", "manager_killed"},
     "gnome_shell_ding": {"resolution", "second_display", "manager_replaced", "manager_killed"},
 }
 

@@ -14,4 +14,6 @@ KNOWN = {
     ("kwin_plasma_uncomposited", "icons"): COVERED,
     ("kwin_wayland_plasma", "icons"): COVERED,
     ("kwin_wayland_plasma", "show_desktop"): RAISED,
+    ("kwin_wayland_plasma_scaled", "icons"): COVERED,
+    ("kwin_wayland_plasma_scaled", "show_desktop"): RAISED,
 }

@@ -21,6 +21,8 @@ class Desk:
     packages = []        # whose versions are told
     needs = []           # the programs without which the row can't run
     has_icons = False
+    icons_on_two_displays = True  # whether they are seen with the wallpaper on both
+    can_mirror = False   # whether a second display can show what the first does
     icon_colour = ICON
     panel_edges = ()     # where the desktop itself has a panel: "top", "bottom"
     program_environment = {}
@@ -90,6 +92,9 @@ class Desk:
 
     def add_screen(self):
         raise NotApplicable("there is one display")
+
+    def add_mirror(self):
+        """A second display that shows what the first does, where `can_mirror`."""
 
     def remove_screen(self):
         raise NotApplicable("there is one display")

@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
-"""Plasma on Wayland: kwin_wayland in a window of a private X display, which is looked at instead
-of it. As in every session of Plasma its wrapper keeps the sockets and starts it."""
+"""Plasma on Wayland: kwin_wayland in windows of a private X display, one an output, which are looked
+at instead of it. As in every session of Plasma its wrapper keeps the sockets and starts it."""
 import os
 import shutil
 import signal
@@ -18,6 +18,7 @@ from .x11 import X11
 from .xorg import Xorg
 
 SIZE = (1280, 800)
+OUT_OF_SIGHT = 8000  # left of it there is every mode
 RULES = """[General]
 count=1
 rules=sample
@@ -41,6 +42,7 @@ class KWinDesk(Desk):
     panel_edges = ("bottom",)
     windows_outlive_manager = False
     program_environment = {"WAYLAND_DEBUG": "client"}
+    scale = 1            # pixels in a point of the first output
 
     def open(self):
         self.room.put_on_desktop()
@@ -60,21 +62,34 @@ class KWinDesk(Desk):
         shutil.copy(shutil.which("kwin_wayland"), folder / "kwin_wayland")
         self.wrapper = self.room.start(
             "kwin_wayland_wrapper", "--x11-display", outer, "--width", SIZE[0], "--height", SIZE[1],
-            "--no-lockscreen", "--no-global-shortcuts", "--xwayland",
+            "--output-count", 2, "--no-lockscreen", "--no-global-shortcuts", "--xwayland",
             extra={"DISPLAY": outer, "QT_QPA_PLATFORM": "",
                    "PATH": f"{folder}:{self.room.environment['PATH']}"})
         self.outer = outer
         prepare((self.room.folder / "runtime/wayland-0").exists, "kwin_wayland")
-        prepare(self.find_window, "the window of kwin_wayland")
+        self.set_up_outputs()
         self.start_desktop_program()
 
-    def find_window(self):
-        """Its window, which no manager has placed."""
-        for window in self.x11.children(self.x11.root):
-            if self.x11.is_viewable(window) and window.get_geometry().width == SIZE[0]:
-                window.configure(x=0, y=0)
-                return True
-        return False
+    def set_up_outputs(self):
+        """The first is on, the second is plugged in later."""
+        self.windows = prepare(self.find_windows, "the windows of kwin_wayland")
+        self.place(self.windows[0], 0)
+        self.place(self.windows[1], OUT_OF_SIGHT)
+        self.set_outputs("output.2.disable", f"output.1.scale.{self.scale}")
+        self.is_second_on = False
+
+    def find_windows(self):
+        """That of each output, which no manager has placed."""
+        found = [window for window in self.x11.children(self.x11.root)
+                 if self.x11.is_viewable(window) and window.get_geometry().width == SIZE[0]]
+        return sorted(found, key=lambda window: window.id) if len(found) == 2 else None
+
+    def place(self, window, x):
+        window.configure(x=x, y=0)
+        self.x11.connection.sync()
+
+    def set_outputs(self, *changes):
+        self.room.ask("kscreen-doctor", *changes)
 
     def start_desktop_program(self):
         self.desktop_process = self.room.start("plasmashell", "--no-respawn")
@@ -98,7 +113,25 @@ class KWinDesk(Desk):
         return self.x11.picture()
 
     def screens(self):
-        return [(0, 0, *SIZE)]
+        areas = [window.get_geometry() for window in self.windows[:1 + self.is_second_on]]
+        return [(area.x, area.y, area.width, area.height) for area in areas]
+
+    def set_mode(self, width, height):
+        self.xorg.set_mode(width, height)
+        self.windows[0].configure(width=width, height=height)
+        prepare(lambda: (width, height) == self.screens()[0][2:], f"{width} by {height}")
+
+    def add_screen(self):
+        self.xorg.add_second(*SIZE)
+        self.place(self.windows[1], SIZE[0])
+        self.set_outputs("output.2.enable", f"output.2.position.{round(SIZE[0] / self.scale)},0")
+        self.is_second_on = True
+
+    def remove_screen(self):
+        self.set_outputs("output.2.disable")
+        self.place(self.windows[1], OUT_OF_SIGHT)
+        self.is_second_on = False
+        self.xorg.remove_second()
 
     def click(self, x, y, button=1):
         self.room.ask("xdotool", "mousemove", int(x), int(y), "click", button,
@@ -117,7 +150,7 @@ class KWinDesk(Desk):
         return window
 
     def own_panel(self):
-        return 44
+        return round(44 * self.scale)
 
     def workspace(self):
         return int(self.ask_kwin("org.kde.KWin.currentDesktop") or 1) - 1
@@ -150,7 +183,7 @@ class KWinDesk(Desk):
         self.room.stop(self.desktop_process)
         prepare(lambda: self.managers() and not set(killed) & set(self.managers()),
                 "another kwin_wayland")
-        prepare(self.find_window, "the window of kwin_wayland")
+        self.set_up_outputs()
         return self.start_again
 
     def replace_manager(self):

@@ -12,19 +12,19 @@ from .layer_surfaces import take_clicks
 from .toolkit_window import ToolkitWindow
 
 FIRST = "HEADLESS-1"
-CONFIGURATION = f"""
-output {FIRST} mode --custom 1280x800 position 0 0
+CONFIGURATION = """
+output {first} mode --custom {width}x{height} scale {scale} position 0 0
 default_border none
 default_floating_border none
 for_window [app_id="sample"] floating enable
-workspace 1 output {FIRST}
+workspace 1 output {first}
 bar {{
     id bar
     mode invisible
     workspace_buttons no
     height 60
     colors {{
-        background #{PANEL:06X}
+        background #{panel:06X}
     }}
 }}
 """
@@ -33,12 +33,15 @@ bar {{
 class SwayDesk(Desk):
     session = "Wayland"
     desktop_program = ()   # its command; empty: none
+    scale = 1              # pixels in a point, in which all places and sizes are
     program_environment = {"WAYLAND_DEBUG": "client"}
 
     def open(self):
         self.room.start_bus()
         self.room.put_on_desktop()
-        self.room.write("sway.config", CONFIGURATION)
+        width, height = self.pixels(1280, 800)
+        self.room.write("sway.config", CONFIGURATION.format(
+            first=FIRST, width=width, height=height, scale=self.scale, panel=PANEL))
         self.room.environment |= {
             "WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman",
             "XDG_SESSION_TYPE": "wayland", "XDG_CURRENT_DESKTOP": "sway"}
@@ -57,6 +60,9 @@ class SwayDesk(Desk):
         prepare(lambda: all(self.at(*place) == DESKTOP for place in self.spots()),
                 "the desktop's own picture")
 
+    def pixels(self, *points):
+        return [round(one * self.scale) for one in points]
+
     def command(self, *words):
         return self.room.ask("swaymsg", "--", *words)
 
@@ -66,7 +72,7 @@ class SwayDesk(Desk):
     # Desk
 
     def picture(self):
-        done = subprocess.run(["grim", "-t", "ppm", "-"], env=self.room.environment, check=True,
+        done = subprocess.run(["grim", "-s", "1", "-t", "ppm", "-"], env=self.room.environment, check=True,
                               capture_output=True, timeout=20)
         return Picture.of_ppm(done.stdout)
 
@@ -130,7 +136,8 @@ class SwayDesk(Desk):
         prepare(lambda: self.workspace() == number, f"workspace {number + 1}")
 
     def set_mode(self, width, height):
-        self.command("output", FIRST, "mode", "--custom", f"{width}x{height}")
+        across, down = self.pixels(width, height)
+        self.command("output", FIRST, "mode", "--custom", f"{across}x{down}")
         prepare(lambda: (width, height) == self.screens()[0][2:], f"{width} by {height}")
 
     def add_screen(self):

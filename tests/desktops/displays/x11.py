@@ -180,6 +180,11 @@ class X11:
 
         prepare(manages, "a window manager that shows windows")
 
+    def set_resources(self, text):
+        """Those that all programs read when they start."""
+        self.root.change_property(Xatom.RESOURCE_MANAGER, Xatom.STRING, 8, text.encode())
+        self.connection.sync()
+
     def paint_root(self, colour=DESKTOP):
         """The picture of the root window, set as programs for that do."""
         setter = display.Display(self.room.environment["DISPLAY"])

@@ -18,17 +18,27 @@ class X11Desk(Desk):
     has_workspaces = True
     root_is_bare = True    # without a desktop program: no panel, no picture of the manager's own
     menu_button = None     # of the pointer, that opens a menu over the empty desktop
+    scale = 1              # whole pixels in a point
+    can_mirror = True
 
     def open(self):
         self.room.put_on_desktop()
         self.xorg = Xorg(self.room)
         self.x11 = X11(self.room)
+        self.set_scale()
         self.furnish()
         self.room.start_bus()  # what it starts knows the display
         self.start_manager()
         self.x11.paint_root()
         if self.desktop_program:
             self.start_desktop_program()
+
+    def set_scale(self):
+        """As a desktop's settings daemon does, but for GTK's letters: those are enlarged once."""
+        if self.scale > 1:
+            self.x11.set_resources(f"Xft.dpi:\t{96 * self.scale}\n")
+            self.room.environment |= {"GDK_SCALE": str(self.scale),
+                                      "GDK_DPI_SCALE": str(1 / self.scale)}
 
     def furnish(self):
         """Settings that have to be there before the manager starts."""
@@ -129,6 +139,9 @@ class X11Desk(Desk):
     def add_screen(self):
         self.xorg.add_second()
         prepare(lambda: len(self.screens()) == 2, "the second display")
+
+    def add_mirror(self):
+        self.xorg.add_second(*self.screens()[0][2:], place="--same-as")
 
     def remove_screen(self):
         self.xorg.remove_second()

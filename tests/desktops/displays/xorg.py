@@ -55,10 +55,10 @@ class Xorg:
             display = number.readline().strip()
         if not display:
             raise NotReady("Xorg with the dummy driver: see xorg-server.log")
-        room.environment["DISPLAY"] = ":" + display
+        self.display = room.environment["DISPLAY"] = ":" + display
 
     def xrandr(self, *words):
-        return self.room.ask("xrandr", *words)
+        return self.room.ask("xrandr", *words, extra={"DISPLAY": self.display})
 
     def screens(self):
         """The distinct rectangles (x, y, width, height) that outputs show, left ones first."""

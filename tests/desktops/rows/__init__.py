@@ -3,9 +3,10 @@
 import importlib
 
 ROWS = ["no_manager", "openbox", "openbox_picom", "xfwm4_xfdesktop",
-        "xfwm4_xfdesktop_uncomposited", "marco_caja", "mutter", "muffin_nemo", "openbox_pcmanfm",
-        "openbox_pcmanfm_qt", "i3", "fluxbox", "icewm", "awesome", "kwin_plasma",
-        "kwin_plasma_uncomposited", "kwin_plasma_pictures", "sway", "kwin_wayland_plasma",
+        "xfwm4_xfdesktop_scaled", "xfwm4_xfdesktop_uncomposited", "marco_caja", "marco_caja_scaled",
+        "mutter", "muffin_nemo", "openbox_pcmanfm", "openbox_pcmanfm_qt", "i3", "fluxbox", "icewm",
+        "awesome", "kwin_plasma", "kwin_plasma_uncomposited", "kwin_plasma_pictures", "sway",
+        "sway_scaled", "kwin_wayland_plasma", "kwin_wayland_plasma_scaled",
         "kwin_wayland_plasma_pictures", "gnome_shell_ding"]
 QUICK = ["openbox", "xfwm4_xfdesktop", "marco_caja", "i3", "sway"]
 

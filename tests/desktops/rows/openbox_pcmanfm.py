@@ -11,6 +11,7 @@ class Row(X11Desk):
     replacement = ("openbox", "--sm-disable", "--replace")
     desktop_program = ("pcmanfm", "--desktop", "--profile", "LXDE")
     has_icons = True
+    icons_on_two_displays = False  # see the limits of LXDE
     menu_button = 3
 
     def furnish(self):
