@@ -148,6 +148,45 @@ TEST_F(ShownPackageTest, theFolderIsMadeAnewBetweenTwoLooks) {
     EXPECT_TRUE(stage->comesToShow(red)) << stage->said();
 }
 
+TEST_F(ShownPackageTest, ofAnotherOutputAreLeftOut) {
+    PictureFolder another(around + u"/DP-1"_s);
+    ASSERT_TRUE(another.writeWhole(another.takeOver(), blue));
+    open();
+    ASSERT_TRUE(stage->comesToShow(plain)) << stage->said();
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    EXPECT_TRUE(stage->comesToShow(red)) << stage->said();
+}
+
+TEST_F(ShownPackageTest, partsOfAnEarlierRunGoWithItsPicture) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    ASSERT_TRUE(folder.writePatches(writer, blue, {{0, 0, 4, 4}, {8, 8, 4, 4}, {16, 16, 4, 4}}));
+    open();
+    ASSERT_TRUE(stage->comesToShow(
+        withPart(withPart(withPart(red, {0, 0, 4, 4}, Qt::blue), {8, 8, 4, 4}, Qt::blue),
+                 {16, 16, 4, 4}, Qt::blue)))
+        << stage->said();
+    ASSERT_TRUE(QDir(path).removeRecursively());
+    PictureFolder next(room.filePath(u"next/plasma/_"_s));
+    const quint64 run = next.takeOver();
+    ASSERT_TRUE(next.writeWhole(run, red));
+    ASSERT_TRUE(next.writeWhole(run, blue)); // with a higher number than the last one
+    ASSERT_TRUE(next.writePatches(run, red, {{20, 2, 4, 4}})); // with one of the last parts
+    ASSERT_TRUE(QDir().rename(room.filePath(u"next/plasma/_"_s), path));
+    EXPECT_TRUE(stage->comesToShow(withPart(blue, {20, 2, 4, 4}, Qt::red))) << stage->said();
+}
+
+/// As of one whose output has not come yet; it would be read by the model itself.
+TEST_F(ShownPackageTest, theFolderItWasStartedInIsNotLookedAt) {
+    ASSERT_TRUE(QDir().mkpath(room.filePath(u".hidden"_s)));
+    PictureFolder wrong(room.filePath(u"_"_s)); // the stage starts in the room
+    ASSERT_TRUE(wrong.writeWhole(wrong.takeOver(), blue));
+    open();
+    ASSERT_TRUE(stage->comesToShow(plain)) << stage->said();
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    stage->startAnew("2");
+    EXPECT_TRUE(stage->comesToShow(red)) << stage->said();
+}
+
 TEST_F(ShownPackageTest, oneColourWhileTheSurfaceIsHidden) {
     ASSERT_TRUE(folder.writeWhole(writer, red));
     open();

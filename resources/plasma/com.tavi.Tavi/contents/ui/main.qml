@@ -22,8 +22,8 @@ Rectangle {
     property Image shown: first
     property real wanted: 0      // number of the whole picture that is shown or being read
     property real wantedSince: 0 // when that was written, in milliseconds of the Unix epoch
-    property real below: 0       // number of the one that is shown
-    property real lastPatch: 0
+    property int generation: 0   // counts the whole pictures that were read
+    property real lastPatch: 0   // of this generation
 
     // Until there is any picture.
     color: "#0d0f1f"
@@ -32,7 +32,10 @@ Rectangle {
     // A folder that is not there is not waited for by the model.
     onFolderChanged: Qt.callLater(look)
     onStartChanged: Qt.callLater(look)
-    onOutputChanged: Qt.callLater(look)
+    onOutputChanged: {
+        wanted = 0; // each output has numbers of its own
+        Qt.callLater(look);
+    }
     Component.onCompleted: look()
 
     function look() {
@@ -61,19 +64,17 @@ Rectangle {
         }
         if (whole === null)
             return;
-        const isAnother = whole.number !== wanted || whole.since !== wantedSince;
-        if (isAnother && whole.number <= wanted) { // they are counted anew
-            patches.clear();
-            lastPatch = 0;
-        }
-        if (isAnother) {
+        if (whole.number !== wanted || whole.since !== wantedSince) {
             wanted = whole.number;
             wantedSince = whole.since;
-            (shown === first ? second : first).load(whole);
+            lastPatch = 0;
+            ++generation;
+            (shown === first ? second : first).load(whole.address);
         }
         for (const part of parts) {
             if (part.number > whole.number && part.number > lastPatch) {
                 lastPatch = part.number;
+                part.generation = generation;
                 patches.append(part);
             }
         }
@@ -85,11 +86,10 @@ Rectangle {
     function ready(image) {
         const last = shown;
         shown = image;
-        below = image.number;
         if (last !== image)
             last.source = "";
         for (let i = patches.count - 1; i >= 0; --i) {
-            if (patches.get(i).number < below)
+            if (patches.get(i).generation < image.generation)
                 patches.remove(i);
         }
     }
@@ -99,11 +99,11 @@ Rectangle {
         asynchronous: true
         cache: false
         fillMode: Image.PreserveAspectCrop
-        source: root.below === 0 && root.kept !== "" ? root.kept + "/" + root.output : ""
+        source: root.shown.generation === 0 && root.kept !== "" ? root.kept + "/" + root.output : ""
     }
 
     component Whole: Image {
-        property real number: 0
+        property int generation: 0 // 0 until it was read once
 
         anchors.fill: parent
         asynchronous: true
@@ -111,10 +111,10 @@ Rectangle {
         z: root.shown === this ? 1 : 0
         onStatusChanged: if (status === Image.Ready && source != "") root.ready(this)
 
-        function load(picture) {
-            number = picture.number;
+        function load(address) {
+            generation = root.generation;
             source = ""; // else one that could not be read is not read again
-            source = picture.address;
+            source = address;
         }
     }
 
@@ -137,6 +137,7 @@ Rectangle {
                 asynchronous: true
                 cache: false
                 source: model.address
+                visible: model.generation === root.shown.generation
                 x: model.left * above.enlarged
                 y: model.top * above.enlarged
                 width: implicitWidth * above.enlarged
@@ -145,7 +146,7 @@ Rectangle {
         }
     }
 
-    // The folder around is there, that of an output comes with the output.
+    // The folder around is there when it is told, that of an output comes with the output.
     Loader {
         id: watch
         active: false
@@ -153,23 +154,27 @@ Rectangle {
         sourceComponent: Item {
             FolderListing {
                 id: outputs
-                folder: root.folder
-                nameFilters: [root.output]
-                showDirs: true
+                path: root.folder
+                names: new RegExp("^" + root.output + "$")
                 showFiles: false
-                onChanged: {
-                    pictures.active = false; // a folder that was made anew is not the one it watches
-                    pictures.active = count > 0 && String(folder) === root.folder;
-                }
+                // The last listing may watch a folder that was removed and made anew since.
+                onDataChanged: Qt.callLater(pictures.begin)
+                onChanged: pictures.begin()
             }
             Loader {
                 id: pictures
+
+                function begin() {
+                    active = false;
+                    active = outputs.known !== "";
+                }
+
                 active: false
 
                 sourceComponent: Item {
                     FolderListing {
-                        folder: root.folder + "/" + root.output
-                        nameFilters: ["f-*", "p-*"]
+                        path: root.folder + "/" + root.output
+                        names: /^[fp]-\d+/
                         showDirs: false
                         onChanged: root.take(this)
                     }
