@@ -39,7 +39,8 @@ IconTool xfceIcons() {
             .hiddenValue = u"0"_s,
             .shownValues = {u"2"_s, u"1"_s, u"3"_s},
             .reset = property + QStringList{u"--reset"_s},
-            .absentError = u"does not exist"_s};
+            .absentError = u"does not exist"_s,
+            .isServed = {u"--list"_s}};
 }
 
 /// Whether they are on the first monitor, and whether on the others. Another setting,
@@ -70,8 +71,13 @@ std::optional<IconSetting> SettingIcons::iconSetting() const {
         return IconSetting{answer->output != m_tool.hiddenValue, inUsualWords(answer->output)};
     }
     const bool isAbsent =
-        !m_tool.absentError.isEmpty() && answer->errors.contains(m_tool.absentError);
+        !m_tool.absentError.isEmpty() && answer->errors.contains(m_tool.absentError) && isServed();
     return isAbsent ? std::optional(IconSetting{true, absentValue}) : std::nullopt;
+}
+
+bool SettingIcons::isServed() const {
+    const auto answer = runTool(m_tool.program, m_tool.isServed);
+    return answer && answer->exitCode == 0;
 }
 
 ShellOutcome SettingIcons::hideIcons() {

@@ -17,6 +17,7 @@ struct IconTool {
     QStringList shownValues;     ///< the first is the one for whoever had none
     QStringList reset = {};      ///< makes a setting that was not there absent again
     QString absentError = {};    ///< what the tool says of one that is not there
+    QStringList isServed = {};   ///< fails where nobody keeps settings: all seem absent then
     QStringList drawsAgain = {}; ///< has a desktop program that ended draw icons again
 };
 
@@ -36,6 +37,7 @@ public:
     ShellOutcome relaunch() override;
 
 private:
+    bool isServed() const;
     ShellOutcome run(const QStringList &arguments) const;
 
     const IconTool m_tool;

@@ -117,6 +117,14 @@ TEST_F(RealXfconfIcons, comeBackWithAndWithoutAChoice) {
     EXPECT_EQ(icons.iconSetting(), (IconSetting{true, u"1"_s}));
 }
 
+TEST_F(RealToolsTest, xfconfWithoutItsDaemonCannotBeReadThoughThereIsABus) {
+    PrivateBus bus;
+    const ScopedVariable address("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+    SettingIcons icons(xfceIcons());
+    EXPECT_EQ(icons.iconSetting(), std::nullopt) << "the tool says that the setting is not there";
+    EXPECT_EQ(icons.hideIcons(), ShellOutcome::refused);
+}
+
 TEST_F(RealToolsTest, xfconfWithoutItsDaemonCannotBeRead) {
     const ScopedVariable address("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
     SettingIcons icons(xfceIcons());

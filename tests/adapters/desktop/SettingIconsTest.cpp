@@ -24,6 +24,7 @@ protected:
                        "echo \"$*\" >>\"$FOLDER/calls\"\n"
                        "for last; do :; done\n"
                        "case \"$*\" in\n"
+                       "--list) exit 0;;\n"
                        "*--reset) : >\"$FOLDER/value\";;\n"
                        "*--set*) echo \"$last\" >\"$FOLDER/value\";;\n"
                        "*) read -r value <\"$FOLDER/value\" && echo \"$value\" && exit 0\n"
