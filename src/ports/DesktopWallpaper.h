@@ -24,10 +24,15 @@ public:
     /// empty while all is well.
     virtual QString problem() const = 0;
 
-    /// Whether ours was chosen and the user has given the desktop another one since, which stays.
+    /// Whether ours was chosen and the user has given all displays another one since, as far as
+    /// was seen; those stay.
     virtual bool isReplaced() const = 0;
 
-    /// Calls `handler` after the choice, the problem or `isReplaced` changed, until the subscription ends.
+    /// Finds out anew what the displays show, and tells of it.
+    virtual void look() = 0;
+
+    /// Calls `handler` after the choice, the problem or `isReplaced` changed, until the
+    /// subscription ends.
     [[nodiscard]] virtual Subscription subscribe(std::function<void()> handler) = 0;
 };
 

@@ -15,6 +15,7 @@ public:
     }
     QString problem() const override { return m_problem; }
     bool isReplaced() const override { return m_isReplaced; }
+    void look() override { ++looks; }
     Subscription subscribe(std::function<void()> handler) override {
         return m_changes.subscribe(std::move(handler));
     }
@@ -30,6 +31,7 @@ public:
     }
 
     bool chosen = false;
+    int looks = 0;
 
 private:
     QString m_problem;

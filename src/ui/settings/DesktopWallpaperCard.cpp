@@ -36,6 +36,11 @@ DesktopWallpaperCard::DesktopWallpaperCard(const SettingsContext &context,
     live->follow(m_wallpaper.subscribe(live->handler()));
 }
 
+void DesktopWallpaperCard::showEvent(QShowEvent *event) {
+    Card::showEvent(event);
+    m_wallpaper.look();
+}
+
 void DesktopWallpaperCard::refresh() {
     const bool isChosen = m_wallpaper.isChosen();
     m_switch->setChecked(isChosen);

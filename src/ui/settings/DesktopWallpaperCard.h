@@ -20,6 +20,9 @@ public:
 
     std::vector<SearchEntry> searchEntries() const;
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void refresh();
 

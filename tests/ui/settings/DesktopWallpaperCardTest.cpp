@@ -49,6 +49,7 @@ TEST_F(DesktopWallpaperCardTest, tellsThatTheUserGaveAnotherOneAndHowOursComesBa
                          u"Tavi's again."_s;
     click(open());
     EXPECT_FALSE(says(hint));
+    EXPECT_EQ(desktop.looks, 1) << "it is found out when the card is opened";
     desktop.replace();
     settle();
     EXPECT_TRUE(says(hint));

@@ -241,6 +241,7 @@ void PlasmaWallpaper::putBack() {
         }
         m_with.defaults.remove(earlierWallpapersKey);
         m_asked.clear();
+        m_isReplaced = false;
         m_with.background.run(
             m_work,
             [target = m_with.target, pictures = QStringList{m_with.pictures, m_with.kept}] {

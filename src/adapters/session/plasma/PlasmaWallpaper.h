@@ -43,7 +43,8 @@ public:
     bool isChosen() const override { return m_isChosen; }
     void choose(bool isOurs) override;
     QString problem() const override;
-    bool isReplaced() const override { return m_isChosen && m_isReplaced; }
+    bool isReplaced() const override { return isWanted() && m_isReplaced; }
+    void look() override { follow(); }
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) override;
 
     /// Whether pictures are shown, as far as is known; also while it is not known yet.
