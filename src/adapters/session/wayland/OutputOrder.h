@@ -24,6 +24,7 @@ public:
     /// Place of the output that the compositor calls `name`, from 0; behind all others where it is
     /// not told.
     qsizetype rankOf(const QString &name) const;
+    qsizetype count() const { return m_names.size(); }
 
 private:
     WaylandHandle<kde_output_order_v1> m_order;

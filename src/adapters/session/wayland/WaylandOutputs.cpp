@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -134,6 +136,32 @@ void WaylandOutputs::followGlobals() {
     }
 }
 
+/// Numbers of `screens`. Of mirrors the place of the first one counts, whichever is kept.
+std::vector<std::size_t>
+WaylandOutputs::inUsersOrder(const std::vector<std::optional<Screen>> &screens) const {
+    std::map<std::pair<qreal, qreal>, qsizetype> ranks; // by what the screens begin with
+    const auto beginOf = [](const Screen &screen) {
+        return std::pair(screen.frame.x(), screen.frame.y());
+    };
+    for (const auto &screen : screens) {
+        if (screen) {
+            const qsizetype rank = m_order.rankOf(screen->connector);
+            const auto known = ranks.try_emplace(beginOf(*screen), rank).first;
+            known->second = std::min(known->second, rank);
+        }
+    }
+    const auto keyOf = [&](std::size_t i) {
+        return screens[i] ? std::pair(ranks.at(beginOf(*screens[i])),
+                                      !screens[i]->frame.topLeft().isNull())
+                          : std::pair(m_order.count(), true);
+    };
+    std::vector<std::size_t> order(screens.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(),
+                     [&keyOf](std::size_t a, std::size_t b) { return keyOf(a) < keyOf(b); });
+    return order;
+}
+
 /// One turn of the loop later: what changes at several outputs is mostly told at once.
 void WaylandOutputs::scheduleUpdate() {
     if (!std::exchange(m_isUpdateScheduled, true)) {
@@ -153,24 +181,19 @@ void WaylandOutputs::update() {
         }
     }
     auto described = screensOf(facts, m_abilities);
+    const std::vector<std::size_t> order = inUsersOrder(described);
     if (m_areas != nullptr && m_areas->mirrorsShareSurfaces()) {
         leaveOutMirrors(described);
     }
     const std::vector<Screen> before = all();
     m_screens.clear();
-    for (std::size_t i = 0; i < described.size(); ++i) {
+    for (const std::size_t i : order) {
         if (described[i]) {
             m_screens.emplace_back(*described[i], m_outputs[i]->number());
             Screen &screen = m_screens.back().first;
             screen.visibleFrame = visibleFrame(screen, facts[i].words.connector);
         }
     }
-    const auto rank = [this](const auto &shown) {
-        return std::pair(m_order.rankOf(shown.first.connector),
-                         !shown.first.frame.topLeft().isNull());
-    };
-    std::stable_sort(m_screens.begin(), m_screens.end(),
-                     [&rank](const auto &a, const auto &b) { return rank(a) < rank(b); });
     m_placeChanges.send();
     if (all() != before) {
         m_changes.send();

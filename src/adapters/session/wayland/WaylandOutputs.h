@@ -55,6 +55,7 @@ private:
     void followGlobals();
     void scheduleUpdate();
     void update();
+    std::vector<std::size_t> inUsersOrder(const std::vector<std::optional<Screen>> &screens) const;
     QRectF visibleFrame(const Screen &screen, const QString &connector) const;
 
     WaylandConnection &m_connection;

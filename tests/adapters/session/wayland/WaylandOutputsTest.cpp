@@ -113,6 +113,20 @@ TEST(WaylandOutputs, areInTheOrderOfTheUserWhereTheCompositorHasOne) {
         << "those that are not told as without an order";
 }
 
+TEST(WaylandOutputs, ofWhichMirrorsAreOneScreenAreInTheOrderOfTheirFirst) {
+    FakeOutput mirror;
+    mirror.name = "DP-3";
+    FakeCompositor compositor({.hasOrder = true, .outputs = {FakeOutput(), mirror, second()}});
+    compositor.order({"DP-3", "DP-2", "DP-1"});
+    Followed followed(compositor);
+    FakePanels panels;
+    panels.areMirrorsOneScene = true;
+    followed.outputs.follow(&panels);
+    ASSERT_EQ(followed.outputs.all().size(), 2U);
+    EXPECT_EQ(followed.outputs.main()->connector, u"DP-1"_s) << "the one that is kept";
+    EXPECT_EQ(followed.outputs.all()[1].connector, u"DP-2"_s);
+}
+
 TEST(WaylandOutputs, thatMirrorEachOtherAreOneScreenWhereOneSurfaceIsOnBoth) {
     FakeOutput mirror;
     mirror.name = "DP-3";
