@@ -9,7 +9,7 @@ RULE = ("A display that is plugged in gets the wallpaper, beside the first one o
 
 
 def check(desk):
-    has_icons = desk.icons_on_two_displays and desk.has_icons and desk.shows_icons()
+    has_icons = desk.icons_on_two_displays and desk.comes_to_show_icons()
     desk.add_screen()
     remark = None
     try:

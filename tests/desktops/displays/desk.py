@@ -22,6 +22,7 @@ class Desk:
     needs = []           # the programs without which the row can't run
     has_icons = False
     icons_on_two_displays = True  # whether they are seen with the wallpaper on both
+    scale = 1            # units of places in a point
     can_mirror = False   # whether a second display can show what the first does
     icon_colour = ICON
     panel_edges = ()     # where the desktop itself has a panel: "top", "bottom"
@@ -117,6 +118,10 @@ class Desk:
         """Raises the reason why a check does not apply here."""
         if check in self.limits:
             raise NotApplicable(self.limits[check])
+
+    def lengths(self, *points):
+        """How long as many points are, in the units of places and sizes."""
+        return [round(one * self.scale) for one in points]
 
     def spots(self, screen=None):
         """Places without words, windows and icons."""

@@ -2,6 +2,7 @@
 """Plasma on Wayland: kwin_wayland in windows of a private X display, one an output, which are looked
 at instead of it. As in every session of Plasma its wrapper keeps the sockets and starts it."""
 import os
+import re
 import shutil
 import signal
 from pathlib import Path
@@ -18,7 +19,7 @@ from .x11 import X11
 from .xorg import Xorg
 
 SIZE = (1280, 800)
-OUT_OF_SIGHT = 8000  # left of it there is every mode
+OUT_OF_SIGHT = 8000  # further right than any mode reaches
 RULES = """[General]
 count=1
 rules=sample
@@ -42,7 +43,6 @@ class KWinDesk(Desk):
     panel_edges = ("bottom",)
     windows_outlive_manager = False
     program_environment = {"WAYLAND_DEBUG": "client"}
-    scale = 1            # pixels in a point of the first output
 
     def open(self):
         self.room.put_on_desktop()
@@ -75,8 +75,8 @@ class KWinDesk(Desk):
         self.windows = prepare(self.find_windows, "the windows of kwin_wayland")
         self.place(self.windows[0], 0)
         self.place(self.windows[1], OUT_OF_SIGHT)
-        self.set_outputs("output.2.disable", f"output.1.scale.{self.scale}")
         self.is_second_on = False
+        self.set_outputs("output.2.disable", f"output.1.scale.{self.scale}")
 
     def find_windows(self):
         """That of each output, which no manager has placed."""
@@ -89,7 +89,15 @@ class KWinDesk(Desk):
         self.x11.connection.sync()
 
     def set_outputs(self, *changes):
-        self.room.ask("kscreen-doctor", *changes)
+        """Until KWin tells that it has."""
+        def is_done():
+            told = re.sub(r"\x1b\[[0-9;]*m", "", self.room.ask("kscreen-doctor", "-o"))
+            second = "enabled" if self.is_second_on else "disabled"
+            return (f"X11-1 {second}" in told
+                    and re.search(rf"X11-0 enabled.* Scale: {self.scale:g} ", told))
+
+        prepare(lambda: self.room.ask("kscreen-doctor", *changes) is not None and is_done(),
+                f"the outputs after {' '.join(changes)}", pause=1)
 
     def start_desktop_program(self):
         self.desktop_process = self.room.start("plasmashell", "--no-respawn")
@@ -122,16 +130,21 @@ class KWinDesk(Desk):
         prepare(lambda: (width, height) == self.screens()[0][2:], f"{width} by {height}")
 
     def add_screen(self):
+        self.is_second_on = True
         self.xorg.add_second(*SIZE)
         self.place(self.windows[1], SIZE[0])
         self.set_outputs("output.2.enable", f"output.2.position.{round(SIZE[0] / self.scale)},0")
-        self.is_second_on = True
 
     def remove_screen(self):
+        self.is_second_on = False
         self.set_outputs("output.2.disable")
         self.place(self.windows[1], OUT_OF_SIGHT)
-        self.is_second_on = False
         self.xorg.remove_second()
+
+    def tidy(self):
+        if self.is_second_on:
+            self.remove_screen()
+        super().tidy()
 
     def click(self, x, y, button=1):
         self.room.ask("xdotool", "mousemove", int(x), int(y), "click", button,
@@ -150,7 +163,7 @@ class KWinDesk(Desk):
         return window
 
     def own_panel(self):
-        return round(44 * self.scale)
+        return self.lengths(44)[0]
 
     def workspace(self):
         return int(self.ask_kwin("org.kde.KWin.currentDesktop") or 1) - 1

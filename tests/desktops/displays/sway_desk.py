@@ -33,7 +33,7 @@ bar {{
 class SwayDesk(Desk):
     session = "Wayland"
     desktop_program = ()   # its command; empty: none
-    scale = 1              # pixels in a point, in which all places and sizes are
+    output_scale = 1       # pixels in a point, in which all places and sizes are
     program_environment = {"WAYLAND_DEBUG": "client"}
 
     def open(self):
@@ -41,7 +41,7 @@ class SwayDesk(Desk):
         self.room.put_on_desktop()
         width, height = self.pixels(1280, 800)
         self.room.write("sway.config", CONFIGURATION.format(
-            first=FIRST, width=width, height=height, scale=self.scale, panel=PANEL))
+            first=FIRST, width=width, height=height, scale=self.output_scale, panel=PANEL))
         self.room.environment |= {
             "WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman",
             "XDG_SESSION_TYPE": "wayland", "XDG_CURRENT_DESKTOP": "sway"}
@@ -61,7 +61,7 @@ class SwayDesk(Desk):
                 "the desktop's own picture")
 
     def pixels(self, *points):
-        return [round(one * self.scale) for one in points]
+        return [round(one * self.output_scale) for one in points]
 
     def command(self, *words):
         return self.room.ask("swaymsg", "--", *words)

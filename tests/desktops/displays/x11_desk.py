@@ -18,7 +18,6 @@ class X11Desk(Desk):
     has_workspaces = True
     root_is_bare = True    # without a desktop program: no panel, no picture of the manager's own
     menu_button = None     # of the pointer, that opens a menu over the empty desktop
-    scale = 1              # whole pixels in a point
     can_mirror = True
 
     def open(self):
@@ -34,8 +33,9 @@ class X11Desk(Desk):
             self.start_desktop_program()
 
     def set_scale(self):
-        """As a desktop's settings daemon does, but for GTK's letters: those are enlarged once."""
+        """For all programs, and for those of GTK, whose text is not to be enlarged twice."""
         if self.scale > 1:
+            self.xorg.set_mode(*self.lengths(1280, 800))
             self.x11.set_resources(f"Xft.dpi:\t{96 * self.scale}\n")
             self.room.environment |= {"GDK_SCALE": str(self.scale),
                                       "GDK_DPI_SCALE": str(1 / self.scale)}

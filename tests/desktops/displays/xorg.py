@@ -62,20 +62,33 @@ class Xorg:
 
     def screens(self):
         """The distinct rectangles (x, y, width, height) that outputs show, left ones first."""
+        return sorted(set(self.shown()))
+
+    def shown(self):
+        """What each output shows."""
         shown = re.findall(r" connected (?:primary )?(\d+)x(\d+)\+(\d+)\+(\d+)"
                            r"|disconnected (?:primary )?(\d+)x(\d+)\+(\d+)\+(\d+)",
                            self.xrandr("--query"))
         numbers = [[int(word) for word in found if word] for found in shown]
-        return sorted({(x, y, width, height) for width, height, x, y in numbers})
+        return [(x, y, width, height) for width, height, x, y in numbers]
+
+    def mode(self, output, width, height):
+        """The name of one of that size, which `output` has from then on."""
+        name = f"{width}x{height}"
+        if f" {name} " not in self.xrandr("--query"):
+            clock = width * height * 60 / 1e6
+            self.xrandr("--newmode", name, clock, *4 * [width], *4 * [height])
+        self.xrandr("--addmode", output, name)
+        return name
 
     def set_mode(self, width, height):
-        self.xrandr("--output", FIRST, "--mode", f"{width}x{height}")
+        self.xrandr("--output", FIRST, "--mode", self.mode(FIRST, width, height))
         prepare(lambda: (width, height) == self.screens()[0][2:], f"{width}x{height}")
 
     def add_second(self, width=1280, height=720, place="--right-of"):
         """`place` is one of xrandr's, such as --same-as."""
-        self.xrandr("--addmode", SECOND, f"{width}x{height}")
-        self.xrandr("--output", SECOND, "--mode", f"{width}x{height}", place, FIRST)
+        self.xrandr("--output", SECOND, "--mode", self.mode(SECOND, width, height), place, FIRST)
+        prepare(lambda: len(self.shown()) == 2, "a second output")
 
     def remove_second(self):
         self.xrandr("--output", SECOND, "--off")
