@@ -5,6 +5,20 @@ using namespace Qt::StringLiterals;
 
 namespace zeph {
 
+QRegion inPicture(const RootPixmapTarget &target, const QRegion &region) {
+    QRegion pixels;
+    for (const QRect &rect : region) {
+        pixels += reduced(rect, target.enlargement);
+    }
+    return pixels;
+}
+
+QRect reduced(const QRect &rect, int factor) {
+    const QPoint begin(rect.left() / factor, rect.top() / factor);
+    const QPoint end(rect.right() / factor, rect.bottom() / factor);
+    return {begin, end};
+}
+
 QString refusalOf(const RootPixmapTarget &target) {
     if (target.pixmap == XCB_PIXMAP_NONE || target.windows.empty()) {
         return u"the program that draws the icons keeps its picture to itself"_s;

@@ -14,7 +14,8 @@ namespace {
 
 /// Whether both are the same pixels, wherever they are shown.
 bool isSamePicture(const RootPixmapTarget &one, const RootPixmapTarget &other) {
-    return one.pixmap == other.pixmap && one.size == other.size && one.depth == other.depth;
+    return one.pixmap == other.pixmap && one.size == other.size && one.depth == other.depth &&
+           one.enlargement == other.enlargement;
 }
 
 // Within this time after the first stroke a desktop program tells that its picture is ready.
@@ -108,7 +109,7 @@ void X11DesktopPicture::takeTarget(const RootPixmapTarget &target) {
     const bool isOfFormerRun = m_earlier->origin() == X11EarlierPicture::Origin::formerRun;
     if (isOfFormerRun) {
         // That run was killed, and left its pixels wherever it had a surface.
-        putBack(QRect(QPoint(), target.size));
+        putBack(QRect(QPoint(), target.size * target.enlargement));
     }
     repaintAll();
     if (isOfFormerRun) {
@@ -153,7 +154,7 @@ void X11DesktopPicture::release(const Claim &claim) {
 }
 
 void X11DesktopPicture::putBack(const QRegion &region) {
-    change(region, [&] { m_earlier->putBack(region); });
+    change(region, [&] { m_earlier->putBack(inPicture(*m_target, region)); });
 }
 
 void X11DesktopPicture::paint(const QRegion &region,

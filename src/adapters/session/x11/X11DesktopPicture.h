@@ -60,12 +60,16 @@ public:
     /// Whether there is one that is left alone, as the server has no room for a copy of it.
     bool isRefused() const { return m_isRefused; }
 
+    /// Device pixels for one of the picture, each way.
+    int enlargement() const { return m_target ? m_target->enlargement : 1; }
+
     /// Takes `area`, in device pixels of the root. `repaint` is called whenever the desktop program
     /// painted over it or came back.
     std::unique_ptr<Claim> claim(const QRect &area, std::function<void()> repaint);
 
     /// Has `put` put pixels into the picture, all of them within `region`, and the desktop program
-    /// draw what lies over them.
+    /// draw what lies over them. The region is in device pixels of the root; those that are put are
+    /// the picture's own.
     void paint(const QRegion &region, const std::function<void(const X11Canvas &)> &put);
 
 private:

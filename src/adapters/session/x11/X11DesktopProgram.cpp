@@ -205,8 +205,11 @@ void X11DesktopProgram::readPixmap(Found found, xcb_pixmap_t pixmap) {
             }
             const auto *whole = static_cast<const xcb_get_geometry_reply_t *>(replies[2].get());
             if (found.kind == DesktopProgram::caja && whole) {
-                lookForSilentPicture(std::move(found), {.size = {whole->width, whole->height},
-                                                        .depth = connection().screen().root_depth});
+                const QSize size(whole->width, whole->height);
+                found.enlargement = m_enlargement.take(found.pixmapSize, size);
+                const PixmapForm fitting{.size = size / found.enlargement,
+                                         .depth = connection().screen().root_depth};
+                lookForSilentPicture(std::move(found), fitting);
             } else {
                 take(std::move(found));
             }
@@ -233,7 +236,7 @@ void X11DesktopProgram::lookForSilentPicture(Found found, const PixmapForm &whol
 void X11DesktopProgram::take(std::optional<Found> found) {
     m_isReading = false;
     if (found && found->pixmap != XCB_PIXMAP_NONE) {
-        found->isPixmapPartial = isPartial(found->pixmapSize, m_screenSize);
+        found->isPixmapPartial = isPartial(found->pixmapSize * found->enlargement, m_screenSize);
     }
     const bool isChanged = std::exchange(m_found, std::move(found)) != m_found;
     if (std::exchange(m_readsAgain, false)) {

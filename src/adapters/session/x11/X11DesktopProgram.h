@@ -3,6 +3,7 @@
 
 #include "adapters/session/choose/DesktopProgram.h"
 #include "adapters/session/x11/LooksAfterResizing.h"
+#include "adapters/session/x11/PictureEnlargement.h"
 #include "adapters/session/x11/RootPixmapTarget.h"
 #include "adapters/session/x11/SilentPicture.h"
 #include "adapters/session/x11/X11Connection.h"
@@ -36,14 +37,15 @@ public:
         /// What its picture lies in; XCB_PIXMAP_NONE where it keeps the picture to itself. Another
         /// client's: it can be freed at any moment.
         xcb_pixmap_t pixmap = XCB_PIXMAP_NONE;
-        QSize pixmapSize = {};         ///< in device pixels
+        QSize pixmapSize = {};         ///< in pixels of its own
         std::uint8_t pixmapDepth = 0;  ///< 24 or 32
         bool isPixmapAnnounced = true; ///< on the root window
         bool isPixmapPartial = false;  ///< smaller than all monitors together
+        int enlargement = 1;           ///< device pixels for one of the picture, each way
 
         /// Its picture, and where it shows it.
         RootPixmapTarget target() const {
-            return {pixmap, pixmapDepth, pixmapSize, windows, isPixmapAnnounced};
+            return {pixmap, pixmapDepth, pixmapSize, windows, isPixmapAnnounced, enlargement};
         }
 
         bool operator==(const Found &) const = default;
@@ -83,6 +85,7 @@ private:
     bool m_isReading = false;
     bool m_readsAgain = false;
     SilentPicture m_silent;
+    PictureEnlargement m_enlargement;      // of Caja
     std::map<xcb_window_t, QSize> m_sizes; // of the root and of what is watched, when last told
     LooksAfterResizing m_looks;            // of one of these
     QTimer m_nextLook;

@@ -3,6 +3,8 @@
 
 #include "adapters/session/x11/X11Connection.h"
 
+#include <QPainter>
+
 #include <utility>
 
 namespace zeph {
@@ -48,12 +50,51 @@ void X11RootPixmapSurface::put(const QRegion &region) {
     if (!m_claim || !m_picture.isThere()) {
         return;
     }
+    if (m_picture.enlargement() > 1) {
+        putReduced(region);
+        return;
+    }
     const QPoint origin = m_pixels.geometry().topLeft();
     m_picture.paint(region.translated(origin), [&](X11Canvas canvas) {
         canvas.origin = origin;
         m_pixels.buffer().put(canvas, region);
     });
     if (!m_pixels.buffer().isFree()) {
+        waitUntilRead();
+    }
+}
+
+void X11RootPixmapSurface::putReduced(const QRegion &region) {
+    const int factor = m_picture.enlargement();
+    const QRect place = reduced(m_pixels.geometry(), factor);
+    if (!m_reduced || m_reduced->size() != place.size()) {
+        m_reduced.emplace(connection(), place.size(), QImage::Format_RGB32);
+    }
+    m_waiting += region;
+    if (!m_reduced->isFree()) {
+        return;
+    }
+    const QRegion changed = std::exchange(m_waiting, {});
+    const QRegion painted = m_reduced->paint([&](QImage &small) {
+        QRegion pixels;
+        m_pixels.buffer().paint([&](QImage &frame) {
+            for (const QRect &rect : changed &frame.rect()) {
+                const QRect pixel = reduced(rect, factor);
+                const QRect whole(pixel.topLeft() * factor, pixel.size() * factor);
+                QPainter(&small).drawImage(
+                    pixel.topLeft(), frame.copy(whole).scaled(pixel.size(), Qt::IgnoreAspectRatio,
+                                                              Qt::SmoothTransformation));
+                pixels += pixel;
+            }
+            return QRegion();
+        });
+        return pixels;
+    });
+    m_picture.paint(changed.translated(m_pixels.geometry().topLeft()), [&](X11Canvas canvas) {
+        canvas.origin = place.topLeft();
+        m_reduced->put(canvas, painted);
+    });
+    if (!m_reduced->isFree()) {
         waitUntilRead();
     }
 }
@@ -66,6 +107,10 @@ void X11RootPixmapSurface::waitUntilRead() {
     connection().whenReplied(*this, {fence}, [this](const X11Connection::Replies &) {
         if (--m_fences == 0) {
             m_pixels.buffer().pixelsWereRead();
+            if (m_reduced) {
+                m_reduced->pixelsWereRead();
+                put(std::exchange(m_waiting, {}));
+            }
             m_pixels.paintWaiting();
         }
     });

@@ -7,6 +7,7 @@
 #include "ports/DesktopSurface.h"
 
 #include <memory>
+#include <optional>
 
 namespace zeph {
 
@@ -30,11 +31,15 @@ private:
     void handleEvent(std::uint8_t kind, const xcb_generic_event_t &event) override;
     void claim();
     void put(const QRegion &region);
+    void putReduced(const QRegion &region);
     void waitUntilRead();
 
     X11DesktopPicture &m_picture;
     X11SurfacePixels m_pixels;
-    int m_fences = 0; // requests whose replies tell that the pixels were read
+    // What is put of them where the picture has fewer pixels than the screen.
+    std::optional<X11FrameBuffer> m_reduced;
+    QRegion m_waiting; // until those are free
+    int m_fences = 0;  // requests whose replies tell that the pixels were read
     std::unique_ptr<X11DesktopPicture::Claim> m_claim; // there while shown
 };
 

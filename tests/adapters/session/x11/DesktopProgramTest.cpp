@@ -159,6 +159,20 @@ TEST_F(DesktopProgramWatchTest, findsThePictureThatCajaDoesNotAnnounceAtAnotherS
     EXPECT_EQ(later.found(), silent);
 }
 
+TEST_F(DesktopProgramWatchTest, knowsThatCajaEnlargesItsPictureAlsoAtAnotherSize) {
+    const auto desktop = showDesktop("Caja");
+    client->resize(desktop, kWholeScreen.size());
+    const auto announced = leavePixmap(session.display(), kWholeScreen.size() / 2, Qt::darkRed);
+    share(announced);
+    name("CAJA_DESKTOP_WINDOW_ID", desktop);
+    ASSERT_TRUE(
+        becomes({{DesktopProgram::caja, {desktop}, announced, {640, 400}, 24, true, false, 2}}));
+    const auto shown = leavePixmap(session.display(), kShrunk / 2, Qt::darkGreen);
+    client->resize(desktop, kShrunk);
+    EXPECT_TRUE(
+        becomes({{DesktopProgram::caja, {desktop}, shown, kShrunk / 2, 24, false, true, 2}}));
+}
+
 TEST_F(DesktopProgramWatchTest, looksAgainForAPictureThatCajaMakesLate) {
     const auto desktop = showDesktop("Caja");
     const auto announced = leavePixmap(session.display(), kWholeScreen.size(), Qt::darkRed);

@@ -47,6 +47,66 @@ TEST_F(RootPixmapSurfaceTest, liesInItsPartOfAPictureOverAllMonitors) {
     EXPECT_EQ(client->pixel({640, 799}), 0x00FF00U);
 }
 
+/// The display of 1280 × 800 has a picture of half of that each way.
+class EnlargedPictureTest : public RootPixmapSurfaceTest {
+protected:
+    EnlargedPictureTest() {
+        desktop.renew(kWholeScreen.size() / 2, Qt::darkRed);
+        RootPixmapTarget target = desktop.target();
+        target.enlargement = 2;
+        picture->setTarget(target);
+    }
+    QRgb pictureAt(QPoint pixel) const {
+        return client->pixelOf(desktop.target().pixmap, pixel).value_or(0);
+    }
+};
+
+TEST_F(EnlargedPictureTest, getsEachSquareOfPixelsAsOne) {
+    const auto left = make({0, 0, 640, 800});
+    const auto right = make({640, 0, 640, 800});
+    fill(*left, Qt::blue);
+    fill(*right, Qt::green);
+    left->orderFront();
+    right->orderFront();
+    ASSERT_TRUE(waitForPicture({319, 399}, Qt::blue));
+    ASSERT_TRUE(waitForPicture({320, 0}, Qt::green));
+    EXPECT_TRUE(waitForPicture({639, 399}, Qt::green));
+    pixelsOf(*right);
+    right->show([](QImage &frame) {
+        frame.setPixelColor(101, 51, Qt::black); // of a square of four
+        return QRegion(101, 51, 1, 1);
+    });
+    const QColor mixed(0, 191, 0);
+    ASSERT_TRUE(waitUntil([&] { return qGreen(pictureAt({370, 25})) < 255; }));
+    EXPECT_NEAR(qGreen(pictureAt({370, 25})), mixed.green(), 2);
+    EXPECT_EQ(pictureAt({371, 25}), QColor(Qt::green).rgba());
+    EXPECT_EQ(pictureAt({370, 24}), QColor(Qt::green).rgba());
+}
+
+TEST_F(EnlargedPictureTest, losesNothingOfManyChangesInARow) {
+    const auto surface = make();
+    fill(*surface, Qt::blue);
+    surface->orderFront();
+    fill(*surface, Qt::red); // while the first may still be read
+    for (int x = 0; x < 1280; x += 40) {
+        fill(*surface, Qt::yellow, QRect(x, 0, 40, 800));
+    }
+    EXPECT_TRUE(waitForPicture({0, 0}, Qt::yellow));
+    EXPECT_TRUE(waitForPicture({320, 200}, Qt::yellow));
+    EXPECT_TRUE(waitForPicture({639, 399}, Qt::yellow));
+}
+
+TEST_F(EnlargedPictureTest, comesBackWhereNoSurfaceIs) {
+    const auto surface = make({0, 0, 640, 800});
+    fill(*surface, Qt::blue);
+    surface->orderFront();
+    ASSERT_TRUE(waitForPicture({319, 399}, Qt::blue));
+    EXPECT_EQ(pictureAt({320, 399}), QColor(Qt::darkRed).rgba());
+    surface->orderOut();
+    EXPECT_TRUE(waitForPicture({319, 399}, Qt::darkRed));
+    EXPECT_TRUE(waitForPicture({0, 0}, Qt::darkRed));
+}
+
 TEST_F(RootPixmapSurfaceTest, showsTheEarlierPictureWhileItIsOut) {
     const auto surface = shown(Qt::blue);
     surface->orderOut();
