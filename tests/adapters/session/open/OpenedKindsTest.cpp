@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/session/open/OpenSession.h"
 
-#include "adapters/session/sway/FakeSway.h"
-#include "adapters/session/wayland/FakeCompositor.h"
 #include "adapters/apps/InstalledEntries.h"
 #include "adapters/loop/QtRunLoop.h"
 #include "adapters/session/gnome/GnomeSession.h"
 #include "adapters/session/kwin/KWinVirtualDesktops.h"
 #include "adapters/session/nemo/NemoSession.h"
 #include "adapters/session/plasma/PlasmaSession.h"
+#include "adapters/session/sway/FakeSway.h"
 #include "adapters/session/sway/SwayVirtualDesktops.h"
+#include "adapters/session/wayland/FakeCompositor.h"
 #include "adapters/session/wayland/WaylandSession.h"
 #include "base/Background.h"
 #include "support/Environment.h"
