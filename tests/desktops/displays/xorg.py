@@ -44,6 +44,7 @@ class Xorg:
 
     def __init__(self, room):
         self.room = room
+        self.second_modes = set()
         configuration = room.write("xorg.conf", CONFIGURATION)
         read, write = os.pipe()
         self.process = room.start(
@@ -79,6 +80,8 @@ class Xorg:
             clock = width * height * 60 / 1e6
             self.xrandr("--newmode", name, clock, *4 * [width], *4 * [height])
         self.xrandr("--addmode", output, name)
+        if output == SECOND:
+            self.second_modes.add(name)
         return name
 
     def set_mode(self, width, height):
@@ -91,4 +94,8 @@ class Xorg:
         prepare(lambda: len(self.shown()) == 2, "a second output")
 
     def remove_second(self):
+        """With its modes: managers that start turn on an output that has any."""
         self.xrandr("--output", SECOND, "--off")
+        for name in self.second_modes:
+            self.xrandr("--delmode", SECOND, name)
+        self.second_modes.clear()
