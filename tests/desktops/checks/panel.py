@@ -7,7 +7,8 @@ TITLE = "panel"
 RULE = "A panel lies above the wallpaper, whose words keep out of its way."
 HEIGHT = 60
 BRIGHT = 205
-DISTANCE = 80  # in points, of the lowest bright words, those of the clock, from what is below the wallpaper
+# In points, of the lowest bright words, those of the clock, from what is below the wallpaper.
+DISTANCE = 80
 
 
 def check(desk):

@@ -72,8 +72,8 @@ class SwayDesk(Desk):
     # Desk
 
     def picture(self):
-        done = subprocess.run(["grim", "-s", "1", "-t", "ppm", "-"], env=self.room.environment, check=True,
-                              capture_output=True, timeout=20)
+        done = subprocess.run(["grim", "-s", "1", "-t", "ppm", "-"], env=self.room.environment,
+                              check=True, capture_output=True, timeout=20)
         return Picture.of_ppm(done.stdout)
 
     def screens(self):

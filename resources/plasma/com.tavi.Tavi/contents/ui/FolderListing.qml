@@ -24,7 +24,7 @@ FolderListModel {
         let entries = "";
         for (let i = 0; i < count; ++i) {
             const name = get(i, "fileName");
-            // Pictures in a folder change when that was written too.
+            // The time of a folder is left out: each file that is written into it changes that.
             if (names.test(name))
                 entries += name + (showFiles ? get(i, "fileModified").getTime() : "") + "/";
         }
