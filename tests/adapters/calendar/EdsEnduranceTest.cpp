@@ -78,6 +78,25 @@ TEST_F(EdsEnduranceTest, aDaemonThatNeverAnswersDoesNotHoldUpTheEnd) {
     }
 }
 
+TEST_F(EdsEnduranceTest, aStoreThatBeginsWhileAFormerOneEndsReadsAllTheSame) {
+    for (int round = 0; round < 40; ++round) {
+        SCOPED_TRACE(round);
+        setEventAt(round % 60);
+        daemon.holdAt(QStringLiteral("SetFieldsOfInterest")); // which its thread waits for
+        daemon.appear();
+        makeStore();
+        EXPECT_EQ(eventsOf(2024, 5, 7), std::nullopt);
+        ASSERT_TRUE(waitUntil([&] { return daemon.heldQuestions() > 0; }));
+        store.reset();
+        daemon.vanish();
+        daemon.release();
+        daemon.appear();
+        makeStore();
+        ASSERT_TRUE(comesToHaveEventAt(round % 60));
+        daemon.vanish();
+    }
+}
+
 TEST_F(EdsEnduranceTest, theEndOfTheThreadCanBeWaitedFor) {
     setEventAt(5);
     daemon.appear();

@@ -31,6 +31,14 @@ std::string utcText(Date date) {
     return {text.data(), strftime(text.data(), text.size(), "%Y%m%dT%H%M%SZ", &fields)};
 }
 
+/// Whose turn it is to have a registry. The library gives all threads the same one, which tells its
+/// changes to the thread that was the first to ask: one that begins while another ends, which a
+/// server that hangs can delay, would hear of none.
+std::mutex &turns() {
+    static std::mutex turns;
+    return turns;
+}
+
 const char *extensionOf(ECalClientSourceType type) {
     return type == E_CAL_CLIENT_SOURCE_TYPE_EVENTS ? E_SOURCE_EXTENSION_CALENDAR
                                                    : E_SOURCE_EXTENSION_TASK_LIST;
@@ -45,6 +53,7 @@ EdsReader::EdsReader(EdsReport &report, const EdsPacing &pacing)
       m_loop(g_main_loop_new(m_context.get(), FALSE)),
       m_cancellable(g_cancellable_new()),
       m_expanding(g_cancellable_new()),
+      m_turn(turns(), std::defer_lock),
       m_reconnect(m_context.get(), [this] { connect(); }),
       m_reconnectDelay(pacing.firstReconnect),
       m_syncSoon(m_context.get(), [this] { syncSources(); }),
@@ -129,6 +138,10 @@ void EdsReader::apply(const EdsQuery &query) {
 
 void EdsReader::connect() {
     m_reconnect.stop();
+    if (!m_turn.owns_lock() && !m_turn.try_lock()) {
+        m_reconnect.start(m_pacing.firstReconnect);
+        return;
+    }
     GError *error = nullptr;
     m_bus.reset(g_bus_get_sync(G_BUS_TYPE_SESSION, m_cancellable.get(), &error));
     // The shared connection stays, of no use, while somebody else still holds it.
@@ -139,7 +152,7 @@ void EdsReader::connect() {
     }
     const GLibPtr<GError> ignored(error);
     if (!m_registry) {
-        m_bus.reset();
+        dropRegistry();
         m_reconnect.start(m_reconnectDelay);
         m_reconnectDelay = std::min(m_reconnectDelay * 2, m_pacing.lastReconnect);
         return;
@@ -167,6 +180,9 @@ void EdsReader::dropRegistry() {
         m_registry.reset();
     }
     m_bus.reset();
+    if (m_turn.owns_lock()) {
+        m_turn.unlock();
+    }
 }
 
 /// Lets the answers to what was cancelled arrive, since each holds memory until then.

@@ -68,6 +68,7 @@ private:
     EdsQuery m_query;
     LocalZone m_zone;
     std::shared_ptr<int> m_pending = std::make_shared<int>(0); // shared with answers on their way
+    std::unique_lock<std::mutex> m_turn;                       // held while there is a registry
     GLibPtr<GDBusConnection> m_bus;
     GLibPtr<ESourceRegistry> m_registry;
     std::map<Key, Watched> m_calendars;
