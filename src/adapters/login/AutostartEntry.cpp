@@ -3,11 +3,11 @@
 
 #include "adapters/login/AutostartFile.h"
 #include "adapters/storage/SmallFile.h"
+#include "base/WholeFile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -108,13 +108,10 @@ std::optional<QString> AutostartEntry::change(bool enabled) const {
 }
 
 std::optional<QString> AutostartEntry::write(const QByteArray &entry) const {
-    QSaveFile file(userFile());
-    const bool isWritten = QDir().mkpath(QFileInfo(userFile()).path()) &&
-                           file.open(QSaveFile::WriteOnly) && file.write(entry) == entry.size() &&
-                           file.commit();
-    return isWritten
-               ? std::nullopt
-               : std::optional(u"%1 can't be written: %2"_s.arg(userFile(), file.errorString()));
+    QDir().mkpath(QFileInfo(userFile()).path()); // without a folder the writing fails
+    const auto reason = writeWhole(userFile(), entry);
+    return reason ? std::optional(u"%1 can't be written: %2"_s.arg(userFile(), *reason))
+                  : std::nullopt;
 }
 
 std::optional<QString> AutostartEntry::remove() const {

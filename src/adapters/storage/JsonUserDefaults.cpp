@@ -4,12 +4,12 @@
 #include "base/Console.h"
 #include "base/DamagedName.h"
 #include "base/PrivateFolder.h"
+#include "base/WholeFile.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 using namespace Qt::StringLiterals;
 
@@ -152,12 +152,8 @@ void JsonUserDefaults::save() {
 }
 
 bool JsonUserDefaults::writeFile() const {
-    QSaveFile file(m_path);
-    // A new file has no content yet when its mode is set, so nothing stands open to others. Its
-    // bytes are flushed before the commit, which would take half of them for the whole.
-    return makePrivateFolder(QFileInfo(m_path).path()) && file.open(QFile::WriteOnly) &&
-           file.setPermissions(ownerFile) && file.write(QJsonDocument(m_values).toJson()) >= 0 &&
-           file.flush() && file.commit();
+    return makePrivateFolder(QFileInfo(m_path).path()) &&
+           !writeWhole(m_path, QJsonDocument(m_values).toJson(), ownerFile);
 }
 
 void JsonUserDefaults::keepInMemory() {

@@ -2,6 +2,7 @@
 #include "ui/settings/SettingsFileCard.h"
 
 #include "base/Background.h"
+#include "base/WholeFile.h"
 #include "services/transfer/SettingsFile.h"
 #include "ui/controls/Look.h"
 #include "ui/controls/PillButton.h"
@@ -13,7 +14,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QHBoxLayout>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 namespace zeph::ui {
@@ -35,10 +35,7 @@ QString suggestedPath() {
 
 /// Only the user may read it, since it tells a lot of them.
 bool writeFile(const QString &path, const QByteArray &bytes) {
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) &&
-           file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) &&
-           file.write(bytes) == bytes.size() && file.commit();
+    return !writeWhole(path, bytes, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 
 /// Absent for what can't be read, is no ordinary file, or is too large to be one of ours.

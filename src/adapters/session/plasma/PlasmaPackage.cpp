@@ -2,13 +2,13 @@
 #include "adapters/session/plasma/PlasmaPackage.h"
 
 #include "adapters/session/plasma/PlasmaScripts.h"
+#include "base/WholeFile.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <optional>
@@ -38,9 +38,7 @@ bool bringFile(const QString &from, const QString &to) {
     if (bytesOf(to) == wanted) {
         return true;
     }
-    QSaveFile file(to);
-    return QDir().mkpath(QFileInfo(to).path()) && file.open(QIODevice::WriteOnly) &&
-           file.write(*wanted) == wanted->size() && file.commit();
+    return QDir().mkpath(QFileInfo(to).path()) && !writeWhole(to, *wanted);
 }
 
 } // namespace
