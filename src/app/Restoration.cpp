@@ -80,7 +80,7 @@ Restored restoreIcons(DesktopShell &shell, UserDefaults &defaults) {
     const Background background(now, now);
     DesktopIconsManager manager(shell, defaults, background);
     if (!manager.keepsEarlier()) {
-        return Restored::nothingKept;
+        return manager.keepsAny() ? Restored::unreachable : Restored::nothingKept;
     }
     if (!manager.canHide()) {
         return Restored::unreachable;

@@ -3,21 +3,16 @@
 
 #include "base/Background.h"
 #include "base/Log.h"
+#include "host/EarlierIcons.h"
 #include "ports/DesktopShell.h"
-#include "ports/UserDefaults.h"
-
-using namespace Qt::StringLiterals;
 
 namespace zeph {
 
 namespace {
 
-const QString earlierKey = u"zeph.desktop.earlierIcons"_s;
-
 /// Whether the icons are as the user wants them. Where what would draw them is off, it is missed
-/// only if it went off by `hideIcons`.
-bool areAsWanted(const std::optional<IconSetting> &setting, bool hidden,
-                 const UserDefaults &defaults) {
+/// only if it went off by `hideIcons`, which `keepsEarlier` tells.
+bool areAsWanted(const std::optional<IconSetting> &setting, bool hidden, bool keepsEarlier) {
     if (!setting) {
         return !hidden;
     }
@@ -25,7 +20,7 @@ bool areAsWanted(const std::optional<IconSetting> &setting, bool hidden,
     case IconDrawer::there:
         return setting->areShown != hidden;
     case IconDrawer::off:
-        return hidden || !defaults.contains(earlierKey);
+        return hidden || !keepsEarlier;
     case IconDrawer::none:
         break;
     }
@@ -33,51 +28,56 @@ bool areAsWanted(const std::optional<IconSetting> &setting, bool hidden,
 }
 
 /// Whether nothing is there that would draw icons or should, so that there is nothing to change.
-bool isNothingMissed(const std::optional<IconSetting> &setting, bool hidden,
-                     const UserDefaults &defaults) {
+bool isNothingMissed(const std::optional<IconSetting> &setting, bool hidden, bool keepsEarlier) {
     return setting && setting->drawer != IconDrawer::there &&
-           areAsWanted(setting, hidden, defaults);
+           areAsWanted(setting, hidden, keepsEarlier);
 }
 
 /// Keeps the setting that icons are shown by now. What is hidden or can't be read says nothing of
-/// it, and must not take the place of what was kept before.
-void keepEarlier(const DesktopShell &shell, const std::optional<IconSetting> &setting,
-                 UserDefaults &defaults) {
+/// it, and must not take the place of what was kept before. False where hiding them would lose it.
+bool keepEarlier(const DesktopShell &shell, const std::optional<IconSetting> &setting,
+                 EarlierIcons &earlier) {
+    const auto kept = earlier.of(shell.name());
     if (setting && setting->areShown) {
-        const auto kept = defaults.get<QString>(earlierKey);
-        defaults.set(earlierKey, kept ? shell.mergedValue(*kept, setting->value) : setting->value);
-    } else if (!setting && !defaults.contains(earlierKey)) {
-        defaults.set(earlierKey, QString());
+        return earlier.keep(shell.name(),
+                            kept ? shell.mergedValue(*kept, setting->value) : setting->value);
     }
+    if (setting) {
+        return true;
+    }
+    return shell.hidesUnread() && (kept || earlier.keep(shell.name(), {}));
 }
 
-ShellOutcome write(DesktopShell &shell, const UserDefaults &defaults, bool hidden) {
+ShellOutcome write(DesktopShell &shell, const EarlierIcons &earlier, bool hidden) {
     const ShellOutcome written =
-        hidden ? shell.hideIcons()
-               : shell.showIcons(defaults.get<QString>(earlierKey).value_or(QString()));
+        hidden ? shell.hideIcons() : shell.showIcons(earlier.of(shell.name()).value_or(QString()));
     const ShellOutcome followed = shell.relaunch();
     return written == ShellOutcome::done ? followed : written;
 }
 
 /// On a thread of the pool; one change at a time.
-void apply(DesktopShell &shell, UserDefaults &defaults, bool hidden) {
+void apply(DesktopShell &shell, EarlierIcons earlier, bool hidden) {
+    const auto isAsWanted = [&](const std::optional<IconSetting> &setting) {
+        return areAsWanted(setting, hidden, earlier.of(shell.name()).has_value());
+    };
     const auto setting = shell.iconSetting();
-    if (isNothingMissed(setting, hidden, defaults)) {
+    if (isNothingMissed(setting, hidden, earlier.of(shell.name()).has_value())) {
         return;
     }
-    if (hidden) {
-        keepEarlier(shell, setting, defaults);
+    if (hidden && !keepEarlier(shell, setting, earlier)) {
+        qCInfo(logSystem) << "the desktop's icons stay, since its setting could not be kept";
+        return;
     }
-    ShellOutcome outcome = write(shell, defaults, hidden);
-    bool isAsWanted = areAsWanted(shell.iconSetting(), hidden, defaults);
-    if (!isAsWanted) {
-        outcome = write(shell, defaults, hidden);
-        isAsWanted = areAsWanted(shell.iconSetting(), hidden, defaults);
+    ShellOutcome outcome = write(shell, earlier, hidden);
+    bool isDone = isAsWanted(shell.iconSetting());
+    if (!isDone) {
+        outcome = write(shell, earlier, hidden);
+        isDone = isAsWanted(shell.iconSetting());
     }
-    if (!hidden && isAsWanted && outcome == ShellOutcome::done) {
-        defaults.remove(earlierKey);
+    if (!hidden && isDone && outcome == ShellOutcome::done) {
+        earlier.forget(shell.name());
     }
-    if (!isAsWanted || outcome != ShellOutcome::done) {
+    if (!isDone || outcome != ShellOutcome::done) {
         qCInfo(logSystem) << "the desktop did not take a change of its icons";
     }
 }
@@ -93,14 +93,19 @@ bool DesktopIconsManager::canHide() const {
 }
 
 bool DesktopIconsManager::keepsEarlier() const {
-    return m_defaults.contains(earlierKey);
+    return EarlierIcons(m_defaults).of(m_shell.name()).has_value();
+}
+
+bool DesktopIconsManager::keepsAny() const {
+    return !EarlierIcons(m_defaults).isEmpty();
 }
 
 void DesktopIconsManager::systemIconsVisible(std::function<void(bool)> told) {
     m_background.run(
         m_questions,
         [&shell = m_shell, &defaults = m_defaults] {
-            return areAsWanted(shell.iconSetting(), false, defaults);
+            const bool keepsEarlier = EarlierIcons(defaults).of(shell.name()).has_value();
+            return areAsWanted(shell.iconSetting(), false, keepsEarlier);
         },
         std::move(told));
 }
@@ -108,7 +113,9 @@ void DesktopIconsManager::systemIconsVisible(std::function<void(bool)> told) {
 void DesktopIconsManager::applyHidden(bool hidden) {
     m_background.run(
         m_changes,
-        [&shell = m_shell, &defaults = m_defaults, hidden] { apply(shell, defaults, hidden); },
+        [&shell = m_shell, &defaults = m_defaults, hidden] {
+            apply(shell, EarlierIcons(defaults), hidden);
+        },
         [] {});
 }
 

@@ -12,8 +12,8 @@ class DesktopShell;
 class UserDefaults;
 
 /// Hides and shows the icons of the desktop by the desktop's own setting. What the setting was
-/// before they were hidden is kept under "zeph.desktop.earlierIcons" and comes back with them.
-/// Main thread only; the desktop's tools run on another.
+/// before they were hidden is kept and comes back with them; where it can't be read or kept, they
+/// are not hidden. Main thread only; the desktop's tools run on another.
 class DesktopIconsManager {
 public:
     DesktopIconsManager(DesktopShell &shell, UserDefaults &defaults, const Background &background);
@@ -21,8 +21,11 @@ public:
     /// Whether this desktop has such a setting.
     bool canHide() const;
 
-    /// Whether a setting from before they were hidden is kept.
+    /// Whether a setting from before they were hidden is kept, of this desktop.
     bool keepsEarlier() const;
+
+    /// The same of any desktop.
+    bool keepsAny() const;
 
     /// Asks the desktop; `told` runs on the main thread. Icons count as visible where nobody can
     /// tell, and where none are missed: without anything that draws them, unless `applyHidden`

@@ -42,8 +42,16 @@ public:
     /// False where the desktop has no such setting; then nothing else has an effect.
     virtual bool canHideIcons() const = 0;
 
+    /// Of the desktop, in small letters: what is kept of its setting goes by it. Empty where there
+    /// is no such setting.
+    virtual QString name() const = 0;
+
     /// Absent where it can't be read.
     virtual std::optional<IconSetting> iconSetting() const = 0;
+
+    /// Whether icons may be hidden though their setting can't be read. Not where the setting lasts:
+    /// what it was would be lost.
+    virtual bool hidesUnread() const { return false; }
 
     /// What to keep for `showIcons` of two values that were read one after the other, with
     /// `hideIcons` in between: the later, unless it tells of a part of the desktop only.
@@ -54,7 +62,8 @@ public:
     virtual ShellOutcome hideIcons() = 0;
 
     /// Shows them as that value of an earlier setting says; as the desktop does by itself where it
-    /// is empty, or can't be understood.
+    /// is empty, or can't be understood. What shows icons already was set by the user since, and is
+    /// left alone.
     virtual ShellOutcome showIcons(const QString &earlier) = 0;
 
     /// Has the desktop follow its setting, where it does not by itself.

@@ -139,7 +139,7 @@ TEST_F(RestoreTest, bringsPlasmasWallpapersBackToo) {
 
 TEST_F(RestoreTest, bringsTheIconsBackToo) {
     writeFile(path("home/icons"), "false\n");
-    writeSettings(R"({"zeph.desktop.earlierIcons": "true"})");
+    writeSettings(R"({"zeph.desktop.earlierIcons": "{\"mate\":\"true\"}"})");
     Program tavi(onMate(), kCommand);
     EXPECT_TRUE(tavi.endsWith(0)) << tavi.errors().toStdString();
     EXPECT_EQ(tavi.output(), u"tavi: the desktop has its earlier picture and its icons back\n"_s);
@@ -148,7 +148,7 @@ TEST_F(RestoreTest, bringsTheIconsBackToo) {
 }
 
 TEST_F(RestoreTest, tellsThatNobodyWouldShowTheIcons) {
-    writeSettings(R"({"zeph.desktop.earlierIcons": "true"})");
+    writeSettings(R"({"zeph.desktop.earlierIcons": "{\"mate\":\"true\"}"})");
     Program tavi(environment(), kCommand);
     EXPECT_TRUE(tavi.endsWith(1));
     EXPECT_EQ(tavi.errors(), u"tavi: nobody is there who would show the desktop's icons again\n"_s);

@@ -2,6 +2,7 @@
 #include "host/DesktopIconsManager.h"
 
 #include "base/Background.h"
+#include "host/EarlierIcons.h"
 #include "support/FakeShell.h"
 #include "support/FakeUserDefaults.h"
 #include "support/LoggedLines.h"
@@ -26,6 +27,12 @@ protected:
         } while (executor.waiting() > 0);
     }
 
+    std::optional<QString> kept() { return EarlierIcons(defaults).of(shell.desktop); }
+    void apply(bool hidden) {
+        manager.applyHidden(hidden);
+        settle();
+    }
+
     ManualClock clock;
     ManualRunLoop loop{clock};
     ManualTaskExecutor executor;
@@ -36,7 +43,6 @@ protected:
     DesktopIconsManager manager{shell, defaults, background};
 };
 
-const QString earlierIcons = QStringLiteral("zeph.desktop.earlierIcons");
 const QString smallIcons = QStringLiteral("small");
 
 TEST_F(DesktopIconsManagerTest, tellsWhetherTheIconsAreVisible) {
@@ -94,23 +100,71 @@ TEST_F(DesktopIconsManagerTest, countsIconsAsVisibleWhereNobodyCanTell) {
     manager.systemIconsVisible([&](bool areVisible) { told = areVisible; });
     settle();
     EXPECT_EQ(told, true);
-    manager.applyHidden(true);
-    settle();
+    shell.canHideUnread = true;
+    apply(true);
     EXPECT_THAT(story, ElementsAre("hide icons", "relaunch", "hide icons", "relaunch"));
+}
+
+TEST_F(DesktopIconsManagerTest, iconsStayWhereASettingThatLastsCannotBeRead) {
+    shell.isReadable = false;
+    const QStringList logged = loggedLines(QStringLiteral("zeph.system"), [this] { apply(true); });
+    EXPECT_THAT(story, IsEmpty());
+    EXPECT_EQ(logged.size(), 1);
+    EXPECT_FALSE(kept().has_value());
+}
+
+TEST_F(DesktopIconsManagerTest, iconsStayWhereTheSettingCannotBeSaved) {
+    defaults.canSave = false;
+    const QStringList logged = loggedLines(QStringLiteral("zeph.system"), [this] { apply(true); });
+    EXPECT_THAT(story, IsEmpty());
+    EXPECT_EQ(logged.size(), 1);
+    EXPECT_FALSE(kept().has_value()) << "nothing was hidden";
+    defaults.canSave = true;
+    apply(true);
+    EXPECT_FALSE(shell.areShown);
+    EXPECT_EQ(kept(), FakeDesktopShell::plain);
+}
+
+TEST_F(DesktopIconsManagerTest, eachDesktopHasASettingOfItsOwn) {
+    shell.style = smallIcons;
+    apply(true);
+    shell.desktop = QStringLiteral("another");
+    shell.areShown = true;
+    shell.style = FakeDesktopShell::plain;
+    EXPECT_FALSE(manager.keepsEarlier());
+    EXPECT_TRUE(manager.keepsAny());
+    apply(true);
+    apply(false);
+    EXPECT_EQ(shell.style, FakeDesktopShell::plain);
+    EXPECT_FALSE(manager.keepsEarlier());
+    shell.desktop = QStringLiteral("fake");
+    shell.areShown = false;
+    apply(false);
+    EXPECT_EQ(shell.style, smallIcons);
+    EXPECT_FALSE(manager.keepsAny());
+}
+
+TEST_F(DesktopIconsManagerTest, whatAnotherDesktopHasOffIsNotMissedHere) {
+    apply(true);
+    shell.desktop = QStringLiteral("another");
+    shell.drawerUnshown = IconDrawer::off;
+    story.clear();
+    apply(false);
+    EXPECT_THAT(story, IsEmpty());
 }
 
 TEST_F(DesktopIconsManagerTest, theSettingOfTheUserComesBack) {
     shell.style = smallIcons;
-    EXPECT_FALSE(defaults.contains(earlierIcons));
+    EXPECT_FALSE(kept().has_value());
     manager.applyHidden(true);
     settle();
-    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
-    EXPECT_TRUE(defaults.contains(earlierIcons));
+    EXPECT_EQ(kept(), smallIcons);
+    EXPECT_TRUE(kept().has_value());
     shell.style.clear();
     manager.applyHidden(false);
     settle();
     EXPECT_EQ(shell.style, smallIcons);
-    EXPECT_FALSE(defaults.contains(earlierIcons)) << "it is the user's own again";
+    EXPECT_FALSE(kept().has_value()) << "it is the user's own again";
 }
 
 TEST_F(DesktopIconsManagerTest, theSettingIsKeptBeforeItIsWrittenOver) {
@@ -119,7 +173,7 @@ TEST_F(DesktopIconsManagerTest, theSettingIsKeptBeforeItIsWrittenOver) {
     shell.outcome = ShellOutcome::refused;
     manager.applyHidden(true);
     settle();
-    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+    EXPECT_EQ(kept(), smallIcons);
 }
 
 TEST_F(DesktopIconsManagerTest, whatIsHiddenOrCannotBeReadTakesNoKeptSettingsPlace) {
@@ -128,11 +182,12 @@ TEST_F(DesktopIconsManagerTest, whatIsHiddenOrCannotBeReadTakesNoKeptSettingsPla
     settle();
     manager.applyHidden(true);
     settle();
-    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+    EXPECT_EQ(kept(), smallIcons);
     shell.isReadable = false;
+    shell.canHideUnread = true;
     manager.applyHidden(true);
     settle();
-    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+    EXPECT_EQ(kept(), smallIcons);
 }
 
 TEST_F(DesktopIconsManagerTest, aNewerSettingOfTheUserTakesTheKeptOnesPlace) {
@@ -142,19 +197,19 @@ TEST_F(DesktopIconsManagerTest, aNewerSettingOfTheUserTakesTheKeptOnesPlace) {
     shell.style = smallIcons;
     manager.applyHidden(true);
     settle();
-    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+    EXPECT_EQ(kept(), smallIcons);
 }
 
 TEST_F(DesktopIconsManagerTest, aNewerSettingOfAPartIsKeptBesideThoseOfTheOthers) {
     shell.isOfParts = true;
     manager.applyHidden(true);
     settle();
-    EXPECT_EQ(defaults.get<QString>(earlierIcons), FakeDesktopShell::plain);
+    EXPECT_EQ(kept(), FakeDesktopShell::plain);
     shell.areShown = true;
     shell.style = smallIcons;
     manager.applyHidden(true);
     settle();
-    EXPECT_EQ(defaults.get<QString>(earlierIcons), FakeDesktopShell::plain + u'+' + smallIcons);
+    EXPECT_EQ(kept(), FakeDesktopShell::plain + u'+' + smallIcons);
 }
 
 TEST_F(DesktopIconsManagerTest, iconsThatNothingDrawsCountAsVisibleAndAreLeftAlone) {
@@ -169,7 +224,7 @@ TEST_F(DesktopIconsManagerTest, iconsThatNothingDrawsCountAsVisibleAndAreLeftAlo
         EXPECT_EQ(told, true) << "none are missed";
         EXPECT_THAT(story, IsEmpty());
         EXPECT_THAT(logged, IsEmpty());
-        EXPECT_FALSE(defaults.contains(earlierIcons));
+        EXPECT_FALSE(kept().has_value());
     }
 }
 
@@ -202,27 +257,28 @@ TEST_F(DesktopIconsManagerTest, nothingIsShownWhereNoDesktopIsLeftThatShowsIcons
     settle();
     EXPECT_EQ(told, true);
     EXPECT_THAT(story, IsEmpty());
-    EXPECT_TRUE(defaults.contains(earlierIcons)) << "should it come back";
+    EXPECT_TRUE(kept().has_value()) << "should it come back";
 }
 
 TEST_F(DesktopIconsManagerTest, iconsThatWereHiddenUnreadComeBackAsTheDesktopShowsThem) {
     shell.isReadable = false;
+    shell.canHideUnread = true;
     manager.applyHidden(true);
     settle();
-    EXPECT_TRUE(defaults.contains(earlierIcons));
+    EXPECT_TRUE(kept().has_value());
     shell.isReadable = true;
     shell.style = smallIcons;
     manager.applyHidden(false);
     settle();
     EXPECT_EQ(shell.style, FakeDesktopShell::plain);
-    EXPECT_FALSE(defaults.contains(earlierIcons));
+    EXPECT_FALSE(kept().has_value());
 }
 
 TEST_F(DesktopIconsManagerTest, iconsThatTheUserHidAreNotKeptAsHidden) {
     shell.areShown = false;
     manager.applyHidden(true);
     settle();
-    EXPECT_FALSE(defaults.contains(earlierIcons));
+    EXPECT_FALSE(kept().has_value());
     manager.applyHidden(false);
     settle();
     EXPECT_TRUE(shell.areShown) << "that is what the switch says";
@@ -235,15 +291,15 @@ TEST_F(DesktopIconsManagerTest, aSettingThatDidNotComeBackIsKeptForTheNextTry) {
     shell.deafFor = 2;
     manager.applyHidden(false);
     settle();
-    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons);
+    EXPECT_EQ(kept(), smallIcons);
     shell.outcome = ShellOutcome::refused;
     manager.applyHidden(false);
     settle();
-    EXPECT_EQ(defaults.get<QString>(earlierIcons), smallIcons) << "it says that it did not take it";
+    EXPECT_EQ(kept(), smallIcons) << "it says that it did not take it";
     shell.outcome = ShellOutcome::done;
     manager.applyHidden(false);
     settle();
-    EXPECT_FALSE(defaults.contains(earlierIcons));
+    EXPECT_FALSE(kept().has_value());
 }
 
 TEST_F(DesktopIconsManagerTest, tellsWhetherTheDesktopHasSuchASetting) {

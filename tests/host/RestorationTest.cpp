@@ -107,6 +107,13 @@ TEST_F(RestoredIconsTest, stayAsTheyAreWhereNothingWasKept) {
     EXPECT_THAT(story, IsEmpty());
 }
 
+TEST_F(RestoredIconsTest, ofAnotherDesktopAreOutOfReach) {
+    defaults.set(key, uR"({"another":"small"})"_s);
+    EXPECT_EQ(restoreIcons(shell, defaults), Restored::unreachable);
+    EXPECT_THAT(story, IsEmpty());
+    EXPECT_TRUE(defaults.contains(key));
+}
+
 TEST_F(RestoredIconsTest, areStillKeptWhereTheDesktopRefuses) {
     shell.outcome = ShellOutcome::refused;
     shell.deafFor = 9;

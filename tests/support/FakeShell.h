@@ -142,6 +142,8 @@ public:
     explicit FakeDesktopShell(ShellStory &story) : m_story(story) {}
 
     bool canHideIcons() const override { return true; }
+    QString name() const override { return desktop; }
+    bool hidesUnread() const override { return canHideUnread; }
     std::optional<IconSetting> iconSetting() const override {
         if (!isReadable) {
             return std::nullopt;
@@ -176,8 +178,10 @@ public:
     inline static const QString plain = QStringLiteral("plain");
     inline static const QString none = QStringLiteral("none");
 
+    QString desktop = QStringLiteral("fake");
     bool areShown = true;
     bool isReadable = true;
+    bool canHideUnread = false;
     QString style = plain;                        ///< the setting's value while they are shown
     IconDrawer drawerUnshown = IconDrawer::there; ///< while they are not
     bool isOfParts = false;                       ///< of which each has a value

@@ -52,6 +52,7 @@ public:
 class FakeDesktopShell : public DesktopShell {
 public:
     bool canHideIcons() const override { return false; }
+    QString name() const override { return {}; }
     std::optional<IconSetting> iconSetting() const override { return std::nullopt; }
     ShellOutcome hideIcons() override { return ShellOutcome::unavailable; }
     ShellOutcome showIcons(const QString &) override { return ShellOutcome::unavailable; }

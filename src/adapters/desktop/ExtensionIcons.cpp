@@ -75,6 +75,9 @@ ShellOutcome ExtensionIcons::hideIcons() {
 }
 
 ShellOutcome ExtensionIcons::showIcons(const QString &earlier) {
+    if (const auto now = iconSetting(); now && now->areShown) {
+        return ShellOutcome::done;
+    }
     const QStringList wanted = common(m_installed, earlier.split(u' '));
     return run(u"enable"_s, wanted.isEmpty() ? m_installed.mid(0, 1) : wanted);
 }

@@ -15,6 +15,7 @@ public:
     explicit ExtensionIcons(const QStringList &dataFolders);
 
     bool canHideIcons() const override { return !m_installed.isEmpty(); }
+    QString name() const override { return QStringLiteral("gnome"); }
     std::optional<IconSetting> iconSetting() const override;
     ShellOutcome hideIcons() override;
     ShellOutcome showIcons(const QString &earlier) override;

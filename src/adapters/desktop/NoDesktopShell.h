@@ -9,6 +9,7 @@ namespace zeph {
 class NoDesktopShell : public DesktopShell {
 public:
     bool canHideIcons() const override { return false; }
+    QString name() const override { return {}; }
     std::optional<IconSetting> iconSetting() const override { return std::nullopt; }
     ShellOutcome hideIcons() override { return ShellOutcome::unavailable; }
     ShellOutcome showIcons(const QString & /*earlier*/) override {

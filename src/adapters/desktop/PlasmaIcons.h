@@ -15,6 +15,7 @@ public:
     explicit PlasmaIcons(QDBusConnection bus);
 
     bool canHideIcons() const override { return m_isInstalled; }
+    QString name() const override { return QStringLiteral("plasma"); }
     std::optional<IconSetting> iconSetting() const override;
     /// The filters of all desktops in either, the later one's where a desktop is in both.
     QString mergedValue(const QString &earlier, const QString &later) const override;

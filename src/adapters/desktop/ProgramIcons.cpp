@@ -32,11 +32,17 @@ QString profileOf(quint32 process) {
 } // namespace
 
 DesktopProgram lxdeDesktop() {
-    return {.program = u"pcmanfm"_s, .profile = u"LXDE"_s, .windowInstance = "pcmanfm"};
+    return {.desktop = u"lxde"_s,
+            .program = u"pcmanfm"_s,
+            .profile = u"LXDE"_s,
+            .windowInstance = "pcmanfm"};
 }
 
 DesktopProgram lxqtDesktop() {
-    return {.program = u"pcmanfm-qt"_s, .profile = u"lxqt"_s, .windowInstance = "pcmanfm-qt"};
+    return {.desktop = u"lxqt"_s,
+            .program = u"pcmanfm-qt"_s,
+            .profile = u"lxqt"_s,
+            .windowInstance = "pcmanfm-qt"};
 }
 
 QString profileIn(const QByteArray &commandLine) {

@@ -14,6 +14,7 @@ namespace zeph {
 
 /// A file manager that draws the desktop with its icons while it is told to.
 struct DesktopProgram {
+    QString desktop; ///< `DesktopShell::name`
     QString program;
     QString profile;           ///< its set of settings, unless it runs with another one
     QByteArray windowInstance; ///< of the WM_CLASS of its desktop window
@@ -43,6 +44,8 @@ public:
                  Notices notices = {});
 
     bool canHideIcons() const override { return m_isInstalled; }
+    QString name() const override { return m_program.desktop; }
+    bool hidesUnread() const override { return true; }
     std::optional<IconSetting> iconSetting() const override;
     ShellOutcome hideIcons() override;
     ShellOutcome showIcons(const QString &earlier) override;

@@ -16,9 +16,11 @@ namespace {
 const QString absentValue = u"absent"_s;
 
 /// Values as the tool prints them, which it takes back as they are.
-IconTool desktopSetting(const QString &desktopProgram, const QString &schema, const QString &key,
-                        const QString &hidden, const QStringList &shown) {
-    return {.desktopProgram = desktopProgram,
+IconTool desktopSetting(const QString &desktop, const QString &desktopProgram,
+                        const QString &schema, const QString &key, const QString &hidden,
+                        const QStringList &shown) {
+    return {.desktop = desktop,
+            .desktopProgram = desktopProgram,
             .program = u"gsettings"_s,
             .read = {u"get"_s, schema, key},
             .write = {u"set"_s, schema, key},
@@ -32,7 +34,8 @@ IconTool desktopSetting(const QString &desktopProgram, const QString &schema, co
 IconTool xfceIcons() {
     const QStringList property{u"--channel"_s, u"xfce4-desktop"_s, u"--property"_s,
                                u"/desktop-icons/style"_s};
-    return {.desktopProgram = u"xfdesktop"_s,
+    return {.desktop = u"xfce"_s,
+            .desktopProgram = u"xfdesktop"_s,
             .program = u"xfconf-query"_s,
             .read = property,
             .write = property + QStringList{u"--create"_s, u"--type"_s, u"int"_s, u"--set"_s},
@@ -46,14 +49,15 @@ IconTool xfceIcons() {
 /// Whether they are on the first monitor, and whether on the others. Another setting,
 /// "show-desktop-icons", has no effect on files any more.
 IconTool cinnamonIcons() {
-    return desktopSetting(u"nemo-desktop"_s, nemoDesktopSchema, nemoLayoutKey, u"'false::false'"_s,
+    return desktopSetting(u"cinnamon"_s, u"nemo-desktop"_s, nemoDesktopSchema, nemoLayoutKey,
+                          u"'false::false'"_s,
                           {u"'true::false'"_s, u"'true::true'"_s, u"'false::true'"_s});
 }
 
 /// Without icons the file manager has no window left, and may have ended.
 IconTool mateIcons() {
-    IconTool tool = desktopSetting(u"caja"_s, u"org.mate.background"_s, u"show-desktop-icons"_s,
-                                   u"false"_s, {u"true"_s});
+    IconTool tool = desktopSetting(u"mate"_s, u"caja"_s, u"org.mate.background"_s,
+                                   u"show-desktop-icons"_s, u"false"_s, {u"true"_s});
     tool.drawsAgain = {u"--no-default-window"_s};
     return tool;
 }
@@ -87,6 +91,9 @@ ShellOutcome SettingIcons::hideIcons() {
 
 ShellOutcome SettingIcons::showIcons(const QString &earlier) {
     m_wantsIcons = true;
+    if (const auto now = iconSetting(); now && now->areShown) {
+        return ShellOutcome::done;
+    }
     if (earlier == absentValue && !m_tool.reset.isEmpty()) {
         return run(m_tool.reset);
     }

@@ -9,6 +9,7 @@ namespace zeph {
 
 /// A setting of a desktop's icons, as the desktop's own tool reads and writes it.
 struct IconTool {
+    QString desktop;        ///< `DesktopShell::name`
     QString desktopProgram; ///< that draws the icons
     QString program;        ///< the tool
     QStringList read;
@@ -31,6 +32,7 @@ public:
     explicit SettingIcons(IconTool tool);
 
     bool canHideIcons() const override { return m_isInstalled; }
+    QString name() const override { return m_tool.desktop; }
     std::optional<IconSetting> iconSetting() const override;
     ShellOutcome hideIcons() override;
     ShellOutcome showIcons(const QString &earlier) override;

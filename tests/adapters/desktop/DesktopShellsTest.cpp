@@ -57,6 +57,29 @@ TEST_F(DesktopShellsTest, areThatOfTheFirstDesktopThatIsKnown) {
     EXPECT_TRUE(hiding(u"Budgie:GNOME"_s).startsWith(u"gnome-extensions"_s));
 }
 
+TEST_F(DesktopShellsTest, haveANameForEachDesktopThatWhatIsKeptGoesBy) {
+    for (const auto &[desktop, name] : {std::pair{u"GNOME"_s, u"gnome"_s},
+                                        {u"Unity"_s, u"gnome"_s},
+                                        {u"KDE"_s, u"plasma"_s},
+                                        {u"XFCE"_s, u"xfce"_s},
+                                        {u"X-Cinnamon"_s, u"cinnamon"_s},
+                                        {u"cinnamon"_s, u"cinnamon"_s},
+                                        {u"MATE"_s, u"mate"_s},
+                                        {u"LXDE"_s, u"lxde"_s},
+                                        {u"LXQt"_s, u"lxqt"_s},
+                                        {u"sway"_s, QString()}}) {
+        EXPECT_EQ(shell(desktop)->name(), name);
+    }
+}
+
+TEST_F(DesktopShellsTest, hideUnreadOnlyWhatDoesNotLast) {
+    for (const QString &desktop : {u"GNOME"_s, u"KDE"_s, u"XFCE"_s, u"X-Cinnamon"_s, u"MATE"_s}) {
+        EXPECT_FALSE(shell(desktop)->hidesUnread()) << desktop.toStdString();
+    }
+    EXPECT_TRUE(shell(u"LXDE"_s)->hidesUnread());
+    EXPECT_TRUE(shell(u"LXQt"_s)->hidesUnread());
+}
+
 TEST_F(DesktopShellsTest, areToldOfProgramsWhereIconsComeWithThem) {
     const auto isTold = [this](const QString &desktop) {
         ChangePublisher programs;

@@ -80,7 +80,17 @@ TEST_F(ExtensionIconsTest, comeByTheMostCommonExtensionWhereNoneIsKnown) {
         EXPECT_EQ(hidden.showIcons(earlier), ShellOutcome::done);
         EXPECT_EQ(hidden.iconSetting(), (IconSetting{true, ding}));
         EXPECT_FALSE(QFile::exists(folder.path(u"on/evil@example.org"_s)));
+        hidden.hideIcons();
     }
+}
+
+TEST_F(ExtensionIconsTest, areLeftToAnotherExtensionThatIsOnSince) {
+    install(ding);
+    install(newerDing);
+    switchOn(newerDing);
+    ExtensionIcons shown = icons();
+    EXPECT_EQ(shown.showIcons(ding), ShellOutcome::done);
+    EXPECT_EQ(shown.iconSetting(), (IconSetting{true, newerDing}));
 }
 
 TEST_F(ExtensionIconsTest, cannotBeReadWithoutTheShell) {

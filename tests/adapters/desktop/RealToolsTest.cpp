@@ -112,6 +112,7 @@ TEST_F(RealXfconfIcons, comeBackWithAndWithoutAChoice) {
     SettingIcons icons(xfceIcons());
     expectThereAndBack(icons);
     EXPECT_EQ(icons.iconSetting()->value, u"absent"_s);
+    icons.hideIcons();
     EXPECT_EQ(icons.showIcons(u"1"_s), ShellOutcome::done);
     expectThereAndBack(icons);
     EXPECT_EQ(icons.iconSetting(), (IconSetting{true, u"1"_s}));
@@ -136,6 +137,7 @@ TEST_F(RealToolsTest, xfconfWithoutItsDaemonCannotBeRead) {
 TEST_F(RealGsettingsIcons, comeBack) {
     SettingIcons nemo(cinnamonIcons());
     expectThereAndBack(nemo);
+    nemo.hideIcons();
     EXPECT_EQ(nemo.showIcons(u"'true::true'"_s), ShellOutcome::done);
     expectThereAndBack(nemo);
     SettingIcons caja(mateIcons());

@@ -77,7 +77,7 @@ TEST_F(SettingIconsTest, ofXfceComeBackInTheStyleThatTheyHad) {
     EXPECT_EQ(icons.iconSetting(), (IconSetting{false, u"0"_s}));
     EXPECT_EQ(icons.showIcons(earlier->value), ShellOutcome::done);
     EXPECT_EQ(icons.iconSetting(), earlier);
-    EXPECT_EQ(calls(), (QStringList{style, style + u" --create --type int --set 0"_s, style,
+    EXPECT_EQ(calls(), (QStringList{style, style + u" --create --type int --set 0"_s, style, style,
                                     style + u" --create --type int --set 1"_s, style}));
 }
 
@@ -97,6 +97,7 @@ TEST_F(SettingIconsTest, areShownAsTheDesktopDoesWhereNothingWasKept) {
     installXfconf();
     SettingIcons icons(xfceIcons());
     for (const auto &unknown : {QString(), u"0"_s, u"7; rm"_s, u"true"_s}) {
+        folder.write(u"value"_s, "0\n");
         EXPECT_EQ(icons.showIcons(unknown), ShellOutcome::done);
         EXPECT_EQ(icons.iconSetting(), (IconSetting{true, u"2"_s})) << unknown.toStdString();
     }
@@ -121,7 +122,7 @@ TEST_F(SettingIconsTest, ofCinnamonAndMateFollowTheirSetting) {
         EXPECT_EQ(icons.showIcons(desktop.shown), ShellOutcome::done);
         EXPECT_EQ(icons.iconSetting(), (IconSetting{true, desktop.shown}));
         EXPECT_EQ(calls(), (QStringList{u"set %1 %2"_s.arg(desktop.setting, desktop.hidden),
-                                        u"get "_s + desktop.setting,
+                                        u"get "_s + desktop.setting, u"get "_s + desktop.setting,
                                         u"set %1 %2"_s.arg(desktop.setting, desktop.shown),
                                         u"get "_s + desktop.setting}));
     }
@@ -129,9 +130,19 @@ TEST_F(SettingIconsTest, ofCinnamonAndMateFollowTheirSetting) {
 
 TEST_F(SettingIconsTest, ofCinnamonAreOnTheFirstMonitorWhereNothingWasKept) {
     installGsettings();
+    folder.write(u"value"_s, "'false::false'\n");
     SettingIcons icons(cinnamonIcons());
     EXPECT_EQ(icons.showIcons({}), ShellOutcome::done);
     EXPECT_EQ(icons.iconSetting(), (IconSetting{true, u"'true::false'"_s}));
+}
+
+TEST_F(SettingIconsTest, thatTheUserShowsSinceKeepTheirNewSetting) {
+    installXfconf();
+    folder.write(u"value"_s, "1\n");
+    SettingIcons icons(xfceIcons());
+    EXPECT_EQ(icons.showIcons(u"3"_s), ShellOutcome::done);
+    EXPECT_EQ(icons.showIcons(u"absent"_s), ShellOutcome::done);
+    EXPECT_EQ(icons.iconSetting(), (IconSetting{true, u"1"_s}));
 }
 
 TEST_F(SettingIconsTest, ofCinnamonAreKeptInTheirUsualWords) {

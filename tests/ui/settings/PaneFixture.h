@@ -43,6 +43,7 @@ public:
 class RecordingShell : public DesktopShell {
 public:
     bool canHideIcons() const override { return canHide; }
+    QString name() const override { return QStringLiteral("recording"); }
     std::optional<IconSetting> iconSetting() const override { return IconSetting{shown}; }
     ShellOutcome hideIcons() override {
         shown = false;
