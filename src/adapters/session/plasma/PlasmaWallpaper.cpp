@@ -216,7 +216,12 @@ void PlasmaWallpaper::putInto(const Desktops &desktops) {
                           m_asked.erase(desktop.number);
                       }
                   }
-                  if (m_asked.empty()) {
+                  // A desktop that has gone meanwhile, as with its activity, is not waited for.
+                  const bool isIn =
+                      std::none_of(now.begin(), now.end(), [this](const PlasmaDesktop &desktop) {
+                          return m_asked.contains(desktop.number);
+                      });
+                  if (isIn) {
                       noteShown(now);
                       finish(Problem::none);
                   } else {
@@ -292,7 +297,8 @@ void PlasmaWallpaper::finish(Problem problem) {
     if (!isGivenUp()) {
         setProblem(problem);
     }
-    if (std::exchange(m_isStale, false)) {
+    // What is given up by that leaves the desktops to their own wallpapers.
+    if (std::exchange(m_isStale, false) || (problem == Problem::notWritten && isToGo())) {
         follow();
     }
 }

@@ -86,8 +86,10 @@ private:
                 QJsonDocument::fromJson(
                     wordIn(script, QStringLiteral("var numbers = (.*);")).toUtf8())
                     .array();
-            for (const QJsonValue number : list) {
-                desktops.at(number.toInt()) = ours;
+            for (auto &[number, wallpaper] : desktops) {
+                if (list.contains(number)) {
+                    wallpaper = ours;
+                }
             }
             if (script.contains(QStringLiteral("writeConfig('Returned', '')"))) {
                 returned.clear();

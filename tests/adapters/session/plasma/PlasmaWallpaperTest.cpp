@@ -233,6 +233,28 @@ TEST_F(PlasmaWallpaperTest, aDesktopThatDidNotTakeItAtOnceIsAskedAgain) {
     EXPECT_TRUE(shows({{1, ours}}));
 }
 
+TEST_F(PlasmaWallpaperTest, aDesktopThatGoesBeforeItTookItIsNotWaitedFor) {
+    plasma.isDeaf = true;
+    plasma.desktops = {{1, image}, {31, image}};
+    plasma.appear();
+    openChosen();
+    ASSERT_TRUE(settles(2));
+    plasma.isDeaf = false;
+    plasma.desktops.erase(31);
+    loop.advance(1.1);
+    EXPECT_TRUE(shows({{1, ours}}));
+    ASSERT_TRUE(settles(4));
+    loop.advance(70);
+    ASSERT_TRUE(answersCame());
+    EXPECT_EQ(plasma.scripts.size(), 4) << "it is done";
+    EXPECT_TRUE(wallpaper->isUsable());
+    plasma.desktops[31] = image;
+    plasma.changeActivity();
+    ASSERT_TRUE(answersCame());
+    loop.advance(2.1);
+    EXPECT_TRUE(shows({{1, ours}, {31, ours}})) << "it came back";
+}
+
 TEST_F(PlasmaWallpaperTest, tellsThatTheShellDoesNotRun) {
     openChosen();
     EXPECT_TRUE(comes([&] { return !wallpaper->isUsable(); }));
@@ -269,6 +291,20 @@ TEST_F(PlasmaWallpaperTest, isTakenOutWhenPicturesCanNotBeWritten) {
     wallpaper->choose(true);
     EXPECT_TRUE(wallpaper->isUsable());
     EXPECT_TRUE(shows({{1, ours}}));
+}
+
+TEST_F(PlasmaWallpaperTest, givesBackWhatAKilledRunPutInWherePicturesCanNotBeWritten) {
+    QDir().mkpath(QFileInfo(pictures).path());
+    QFile inTheWay(pictures);
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    defaults.set(earlierKey, keptWallpapers({{1, image}}));
+    plasma.desktops = {{1, ours}};
+    plasma.appear();
+    openChosen();
+    EXPECT_TRUE(shows({{1, image}}));
+    EXPECT_FALSE(wallpaper->isUsable());
+    EXPECT_EQ(wallpaper->problem(), u"Tavi's pictures for Plasma could not be written"_s);
+    EXPECT_TRUE(comes([&] { return !defaults.contains(earlierKey); }));
 }
 
 TEST_F(PlasmaWallpaperTest, withdrawsWhenTheProgramIsGoneFromTheMachine) {
