@@ -27,6 +27,12 @@ void waitForServer(xcb_connection_t *connection) {
         xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }
 
+/// What becomes of that which a client has in the server when it goes.
+void setCloseDownMode(xcb_connection_t *client, std::uint8_t mode) {
+    xcb_set_close_down_mode(client, mode);
+    waitForServer(client);
+}
+
 xcb_gcontext_t makeContext(X11Connection &connection, xcb_pixmap_t pixmap) {
     const xcb_gcontext_t context = xcb_generate_id(connection.xcb());
     // Without this every copy would be answered by an event that wakes us up.
@@ -75,11 +81,11 @@ bool isAnnounced(X11Connection &connection, xcb_pixmap_t pixmap) {
     return !numbers.empty() && numbers.front() == pixmap;
 }
 
-/// Whether it is a pixmap of that form. One round trip.
-bool isOfItsForm(X11Connection &connection, const RootPixmapTarget &target) {
+/// Whether it is a pixmap of the target's form. One round trip.
+bool isOfItsForm(X11Connection &connection, xcb_pixmap_t pixmap, const RootPixmapTarget &target) {
     xcb_connection_t *xcb = connection.xcb();
-    const auto form = xcb_get_geometry(xcb, target.pixmap);
-    const auto attributes = xcb_get_window_attributes(xcb, target.pixmap);
+    const auto form = xcb_get_geometry(xcb, pixmap);
+    const auto attributes = xcb_get_window_attributes(xcb, pixmap);
     const X11Reply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(xcb, form, nullptr));
     // Only a window has any.
     const X11Reply<xcb_get_window_attributes_reply_t> window(
@@ -91,16 +97,30 @@ bool isOfItsForm(X11Connection &connection, const RootPixmapTarget &target) {
 /// Whether it is what a desktop program shows, as far as the server can tell, rather than something
 /// of another program that got its number.
 bool isPictureOfDesktop(X11Connection &connection, const RootPixmapTarget &target) {
-    return isOfItsForm(connection, target) &&
+    return isOfItsForm(connection, target.pixmap, target) &&
            (target.isAnnounced ? isAnnounced(connection, target.pixmap)
                                : isHeldPixmap(connection, target.windows.front(), target.pixmap));
 }
 
-/// Whether what the record is of is still what the desktop program shows. Without a mark another
-/// pixmap of that number and form passes for it.
+/// Whether the server still has what a former run kept.
+bool isKept(X11Connection &connection, const EarlierPictureRecord &record) {
+    return isOfItsForm(connection, record.kept, record.target);
+}
+
+/// Whether that can be put back: what the record is of is still what the desktop program shows.
+/// Without a mark another pixmap of that number and form passes for it.
 bool isStillThere(X11Connection &connection, const EarlierPictureRecord &record) {
-    return record.mark == XCB_NONE ? isPictureOfDesktop(connection, record.target)
-                                   : isAlive(connection, record.mark);
+    return isKept(connection, record) &&
+           (record.mark == XCB_NONE ? isPictureOfDesktop(connection, record.target)
+                                    : isAlive(connection, record.mark));
+}
+
+/// Has the server let go of what a former run kept, unless it is gone already: its number may be
+/// that of another program's by now.
+void giveUp(X11Connection &connection, const EarlierPictureRecord &record) {
+    if (isKept(connection, record)) {
+        xcb_kill_client(connection.xcb(), record.kept);
+    }
 }
 
 std::uint32_t thisMachine() {
@@ -130,17 +150,20 @@ X11EarlierPicture::Kept X11EarlierPicture::keep(X11Connection &connection,
     if (mark(keeper.get(), record)) {
         return {nullptr, Refusal::pictureIsGone};
     }
+    // Before what a former run kept is given up. Not before there is something to retain: the
+    // server would hold on to an empty client.
+    setCloseDownMode(keeper.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
     std::unique_ptr<X11EarlierPicture> picture;
     {
         const X11ServerGrab grab(connection.xcb()); // the keeper is not to be waited for meanwhile
-        if (!isPictureOfDesktop(connection, target) || !isAlive(connection, record.mark)) {
-            return {nullptr, Refusal::pictureIsGone};
+        if (isPictureOfDesktop(connection, target) && isAlive(connection, record.mark)) {
+            picture.reset(new X11EarlierPicture(connection, std::move(record), std::move(keeper)));
         }
-        picture.reset(new X11EarlierPicture(connection, std::move(record), std::move(keeper)));
     }
-    // Not before there is something to retain: the server would hold on to an empty client.
-    xcb_set_close_down_mode(picture->m_keeper.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
-    waitForServer(picture->m_keeper.get());
+    if (!picture) {
+        setCloseDownMode(keeper.get(), XCB_CLOSE_DOWN_DESTROY_ALL);
+        return {nullptr, Refusal::pictureIsGone};
+    }
     return {std::move(picture), Refusal::none};
 }
 
@@ -164,7 +187,7 @@ X11EarlierPicture::X11EarlierPicture(X11Connection &connection, EarlierPictureRe
     }
     writeRecord(connection, m_record);
     if (former) {
-        xcb_kill_client(connection.xcb(), former->kept);
+        giveUp(connection, *former);
     }
     xcb_flush(connection.xcb());
 }
@@ -179,8 +202,7 @@ X11EarlierPicture::~X11EarlierPicture() {
     xcb_free_gc(m_connection.xcb(), m_context);
     xcb_free_gc(m_connection.xcb(), m_clipped);
     waitForServer(m_connection.xcb());
-    xcb_set_close_down_mode(m_keeper.get(), XCB_CLOSE_DOWN_DESTROY_ALL);
-    waitForServer(m_keeper.get());
+    setCloseDownMode(m_keeper.get(), XCB_CLOSE_DOWN_DESTROY_ALL);
 }
 
 void X11EarlierPicture::keepAnew(xcb_xfixes_region_t region) {
@@ -214,7 +236,7 @@ bool restoreDesktopPicture(X11Connection &connection) {
         giveBack(connection, *record);
     }
     writeRecord(connection, std::nullopt);
-    xcb_kill_client(xcb, record->kept);
+    giveUp(connection, *record);
     waitForServer(xcb);
     return isBack;
 }
