@@ -110,7 +110,8 @@ private:
     std::vector<std::unique_ptr<DesktopWindow>> m_desktopWindows;
     int m_lastWindowNumber = 0;
     QStringList m_builtScreenIDs;
-    SpaceMembership m_membership{[this](int number) { return spaceOf(number); }};
+    SpaceMembership m_membership{[this](int number) { return spaceOf(number); },
+                                 [this] { return m_spaces.snapshot().everySpaceID; }};
     SpacesManager m_spaces;
     std::vector<Subscription> m_subscriptions;
     WorkOwner m_work;

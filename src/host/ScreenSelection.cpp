@@ -10,8 +10,13 @@ namespace zeph {
 namespace {
 
 /// Choices were once stored without the connector, which is the last part of some identities, and
-/// with the whole name of the maker instead of the letters that come first.
-bool wasOnceStoredAs(const QString &stored, const QString &identity) {
+/// with the whole name of the maker instead of the letters that come first. And an identity has a
+/// connector while a display is there that has the same number, and none without.
+bool wasOnceStoredAs(const QString &stored, const Screen &screen) {
+    const QString identity = screen.persistentID.value_or(QString());
+    if (stored == identity + u" @"_s + screen.connector) {
+        return true;
+    }
     const auto connector = identity.lastIndexOf(u" @"_s);
     const auto model = identity.indexOf(u' ');
     return (connector >= 0 && identity.left(connector) == stored) ||
@@ -21,7 +26,7 @@ bool wasOnceStoredAs(const QString &stored, const QString &identity) {
 std::optional<Screen> formerlyChosen(const QString &stored, const std::vector<Screen> &all) {
     std::optional<Screen> chosen;
     for (const Screen &screen : all) {
-        if (!wasOnceStoredAs(stored, screen.persistentID.value_or(QString()))) {
+        if (!wasOnceStoredAs(stored, screen)) {
             continue;
         }
         if (chosen) {

@@ -5,8 +5,9 @@
 
 namespace zeph {
 
-SpaceMembership::SpaceMembership(std::function<std::optional<quint64>(int surface)> seenOn)
-    : m_seenOn(std::move(seenOn)) {}
+SpaceMembership::SpaceMembership(std::function<std::optional<quint64>(int surface)> seenOn,
+                                 std::function<std::vector<quint64>()> there)
+    : m_seenOn(std::move(seenOn)), m_there(std::move(there)) {}
 
 void SpaceMembership::add(int surface, const std::set<quint64> &spaces) {
     m_spaces[surface].insert(spaces.begin(), spaces.end());
@@ -18,7 +19,12 @@ void SpaceMembership::remove(int surface, const std::set<quint64> &spaces) {
 
 std::set<quint64> SpaceMembership::spacesOf(int surface) const {
     const auto found = m_spaces.find(surface);
-    std::set<quint64> spaces = found == m_spaces.end() ? std::set<quint64>() : found->second;
+    std::set<quint64> spaces;
+    for (const quint64 space : m_there()) {
+        if (found != m_spaces.end() && found->second.contains(space)) {
+            spaces.insert(space);
+        }
+    }
     if (const auto seen = m_seenOn(surface)) {
         spaces.insert(*seen);
     }

@@ -17,6 +17,7 @@ protected:
     void choose(const std::set<int> &numbers) {
         preferences.setDesktopSelection(SomeDesktops{numbers});
     }
+    void goToOneOfTwo(quint64 space) { virtualDesktops.change({display(2, space)}); }
     void goTo(quint64 space) { virtualDesktops.change({display(3, space)}); }
 
     std::vector<bool> visible() const {
@@ -59,6 +60,15 @@ TEST_F(AppDelegateSpacesTest, aChosenWorkspaceThatGoesLeavesItOnAllOfThem) {
     EXPECT_THAT(visible(), ElementsAre(true, true));
     virtualDesktops.change({display(3, 1)});
     EXPECT_THAT(visible(), ElementsAre(false, false));
+}
+
+TEST_F(AppDelegateSpacesTest, withOneOfTheChosenWorkspacesGoneASwitchIsSettledAtOnce) {
+    launch();
+    choose({1, 3});
+    virtualDesktops.change({display(2, 1)});
+    goToOneOfTwo(2);
+    EXPECT_THAT(visible(), ElementsAre(false, false));
+    EXPECT_EQ(loop.timerCount(), 5U) << "the coordinator's";
 }
 
 TEST_F(AppDelegateSpacesTest, onAllWorkspacesASwitchTouchesNothing) {

@@ -172,6 +172,30 @@ TEST_F(AppDelegateTest, insetsAreThePrimaryScreensAndNeverNegative) {
     EXPECT_EQ(*delegate.state().dockInsets, (EdgeInsets{30, 20, 10, 0}));
 }
 
+TEST_F(AppDelegateTest, noInsetIsNegativeWhereverTheVisibleFrameLies) {
+    Screen first = screen(u"A"_s, 1, 640, 400);
+    first.visibleFrame = QRectF(-5, -5, 700, 500);
+    screens.screens = {first};
+    launch();
+    EXPECT_EQ(*delegate.state().dockInsets, EdgeInsets());
+}
+
+TEST_F(AppDelegateTest, insetsAreThoseOfTheChosenDisplay) {
+    screens.screens = {screen(u"A"_s, 1, 640, 400, 0, 1, 30),
+                       screen(u"B"_s, 2, 640, 400, 640, 1, 99)};
+    preferences.setDisplaySelection(OneScreen{u"B"_s});
+    launch();
+    EXPECT_EQ(*delegate.state().dockInsets, (EdgeInsets{99, 0, 0, 0}));
+}
+
+TEST_F(AppDelegateTest, aDisplayWithoutAnIdentityHasAWindow) {
+    screens.screens = {screen({}, 77, 640, 400)};
+    launch();
+    EXPECT_EQ(delegate.builtScreenIDs(), QStringList{u"77"_s});
+    ASSERT_EQ(living().size(), 1U);
+    EXPECT_TRUE(living().front()->visible);
+}
+
 TEST_F(AppDelegateTest, withoutWindowsTheInsetsAreTheMainScreens) {
     screens.screens.clear();
     screens.mainAlone = screen(u"A"_s, 1, 640, 400, 0, 1, 30);

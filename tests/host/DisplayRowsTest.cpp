@@ -46,6 +46,14 @@ TEST_F(DisplayRowsTest, areTheRowOfAllAndOneADisplayWithItsSizeInPixels) {
                     DisplayRow{OneScreen{u"eDP-1"_s}, u"Display 2"_s, u"1920 × 1200"_s}));
 }
 
+TEST_F(DisplayRowsTest, aDisplayWithoutAnIdentityIsWrittenByItsNumber) {
+    screens.screens = {namedScreen(u"Harbor 27"_s, {}, {0, 0, 3840, 2160})};
+    screens.screens.front().persistentID.reset();
+    screens.screens.front().displayID = 77;
+    EXPECT_EQ(displayRows(AllDisplays{}, screens).back().selection,
+              DisplaySelection(OneScreen{u"77"_s}));
+}
+
 TEST_F(DisplayRowsTest, aChoiceMarksItsDisplayAlone) {
     EXPECT_EQ(marks(OneScreen{u"eDP-1"_s}), (std::vector{false, false, true}));
 }

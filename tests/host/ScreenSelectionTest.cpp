@@ -46,6 +46,18 @@ TEST(ScreenSelection, aChoiceOfOneConnectorIsNeverThatOfAnother) {
     EXPECT_EQ(selected.front().persistentID, u"A"_s);
 }
 
+TEST(ScreenSelection, aChosenTwinStaysChosenWhenTheOtherIsUnplugged) {
+    FakeScreens screens;
+    screens.screens = {screen(u"A"_s, 1, 100, 100), screen(u"Acme P27 1"_s, 2, 100, 100, 100)};
+    screens.screens[1].connector = u"DP-2"_s;
+    const auto selected = selectedScreens(OneScreen{u"Acme P27 1 @DP-2"_s}, screens);
+    ASSERT_EQ(selected.size(), 1U);
+    EXPECT_EQ(selected.front().persistentID, u"Acme P27 1"_s);
+    const auto other = selectedScreens(OneScreen{u"Acme P27 1 @DP-1"_s}, screens);
+    ASSERT_EQ(other.size(), 1U);
+    EXPECT_EQ(other.front().persistentID, u"A"_s) << "that one is gone";
+}
+
 TEST(ScreenSelection, aChoiceThatNamesTheMakerInFullIsTheOneScreenWithTheRestOfTheWords) {
     FakeScreens screens;
     screens.screens = {screen(u"ACM P24 77 @DP-1"_s, 1, 100, 100),

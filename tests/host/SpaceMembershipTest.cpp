@@ -13,8 +13,9 @@ namespace {
 class SpaceMembershipTest : public testing::Test {
 protected:
     std::optional<quint64> seenOn;
-    SpaceMembership membership{
-        [this](int surface) { return surface == 1 ? seenOn : std::nullopt; }};
+    std::vector<quint64> there{1, 2, 3, 4, 7, 9};
+    SpaceMembership membership{[this](int surface) { return surface == 1 ? seenOn : std::nullopt; },
+                               [this] { return there; }};
 };
 
 TEST_F(SpaceMembershipTest, aSurfaceIsOnThoseThatItWasAddedTo) {
@@ -34,6 +35,14 @@ TEST_F(SpaceMembershipTest, aSurfaceThatCanBeSeenIsOnThatWorkspaceWhateverWasAsk
     EXPECT_THAT(membership.spacesOf(1), ElementsAre(2, 7));
     seenOn = std::nullopt;
     EXPECT_THAT(membership.spacesOf(1), ElementsAre(2));
+}
+
+TEST_F(SpaceMembershipTest, aSurfaceIsOnNoWorkspaceThatIsGone) {
+    membership.add(1, {2, 3});
+    there = {1, 2};
+    EXPECT_THAT(membership.spacesOf(1), ElementsAre(2));
+    there = {1, 2, 3};
+    EXPECT_THAT(membership.spacesOf(1), ElementsAre(2, 3));
 }
 
 } // namespace
