@@ -16,9 +16,10 @@ namespace zeph {
 /// thread only.
 class UsableAreas : public Port {
 public:
-    /// In logical points of the whole layout; absent while it is not known, and for an output that
-    /// the desktop does not name so. The first call for an output may be what has it followed.
-    virtual std::optional<QRectF> usableArea(const QString &outputName) = 0;
+    /// In logical points of the whole layout, in which the output lies at `frame`; absent while it
+    /// is not known, and for an output that the desktop does not name so. The first call for an
+    /// output may be what has it followed.
+    virtual std::optional<QRectF> usableArea(const QString &outputName, const QRectF &frame) = 0;
 
     /// Whether the compositor draws the later of two surfaces of one layer below the earlier one: a
     /// panel that comes late lies beneath a wallpaper of its layer then.

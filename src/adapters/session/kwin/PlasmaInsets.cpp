@@ -2,6 +2,7 @@
 #include "adapters/session/kwin/PlasmaInsets.h"
 
 #include "adapters/bus/DBusCalls.h"
+#include "ports/RunLoop.h"
 
 #include <QDBusArgument>
 #include <QRect>
@@ -18,6 +19,9 @@ const QString kShellName = u"org.kde.plasmashell"_s;
 const QString kStrutsPath = u"/StrutManager"_s;
 const QString kStrutsInterface = u"org.kde.PlasmaShell.StrutManager"_s;
 
+// The shell hears of a change of outputs from the compositor, as we do, and works it off by itself.
+constexpr std::chrono::milliseconds kUntilFollowed{2000};
+
 /// Absent for an error, and for an output that the shell does not know.
 std::optional<QRectF> areaIn(const QDBusMessage &answer) {
     if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != u"(iiii)"_s) {
@@ -29,18 +33,32 @@ std::optional<QRectF> areaIn(const QDBusMessage &answer) {
 
 } // namespace
 
-PlasmaInsets::PlasmaInsets(const QDBusConnection &bus, KWinScript &script,
+PlasmaInsets::PlasmaInsets(const QDBusConnection &bus, KWinScript &script, RunLoop &runLoop,
                            std::function<bool()> isShownByPlasma)
-    : m_isShownByPlasma(std::move(isShownByPlasma)),
+    : m_runLoop(runLoop),
+      m_isShownByPlasma(std::move(isShownByPlasma)),
       m_panels(script.subscribeToPanels([this] { askForAll(); })),
       m_shell(bus, kShellName, [this] { shellChanged(); }) {}
 
-std::optional<QRectF> PlasmaInsets::usableArea(const QString &outputName) {
+std::optional<QRectF> PlasmaInsets::usableArea(const QString &outputName, const QRectF &frame) {
     const auto [output, isNew] = m_outputs.try_emplace(outputName);
-    if (isNew) {
+    if (std::exchange(output->second.frame, frame) != frame || isNew) {
+        output->second.area.reset();
         ask(outputName);
+        if (!isNew) {
+            askSoon();
+        }
     }
     return output->second.area;
+}
+
+void PlasmaInsets::askSoon() {
+    if (!std::exchange(m_isAskedSoon, true)) {
+        m_runLoop.after(kUntilFollowed, m_later.whileAlive([this] {
+            m_isAskedSoon = false;
+            askForAll();
+        }));
+    }
 }
 
 Subscription PlasmaInsets::subscribe(std::function<void()> handler) {
@@ -57,7 +75,7 @@ void PlasmaInsets::shellChanged() {
     bool areForgotten = false;
     for (auto &[name, output] : m_outputs) {
         areForgotten = areForgotten || output.area;
-        output = {}; // what was asked is not answered any more
+        output = {.frame = output.frame}; // what was asked is not answered any more
     }
     askForAll();
     if (areForgotten) {

@@ -27,7 +27,7 @@ KWinParts::KWinParts(const SessionSurroundings &surroundings, WaylandConnection 
       m_workspace(m_script, surroundings.entries, surroundings.runLoop),
       m_virtualDesktops(sessionBus),
       m_insets(
-          sessionBus, m_script,
+          sessionBus, m_script, surroundings.runLoop,
           [&defaults = surroundings.defaults] { return defaults.boolean(plasmaWallpaperKey); }),
       m_inputEvents(std::make_unique<WaylandIdle>(connection), surroundings.inputConsent) {}
 

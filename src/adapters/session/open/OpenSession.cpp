@@ -22,6 +22,10 @@ namespace zeph {
 
 namespace {
 
+// A compositor that is busy with a login answers late; the wallpaper would be on X for the whole
+// session then.
+constexpr std::chrono::seconds kLoginPatience{20};
+
 QString currentDesktop() {
     return qEnvironmentVariable("XDG_CURRENT_DESKTOP");
 }
@@ -71,7 +75,7 @@ OpenedSession openWaylandSession(const SessionSurroundings &surroundings,
     const auto makeParts = [&surroundings](WaylandConnection &connection, WaylandOutputs &outputs) {
         return makeSessionParts(surroundings, connection, outputs);
     };
-    auto opened = WaylandSession::open(makeParts, display);
+    auto opened = WaylandSession::open(makeParts, display, kLoginPatience);
     if (!opened.session) {
         return {nullptr, opened.refusal};
     }

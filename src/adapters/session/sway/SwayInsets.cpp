@@ -22,7 +22,7 @@ void SwayInsets::askVersion() {
     });
 }
 
-std::optional<QRectF> SwayInsets::usableArea(const QString &outputName) {
+std::optional<QRectF> SwayInsets::usableArea(const QString &outputName, const QRectF & /*frame*/) {
     for (const SwayWorkspaceFacts &workspace : m_workspaces.all()) {
         // One that was just made has no area yet.
         if (workspace.isVisible && workspace.output == outputName && !workspace.area.isEmpty()) {

@@ -14,7 +14,7 @@ public:
     /// Both outlive this.
     SwayInsets(SwayIpc &ipc, SwayWorkspaceList &workspaces);
 
-    std::optional<QRectF> usableArea(const QString &outputName) override;
+    std::optional<QRectF> usableArea(const QString &outputName, const QRectF &frame) override;
     bool laterLieBelow() const override { return m_laterLieBelow; }
     [[nodiscard]] Subscription subscribe(std::function<void()> handler) override;
 

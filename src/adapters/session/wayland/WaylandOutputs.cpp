@@ -44,7 +44,7 @@ void WaylandOutputs::follow(UsableAreas *areas) {
 }
 
 QRectF WaylandOutputs::visibleFrame(const Screen &screen, const QString &connector) const {
-    const auto usable = m_areas ? m_areas->usableArea(connector) : std::nullopt;
+    const auto usable = m_areas ? m_areas->usableArea(connector, screen.frame) : std::nullopt;
     const QRectF visible = usable.value_or(screen.frame) & screen.frame;
     return visible.isEmpty() ? screen.frame : visible; // of a moment before this one
 }

@@ -2,6 +2,7 @@
 #include "KWinFixture.h"
 
 #include "adapters/session/kwin/PlasmaInsets.h"
+#include "support/ManualRunLoop.h"
 #include "support/QtPrinters.h"
 
 using namespace Qt::StringLiterals;
@@ -13,14 +14,17 @@ protected:
     void openInsets() {
         kwin.appear();
         open();
-        insets.emplace(ours.bus(), *script);
+        insets.emplace(ours.bus(), *script, loop);
         changes = insets->subscribe([this] { ++changeCount; });
     }
 
     bool waitForArea(const QString &output, const std::optional<QRectF> &area) {
-        return eventually([&] { return insets->usableArea(output) == area; }, 5000);
+        return eventually([&] { return insets->usableArea(output, frame) == area; }, 5000);
     }
 
+    QRectF frame{0, 0, 1280, 800};
+    ManualClock clock;
+    ManualRunLoop loop{clock};
     std::optional<PlasmaInsets> insets;
     int changeCount = 0;
     Subscription changes;
@@ -29,14 +33,14 @@ protected:
 TEST_F(PlasmaInsetsTest, mirrorsNeedOneSurface) {
     openInsets();
     EXPECT_TRUE(insets->mirrorsShareSurfaces());
-    PlasmaInsets ofPictures(ours.bus(), *script, [] { return true; });
+    PlasmaInsets ofPictures(ours.bus(), *script, loop, [] { return true; });
     EXPECT_FALSE(ofPictures.mirrorsShareSurfaces()) << "Plasma may show either";
 }
 
 TEST_F(PlasmaInsetsTest, asksForAnOutputOnceItIsAskedForThat) {
     kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 756};
     openInsets();
-    EXPECT_EQ(insets->usableArea(u"eDP-1"_s), std::nullopt);
+    EXPECT_EQ(insets->usableArea(u"eDP-1"_s, frame), std::nullopt);
     EXPECT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 756)));
     EXPECT_EQ(changeCount, 1);
     EXPECT_EQ(kwin.questions, 1);
@@ -66,10 +70,36 @@ TEST_F(PlasmaInsetsTest, aPanelThatMovesAllTheTimeIsAskedForInTurn) {
 
 TEST_F(PlasmaInsetsTest, anOutputThatTheShellDoesNotKnowHasNoArea) {
     openInsets();
-    insets->usableArea(u"nowhere"_s);
+    insets->usableArea(u"nowhere"_s, frame);
     ASSERT_TRUE(eventually([&] { return kwin.questions == 1; }));
-    EXPECT_EQ(insets->usableArea(u"nowhere"_s), std::nullopt);
+    EXPECT_EQ(insets->usableArea(u"nowhere"_s, frame), std::nullopt);
     EXPECT_EQ(changeCount, 0);
+}
+
+TEST_F(PlasmaInsetsTest, anOutputThatChangedIsAskedForAgain) {
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 800};
+    openInsets();
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 800)));
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1920, 1080};
+    frame = {0, 0, 1920, 1080};
+    EXPECT_EQ(insets->usableArea(u"eDP-1"_s, frame), std::nullopt) << "of another size";
+    EXPECT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1920, 1080)));
+    EXPECT_EQ(kwin.questions, 2);
+}
+
+TEST_F(PlasmaInsetsTest, aShellThatFollowsAChangeLateIsAskedOnceMore) {
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 800};
+    openInsets();
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 800)));
+    frame = {0, 0, 1920, 1080};
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, std::nullopt));
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 800))) << "it does not know yet";
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1920, 1080};
+    loop.advance(2.1);
+    EXPECT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1920, 1080)));
+    loop.advance(60);
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1920, 1080)));
+    EXPECT_EQ(kwin.questions, 3) << "and no more after that";
 }
 
 TEST_F(PlasmaInsetsTest, panelsGoWithTheShellAndComeBackWithIt) {

@@ -111,15 +111,15 @@ TEST_F(RealSwayTest, aWorkspaceKeepsItsIdForAsLongAsItLives) {
 
 TEST_F(RealSwayTest, theUsableAreaIsThatOfTheOutputWithoutItsBar) {
     SwayInsets insets(ipc, list);
-    ASSERT_TRUE(waitUntil([&] { return insets.usableArea(u"HEADLESS-1"_s).has_value(); }));
-    EXPECT_EQ(insets.usableArea(u"HEADLESS-1"_s), QRectF(0, 0, 1280, 720));
-    EXPECT_EQ(insets.usableArea(u"HEADLESS-2"_s), QRectF(1280, 0, 1280, 720));
+    ASSERT_TRUE(waitUntil([&] { return insets.usableArea(u"HEADLESS-1"_s, {}).has_value(); }));
+    EXPECT_EQ(insets.usableArea(u"HEADLESS-1"_s, {}), QRectF(0, 0, 1280, 720));
+    EXPECT_EQ(insets.usableArea(u"HEADLESS-2"_s, {}), QRectF(1280, 0, 1280, 720));
     EXPECT_TRUE(waitUntil([&] { return insets.laterLieBelow(); })) << "as its version does";
     ASSERT_TRUE(session.tell(u"gaps bottom all set 40"_s));
     ASSERT_TRUE(session.tell(u"workspace 1"_s));
     openWindow(u"org.example.Editor"_s); // what happens to a window leads to a look at the edges
-    EXPECT_TRUE(
-        waitUntil([&] { return insets.usableArea(u"HEADLESS-1"_s) == QRectF(0, 0, 1280, 680); }));
+    EXPECT_TRUE(waitUntil(
+        [&] { return insets.usableArea(u"HEADLESS-1"_s, {}) == QRectF(0, 0, 1280, 680); }));
 }
 
 TEST_F(RealSwayTest, watchesForATimeWithoutInput) {

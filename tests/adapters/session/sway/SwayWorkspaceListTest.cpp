@@ -122,10 +122,10 @@ TEST_F(SwayWorkspaceListTest, barsLeaveTheAreaOfTheWorkspaceThatAnOutputShows) {
     open("[" + one(4, "A", false, "[0,0,1280,720]") + "," + one(5, "A", true, "[0,23,1280,697]") +
          "," + one(6, "B", true, "[1280,0,1024,740]") + "," + one(7, "C", true) + "]");
     SwayInsets insets(ipc, *list);
-    EXPECT_EQ(insets.usableArea(u"A"_s), QRectF(0, 23, 1280, 697));
-    EXPECT_EQ(insets.usableArea(u"B"_s), QRectF(1280, 0, 1024, 740));
-    EXPECT_EQ(insets.usableArea(u"C"_s), std::nullopt) << "not laid out yet";
-    EXPECT_EQ(insets.usableArea(u"D"_s), std::nullopt);
+    EXPECT_EQ(insets.usableArea(u"A"_s, {}), QRectF(0, 23, 1280, 697));
+    EXPECT_EQ(insets.usableArea(u"B"_s, {}), QRectF(1280, 0, 1024, 740));
+    EXPECT_EQ(insets.usableArea(u"C"_s, {}), std::nullopt) << "not laid out yet";
+    EXPECT_EQ(insets.usableArea(u"D"_s, {}), std::nullopt);
 }
 
 TEST_F(SwayWorkspaceListTest, barsThatComeLateLieBelowInTheVersionsThatDrawSo) {

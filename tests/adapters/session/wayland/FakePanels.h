@@ -8,7 +8,8 @@ namespace zeph {
 /// A panel at the top of every output, as high as the test says.
 class FakePanels : public UsableAreas {
 public:
-    std::optional<QRectF> usableArea(const QString & /*outputName*/) override {
+    std::optional<QRectF> usableArea(const QString & /*outputName*/,
+                                     const QRectF & /*frame*/) override {
         return QRectF(0, m_height, 10000, 10000);
     }
     bool laterLieBelow() const override { return isLaterBelow; }

@@ -82,7 +82,7 @@ namespace {
 /// A bar of 30 points at the top of the output, until the test takes it away.
 struct BarParts : UnknownParts, UsableAreas {
     UsableAreas *usableAreas() override { return this; }
-    std::optional<QRectF> usableArea(const QString &outputName) override {
+    std::optional<QRectF> usableArea(const QString &outputName, const QRectF & /*frame*/) override {
         return outputName == u"DP-1"_s && hasBar ? std::optional(area) : std::nullopt;
     }
     Subscription subscribe(std::function<void()> handler) override {
