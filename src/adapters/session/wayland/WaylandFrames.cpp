@@ -11,7 +11,7 @@ namespace {
 constexpr std::chrono::milliseconds kPatience{100};
 
 // Faster than this a second buffer costs less than a new one for each frame.
-constexpr std::chrono::milliseconds kBurst{1000};
+constexpr std::chrono::milliseconds kBurst{500};
 
 // More pile up only where the compositor never tells that it has read them.
 constexpr std::size_t kMostRetired = 2;
@@ -35,6 +35,9 @@ WaylandFrames::WaylandFrames(wl_shm &memory, QSize size, QImage::Format format, 
             m_becameFree();
         }
     });
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(kBurst);
+    QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [this] { dropSpare(); });
 }
 
 std::unique_ptr<WaylandPixels> WaylandFrames::makeBlack() {
@@ -65,10 +68,19 @@ void WaylandFrames::giveUpSpare() {
     m_missedBySpare = {};
 }
 
+/// Ends what was shown before, where the compositor has read it and what came after is shown.
+void WaylandFrames::dropSpare() {
+    if (m_spare && !m_spare->isHeld() && m_isShown) {
+        m_spare.reset();
+        m_missedBySpare = {};
+    }
+}
+
 void WaylandFrames::resize(QSize size) {
     retire(std::move(m_front));
     retire(std::move(m_spare));
     m_patience.stop();
+    m_rest.stop();
     m_isAwaited = false;
     m_isShown = false;
     m_isBurst = false;
@@ -160,9 +172,10 @@ void WaylandFrames::noteReleased() {
     if (m_isShown && !m_front->isHeld()) {
         m_keepsShown = false; // read, though nothing took its place
     }
-    if (m_spare && !m_spare->isHeld() && m_isShown && !m_isBurst) {
-        m_spare.reset();
-        m_missedBySpare = {};
+    if (m_isBurst) {
+        m_rest.start();
+    } else {
+        dropSpare();
     }
     if (m_isAwaited && canPaint()) {
         m_isAwaited = false;

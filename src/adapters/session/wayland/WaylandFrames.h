@@ -19,7 +19,8 @@ using SteadyNow = std::function<std::chrono::steady_clock::time_point()>;
 /// The pixels of one surface, black at first. There is one buffer of them where the compositor
 /// tells soon that it has read it. One that reads for as long as the pixels are shown gets a new
 /// buffer for each frame, and the one before ends as soon as it was read; while frames follow each
-/// other fast, two take turns. Where both are held for long, a new one stands in for the older.
+/// other fast, two take turns, and one is left soon after. Where both are held for long, a new one
+/// stands in for the older.
 class WaylandFrames {
 public:
     /// `becameFree` is called when pixels can be painted again after `makeFree` said no.
@@ -50,6 +51,7 @@ private:
     bool canPaint() const;
     void retire(std::unique_ptr<WaylandPixels> pixels);
     void giveUpSpare();
+    void dropSpare();
     QRegion paintOnce(const FramePainter &painter);
     QRegion paintInFront(const FramePainter &painter);
     QRegion paintNext(const FramePainter &painter);
@@ -71,6 +73,7 @@ private:
     bool m_keepsShown = false; // the compositor reads pixels for as long as it shows them
     bool m_isAwaited = false;  // someone wants to paint
     QTimer m_patience;         // runs while someone waits
+    QTimer m_rest;             // runs after a burst
 };
 
 } // namespace zeph

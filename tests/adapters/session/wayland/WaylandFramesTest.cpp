@@ -77,6 +77,17 @@ TEST(WaylandFrames, areTwoThatTakeTurnsWhileFramesFollowEachOtherFast) {
     EXPECT_EQ(shown.compositor.liveBuffers(), 1);
 }
 
+TEST(WaylandFrames, areOneBufferSoonAfterFramesThatFollowedEachOtherFast) {
+    Shown shown(Release::whenReplaced);
+    shown.showLater(Qt::red);
+    fillPart(*shown.surface, Qt::white, {0, 0, 10, 10});
+    shown.client.settle();
+    ASSERT_EQ(shown.compositor.liveBuffers(), 2);
+    EXPECT_TRUE(waitUntil([&] { return shown.compositor.liveBuffers() == 1; }));
+    shown.showLater(Qt::green);
+    EXPECT_EQ(shown.compositor.liveBuffers(), 1);
+}
+
 TEST(WaylandFrames, keepTheirPixelsFromOneBufferToTheNext) {
     Shown shown(Release::whenReplaced);
     shown.showLater(Qt::red);
