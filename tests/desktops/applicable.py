@@ -13,7 +13,7 @@ LACKING = {
     "awesome": {"icons", "show_desktop", "desktop_program"},
     "sway": {"icons", "show_desktop", "manager_killed"},
     "sway_scaled": {"icons", "show_desktop", "manager_killed"},
-    "gnome_shell_ding": {"resolution", "second_display", "manager_replaced", "manager_killed"},
+    "gnome_shell_ding": {"resolution", "manager_replaced", "manager_killed"},
 }
 
 

@@ -7,7 +7,8 @@ from gi.repository import Gio, GLib
 from base.picture import Picture
 from base.waiting import prepare
 
-SIZES = ["1280x800", "1024x768"]
+SIZES = [(1280, 800), (1024, 768)]
+TEMPORARY = 1  # of the ways to apply an arrangement: without asking the person to keep it
 LEFT_BUTTON = 0x110
 KEYS = {"Escape": 1, "Tab": 15, "Alt": 56}
 
@@ -19,7 +20,8 @@ class GnomeShell:
         self.room = room
         self.start_system_bus()
         room.start_bus()
-        monitors = [word for size in SIZES for word in ("--virtual-monitor", size)]
+        monitors = [word for width, height in SIZES
+                    for word in ("--virtual-monitor", f"{width}x{height}")]
         room.start("gnome-shell", "--headless", "--wayland", *monitors)
         prepare(lambda: "GNOME Shell started" in self.log(), "gnome-shell", 60)
         self.bus = connection(room.environment["DBUS_SESSION_BUS_ADDRESS"])
@@ -27,6 +29,7 @@ class GnomeShell:
         self.call("org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus",
                   "RequestName", "(su)", "org.gnome.Screenshot", 4)
         self.start_x11()
+        self.arrange()
         self.hands = self.call("org.gnome.Mutter.RemoteDesktop", "/org/gnome/Mutter/RemoteDesktop",
                                "org.gnome.Mutter.RemoteDesktop", "CreateSession")[0]
         self.hand("Start")
@@ -61,6 +64,20 @@ class GnomeShell:
         parameters = GLib.Variant(signature, words) if signature else None
         return self.bus.call_sync(name, path, interface, method, parameters, None,
                                   Gio.DBusCallFlags.NONE, 10000, None).unpack()
+
+    def arrange(self, is_on_its_side=False, has_second=True):
+        """The monitors side by side, the first turned or not, the second on or off."""
+        service = ("org.gnome.Mutter.DisplayConfig", "/org/gnome/Mutter/DisplayConfig",
+                   "org.gnome.Mutter.DisplayConfig")
+        serial, monitors, *_ = self.call(*service, "GetCurrentState")
+        modes = {monitor[0][0]: monitor[1][0][0] for monitor in monitors}
+        places, turns = [0, SIZES[0][is_on_its_side]], [int(is_on_its_side), 0]
+        arranged = [(x, 0, 1.0, turn, x == 0, [(name, modes[name], {})])
+                    for x, turn, name in zip(places, turns, sorted(modes))]
+        self.call(*service, "ApplyMonitorsConfig", "(uua(iiduba(ssa{sv}))a{sv})", serial, TEMPORARY,
+                  arranged[:1 + has_second], {})
+        first = SIZES[0][::-1] if is_on_its_side else SIZES[0]
+        self.screens = [(0, 0, *first), (places[1], 0, *SIZES[1])][:1 + has_second]
 
     def hand(self, method, signature=None, *words):
         self.call("org.gnome.Mutter.RemoteDesktop", self.hands,

@@ -140,6 +140,9 @@ class SwayDesk(Desk):
         self.command("output", FIRST, "mode", "--custom", f"{across}x{down}")
         prepare(lambda: (width, height) == self.screens()[0][2:], f"{width} by {height}")
 
+    def turn(self, is_on_its_side):
+        self.command("output", FIRST, "transform", "90" if is_on_its_side else "normal")
+
     def add_screen(self):
         self.command("create_output")
         prepare(lambda: len(self.screens()) == 2, "the second display")

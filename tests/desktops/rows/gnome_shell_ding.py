@@ -35,7 +35,6 @@ class Row(Desk):
     has_icons = True
     panel_edges = ("top",)
     limits = {"panel": "its panel is at the upper edge, and it takes no others",
-              "second_display": "both are there from the start",
               "resolution": "monitors that are not there keep theirs"}
 
     def open(self):
@@ -63,7 +62,23 @@ class Row(Desk):
         return self.shell.picture()
 
     def screens(self):
-        return [(0, 0, 1280, 800), (1280, 0, 1024, 768)]
+        return self.shell.screens
+
+    def turn(self, is_on_its_side):
+        self.shell.arrange(is_on_its_side)
+
+    def add_screen(self):
+        """It is there from the start, so it has to go before."""
+        self.remove_screen()
+        prepare(self.shows_wallpaper, "the wallpaper on one display")
+        self.shell.arrange()
+
+    def remove_screen(self):
+        self.shell.arrange(has_second=False)
+
+    def tidy(self):
+        self.shell.arrange()
+        super().tidy()
 
     def click(self, x, y, button=1):
         self.shell.click(x, y, button)
