@@ -77,8 +77,7 @@ struct Ending {
     DisplayLoss &loss;
 };
 
-// The toolkit's own connection ends the process by exit() when it is the first to notice that the
-// X server is gone. What was counted is saved on that way too.
+// Where a library ends the process by exit(), what was counted is saved on that way too.
 const Ending *openEnding = nullptr;
 
 /// After everything was saved, where there is no way back.
@@ -101,12 +100,15 @@ QtMessageHandler printMessage = nullptr;
 // More than an end may take.
 constexpr unsigned long lastWordsPatience = 1000; // milliseconds
 
-// The toolkit's Wayland plug-in ends the process as well when the compositor is gone, by _exit() on
-// a thread of its own and right after it has complained. Nothing of it can be heard before that, so
-// it is kept waiting there.
+// The toolkit ends the process when it is the first to notice that its display is gone, right after
+// it has complained. Of X that is by exit(), which takes libraries away from threads that still
+// work before it comes to us; of Wayland by _exit() on a thread of the plug-in's own. Nothing can
+// be heard before that, so the message is what is listened to, and such a thread is kept waiting
+// there.
 void saveAfterLastWords(QtMsgType kind, const QMessageLogContext &context, const QString &message) {
     printMessage(kind, context, message);
-    if (!message.startsWith("The Wayland connection"_L1)) {
+    if (!message.startsWith("The Wayland connection"_L1) &&
+        !message.startsWith("The X11 connection broke"_L1)) {
         return;
     }
     if (QThread::currentThread() == qApp->thread()) {
@@ -171,11 +173,9 @@ int runToTheEnd(ZephApp &app, LinuxPlatform &platform, const Ending &ending,
                 const EndBudget &budget) {
     openEnding = &ending;
     std::atexit(leaveAfterLoss);
-    if (isToolkitOnWayland()) {
-        // Known before the first message of any thread comes this way.
-        printMessage = qInstallMessageHandler(nullptr);
-        qInstallMessageHandler(saveAfterLastWords);
-    }
+    // Known before the first message of any thread comes this way.
+    printMessage = qInstallMessageHandler(nullptr);
+    qInstallMessageHandler(saveAfterLastWords);
     app.launch();
     platform.ports().runLoop.after(tasksRest, [&platform] { platform.releaseTasks(); });
     platform.ports().runLoop.after(startEnd, returnFreedMemory);
