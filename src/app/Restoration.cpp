@@ -49,7 +49,9 @@ QString whatIsBack(bool isPictureBack, bool areIconsBack) {
 
 } // namespace
 
-RestorationWords restorationWords(const Restoration &restoration) {
+namespace {
+
+RestorationWords wordsOfThisDesktop(const Restoration &restoration) {
     const auto failed = [](const QString &text) {
         return RestorationWords{u"tavi: "_s + text, true};
     };
@@ -75,12 +77,23 @@ RestorationWords restorationWords(const Restoration &restoration) {
     return {u"tavi: there is no earlier picture to put back"_s};
 }
 
+} // namespace
+
+RestorationWords restorationWords(const Restoration &restoration) {
+    RestorationWords words = wordsOfThisDesktop(restoration);
+    if (!restoration.isRunning && restoration.icons == Restored::elsewhere) {
+        words.line += u"; icons are still hidden on another desktop, where this can be run too"_s;
+    }
+    return words;
+}
+
 Restored restoreIcons(DesktopShell &shell, UserDefaults &defaults) {
     const auto now = [](const std::function<void()> &action) { action(); };
     const Background background(now, now);
     DesktopIconsManager manager(shell, defaults, background);
     if (!manager.keepsEarlier()) {
-        return manager.keepsAny() ? Restored::unreachable : Restored::nothingKept;
+        const Restored kept = manager.canHide() ? Restored::elsewhere : Restored::unreachable;
+        return manager.keepsAny() ? kept : Restored::nothingKept;
     }
     if (!manager.canHide()) {
         return Restored::unreachable;

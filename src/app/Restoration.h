@@ -15,6 +15,7 @@ enum class Restored {
     nothingKept, ///< no run has left anything, or the user has chosen something else by now
     refused,
     unreachable, ///< nobody is there who would take it
+    elsewhere,   ///< it is another desktop's, which alone can take it
 };
 
 /// What came of putting the desktop back.
@@ -26,7 +27,8 @@ struct Restoration {
     Restored fileManager = Restored::nothingKept; ///< the settings of Nemo
 };
 
-/// What is printed of it: one line, for people. What is still kept makes it a failure.
+/// What is printed of it: one line, for people. What is still kept for this desktop makes it a
+/// failure.
 struct RestorationWords {
     QString line;
     bool isFailure = false;

@@ -55,18 +55,18 @@ ShellOutcome write(DesktopShell &shell, const EarlierIcons &earlier, bool hidden
     return written == ShellOutcome::done ? followed : written;
 }
 
-/// On a thread of the pool; one change at a time.
-void apply(DesktopShell &shell, EarlierIcons earlier, bool hidden) {
+/// On a thread of the pool; one change at a time. Answers whether the icons have to stay.
+bool apply(DesktopShell &shell, EarlierIcons earlier, bool hidden) {
     const auto isAsWanted = [&](const std::optional<IconSetting> &setting) {
         return areAsWanted(setting, hidden, earlier.of(shell.name()).has_value());
     };
     const auto setting = shell.iconSetting();
     if (isNothingMissed(setting, hidden, earlier.of(shell.name()).has_value())) {
-        return;
+        return false;
     }
     if (hidden && !keepEarlier(shell, setting, earlier)) {
         qCInfo(logSystem) << "the desktop's icons stay, since its setting could not be kept";
-        return;
+        return true;
     }
     ShellOutcome outcome = write(shell, earlier, hidden);
     bool isDone = isAsWanted(shell.iconSetting());
@@ -80,6 +80,7 @@ void apply(DesktopShell &shell, EarlierIcons earlier, bool hidden) {
     if (!isDone || outcome != ShellOutcome::done) {
         qCInfo(logSystem) << "the desktop did not take a change of its icons";
     }
+    return false;
 }
 
 } // namespace
@@ -110,13 +111,13 @@ void DesktopIconsManager::systemIconsVisible(std::function<void(bool)> told) {
         std::move(told));
 }
 
-void DesktopIconsManager::applyHidden(bool hidden) {
+void DesktopIconsManager::applyHidden(bool hidden, std::function<void(bool)> told) {
     m_background.run(
         m_changes,
         [&shell = m_shell, &defaults = m_defaults, hidden] {
-            apply(shell, EarlierIcons(defaults), hidden);
+            return apply(shell, EarlierIcons(defaults), hidden);
         },
-        [] {});
+        std::move(told));
 }
 
 } // namespace zeph

@@ -33,8 +33,10 @@ public:
     void systemIconsVisible(std::function<void(bool)> told);
 
     /// Brings the desktop to the wanted state; where the first write does not take effect, once
-    /// more, and no third time. Changes asked for meanwhile come after it, in order.
-    void applyHidden(bool hidden);
+    /// more, and no third time. Changes asked for meanwhile come after it, in order. Afterwards
+    /// `told` hears on the main thread whether the icons stay, since their setting can't be kept.
+    void applyHidden(
+        bool hidden, std::function<void(bool)> told = [](bool /*doStay*/) {});
 
 private:
     DesktopShell &m_shell;

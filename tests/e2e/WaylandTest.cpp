@@ -44,8 +44,15 @@ struct TaviOnSwayTest : TaviTest {
         }
         return count;
     }
+    /// Of one colour is also a screen whose background has not come yet.
+    bool isPlain() const {
+        const QImage image = picture();
+        QImage plain(image.size(), image.format());
+        plain.fill(image.isNull() ? 0 : image.pixel(0, 0));
+        return image == plain;
+    }
     bool waitForLayer() const {
-        return waitUntil([this] { return countBare() == 0; }, kPatience);
+        return waitUntil([this] { return countBare() == 0 && !isPlain(); }, kPatience);
     }
 
     SwaySession sway{{.configuration = "output * bg #FF00FF solid_color\n"

@@ -51,6 +51,16 @@ TEST(RestorationWords, tellWhatIsBack) {
               success(u"tavi: Nemo has its earlier settings back"_s));
 }
 
+TEST(RestorationWords, tellOfAnotherDesktopBesideThisOne) {
+    EXPECT_EQ(restorationWords({.picture = Restored::done, .icons = Restored::elsewhere}),
+              success(u"tavi: the desktop has its earlier picture back; icons are still hidden on "
+                      "another desktop, where this can be run too"_s));
+    EXPECT_TRUE(restorationWords({.wallpapers = Restored::refused, .icons = Restored::elsewhere})
+                    .isFailure);
+    EXPECT_EQ(restorationWords({.isRunning = true, .icons = Restored::elsewhere}),
+              restorationWords({.isRunning = true}));
+}
+
 TEST(RestorationWords, tellThatTheProgramRuns) {
     EXPECT_EQ(restorationWords({.isRunning = true}),
               failure(u"tavi: it is running, and puts the earlier picture back when it ends"_s));
@@ -109,7 +119,7 @@ TEST_F(RestoredIconsTest, stayAsTheyAreWhereNothingWasKept) {
 
 TEST_F(RestoredIconsTest, ofAnotherDesktopAreOutOfReach) {
     defaults.set(key, uR"({"another":"small"})"_s);
-    EXPECT_EQ(restoreIcons(shell, defaults), Restored::unreachable);
+    EXPECT_EQ(restoreIcons(shell, defaults), Restored::elsewhere);
     EXPECT_THAT(story, IsEmpty());
     EXPECT_TRUE(defaults.contains(key));
 }

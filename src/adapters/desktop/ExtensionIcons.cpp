@@ -75,10 +75,12 @@ ShellOutcome ExtensionIcons::hideIcons() {
 }
 
 ShellOutcome ExtensionIcons::showIcons(const QString &earlier) {
-    if (const auto now = iconSetting(); now && now->areShown) {
+    const QStringList wanted = common(m_installed, earlier.split(u' '));
+    const auto now = iconSetting();
+    const QStringList drawing = now ? now->value.split(u' ', Qt::SkipEmptyParts) : QStringList();
+    if (!drawing.isEmpty() && common(wanted, drawing) != drawing) {
         return ShellOutcome::done;
     }
-    const QStringList wanted = common(m_installed, earlier.split(u' '));
     return run(u"enable"_s, wanted.isEmpty() ? m_installed.mid(0, 1) : wanted);
 }
 

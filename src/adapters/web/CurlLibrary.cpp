@@ -12,7 +12,8 @@ using namespace Qt::StringLiterals;
 
 CurlLibrary::CurlLibrary() {
     qunsetenv("SSLKEYLOGFILE");
-    // By exit() it would be taken away from transfers that are under way on other threads.
+    // By exit() the cipher library would be taken away from transfers that are under way on other
+    // threads.
     OPENSSL_init_crypto(OPENSSL_INIT_NO_ATEXIT, nullptr);
     if (curl_global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK) {
         throw TransportError(u"The network library could not be started."_s);

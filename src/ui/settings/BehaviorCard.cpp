@@ -40,7 +40,8 @@ BehaviorCard::BehaviorCard(const SettingsContext &context, const QString &deskto
       m_titles(new Switch),
       m_clock(new Switch),
       m_desktopFiles(new Switch),
-      m_loginProblem(new StatusLine) {
+      m_loginProblem(new StatusLine),
+      m_filesProblem(new StatusLine) {
     addLoginRow();
     addTitlesRow();
     addClockRow();
@@ -85,8 +86,16 @@ void BehaviorCard::addDesktopFilesRow(const QString &desktopFolder) {
                                 desktopFilesDetail(desktopFolder));
     connect(m_desktopFiles, &QCheckBox::clicked, this, [this](bool isOn) {
         m_context.defaults.set(hideIconsKey(), isOn);
-        m_context.desktopIcons.applyHidden(isOn);
+        m_filesProblem->clear();
+        m_context.desktopIcons.applyHidden(isOn, m_owner.whileAlive([this](bool doStay) {
+            if (doStay) {
+                m_filesProblem->show(
+                    StatusLine::Kind::error,
+                    u"Your icons stay for now: what their setting was can't be kept."_s);
+            }
+        }));
     });
+    row->addBelow(m_filesProblem);
     if (!m_context.desktopIcons.canHide()) {
         m_desktopFiles->setEnabled(false);
         auto *hint = new StatusLine;

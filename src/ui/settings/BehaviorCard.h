@@ -38,6 +38,7 @@ private:
     Switch *m_clock;
     Switch *m_desktopFiles;
     StatusLine *m_loginProblem;
+    StatusLine *m_filesProblem;
     bool m_isLoginPending = false; // the desktop was asked and has not answered
     std::vector<SearchEntry> m_entries;
     WorkOwner m_owner;

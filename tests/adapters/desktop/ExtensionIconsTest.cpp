@@ -84,6 +84,15 @@ TEST_F(ExtensionIconsTest, comeByTheMostCommonExtensionWhereNoneIsKnown) {
     }
 }
 
+TEST_F(ExtensionIconsTest, allComeBackWhereOneIsOnAlready) {
+    install(ding);
+    install(newerDing);
+    switchOn(ding);
+    ExtensionIcons half = icons();
+    EXPECT_EQ(half.showIcons(ding + u' ' + newerDing), ShellOutcome::done);
+    EXPECT_EQ(half.iconSetting(), (IconSetting{true, ding + u' ' + newerDing}));
+}
+
 TEST_F(ExtensionIconsTest, areLeftToAnotherExtensionThatIsOnSince) {
     install(ding);
     install(newerDing);

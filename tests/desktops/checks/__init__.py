@@ -10,8 +10,8 @@ import importlib
 # In the order in which they run: the last ones end the program.
 NAMES = ["start", "icons", "geometry", "stacking", "click", "quick_clicks", "focus", "workspaces",
          "chosen_workspaces", "full_screen", "show_desktop", "panel", "resolution",
-         "turned_display", "second_display", "manager_replaced", "manager_killed", "desktop_program", "quit",
-         "killed"]
+         "turned_display", "second_display", "manager_replaced", "manager_killed",
+         "desktop_program", "quit", "killed"]
 
 
 def checks():

@@ -92,9 +92,9 @@ class Desk:
         raise NotApplicable("the resolution can't be changed here")
 
     def turn(self, is_on_its_side):
-        """The first display, by a quarter: by a mode as high as the other one is wide, since neither
-        the dummy driver nor KWin in a window turns what it shows. Programs see the same of a display
-        that was turned, its place and size."""
+        """The first display, by a quarter: by a mode as high as the other one is wide, since
+        neither the dummy driver nor KWin in a window turns what it shows. Programs see the same of
+        a display that was turned, its place and size."""
         width, height = self.screens()[0][2:]
         if is_on_its_side == (width > height):
             self.set_mode(height, width)

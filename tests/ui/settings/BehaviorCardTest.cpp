@@ -92,6 +92,22 @@ TEST_F(BehaviorCardTest, hidesTheFilesOnTheDesktop) {
     EXPECT_TRUE(paneShell.shown);
 }
 
+TEST_F(BehaviorCardTest, tellsThatIconsStayWhereTheirSettingCannotBeKept) {
+    paneShell.isReadable = false;
+    open();
+    auto &files = named<Switch>(u"Hide Desktop files"_s);
+    const QString problem = u"Your icons stay for now: what their setting was can't be kept."_s;
+    click(files);
+    executor.runAll();
+    settle();
+    EXPECT_TRUE(paneShell.shown);
+    EXPECT_TRUE(says(problem));
+    click(files);
+    executor.runAll();
+    settle();
+    EXPECT_FALSE(says(problem));
+}
+
 TEST_F(BehaviorCardTest, namesTheUsersOwnDesktopFolder) {
     open(u"~/Schreibtisch"_s);
     EXPECT_TRUE(says(u"Hides folders and files via your file manager — they are removed, not "

@@ -44,7 +44,9 @@ class RecordingShell : public DesktopShell {
 public:
     bool canHideIcons() const override { return canHide; }
     QString name() const override { return QStringLiteral("recording"); }
-    std::optional<IconSetting> iconSetting() const override { return IconSetting{shown}; }
+    std::optional<IconSetting> iconSetting() const override {
+        return isReadable ? std::optional(IconSetting{shown}) : std::nullopt;
+    }
     ShellOutcome hideIcons() override {
         shown = false;
         return ShellOutcome::done;
@@ -59,6 +61,7 @@ public:
     }
 
     bool canHide = true;
+    bool isReadable = true;
     bool shown = true;
     int relaunches = 0;
 };

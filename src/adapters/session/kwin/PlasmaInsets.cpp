@@ -53,12 +53,11 @@ std::optional<QRectF> PlasmaInsets::usableArea(const QString &outputName, const 
 }
 
 void PlasmaInsets::askSoon() {
-    if (!std::exchange(m_isAskedSoon, true)) {
-        m_runLoop.after(kUntilFollowed, m_later.whileAlive([this] {
-            m_isAskedSoon = false;
+    m_runLoop.after(kUntilFollowed, m_later.whileAlive([this, change = ++m_lastChange] {
+        if (change == m_lastChange) {
             askForAll();
-        }));
-    }
+        }
+    }));
 }
 
 Subscription PlasmaInsets::subscribe(std::function<void()> handler) {

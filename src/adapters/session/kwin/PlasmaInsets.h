@@ -38,17 +38,16 @@ private:
     };
 
     void askForAll();
+    void askSoon();
     void ask(const QString &outputName);
     void take(const QString &outputName, const std::optional<QRectF> &area);
     void shellChanged();
-
-    void askSoon();
 
     RunLoop &m_runLoop;
     std::function<bool()> m_isShownByPlasma;
     std::map<QString, Output> m_outputs;
     ChangePublisher m_changes;
-    bool m_isAskedSoon = false;
+    int m_lastChange = 0; // of an output
     WorkOwner m_later;
     Subscription m_panels;
     BusService m_shell; // last, since it calls back

@@ -203,7 +203,7 @@ void PlasmaWallpaper::putInto(const Desktops &desktops) {
     }
     // First, since nothing else knows them once they are replaced.
     m_with.defaults.set(earlierWallpapersKey, keptWallpapers(kept));
-    if (!m_asked.empty() && !m_with.defaults.isSaved()) {
+    if (isAnyAsked(desktops) && !m_with.defaults.isSaved()) {
         finish(Problem::notKept);
         return;
     }
@@ -216,18 +216,20 @@ void PlasmaWallpaper::putInto(const Desktops &desktops) {
                           m_asked.erase(desktop.number);
                       }
                   }
-                  // A desktop that has gone meanwhile, as with its activity, is not waited for.
-                  const bool isIn =
-                      std::none_of(now.begin(), now.end(), [this](const PlasmaDesktop &desktop) {
-                          return m_asked.contains(desktop.number);
-                      });
-                  if (isIn) {
+                  if (!isAnyAsked(now)) {
                       noteShown(now);
                       finish(Problem::none);
                   } else {
                       tryAgain();
                   }
               });
+}
+
+/// Not those that have gone meanwhile, as with their activity, and may come back.
+bool PlasmaWallpaper::isAnyAsked(const Desktops &desktops) const {
+    return std::any_of(desktops.begin(), desktops.end(), [this](const PlasmaDesktop &desktop) {
+        return m_asked.contains(desktop.number);
+    });
 }
 
 void PlasmaWallpaper::noteShown(const Desktops &desktops) {

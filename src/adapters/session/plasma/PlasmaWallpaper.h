@@ -81,6 +81,7 @@ private:
     void putIn();
     void putInto(const Desktops &desktops);
     void putBack();
+    bool isAnyAsked(const Desktops &desktops) const;
     void noteShown(const Desktops &desktops);
     void runScript(const QString &script, std::function<void(const Desktops &)> done);
     void tryAgain();

@@ -37,7 +37,12 @@ WaylandFrames::WaylandFrames(wl_shm &memory, QSize size, QImage::Format format, 
     });
     m_rest.setSingleShot(true);
     m_rest.setInterval(kBurst);
-    QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [this] { dropSpare(); });
+    m_rest.setTimerType(Qt::PreciseTimer); // never early
+    QObject::connect(&m_rest, &QTimer::timeout, &m_rest, [this] {
+        if (m_now() - m_lastCommit >= kBurst) {
+            dropSpare();
+        }
+    });
 }
 
 std::unique_ptr<WaylandPixels> WaylandFrames::makeBlack() {

@@ -150,8 +150,9 @@ X11EarlierPicture::Kept X11EarlierPicture::keep(X11Connection &connection,
     if (mark(keeper.get(), record)) {
         return {nullptr, Refusal::pictureIsGone};
     }
-    // Before what a former run kept is given up. Not before there is something to retain: the
-    // server would hold on to an empty client.
+    // Before what a former run kept is given up: a kill in between costs a pixmap that nobody knows
+    // of, and no picture. Not before there is something to retain: the server would hold on to an
+    // empty client.
     setCloseDownMode(keeper.get(), XCB_CLOSE_DOWN_RETAIN_PERMANENT);
     std::unique_ptr<X11EarlierPicture> picture;
     {

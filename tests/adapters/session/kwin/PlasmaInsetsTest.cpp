@@ -102,6 +102,24 @@ TEST_F(PlasmaInsetsTest, aShellThatFollowsAChangeLateIsAskedOnceMore) {
     EXPECT_EQ(kwin.questions, 3) << "and no more after that";
 }
 
+TEST_F(PlasmaInsetsTest, theLastOfSomeChangesIsWaitedFor) {
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 800};
+    openInsets();
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 800)));
+    frame = {0, 0, 1024, 768};
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, std::nullopt));
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 800)));
+    loop.advance(1.9);
+    frame = {0, 0, 1920, 1080};
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, std::nullopt));
+    ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 800)));
+    loop.advance(1.9);
+    EXPECT_EQ(kwin.questions, 3);
+    kwin.areas[u"eDP-1"_s] = {0, 0, 1920, 1080};
+    loop.advance(0.2);
+    EXPECT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1920, 1080)));
+}
+
 TEST_F(PlasmaInsetsTest, panelsGoWithTheShellAndComeBackWithIt) {
     kwin.areas[u"eDP-1"_s] = {0, 0, 1280, 756};
     openInsets();

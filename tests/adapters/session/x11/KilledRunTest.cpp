@@ -137,6 +137,19 @@ TEST_F(KilledRunTest, theNextStartKeepsThePictureOfAProgramThatTookAnother) {
     EXPECT_TRUE(waitForPixel(kAway, Qt::darkGreen));
 }
 
+TEST_F(KilledRunTest, aPictureOfAnotherProgramThatTookTheNumberIsLeftAlone) {
+    forgetTheRun();
+    const auto another = X11Connection::open(session.display());
+    const xcb_pixmap_t foreign = xcb_generate_id(another->xcb());
+    xcb_create_pixmap(another->xcb(), 24, foreign, another->root(), 10, 10);
+    another->intern("ZEPH_TEST"); // the server knows it with the answer
+    rewriteRecord([&](EarlierPictureRecord &record) { record.kept = foreign; });
+    const auto third = X11Connection::open(session.display());
+    EXPECT_FALSE(restoreDesktopPicture(*third)) << "what was kept is gone";
+    EXPECT_EQ(client->size(foreign), QSize(10, 10));
+    EXPECT_FALSE(hasRecord());
+}
+
 TEST_F(KilledRunTest, thatOfAnotherMachineIsLeftAlone) {
     forgetTheRun();
     rewriteRecord([](EarlierPictureRecord &record) { ++record.machine; });
