@@ -114,7 +114,9 @@ TEST_F(PlasmaInsetsTest, theLastOfSomeChangesIsWaitedFor) {
     ASSERT_TRUE(waitForArea(u"eDP-1"_s, std::nullopt));
     ASSERT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1280, 800)));
     loop.advance(1.9);
-    EXPECT_EQ(kwin.questions, 3);
+    kwin.areas[u"DP-1"_s] = {0, 0, 640, 480};
+    ASSERT_TRUE(waitForArea(u"DP-1"_s, QRectF(0, 0, 640, 480))) << "asked after what is due";
+    EXPECT_EQ(kwin.questions, 4);
     kwin.areas[u"eDP-1"_s] = {0, 0, 1920, 1080};
     loop.advance(0.2);
     EXPECT_TRUE(waitForArea(u"eDP-1"_s, QRectF(0, 0, 1920, 1080)));
