@@ -10,8 +10,9 @@ namespace zeph {
 namespace {
 
 /// Choices were once stored without the connector, which is the last part of some identities, and
-/// with the whole name of the maker instead of the letters that come first. And an identity has a
-/// connector while a display is there that has the same number, and none without.
+/// with the whole name of the maker instead of the letters that come first. And of two displays
+/// with one serial number the identities have a connector, which goes when one of them is
+/// unplugged.
 bool wasOnceStoredAs(const QString &stored, const Screen &screen) {
     const QString identity = screen.persistentID.value_or(QString());
     if (stored == identity + u" @"_s + screen.connector) {

@@ -299,7 +299,7 @@ void PlasmaWallpaper::finish(Problem problem) {
     if (!isGivenUp()) {
         setProblem(problem);
     }
-    // What is given up by that leaves the desktops to their own wallpapers.
+    // Without pictures the desktops get their own wallpapers back.
     if (std::exchange(m_isStale, false) || (problem == Problem::notWritten && isToGo())) {
         follow();
     }
