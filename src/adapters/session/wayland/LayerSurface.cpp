@@ -31,7 +31,8 @@ LayerSurface::LayerSurface(const LayerTools &tools, const Screen &screen, bool i
     : m_tools(tools),
       m_screen(screen),
       m_isTransparent(isTransparent),
-      m_frames(tools.memory, screen.deviceFrame.size(), formatOf(isTransparent), tools.now,
+      m_frames(tools.display, tools.memory, screen.deviceFrame.size(), formatOf(isTransparent),
+               tools.now,
                [this] {
                    if (m_waiting) {
                        show(std::exchange(m_waiting, nullptr));

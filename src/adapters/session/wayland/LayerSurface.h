@@ -18,6 +18,7 @@ namespace zeph {
 
 /// What layer surfaces are made with; outlives them.
 struct LayerTools {
+    wl_display &display;
     wl_compositor &compositor;
     wl_shm &memory;
     zwlr_layer_shell_v1 &shell;

@@ -18,9 +18,10 @@ constexpr std::size_t kMostRetired = 2;
 
 } // namespace
 
-WaylandFrames::WaylandFrames(wl_shm &memory, QSize size, QImage::Format format, SteadyNow now,
-                             std::function<void()> becameFree)
-    : m_memory(memory),
+WaylandFrames::WaylandFrames(wl_display &display, wl_shm &memory, QSize size, QImage::Format format,
+                             SteadyNow now, std::function<void()> becameFree)
+    : m_display(display),
+      m_memory(memory),
       m_size(size),
       m_format(format),
       m_now(std::move(now)),
@@ -28,13 +29,7 @@ WaylandFrames::WaylandFrames(wl_shm &memory, QSize size, QImage::Format format, 
       m_front(makeBlack()) {
     m_patience.setSingleShot(true);
     m_patience.setInterval(kPatience);
-    QObject::connect(&m_patience, &QTimer::timeout, &m_patience, [this] {
-        m_keepsShown = true;
-        if (std::exchange(m_isAwaited, false)) {
-            giveUpSpare();
-            m_becameFree();
-        }
-    });
+    QObject::connect(&m_patience, &QTimer::timeout, &m_patience, [this] { askForAnswer(); });
     m_rest.setSingleShot(true);
     m_rest.setInterval(kBurst);
     m_rest.setTimerType(Qt::PreciseTimer); // never early
@@ -67,6 +62,25 @@ void WaylandFrames::retire(std::unique_ptr<WaylandPixels> pixels) {
     }
 }
 
+/// By its answer the compositor has seen all that was handed over, and still keeps it.
+void WaylandFrames::askForAnswer() {
+    static constexpr wl_callback_listener listener{
+        [](void *self, wl_callback * /*callback*/, std::uint32_t /*serial*/) {
+            static_cast<WaylandFrames *>(self)->noteAnswered();
+        }};
+    m_answer.reset(wl_display_sync(&m_display));
+    wl_callback_add_listener(m_answer.get(), &listener, this);
+}
+
+void WaylandFrames::noteAnswered() {
+    m_answer.reset();
+    m_keepsShown = true;
+    if (std::exchange(m_isAwaited, false)) {
+        giveUpSpare();
+        m_becameFree();
+    }
+}
+
 /// So that the next frame gets a new buffer: the wallpaper stands still where neither is ever read.
 void WaylandFrames::giveUpSpare() {
     retire(std::move(m_spare));
@@ -85,6 +99,7 @@ void WaylandFrames::resize(QSize size) {
     retire(std::move(m_front));
     retire(std::move(m_spare));
     m_patience.stop();
+    m_answer.reset();
     m_rest.stop();
     m_isAwaited = false;
     m_isShown = false;
@@ -101,7 +116,7 @@ bool WaylandFrames::canPaint() const {
 
 bool WaylandFrames::makeFree() {
     m_isAwaited = !canPaint();
-    if (m_isAwaited && !m_patience.isActive()) {
+    if (m_isAwaited && !m_patience.isActive() && !m_answer) {
         m_patience.start();
     }
     return !m_isAwaited;
@@ -185,6 +200,7 @@ void WaylandFrames::noteReleased() {
     if (m_isAwaited && canPaint()) {
         m_isAwaited = false;
         m_patience.stop();
+        m_answer.reset();
         m_becameFree();
     }
 }

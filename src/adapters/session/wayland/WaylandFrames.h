@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/session/wayland/WaylandHandle.h"
 #include "adapters/session/wayland/WaylandPixels.h"
 
 #include <QTimer>
@@ -19,13 +20,14 @@ using SteadyNow = std::function<std::chrono::steady_clock::time_point()>;
 /// The pixels of one surface, black at first. There is one buffer of them where the compositor
 /// tells soon that it has read it. One that reads for as long as the pixels are shown gets a new
 /// buffer for each frame, and the one before ends as soon as it was read; while frames follow each
-/// other fast, two take turns, and one is left soon after. Where both are held for long, a new one
-/// stands in for the older.
+/// other fast, two take turns, and one is left soon after. Where both are held for long by a
+/// compositor that answers, a new one stands in for the older; one that stands still gets none, as
+/// its queue would hold them all.
 class WaylandFrames {
 public:
     /// `becameFree` is called when pixels can be painted again after `makeFree` said no.
-    WaylandFrames(wl_shm &memory, QSize size, QImage::Format format, SteadyNow now,
-                  std::function<void()> becameFree);
+    WaylandFrames(wl_display &display, wl_shm &memory, QSize size, QImage::Format format,
+                  SteadyNow now, std::function<void()> becameFree);
 
     /// Begins anew with pixels of that size. What is held is kept until the compositor has read it.
     void resize(QSize size);
@@ -50,6 +52,8 @@ private:
     std::unique_ptr<WaylandPixels> makeBlack();
     bool canPaint() const;
     void retire(std::unique_ptr<WaylandPixels> pixels);
+    void askForAnswer();
+    void noteAnswered();
     void giveUpSpare();
     void dropSpare();
     QRegion paintOnce(const FramePainter &painter);
@@ -57,6 +61,7 @@ private:
     QRegion paintNext(const FramePainter &painter);
     void noteReleased();
 
+    wl_display &m_display;
     wl_shm &m_memory;
     QSize m_size;
     QImage::Format m_format;
@@ -68,12 +73,13 @@ private:
     std::optional<WaylandPixels::Draft> m_unshown;         // painted after `m_front`
     std::vector<std::unique_ptr<WaylandPixels>> m_retired; // done with, still being read
     std::chrono::steady_clock::time_point m_lastCommit;
-    bool m_isBurst = false;    // the last two commits followed each other fast
-    bool m_isShown = false;    // `m_front` is, as it was committed
-    bool m_keepsShown = false; // the compositor reads pixels for as long as it shows them
-    bool m_isAwaited = false;  // someone wants to paint
-    QTimer m_patience;         // runs while someone waits
-    QTimer m_rest;             // runs after a burst
+    bool m_isBurst = false;              // the last two commits followed each other fast
+    bool m_isShown = false;              // `m_front` is, as it was committed
+    bool m_keepsShown = false;           // the compositor reads pixels for as long as it shows them
+    bool m_isAwaited = false;            // someone wants to paint
+    QTimer m_patience;                   // runs while someone waits
+    WaylandHandle<wl_callback> m_answer; // awaited after that
+    QTimer m_rest;                       // runs after a burst
 };
 
 } // namespace zeph

@@ -74,10 +74,10 @@ std::unique_ptr<DesktopSurface> WaylandWindowServer::makeDesktopSurface(const Sc
         QMetaObject::invokeMethod(
             &m_context, [this] { m_wayChanges.send(); }, Qt::QueuedConnection);
     }
-    return std::make_unique<LayerSurface>(LayerTools{*m_shell.compositor, *m_shell.memory,
-                                                     *m_shell.shell, m_shell.viewporter.get(),
-                                                     m_outputs, m_shell.abilities(), m_now},
-                                          screen, wantsTransparency);
+    return std::make_unique<LayerSurface>(
+        LayerTools{*m_connection.display(), *m_shell.compositor, *m_shell.memory, *m_shell.shell,
+                   m_shell.viewporter.get(), m_outputs, m_shell.abilities(), m_now},
+        screen, wantsTransparency);
 }
 
 Subscription WaylandWindowServer::subscribeToDrawingWay(std::function<void()> handler) {

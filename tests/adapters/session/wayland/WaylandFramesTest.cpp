@@ -125,6 +125,26 @@ TEST(WaylandFrames, goOnWhereNoneIsEverReleasedAndDoNotPileUp) {
     }
 }
 
+TEST(WaylandFrames, doNotPileUpBeforeACompositorThatStandsStill) {
+    Shown shown(Release::whenReplaced);
+    shown.showLater(Qt::red); // it is known by now for one that keeps what it shows
+    shown.compositor.thread().freeze();
+    fillSurface(*shown.surface, Qt::green);
+    int painted = 0;
+    shown.surface->show([&](QImage &frame) {
+        ++painted;
+        frame.fill(Qt::white);
+        return QRegion(frame.rect());
+    });
+    bool isPatienceOver = false;
+    QTimer::singleShot(std::chrono::milliseconds(150), [&] { isPatienceOver = true; });
+    ASSERT_TRUE(waitUntil([&] { return isPatienceOver; }));
+    EXPECT_EQ(painted, 0);
+    shown.compositor.thread().thaw();
+    EXPECT_TRUE(shown.waitForShown(Qt::white));
+    EXPECT_EQ(painted, 1);
+}
+
 TEST(WaylandFrames, keepTheirPixelsInABufferThatReplacesAHeldOne) {
     Shown shown(Release::never);
     QImage expected = plainImage({400, 300}, Qt::blue);
