@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cmath>
 #include <compare>
 
 namespace zeph {
@@ -18,6 +19,13 @@ struct Date {
         return secondsSince1970 - other.secondsSince1970;
     }
 };
+
+/// How far two instants are apart, whichever comes first. By this the age of what was read is told:
+/// a clock that was set back far makes it old too, where a difference below zero would keep it
+/// fresh until the clock has caught up.
+inline double secondsApart(Date one, Date other) {
+    return std::abs(one - other);
+}
 
 /// Seconds from 1970 to 2001-01-01 00:00:00 UTC, the origin of dates in stored JSON.
 inline constexpr double referenceDateSince1970 = 978307200.0;

@@ -40,8 +40,8 @@ void AmbientFeeds::fetchDaily() {
 
 void AmbientFeeds::maybeFetchWeather() {
     const auto &position = m_location.coordinate();
-    const bool isRecent =
-        m_lastWeatherFetch && m_platform.clock.now() - *m_lastWeatherFetch < weatherInterval;
+    const bool isRecent = m_lastWeatherFetch && secondsApart(m_platform.clock.now(),
+                                                             *m_lastWeatherFetch) < weatherInterval;
     if (position && !isRecent) {
         fetchWeather(*position, false);
     }

@@ -229,6 +229,21 @@ TEST_F(AmbientFeedsTest, theAirIsReadWhileItsWidgetIsOnAndServedForHalfAnHour) {
     EXPECT_EQ(airRequests(), 1);
 }
 
+TEST_F(AmbientFeedsTest, weatherAndAirAreAskedForAgainAfterTheClockWasSetBackFar) {
+    turnOn(WidgetKind::airQuality);
+    makeCoordinator().start();
+    findPosition();
+    loop.advance(45);
+    settle();
+    ASSERT_EQ(weatherRequests(), 1);
+    ASSERT_EQ(airRequests(), 1);
+    clock.advance(-7200);
+    loop.advance(45);
+    settle();
+    EXPECT_EQ(weatherRequests(), 2);
+    EXPECT_EQ(airRequests(), 2);
+}
+
 TEST_F(AmbientFeedsTest, aFailedReadingLeavesTheOldOneInPlace) {
     turnOn(WidgetKind::airQuality);
     makeCoordinator().start();

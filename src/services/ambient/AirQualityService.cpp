@@ -51,7 +51,7 @@ QString AirQualityService::address(const Coordinate &position) const {
 }
 
 void AirQualityService::fetch(const Coordinate &position, Completion completion) {
-    if (const auto &last = *m_last; last && m_clock.now() - last->updated < freshFor) {
+    if (const auto &last = *m_last; last && secondsApart(m_clock.now(), last->updated) < freshFor) {
         completion(last);
         return;
     }

@@ -58,7 +58,8 @@ HttpRequest WeatherService::request(const QString &root, const Coordinate &posit
 
 void WeatherService::fetch(const Coordinate &position, const std::optional<QString> &placeName,
                            bool force, Completion completion) {
-    if (const auto &last = *m_last; !force && last && m_clock.now() - last->updated < freshFor) {
+    if (const auto &last = *m_last;
+        !force && last && secondsApart(m_clock.now(), last->updated) < freshFor) {
         completion(last);
         return;
     }
