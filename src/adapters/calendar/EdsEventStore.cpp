@@ -2,13 +2,10 @@
 #include "adapters/calendar/EdsEventStore.h"
 
 #include "adapters/calendar/EdsWorker.h"
+#include "adapters/plugin/PluginFile.h"
 #include "ports/Calendar.h"
 #include "ports/Clock.h"
 #include "ports/RunLoop.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 
 #include <algorithm>
 #include <chrono>
@@ -38,14 +35,14 @@ bool overlaps(const EdsOccurrence &occurrence, Date start, Date end) {
 } // namespace
 
 EdsEventStore::EdsEventStore(const Clock &clock, const Calendar &calendar, RunLoop &runLoop,
-                             Consent &eventsConsent, Consent &remindersConsent, QString pluginPath,
-                             const EdsPacing &pacing)
+                             Consent &eventsConsent, Consent &remindersConsent,
+                             const QString &pluginPath, const EdsPacing &pacing)
     : m_clock(clock),
       m_calendar(calendar),
       m_runLoop(runLoop),
       m_eventsConsent(eventsConsent),
       m_remindersConsent(remindersConsent),
-      m_pluginPath(std::move(pluginPath)),
+      m_plugin(std::make_shared<PluginFile>(pluginPath)),
       m_pacing(pacing),
       m_eventsConsentChanges(
           eventsConsent.subscribe([this] { consentChanged(EntityType::event); })),
@@ -61,11 +58,7 @@ bool EdsEventStore::finish(std::chrono::milliseconds patience) {
 }
 
 QString EdsEventStore::installedPlugin() {
-    const QDir folder(QCoreApplication::applicationDirPath());
-    const QString beside = folder.filePath(QStringLiteral(ZEPH_EDS_PLUGIN_FILE));
-    return QFileInfo::exists(beside)
-               ? beside
-               : folder.filePath(QStringLiteral(ZEPH_EDS_PLUGIN_PATH "/" ZEPH_EDS_PLUGIN_FILE));
+    return PluginFile::installed(QStringLiteral("zeph-eds.so"));
 }
 
 Consent &EdsEventStore::consentTo(EntityType type) {
@@ -122,7 +115,7 @@ void EdsEventStore::submit(EdsQuery query) {
     if (!m_worker) {
         m_roundBegan = m_clock.now();
         m_worker = std::make_unique<EdsWorker>(
-            m_runLoop, m_pluginPath, m_pacing,
+            m_runLoop, m_plugin, m_pacing,
             EdsHandlers{[this](EdsEvents events) { takeEvents(std::move(events)); },
                         [this](const std::vector<EdsTask> &tasks) { takeTasks(tasks); }});
     }
@@ -142,8 +135,8 @@ EdsQuery EdsEventStore::currentQuery() {
 
 /// True when an answer is overdue, or the last one so old that it should be checked.
 bool EdsEventStore::isOutdated(const std::optional<Date> &readAt) const {
-    const double sinceRound = m_clock.now() - m_roundBegan;
-    return readAt ? m_clock.now() - *readAt > refreshAge && sinceRound > answerPatience
+    const double sinceRound = secondsApart(m_clock.now(), m_roundBegan);
+    return readAt ? secondsApart(m_clock.now(), *readAt) > refreshAge && sinceRound > answerPatience
                   : sinceRound > answerPatience;
 }
 

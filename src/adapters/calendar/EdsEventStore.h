@@ -15,6 +15,7 @@ namespace zeph {
 class Calendar;
 class Clock;
 class EdsWorker;
+class PluginFile;
 class RunLoop;
 
 /// The calendars and task lists of Evolution Data Server, behind two consents of our own. Before
@@ -27,7 +28,7 @@ public:
     /// `calendar` tells where days begin. Everything given outlives this.
     EdsEventStore(const Clock &clock, const Calendar &calendar, RunLoop &runLoop,
                   Consent &eventsConsent, Consent &remindersConsent,
-                  QString pluginPath = installedPlugin(), const EdsPacing &pacing = {});
+                  const QString &pluginPath = installedPlugin(), const EdsPacing &pacing = {});
     ~EdsEventStore() override;
 
     /// Ends the reading for good and waits for its thread; false when that takes longer, as with
@@ -71,7 +72,7 @@ private:
     RunLoop &m_runLoop;
     Consent &m_eventsConsent;
     Consent &m_remindersConsent;
-    QString m_pluginPath;
+    std::shared_ptr<PluginFile> m_plugin; // shared with the worker, which may end later
     EdsPacing m_pacing;
     std::optional<SystemZone> m_zone; // found out at the first question
     ChangePublisher m_changes;

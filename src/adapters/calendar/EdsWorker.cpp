@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "adapters/calendar/EdsWorker.h"
 
+#include "adapters/plugin/PluginFile.h"
 #include "base/StartedThread.h"
 #include "ports/RunLoop.h"
 
-#include <QFile>
-
-#include <dlfcn.h>
 #include <pthread.h>
 
 #include <condition_variable>
@@ -16,25 +14,14 @@
 
 namespace zeph {
 
-namespace {
-
-MakeEdsSession loadPlugin(const QByteArray &path) {
-    // The libraries behind it register types that can't be taken back, so it is never unloaded.
-    void *const plugin = dlopen(path.constData(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-    void *const made = plugin == nullptr ? nullptr : dlsym(plugin, "zephMakeEdsSession");
-    return reinterpret_cast<MakeEdsSession>(made);
-}
-
-} // namespace
-
 /// What the main thread and the worker's thread share.
 class EdsWorker::Link : public EdsReport, public std::enable_shared_from_this<Link> {
 public:
     Link(RunLoop &runLoop, EdsHandlers handlers)
         : m_runLoop(&runLoop), m_handlers(std::move(handlers)) {}
 
-    void run(const QByteArray &pluginPath, const EdsPacing &pacing) {
-        const MakeEdsSession make = loadPlugin(pluginPath);
+    void run(PluginFile &plugin, const EdsPacing &pacing) {
+        const auto make = plugin.function<MakeEdsSession>("zephMakeEdsSession");
         if (make != nullptr) {
             const std::unique_ptr<EdsSession> session(make(*this, pacing));
             if (enter(*session)) {
@@ -128,11 +115,11 @@ private:
     EdsHandlers m_handlers; // used on the main thread only
 };
 
-EdsWorker::EdsWorker(RunLoop &runLoop, const QString &pluginPath, const EdsPacing &pacing,
+EdsWorker::EdsWorker(RunLoop &runLoop, std::shared_ptr<PluginFile> plugin, const EdsPacing &pacing,
                      EdsHandlers handlers)
     : m_link(std::make_shared<Link>(runLoop, std::move(handlers))) {
     auto thread = startedThread(
-        [link = m_link, path = QFile::encodeName(pluginPath), pacing] { link->run(path, pacing); });
+        [link = m_link, plugin = std::move(plugin), pacing] { link->run(*plugin, pacing); });
     if (!thread) {
         m_link->end(); // the next worker tries it again
         return;

@@ -3,14 +3,13 @@
 
 #include "adapters/calendar/EdsSession.h"
 
-#include <QString>
-
 #include <chrono>
 #include <functional>
 #include <memory>
 
 namespace zeph {
 
+class PluginFile;
 class RunLoop;
 
 /// Called on the main thread with what the plug-in read.
@@ -23,7 +22,7 @@ struct EdsHandlers {
 /// main thread may be held. A plug-in that is not there or can't be loaded never answers.
 class EdsWorker {
 public:
-    EdsWorker(RunLoop &runLoop, const QString &pluginPath, const EdsPacing &pacing,
+    EdsWorker(RunLoop &runLoop, std::shared_ptr<PluginFile> plugin, const EdsPacing &pacing,
               EdsHandlers handlers);
 
     /// Ends the reading and returns at once; from then on no handler is called. The thread ends

@@ -4,37 +4,18 @@
 #include "adapters/secret/SecretPlugin.h"
 #include "base/Log.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-
 #include <dlfcn.h>
 
 #include <utility>
 
 namespace zeph {
 
-namespace {
-
-MakeSecretStore loadPlugin(const QString &path) {
-    // The libraries behind it register types that can't be taken back, so it is never unloaded.
-    void *const plugin = ::dlopen(QFile::encodeName(path).constData(), RTLD_NOW | RTLD_NODELETE);
-    void *const made = plugin == nullptr ? nullptr : ::dlsym(plugin, "zephMakeSecretStore");
-    return reinterpret_cast<MakeSecretStore>(made);
-}
-
-} // namespace
-
-PluggedSecretStore::PluggedSecretStore(QString pluginPath) : m_pluginPath(std::move(pluginPath)) {}
+PluggedSecretStore::PluggedSecretStore(const QString &pluginPath) : m_plugin(pluginPath) {}
 
 PluggedSecretStore::~PluggedSecretStore() = default;
 
 QString PluggedSecretStore::installedPlugin() {
-    const QDir folder(QCoreApplication::applicationDirPath());
-    const QString beside = folder.filePath(QStringLiteral(ZEPH_SECRET_PLUGIN_FILE));
-    return QFile::exists(beside) ? beside
-                                 : folder.filePath(QStringLiteral(ZEPH_SECRET_PLUGIN_PATH
-                                                                  "/" ZEPH_SECRET_PLUGIN_FILE));
+    return PluginFile::installed(QStringLiteral("zeph-secret.so"));
 }
 
 SecretOutcome PluggedSecretStore::add(const QString &service, const QString &account,
@@ -72,7 +53,7 @@ void PluggedSecretStore::cancelAll() {
 SecureStore *PluggedSecretStore::loaded() {
     const std::scoped_lock lock(m_mutex);
     if (!m_store && !m_isCancelled) {
-        const MakeSecretStore make = loadPlugin(m_pluginPath);
+        const auto make = m_plugin.function<MakeSecretStore>("zephMakeSecretStore");
         if (make == nullptr) {
             if (!std::exchange(m_isComplained, true)) {
                 const char *const reason = dlerror();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/plugin/PluginFile.h"
 #include "ports/SecureStore.h"
 
 #include <QString>
@@ -18,10 +19,10 @@ class CancellableStore;
 /// plug-in nothing is available; the next secret tries anew.
 class PluggedSecretStore : public SecureStore {
 public:
-    explicit PluggedSecretStore(QString pluginPath = installedPlugin());
+    explicit PluggedSecretStore(const QString &pluginPath = installedPlugin());
     ~PluggedSecretStore() override;
 
-    /// The plug-in beside the executable, else in the library folder of the installation.
+    /// See `PluginFile::installed`.
     static QString installedPlugin();
 
     SecretOutcome add(const QString &service, const QString &account,
@@ -38,8 +39,8 @@ public:
 private:
     SecureStore *loaded();
 
-    QString m_pluginPath;
     std::mutex m_mutex; // of what follows; never held across a wait for the service
+    PluginFile m_plugin;
     bool m_isCancelled = false;
     bool m_isComplained = false; // that there is no plug-in
     std::unique_ptr<CancellableStore> m_store;

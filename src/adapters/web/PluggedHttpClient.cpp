@@ -3,29 +3,14 @@
 
 #include "adapters/web/HttpPlugin.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-
-#include <dlfcn.h>
+#include <utility>
 
 namespace zeph {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-MakeHttpClient loadPlugin(const QString &path) {
-    // Look-ups that hang are left behind on threads of their own, so it is never unloaded.
-    void *const plugin = dlopen(QFile::encodeName(path).constData(), RTLD_NOW | RTLD_NODELETE);
-    void *const made = plugin == nullptr ? nullptr : dlsym(plugin, "zephMakeHttpClient");
-    return reinterpret_cast<MakeHttpClient>(made);
-}
-
-} // namespace
-
-PluggedHttpClient::PluggedHttpClient(HttpOptions options, QString pluginPath)
-    : m_options(std::move(options)), m_pluginPath(std::move(pluginPath)) {
+PluggedHttpClient::PluggedHttpClient(HttpOptions options, const QString &pluginPath)
+    : m_options(std::move(options)), m_plugin(pluginPath) {
     qunsetenv("SSLKEYLOGFILE");
 }
 
@@ -36,11 +21,7 @@ HttpOptions PluggedHttpClient::programOptions() {
 }
 
 QString PluggedHttpClient::installedPlugin() {
-    const QDir folder(QCoreApplication::applicationDirPath());
-    const QString beside = folder.filePath(QStringLiteral(ZEPH_HTTP_PLUGIN_FILE));
-    return QFile::exists(beside)
-               ? beside
-               : folder.filePath(QStringLiteral(ZEPH_HTTP_PLUGIN_PATH "/" ZEPH_HTTP_PLUGIN_FILE));
+    return PluginFile::installed(u"zeph-http.so"_s);
 }
 
 HttpResponse PluggedHttpClient::send(const HttpRequest &request) {
@@ -61,7 +42,7 @@ HttpClient &PluggedHttpClient::loaded() {
         throw TransportError(u"The request was cancelled."_s);
     }
     if (!m_client) {
-        const MakeHttpClient make = loadPlugin(m_pluginPath);
+        const auto make = m_plugin.function<MakeHttpClient>("zephMakeHttpClient");
         if (make == nullptr) {
             throw TransportError(u"The network library could not be loaded."_s);
         }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "adapters/plugin/PluginFile.h"
 #include "adapters/web/HttpOptions.h"
 #include "ports/HttpClient.h"
 
@@ -18,12 +19,12 @@ public:
     /// Made before other threads read the environment, from which it takes the variable that would
     /// have the keys of all connections written to a file.
     explicit PluggedHttpClient(HttpOptions options = programOptions(),
-                               QString pluginPath = installedPlugin());
+                               const QString &pluginPath = installedPlugin());
 
     /// With the name and version of the program for who asks.
     static HttpOptions programOptions();
 
-    /// The plug-in beside the executable, else in the library folder of the installation.
+    /// See `PluginFile::installed`.
     static QString installedPlugin();
 
     /// Throws `TransportError` when the plug-in can't be loaded, too; the next request tries anew.
@@ -34,8 +35,8 @@ private:
     HttpClient &loaded();
 
     HttpOptions m_options;
-    QString m_pluginPath;
     std::mutex m_mutex; // of what follows; never held across a request
+    PluginFile m_plugin;
     bool m_isCancelled = false;
     std::unique_ptr<HttpClient> m_client;
 };
