@@ -51,6 +51,10 @@ public:
 
     /// Removes every entry of that service and account; nothing to remove is no failure.
     virtual SecretOutcome remove(const QString &service, const QString &account) = 0;
+
+    /// A person wants what is kept: the next read may bring up a prompt that was dismissed before.
+    /// Reads that nobody asked for leave a dismissed prompt alone.
+    virtual void askAgain() = 0;
 };
 
 } // namespace zeph

@@ -32,8 +32,9 @@ public:
         const std::lock_guard guard(m_mutex);
         const auto found =
             std::find_if(m_entries.begin(), m_entries.end(), matcher(service, account));
-        const bool isFound = m_outcome == SecretOutcome::done && found != m_entries.end();
-        return {m_outcome, isFound ? found->item.data : std::nullopt};
+        const auto outcome = m_isDismissed ? SecretOutcome::refused : m_outcome;
+        const bool isFound = outcome == SecretOutcome::done && found != m_entries.end();
+        return {outcome, isFound ? found->item.data : std::nullopt};
     }
 
     SecretAnswer<std::vector<SecureItem>> copyAll(const QString &service) override {
@@ -55,6 +56,17 @@ public:
             std::erase_if(m_entries, matcher(service, account));
         }
         return m_outcome;
+    }
+
+    void askAgain() override {
+        const std::lock_guard guard(m_mutex);
+        m_isDismissed = false;
+    }
+
+    /// A person closed the prompt: reads are refused until `askAgain`, whatever is to be answered.
+    void dismiss() {
+        const std::lock_guard guard(m_mutex);
+        m_isDismissed = true;
     }
 
     /// Puts an entry there as another program would.
@@ -118,6 +130,7 @@ private:
     QStringList m_calls;
     std::function<void(const QString &)> m_hook;
     SecretOutcome m_outcome = SecretOutcome::done;
+    bool m_isDismissed = false;
 };
 
 } // namespace zeph

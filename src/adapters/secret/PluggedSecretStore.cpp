@@ -41,6 +41,12 @@ SecretOutcome PluggedSecretStore::remove(const QString &service, const QString &
     return store == nullptr ? SecretOutcome::unavailable : store->remove(service, account);
 }
 
+void PluggedSecretStore::askAgain() {
+    if (SecureStore *const store = loaded()) {
+        store->askAgain();
+    }
+}
+
 void PluggedSecretStore::cancelAll() {
     const std::scoped_lock lock(m_mutex);
     m_isCancelled = true;

@@ -31,6 +31,7 @@ public:
                                                  const QString &account) override;
     SecretAnswer<std::vector<SecureItem>> copyAll(const QString &service) override;
     SecretOutcome remove(const QString &service, const QString &account) override;
+    void askAgain() override;
 
     /// Ends every wait at once, a prompt that stands open included; from now on nothing is
     /// available. For the end of the process. Any thread.

@@ -147,6 +147,10 @@ SecretOutcome SecretServiceStore::remove(const QString &service, const QString &
     return m_worker->run([=](SecretVault &vault) { return vault.remove(service, account); });
 }
 
+void SecretServiceStore::askAgain() {
+    m_worker->wait([](SecretVault &vault) { vault.askAgain(); });
+}
+
 void SecretServiceStore::cancelAll() {
     m_worker->cancel();
 }

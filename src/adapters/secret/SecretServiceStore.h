@@ -18,7 +18,7 @@ struct SecretServiceLimits {
 /// of our own schema with the attributes `service` and `account`. Operations are carried out one
 /// after the other on a thread that begins with the first of them; callers wait. A locked
 /// collection is unlocked by the service's own prompt; once a person closed it, reading does not
-/// bring it up again until the program ends or writing has unlocked the collection. Callable from
+/// bring it up again until `askAgain`, or writing has unlocked the collection. Callable from
 /// any thread, but from the main thread only where a wait does no harm.
 class SecretServiceStore : public CancellableStore {
 public:
@@ -33,6 +33,7 @@ public:
                                                  const QString &account) override;
     SecretAnswer<std::vector<SecureItem>> copyAll(const QString &service) override;
     SecretOutcome remove(const QString &service, const QString &account) override;
+    void askAgain() override;
 
     /// A prompt that stands open is ended, too. For the end of the process.
     void cancelAll() override;

@@ -18,6 +18,7 @@ public:
     SecretAnswer<std::optional<QByteArray>> copy(const QString &service, const QString &account);
     SecretAnswer<std::vector<SecureItem>> copyAll(const QString &service);
     SecretOutcome remove(const QString &service, const QString &account);
+    void askAgain() { m_wasRefused = false; }
 
 private:
     /// A conversation with the service; its end closes it.

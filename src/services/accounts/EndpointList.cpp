@@ -64,19 +64,25 @@ void EndpointList::loadAtLaunch() {
     }
 }
 
-void EndpointList::load() {
+void EndpointList::read(bool isWanted) {
     if (isLoaded() || std::exchange(m_isLoading, true)) {
         return;
     }
     const auto loaded = std::make_shared<Configs>();
-    m_queue.run([&keychain = m_keychain, loaded] { return readEndpoints(keychain, *loaded); },
-                [this, loaded](SecretOutcome outcome) {
-                    m_isLoading = false;
-                    m_loaded = outcome;
-                    if (outcome == SecretOutcome::done) {
-                        take(std::move(*loaded));
-                    }
-                });
+    m_queue.run(
+        [&keychain = m_keychain, isWanted, loaded] {
+            if (isWanted) {
+                keychain.askAgain();
+            }
+            return readEndpoints(keychain, *loaded);
+        },
+        [this, loaded](SecretOutcome outcome) {
+            m_isLoading = false;
+            m_loaded = outcome;
+            if (outcome == SecretOutcome::done) {
+                take(std::move(*loaded));
+            }
+        });
 }
 
 void EndpointList::take(Configs loaded) {
@@ -120,7 +126,7 @@ void EndpointList::remove(const QUuid &id, SecretDone done) {
 void EndpointList::edit(const std::function<void(Configs &)> &change, SecretDone done) {
     if (!isLoaded()) {
         // What is kept must not be overwritten by a list that lacks it.
-        load();
+        open();
         m_runLoop.post(m_owner.whileAlive([done = std::move(done), outcome = m_loaded] {
             if (done) {
                 done(outcome);

@@ -41,7 +41,11 @@ public:
     void loadAtLaunch();
 
     /// Reads them unless that is done or under way.
-    void load();
+    void load() { read(false); }
+
+    /// The same for a person who wants them: a prompt of the keyring that was dismissed comes up
+    /// once more.
+    void open() { read(true); }
 
     /// Replaces those with their ids and appends the others.
     void upsert(const std::vector<CustomAPIConfig> &configs, SecretDone done);
@@ -64,6 +68,7 @@ private:
         int writes; ///< how many there were before it: none of them has written it
     };
 
+    void read(bool isWanted);
     void take(Configs loaded);
     void edit(const std::function<void(Configs &)> &change, SecretDone done);
     void write(SecretDone done);

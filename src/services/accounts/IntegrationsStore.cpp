@@ -161,6 +161,15 @@ std::optional<bool> IntegrationsStore::isSecretKept(const QUuid &id) const {
     return m_defaults.get<bool>(secretKeptKey(id));
 }
 
+bool IntegrationsStore::mayKeepSecret(const QUuid &id) const {
+    const bool isAccount =
+        m_removed.count(id) > 0 || placeOf(m_connections, id) != m_connections.end();
+    const bool isMoving = std::any_of(m_pending.moves.begin(), m_pending.moves.end(),
+                                      [&id](const auto &move) { return move.second == id; });
+    return !isAccount || isMoving || m_pending.erasures.count(id) > 0 ||
+           (hasSecret(id) && isSecretKept(id).value_or(true));
+}
+
 bool IntegrationsStore::isReady(const IntegrationConnection &connection) const {
     const bool hasExtra = !withoutOuterBlanks(connection.extra.value_or(QString())).isEmpty();
     return hasSecret(connection.id) && (hasExtra || !providers::needsValue(connection.provider));

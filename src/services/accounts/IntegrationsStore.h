@@ -90,6 +90,10 @@ public:
     /// Reads the custom endpoints unless that is done or under way; it may have been refused.
     void loadCustomAPIs() { m_endpoints.load(); }
 
+    /// The same for a person who wants them: a prompt of the keyring that was dismissed comes up
+    /// once more.
+    void openCustomAPIs() { m_endpoints.open(); }
+
     /// Replaces the endpoint with that id, or appends it. Until the endpoints are loaded the list
     /// stays as it is, and `done` is told why.
     void upsertCustomAPI(const CustomAPIConfig &config, SecretDone done = {});
@@ -108,6 +112,10 @@ public:
     /// Whether the keyring was given a secret for the account; absent for an account that an
     /// earlier version connected. Never asks the keychain.
     std::optional<bool> isSecretKept(const QUuid &id) const;
+
+    /// Whether the keyring may have something of the account or endpoint, one that was removed for
+    /// now included. Never asks the keychain.
+    bool mayKeepSecret(const QUuid &id) const;
 
     /// Whether the account has all that its service needs; it may be switched off all the same.
     /// Any thread; never asks the keychain.

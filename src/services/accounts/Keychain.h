@@ -37,6 +37,9 @@ public:
     /// others wait, so that none can write a new secret that the move then overwrites.
     void migrateLegacyServiceIfNeeded();
 
+    /// A person wants what is kept: the next read may bring up a prompt that was dismissed before.
+    void askAgain() { m_store.askAgain(); }
+
     /// The process ends: a move under way is left to the next launch.
     void close() { m_isClosed = true; }
 

@@ -120,7 +120,7 @@ void CardsPage::addLockedLine() {
     row->addWidget(line, 1);
     row->addWidget(m_openKeyring);
     connect(m_openKeyring, &QPushButton::clicked, this,
-            [this] { context().integrations.loadCustomAPIs(); });
+            [this] { context().integrations.openCustomAPIs(); });
     add(m_locked, 0);
 }
 

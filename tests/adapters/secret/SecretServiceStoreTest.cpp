@@ -196,6 +196,20 @@ TEST_F(SecretServiceStoreTest, aRefusedPromptIsNotRepeatedByReading) {
     EXPECT_EQ(prompter.shown(), 3);
 }
 
+TEST_F(SecretServiceStoreTest, aRefusedPromptComesUpAgainForWhoWantsIt) {
+    server.start();
+    add("sk");
+    server.kill();
+    server.startLocked();
+    const FakePrompter prompter(server.bus(), FakePrompter::Person::refuses);
+    EXPECT_EQ(copy(), std::nullopt);
+    store.askAgain();
+    EXPECT_EQ(prompter.shown(), 1) << "not before something is read";
+    EXPECT_EQ(copy(), std::nullopt);
+    EXPECT_EQ(copy(), std::nullopt);
+    EXPECT_EQ(prompter.shown(), 2) << "once";
+}
+
 TEST_F(SecretServiceStoreTest, whoRefusesToMakeTheFirstCollectionRefusesTheSecret) {
     server.startLocked();
     const FakePrompter prompter(server.bus(), FakePrompter::Person::refuses);
