@@ -149,11 +149,13 @@ void IntegrationsPane::leave() {
 
 void IntegrationsPane::offerUndo(const QUuid &id, const QString &title) {
     IntegrationsStore &store = m_context.integrations;
+    SecretDone told;
+    if (store.mayKeepSecret(id)) {
+        told = m_owner.whileAlive([this](SecretOutcome outcome) { tellRemoval(outcome); });
+    }
     m_undo->offer().offer(
         title, [&store, id] { store.restore(id); },
-        [&store, id, told = m_owner.whileAlive([this](SecretOutcome outcome) {
-            tellRemoval(outcome);
-        })] { store.settle(id, told); });
+        [&store, id, told = std::move(told)] { store.settle(id, told); });
     m_undo->button()->setFocus(Qt::OtherFocusReason);
 }
 

@@ -3,6 +3,7 @@
 
 #include "base/Background.h"
 #include "base/WholeFile.h"
+#include "services/accounts/IntegrationsStore.h"
 #include "services/transfer/SettingsFile.h"
 #include "ui/controls/Look.h"
 #include "ui/controls/PillButton.h"
@@ -108,16 +109,24 @@ void SettingsFileCard::askWhereFrom() {
 
 void SettingsFileCard::exportTo(const QString &path) {
     const QByteArray bytes = SettingsFile::exported(m_context.preferences, m_context.integrations);
+    const bool isWhole = m_context.integrations.areCustomAPIsLoaded();
     m_files.run(
         m_owner, [path, bytes] { return writeFile(path, bytes); },
-        [this, path](bool isWritten) {
-            const QString name = QFileInfo(path).fileName();
-            if (isWritten) {
-                m_status->show(StatusLine::Kind::ok, u"Exported to %1."_s.arg(name));
-            } else {
-                m_status->show(StatusLine::Kind::error, u"%1 could not be written."_s.arg(name));
-            }
+        [this, path, isWhole](bool isWritten) {
+            tellExport(QFileInfo(path).fileName(), isWritten, isWhole);
         });
+}
+
+void SettingsFileCard::tellExport(const QString &name, bool isWritten, bool isWhole) {
+    if (!isWritten) {
+        m_status->show(StatusLine::Kind::error, u"%1 could not be written."_s.arg(name));
+    } else if (!isWhole) {
+        m_status->show(
+            StatusLine::Kind::hint,
+            u"Exported to %1, without custom endpoints, since the keyring is locked."_s.arg(name));
+    } else {
+        m_status->show(StatusLine::Kind::ok, u"Exported to %1."_s.arg(name));
+    }
 }
 
 void SettingsFileCard::importFrom(const QString &path) {

@@ -37,6 +37,7 @@ private:
     QWidget *makeButtons();
     void askWhereTo();
     void askWhereFrom();
+    void tellExport(const QString &name, bool isWritten, bool isWhole);
     void take(const std::optional<QByteArray> &bytes);
 
     SettingsContext m_context;

@@ -57,6 +57,44 @@ TEST_F(AccountRemovalTest, aKeyThatCouldNotBeErasedIsTold) {
                       "when Tavi starts again."_s));
 }
 
+TEST_F(AccountRemovalTest, anAccountThatNeverHadAKeyGoesWithoutAWordOfOne) {
+    open();
+    const auto tells = [this] {
+        return shows(u"It is removed here. The keyring could not be opened, so its key is erased "
+                     "when Tavi starts again."_s);
+    };
+    addAccount(u"reddit"_s);
+    type(u"Username"_s, u"brindle"_s);
+    press(u"Save & connect"_s);
+    settle();
+    secrets.answer(SecretOutcome::unavailable);
+    press(u"Remove"_s);
+    loop.advance(8.1);
+    settle();
+    EXPECT_FALSE(tells());
+    addAccount(u"stripe"_s); // and is not saved
+    press(u"Remove"_s);
+    loop.advance(8.1);
+    settle();
+    EXPECT_FALSE(tells());
+    EXPECT_THAT(store->connections(), IsEmpty());
+}
+
+TEST_F(AccountRemovalTest, aKeyThatWasToBeErasedBeforeIsTold) {
+    const auto id = connect(u"github"_s, u"gho"_s).id;
+    open();
+    secrets.answer(SecretOutcome::refused);
+    store->setSecret(std::nullopt, id);
+    settle();
+    store->markReady(id);
+    showAccount(stored(id));
+    press(u"Remove"_s);
+    loop.advance(8.1);
+    settle();
+    EXPECT_TRUE(shows(u"It is removed here. The keyring could not be opened, so its key is erased "
+                      "when Tavi starts again."_s));
+}
+
 TEST_F(AccountRemovalTest, tellsThatTheAccountIsGoneAndComesBackWithIt) {
     const auto id = connect(u"stripe"_s, u"sk"_s).id;
     open();

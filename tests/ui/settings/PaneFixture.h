@@ -95,11 +95,12 @@ protected:
     PaneFixture() { m_column.setContentsMargins(20, 20, 20, 20); }
     ~PaneFixture() override { window.hide(); }
 
-    /// The machine's part of the settings, as the tests play it.
-    SettingsContext paneContext() {
+    /// The machine's part of the settings, as the tests play it, with `store` where one is
+    /// told.
+    SettingsContext paneContext(IntegrationsStore *store = nullptr) {
         SettingsContext known = context();
         return {.preferences = known.preferences,
-                .integrations = known.integrations,
+                .integrations = store == nullptr ? known.integrations : *store,
                 .state = known.state,
                 .defaults = known.defaults,
                 .notifications = known.notifications,

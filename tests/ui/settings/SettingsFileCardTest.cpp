@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/settings/SettingsFileCard.h"
 
+#include "services/accounts/AccountKeys.h"
 #include "services/transfer/SettingsFile.h"
 #include "ui/controls/PillButton.h"
 #include "ui/controls/StatusLine.h"
@@ -63,6 +64,26 @@ TEST_F(SettingsFileCardTest, tellsThatAFileCouldNotBeWritten) {
     open().exportTo(path(u"missing/settings.json"_s));
     finish();
     EXPECT_EQ(told(), std::pair(StatusLine::Kind::error, u"settings.json could not be written."_s));
+}
+
+TEST_F(SettingsFileCardTest, tellsThatEndpointsInALockedKeyringAreNotInTheFile) {
+    defaults.set(endpointsExistKey(), true);
+    secrets.answer(SecretOutcome::refused);
+    IntegrationsStore locked(defaults, keychain, notificationCenter, loop, executor);
+    finish();
+    SettingsFileCard &card = show(new SettingsFileCard(paneContext(&locked), background));
+    card.exportTo(path());
+    finish();
+    EXPECT_EQ(told(), std::pair(StatusLine::Kind::hint,
+                                u"Exported to settings.json, without custom endpoints, since the "
+                                "keyring is locked."_s));
+    secrets.answer(SecretOutcome::done);
+    locked.loadCustomAPIs();
+    finish();
+    card.exportTo(path());
+    finish();
+    EXPECT_EQ(told(), std::pair(StatusLine::Kind::ok, u"Exported to settings.json."_s));
+    delete &card;
 }
 
 TEST_F(SettingsFileCardTest, importsWhatWasExported) {
