@@ -12,6 +12,7 @@ public:
     explicit CalendarSheet(QWidget &owner);
 
     void setToday(QDate today) { m_today = today; }
+    QDate today() const { return m_today; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

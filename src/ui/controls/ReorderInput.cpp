@@ -36,6 +36,13 @@ bool ReorderList::event(QEvent *event) {
     return QListWidget::event(event);
 }
 
+void ReorderList::focusInEvent(QFocusEvent *event) {
+    QListWidget::focusInEvent(event);
+    if (event->reason() != Qt::MouseFocusReason) {
+        revealCurrent();
+    }
+}
+
 void ReorderList::focusOutEvent(QFocusEvent *event) {
     if (m_hand && !m_hand->isByMouse) {
         putBack();
@@ -89,6 +96,7 @@ void ReorderList::keyPressEvent(QKeyEvent *event) {
         return;
     }
     QListWidget::keyPressEvent(event);
+    revealCurrent();
     viewport()->update();
 }
 

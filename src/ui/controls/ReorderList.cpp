@@ -22,6 +22,7 @@ namespace {
 constexpr double reorderRowHeight = 42;
 constexpr double reorderWidth = 290;
 constexpr int leastRowsSeen = 3;
+constexpr double roomBesideRow = 24; // of one that is scrolled into view
 constexpr std::chrono::milliseconds makingRoom(160);
 constexpr std::chrono::milliseconds edgeTick(16);
 
@@ -36,7 +37,7 @@ ReorderList::ReorderList(QWidget *parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     verticalScrollBar()->setSingleStep(rowHeight() / 2);
-    setAutoScroll(false); // its own is done below
+    setAutoScroll(false); // it would scroll at a press, too
     setUniformItemSizes(true);
     setMouseTracking(true);
     viewport()->setAutoFillBackground(false);
@@ -175,6 +176,9 @@ void ReorderList::lift(int row, bool isByMouse) {
         viewport()->setCursor(Qt::ClosedHandCursor);
     }
     nameRows();
+    if (!isByMouse) {
+        revealPlace(row);
+    }
     placeLifted();
     viewport()->update();
 }
@@ -248,12 +252,18 @@ void ReorderList::carry(int from, int to) {
 
 void ReorderList::revealPlace(int place) {
     QScrollBar &bar = *verticalScrollBar();
-    const int top = place * rowHeight();
-    const int bottom = top + rowHeight();
+    const int top = place * rowHeight() - scaled(roomBesideRow);
+    const int bottom = (place + 1) * rowHeight() + scaled(roomBesideRow);
     if (top < bar.value()) {
         bar.setValue(top);
     } else if (bottom > bar.value() + viewport()->height()) {
         bar.setValue(bottom - viewport()->height());
+    }
+}
+
+void ReorderList::revealCurrent() {
+    if (currentRow() >= 0) {
+        revealPlace(currentRow());
     }
 }
 

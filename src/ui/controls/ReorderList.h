@@ -45,6 +45,7 @@ public:
 
 protected:
     bool event(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void leaveEvent(QEvent *event) override;
@@ -83,6 +84,7 @@ private:
     void placeLifted();
     void placeFades();
     void revealPlace(int place);
+    void revealCurrent();
     void paintRow(QPainter &painter, const QRectF &area, int row) const;
     void paintLines(QPainter &painter) const;
 

@@ -20,6 +20,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
+#include <utility>
+
 namespace zeph::ui {
 
 using namespace Qt::StringLiterals;
@@ -47,7 +49,8 @@ EventCountdownsCard::EventCountdownsCard(const SettingsContext &context, QWidget
       m_list(new CardRows),
       m_undo(new UndoLine(context.runLoop)),
       m_name(new TextField(namePrompt())),
-      m_day(new DateField(localDay(context.clock.now()))),
+      m_today(localDay(context.clock.now())),
+      m_day(new DateField(m_today)),
       m_recurrence(new ChoiceBox(recurrenceTexts())),
       m_add(new PillButton(u"Add"_s)),
       m_form(new QBoxLayout(QBoxLayout::LeftToRight)),
@@ -120,6 +123,17 @@ void EventCountdownsCard::refresh() {
         static_cast<EventRow *>(m_list->row(index))->set(rows[static_cast<std::size_t>(index)]);
     }
     m_list->setVisible(count > 0);
+    followToday();
+}
+
+/// The window is kept for days. A day that the user chose stays, and so does one that a name was
+/// typed for.
+void EventCountdownsCard::followToday() {
+    const QDate before = std::exchange(m_today, localDay(m_context.clock.now()));
+    m_day->setToday(m_today);
+    if (m_day->date() == before && m_name->text().isEmpty()) {
+        m_day->setDate(m_today);
+    }
 }
 
 void EventCountdownsCard::refreshForm() {

@@ -5,6 +5,8 @@
 #include "ui/settings/Pane.h"
 #include "ui/settings/SettingsContext.h"
 
+#include <QDate>
+
 class QBoxLayout;
 class QUuid;
 
@@ -36,6 +38,7 @@ private:
     QLayout *makeForm();
     void refresh();
     void refreshForm();
+    void followToday();
     CountdownForm form() const;
     void add();
     void remove(const QUuid &id);
@@ -45,6 +48,7 @@ private:
     CardRows *m_list;
     UndoLine *m_undo;
     TextField *m_name;
+    QDate m_today;
     DateField *m_day;
     ChoiceBox *m_recurrence;
     PillButton *m_add;

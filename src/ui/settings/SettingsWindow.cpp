@@ -293,8 +293,8 @@ void SettingsWindow::jumpTo(const Findable &found) {
     if (target != nullptr && showTarget) {
         showTarget();
     }
-    if (target == nullptr) {
-        return;
+    if (target == nullptr || !target->isVisibleTo(this)) {
+        return; // a form with unsaved changes stays, and asks
     }
     shownAt(tab).scroll->reveal(target);
     if (QWidget *control = focusableIn(target)) {

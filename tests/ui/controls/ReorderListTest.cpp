@@ -223,4 +223,36 @@ TEST_F(ReorderListTest, aPlaceOutOfSightIsScrolledTo) {
     EXPECT_EQ(list.verticalScrollBar()->value(), 0);
 }
 
+TEST_F(ReorderListTest, theCurrentRowIsScrolledToByKeyboard) {
+    list.setFixedHeight(3 * rowHeight);
+    QApplication::processEvents();
+    QScrollBar &bar = *list.verticalScrollBar();
+    key(Qt::Key_Down);
+    EXPECT_EQ(bar.value(), 24) << "with room to spare";
+    key(Qt::Key_End);
+    EXPECT_EQ(bar.value(), 2 * rowHeight);
+    key(Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0);
+}
+
+TEST_F(ReorderListTest, aRowThatWasScrolledAwayComesBackWithTheFocusAndWhenItIsLifted) {
+    list.setFixedHeight(3 * rowHeight);
+    auto &other = add(new QPushButton(u"Other"_s));
+    other.show();
+    QApplication::processEvents();
+    QScrollBar &bar = *list.verticalScrollBar();
+    list.setCurrentRow(0);
+    bar.setValue(bar.maximum());
+    key(Qt::Key_Space);
+    EXPECT_EQ(bar.value(), 0);
+    key(Qt::Key_Escape);
+    bar.setValue(bar.maximum());
+    other.setFocus(Qt::TabFocusReason);
+    list.setFocus(Qt::MouseFocusReason);
+    EXPECT_EQ(bar.value(), bar.maximum()) << "a press must not move what it hits";
+    other.setFocus(Qt::TabFocusReason);
+    list.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(bar.value(), 0);
+}
+
 } // namespace zeph::ui

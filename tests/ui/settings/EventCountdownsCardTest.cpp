@@ -2,6 +2,7 @@
 #include "ui/settings/EventCountdownsCard.h"
 
 #include "settings/EventDay.h"
+#include "ui/controls/CalendarSheet.h"
 #include "ui/controls/ChoiceBox.h"
 #include "ui/controls/DateField.h"
 #include "ui/controls/IconButton.h"
@@ -65,6 +66,24 @@ TEST_F(EventCountdownsCardTest, addsOnlyWhatHasAName) {
     EXPECT_EQ(name().text(), QString());
     EXPECT_FALSE(addButton().isEnabled());
     EXPECT_TRUE(says(u"Launch"_s));
+}
+
+TEST_F(EventCountdownsCardTest, theDayOfANewEventIsThatOfTheOpening) {
+    open();
+    auto &day = named<DateField>(u"Event date"_s);
+    const auto openAgain = [&](int date) {
+        window.hide();
+        clock.set(at(10, 24, 0, 5, date));
+        window.show();
+        return day.date();
+    };
+    EXPECT_EQ(openAgain(23), QDate(2026, 5, 23));
+    QTest::keyClicks(&name(), u"Launch"_s);
+    EXPECT_EQ(openAgain(24), QDate(2026, 5, 23)) << "a name was typed for it";
+    name().clear();
+    day.setDate(QDate(2026, 7, 1));
+    EXPECT_EQ(openAgain(25), QDate(2026, 7, 1)) << "it was chosen";
+    EXPECT_EQ(all<CalendarSheet>().at(0)->today(), QDate(2026, 5, 25));
 }
 
 TEST_F(EventCountdownsCardTest, aNewEventHasTheChosenDayAndRecurrence) {

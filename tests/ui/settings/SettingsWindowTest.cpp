@@ -176,6 +176,19 @@ TEST_F(SettingsWindowTest, aHiddenTargetIsBroughtIntoViewFirst) {
     EXPECT_EQ(QApplication::focusWidget(), made.panes[1]->numbers);
 }
 
+TEST_F(SettingsWindowTest, aTargetThatThePaneKeepsHiddenDoesNotTakeTheFocus) {
+    lookFor(u"show on wallpaper"_s); // makes the panes
+    SamplePane &pane = *made.panes[1];
+    pane.numbers->parentWidget()->parentWidget()->hide();
+    pane.entries.back().show = [&pane] { pane.login->setFocus(); }; // as where it asks first
+    lookFor(u"show on wallpaper "_s);
+    QTest::keyClick(&field(), Qt::Key_Down);
+    QTest::keyClick(&field(), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(window().currentTab(), 1);
+    EXPECT_EQ(QApplication::focusWidget(), pane.login);
+}
+
 TEST_F(SettingsWindowTest, aTargetThatIsGoneStillLeadsToItsTab) {
     lookFor(u"show on wallpaper"_s);
     QTest::keyClick(&field(), Qt::Key_Down);
