@@ -142,6 +142,23 @@ TEST_F(EntryReadingTest, aSeriesOfMillionsOfStepsIsNotWalkedAlong) {
     EXPECT_EQ(found.front().title, u"Other"_s);
 }
 
+TEST_F(EntryReadingTest, aSeriesThatLeavesOutMillionsOfStepsIsNotWalkedAlong) {
+    add("VEVENT", "UID:x\nSUMMARY:X\nDTSTART:19900101T120000Z\nDURATION:PT1H\nRRULE:FREQ=DAILY\n"
+                  "EXRULE:FREQ=SECONDLY");
+    EXPECT_TRUE(occurrences(LocalZone()).empty());
+}
+
+TEST_F(EntryReadingTest, whatASeriesLeavesOutByARuleIsLeftOut) {
+    // 2024-05-07 is a Tuesday.
+    add("VEVENT", "UID:x\nSUMMARY:X\nDTSTART:20240430T120000Z\nDURATION:PT1H\nRRULE:FREQ=DAILY\n"
+                  "EXRULE:FREQ=WEEKLY;BYDAY=TU");
+    add("VEVENT", "UID:y\nSUMMARY:Y\nDTSTART:20240430T120000Z\nDURATION:PT1H\nRRULE:FREQ=DAILY\n"
+                  "EXRULE:FREQ=WEEKLY;BYDAY=WE");
+    const auto found = occurrences(LocalZone());
+    ASSERT_EQ(found.size(), 1U);
+    EXPECT_EQ(found.front().title, u"Y"_s);
+}
+
 TEST_F(EntryReadingTest, aSeriesOfMillionsOfStepsHasItsFirstInstanceNonetheless) {
     add("VEVENT", "UID:s\nSUMMARY:S\nDTSTART:20240430T120000Z\nDURATION:P8D\n"
                   "RRULE:FREQ=SECONDLY\nRDATE:20240507T130000Z");

@@ -59,19 +59,35 @@ double stepsOf(ICalRecurrence *rule, double start, double end) {
     return days > 0 ? steps * std::max(1.0, period / kDay) : steps;
 }
 
+/// The same along all rules of a kind that the entry has.
+template <typename RuleOf>
+double stepsOfAll(ICalComponent *entry, ICalPropertyKind kind, RuleOf ruleOf, double start,
+                  double end) {
+    double steps = 0;
+    GLibPtr<ICalProperty> property(i_cal_component_get_first_property(entry, kind));
+    while (property) {
+        const GLibPtr<ICalRecurrence> rule(ruleOf(property.get()));
+        steps += stepsOf(rule.get(), start, end);
+        property.reset(i_cal_component_get_next_property(entry, kind));
+    }
+    return steps;
+}
+
 } // namespace
 
 GLibPtr<ICalComponent> firstInstanceOfLongSeries(ICalComponent *entry, Date end) {
     const GLibPtr<ICalTime> start(i_cal_component_get_dtstart(entry));
-    double steps = 0;
-    GLibPtr<ICalProperty> property(i_cal_component_get_first_property(entry, I_CAL_RRULE_PROPERTY));
-    while (property && start) {
-        const GLibPtr<ICalRecurrence> rule(i_cal_property_get_rrule(property.get()));
-        steps += stepsOf(rule.get(), static_cast<double>(i_cal_time_as_timet(start.get())),
-                         end.secondsSince1970);
-        property.reset(i_cal_component_get_next_property(entry, I_CAL_RRULE_PROPERTY));
+    if (!start) {
+        return nullptr;
     }
-    if (steps <= kMostSteps) {
+    const auto began = static_cast<double>(i_cal_time_as_timet(start.get()));
+    const auto along = [&](ICalPropertyKind kind, auto ruleOf) {
+        return stepsOfAll(entry, kind, ruleOf, began, end.secondsSince1970);
+    };
+    // What a series leaves out is walked along as well.
+    if (along(I_CAL_RRULE_PROPERTY, &i_cal_property_get_rrule) +
+            along(I_CAL_EXRULE_PROPERTY, &i_cal_property_get_exrule) <=
+        kMostSteps) {
         return nullptr;
     }
     GLibPtr<ICalComponent> first(i_cal_component_clone(entry));
