@@ -61,16 +61,25 @@ Subscription DesktopIconsWatch::subscribe(std::function<void()> handler) {
 }
 
 void DesktopIconsWatch::read() {
-    // From before the reading, so that no change falls in between.
-    m_monitor.emplace(m_store->watchedPaths());
-    m_monitor->whenChanged([this] { m_rest.start(kRest); });
     m_background.run(
-        m_work, [store = *m_store] { return store.read(); },
-        [this](DesktopIcons icons) {
+        m_work,
+        [store = *m_store] {
+            // From before the reading, so that no change falls in between; and here, since a
+            // folder on another machine may hang.
+            auto monitor = std::make_unique<FolderMonitor>(store.watchedPaths());
+            return Reading{std::move(monitor), store.read()};
+        },
+        [this](Reading reading) {
             if (m_isOn) {
-                takeRead(std::move(icons));
+                takeReading(std::move(reading));
             }
         });
+}
+
+void DesktopIconsWatch::takeReading(Reading reading) {
+    takeRead(std::move(reading.icons));
+    m_monitor = std::move(reading.monitor);
+    m_monitor->whenChanged([this] { m_rest.start(kRest); });
 }
 
 /// A guess is better than nothing, and worse than what was told before.

@@ -9,6 +9,7 @@
 
 #include <QTimer>
 
+#include <memory>
 #include <optional>
 
 namespace zeph {
@@ -36,10 +37,17 @@ public:
     [[nodiscard]] Subscription subscribe(std::function<void()> handler);
 
 private:
+    /// What was read, and the monitor that notices what changed since.
+    struct Reading {
+        std::unique_ptr<FolderMonitor> monitor;
+        DesktopIcons icons;
+    };
+
     void begin();
     void end();
     void serviceChanged();
     void read();
+    void takeReading(Reading reading);
     void takeRead(DesktopIcons icons);
     void take(DesktopIcons icons);
 
@@ -51,7 +59,7 @@ private:
     int m_guesses = 0;      // in a row, of a service that is there
     DesktopIcons m_icons;
     ChangePublisher m_changes;
-    std::optional<FolderMonitor> m_monitor;
+    std::unique_ptr<FolderMonitor> m_monitor;
     QTimer m_rest; // from a change until the arrangement is read again
     WorkOwner m_work{1};
     std::optional<BusService> m_service; // last, since it calls back

@@ -5,6 +5,8 @@
 #include "adapters/loop/QtRunLoop.h"
 #include "adapters/loop/QtTaskExecutor.h"
 #include "base/Background.h"
+#include "support/ManualRunLoop.h"
+#include "support/ManualTaskExecutor.h"
 #include "support/WaitUntil.h"
 
 #include <QDir>
@@ -21,6 +23,20 @@ using namespace Qt::StringLiterals;
 namespace zeph {
 
 namespace {
+
+/// How many folders the kernel watches for this process.
+int watchedFolders() {
+    int count = 0;
+    const QDir descriptors(u"/proc/self/fdinfo"_s);
+    const QStringList names = descriptors.entryList(QDir::Files);
+    for (const QString &name : names) {
+        QFile file(descriptors.filePath(name));
+        count += file.open(QIODevice::ReadOnly)
+                     ? static_cast<int>(file.readAll().count("inotify wd:"))
+                     : 0;
+    }
+    return count;
+}
 
 class DesktopIconsWatchTest : public testing::Test {
 protected:
@@ -103,6 +119,24 @@ TEST_F(DesktopIconsWatchTest, followsTheArrangement) {
     EXPECT_TRUE(waitUntil([&] { return icons.icons().places.size() == 2; }));
     write("[a]\nrow=0\ncol=0\n[b]\nrow=1\ncol=0\n[c]\nrow=2\ncol=0\n");
     EXPECT_TRUE(waitUntil([&] { return icons.icons().places.size() == 3; }));
+}
+
+TEST(DesktopIconsWatchThreadTest, touchesNoFolderOnTheMainThread) {
+    const QTemporaryDir home;
+    QDir().mkpath(home.filePath(u"Desktop"_s));
+    ManualClock clock;
+    ManualRunLoop loop(clock);
+    ManualTaskExecutor executor;
+    const Background background = Background::over(executor, loop);
+    DesktopIconsWatch icons{IconStore{IconStore::Kind::xfdesktop,
+                                      {home.filePath(u"config"_s), home.filePath(u"data"_s),
+                                       QFile::encodeName(home.filePath(u"Desktop"_s))}},
+                            background, QDBusConnection(u"no bus"_s)};
+    const int before = watchedFolders();
+    icons.setOn(true);
+    EXPECT_EQ(watchedFolders(), before) << "it may be on another machine, and hang";
+    executor.runAll();
+    EXPECT_GT(watchedFolders(), before);
 }
 
 TEST_F(DesktopIconsWatchTest, forgetsThemWhenNobodyWantsToKnow) {
