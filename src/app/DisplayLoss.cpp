@@ -54,8 +54,8 @@ void DisplayLoss::note() {
     qCInfo(logSession, "the display is gone%s", m_isToStartAnew ? ", and is waited for" : "");
 }
 
-void DisplayLoss::startAnewIfLost() const {
-    if (!m_isToStartAnew) {
+void DisplayLoss::startAnewIfLost(bool isToldToEnd) const {
+    if (!m_isToStartAnew || isToldToEnd) {
         return;
     }
     std::fflush(nullptr);

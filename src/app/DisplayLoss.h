@@ -38,8 +38,9 @@ public:
     /// Whether the process is to start itself anew once everything is saved.
     bool isToStartAnew() const { return m_isToStartAnew; }
 
-    /// Does so if it is to; returns only where it is not, or the system refuses.
-    void startAnewIfLost() const;
+    /// Does so if it is to; returns only where it is not, or the system refuses. Who was told to
+    /// end while everything was saved is not to.
+    void startAnewIfLost(bool isToldToEnd) const;
 
 private:
     char **m_arguments;

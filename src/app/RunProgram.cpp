@@ -82,7 +82,7 @@ const Ending *openEnding = nullptr;
 
 /// After everything was saved, where there is no way back.
 [[noreturn]] void leaveProcess(const DisplayLoss &loss) {
-    loss.startAnewIfLost();
+    loss.startAnewIfLost(UnixSignals::haveCome());
     std::fflush(stdout);
     _exit(EXIT_SUCCESS);
 }
@@ -343,7 +343,7 @@ int runProgram(char **arguments, const ProgramSettings &settings) {
     }
     loss.noteStart();
     const int status = runOnce(arguments, settings, loss, std::move(display.server));
-    loss.startAnewIfLost();
+    loss.startAnewIfLost(UnixSignals::haveCome());
     return status;
 }
 

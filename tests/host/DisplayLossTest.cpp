@@ -38,9 +38,10 @@ TEST(AfterLossTest, oneSoonAfterTheReturnIsTheEnd) {
 TEST_F(DisplayLossTest, isNoneBeforeItIsNoted) {
     DisplayLoss one = loss();
     EXPECT_FALSE(one.isToStartAnew());
-    one.startAnewIfLost(); // or this test would be over
+    one.startAnewIfLost(false); // or this test would be over
     one.note();
     EXPECT_TRUE(one.isToStartAnew());
+    one.startAnewIfLost(true);
 }
 
 TEST_F(DisplayLossTest, ofARunThatHadLostItBeforeCountsFromTheReturn) {

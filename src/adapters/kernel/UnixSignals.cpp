@@ -19,7 +19,11 @@ namespace {
 std::atomic<int> writeEnd{-1};
 static_assert(std::atomic<int>::is_always_lock_free, "used in a signal handler");
 
+std::atomic<bool> hasOneCome{false};
+static_assert(std::atomic<bool>::is_always_lock_free, "used in a signal handler");
+
 void forward(int number) {
+    hasOneCome = true;
     const int savedError = errno;
     const auto byte = static_cast<unsigned char>(number);
     // A full pipe holds signals enough; there is nobody to tell of the failure.
@@ -56,6 +60,10 @@ UnixSignals::~UnixSignals() {
         ::sigaction(saved.number, &saved.action, nullptr);
     }
     writeEnd = -1;
+}
+
+bool UnixSignals::haveCome() {
+    return hasOneCome;
 }
 
 void UnixSignals::take(int number, void (*action)(int)) {

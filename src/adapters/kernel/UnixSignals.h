@@ -25,6 +25,10 @@ public:
     /// False when the system refused the pipe; the signals then end the process as ever.
     bool isActive() const { return m_notifier != nullptr; }
 
+    /// Whether one of the three has come since the process began, also one that the loop did not
+    /// come to any more.
+    static bool haveCome();
+
 private:
     struct Saved;
     void take(int number, void (*action)(int));

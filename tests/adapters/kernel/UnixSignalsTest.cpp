@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <thread>
 
 namespace zeph {
@@ -42,6 +43,17 @@ TEST(UnixSignals, callsOnTheThreadThatMadeItWhereverTheSignalStruck) {
     std::thread([] { std::raise(SIGTERM); }).join();
     EXPECT_TRUE(waitUntil([&] { return calledOn != std::thread::id(); }));
     EXPECT_EQ(calledOn, here);
+}
+
+TEST(UnixSignals, tellsThatOneHasComeThoughNobodyReadsIt) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // in a process where none has come yet
+    const auto run = [] {
+        const UnixSignals signals([](int) {});
+        const bool wasThere = UnixSignals::haveCome();
+        std::raise(SIGTERM);
+        _exit(!wasThere && UnixSignals::haveCome() ? EXIT_SUCCESS : EXIT_FAILURE);
+    };
+    EXPECT_EXIT(run(), testing::ExitedWithCode(EXIT_SUCCESS), "");
 }
 
 TEST(UnixSignals, keepsABrokenPipeFromEndingTheProcess) {
