@@ -22,17 +22,12 @@ constexpr int kFirstCopies = 2;
 
 } // namespace
 
-quint64 PictureFolder::takeOver() {
-    const std::lock_guard guard(m_mutex);
-    return ++m_writer;
-}
-
 bool PictureFolder::writeWhole(quint64 writer, const QImage &image) {
     const std::lock_guard guard(m_mutex);
     if (writer != m_writer) {
         return true;
     }
-    if (!prepare() || !put(image, image.rect(), true)) {
+    if (!prepare() || !put(writer, image, image.rect(), true)) {
         return false;
     }
     removeBefore(m_number);
@@ -46,8 +41,9 @@ bool PictureFolder::writePatches(quint64 writer, const QImage &image,
                                  const std::vector<QRect> &parts) {
     const std::lock_guard guard(m_mutex);
     return writer != m_writer ||
-           (prepare() && std::all_of(parts.begin(), parts.end(),
-                                     [&](const QRect &part) { return put(image, part, false); }));
+           (prepare() && std::all_of(parts.begin(), parts.end(), [&](const QRect &part) {
+                return put(writer, image, part, false);
+            }));
 }
 
 bool PictureFolder::writeNothing(quint64 writer) {
@@ -110,7 +106,7 @@ bool PictureFolder::prepare() {
     return true;
 }
 
-bool PictureFolder::put(const QImage &image, const QRect &part, bool isWhole) {
+bool PictureFolder::put(quint64 writer, const QImage &image, const QRect &part, bool isWhole) {
     const QFileInfo folder(m_folder);
     const QString underWay = QFileInfo(folder.path()).path() + u"/.picture-"_s + folder.fileName();
     // What nothing can be seen of has transparency, which a bitmap has not.
@@ -119,6 +115,10 @@ bool PictureFolder::put(const QImage &image, const QRect &part, bool isWhole) {
     if (!writePicture(underWay, image, part,
                       isCompressed ? PictureForm::compressed : PictureForm::plain)) {
         return false;
+    }
+    if (writer != m_writer) {
+        QFile::remove(underWay); // it was taken over meanwhile
+        return true;
     }
     const quint64 number = m_number + 1;
     const QString name =

@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QString>
 
+#include <atomic>
 #include <mutex>
 #include <vector>
 
@@ -12,7 +13,7 @@ namespace zeph {
 /// The pictures of one output, by which our wallpaper in Plasma shows the newest whole one and
 /// what was laid over it since. They appear whole or not at all, and stay when we end, so that the
 /// desktop keeps its picture; a copy of the whole one outlives the session too. Callable from any
-/// thread; each call takes as long as the disk does.
+/// thread; what reads or writes takes as long as the disk does.
 class PictureFolder {
 public:
     /// Larger pictures than a display of 1920 × 1080 has are compressed.
@@ -24,8 +25,9 @@ public:
     explicit PictureFolder(QString folder, QString kept = {})
         : m_folder(std::move(folder)), m_kept(std::move(kept)) {}
 
-    /// Answers who writes from now on. What an earlier writer still brings is left out.
-    quint64 takeOver();
+    /// Answers who writes from now on. What an earlier writer still brings is left out. Never waits
+    /// for one.
+    quint64 takeOver() { return ++m_writer; }
 
     // Each is false when the pictures could not be written, as on a full disk.
 
@@ -47,14 +49,14 @@ public:
 private:
     bool prepare();
     bool isFirst(quint64 writer);
-    bool put(const QImage &image, const QRect &part, bool isWhole);
+    bool put(quint64 writer, const QImage &image, const QRect &part, bool isWhole);
     void removeBefore(quint64 number) const;
     void copyWhole() const;
 
     const QString m_folder;
     const QString m_kept;
-    std::mutex m_mutex;
-    quint64 m_writer = 0;
+    std::atomic<quint64> m_writer = 0;
+    std::mutex m_mutex;       // of what follows
     quint64 m_keptWriter = 0; // whose first pictures were copied
     int m_copies = 0;         // so many of them
     quint64 m_number = 0;     // of the last picture

@@ -10,6 +10,14 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <thread>
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
@@ -113,6 +121,25 @@ TEST_F(PictureFolderTest, whatAnEarlierWriterStillBringsIsLeftOut) {
     EXPECT_TRUE(folder.writePatches(writer, red, {QRect(0, 0, 2, 2)}));
     EXPECT_TRUE(folder.writeNothing(writer));
     EXPECT_EQ(shownBy(path()), blue);
+}
+
+TEST_F(PictureFolderTest, isTakenOverWithoutAWaitForTheDisk) {
+    ASSERT_TRUE(folder.writeWhole(writer, red));
+    // A disk that takes no more than a pipe does, until somebody reads it.
+    const QByteArray slow = QFile::encodeName(around.filePath(u"tavi/.picture-DP-1"_s));
+    ASSERT_EQ(mkfifo(slow.constData(), S_IRUSR | S_IWUSR), 0);
+    const int reader = open(slow.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    std::thread writing([this] { folder.writeWhole(writer, plainPicture({400, 300}, Qt::blue)); });
+    pollfd arrival{reader, POLLIN, 0};
+    EXPECT_EQ(poll(&arrival, 1, 10'000), 1);
+    folder.takeOver();
+    std::array<char, 4096> taken{};
+    while (poll(&arrival, 1, 10'000) == 1 && read(reader, taken.data(), taken.size()) > 0) {
+    }
+    close(reader);
+    writing.join();
+    EXPECT_EQ(shownBy(path()), red) << "it came too late";
+    EXPECT_EQ(underWay(), QStringList());
 }
 
 TEST_F(PictureFolderTest, isMadeAnewWhenItWasRemoved) {
