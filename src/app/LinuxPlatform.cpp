@@ -43,6 +43,7 @@
 #include "app/EndBudget.h"
 #include "base/Background.h"
 #include "drawing/painting/SymbolLibrary.h"
+#include "host/UpdateChecker.h"
 #include "ports/WindowServer.h"
 #include "settings/Consents.h"
 #include "ui/tray/TrayMenu.h"
@@ -264,6 +265,7 @@ struct LinuxPlatform::Shell {
     X11ApplicationPolicy policy;
     std::unique_ptr<LoginItem> loginItem;
     PackageKitUpdates updates{QDBusConnection::systemBus(), QCoreApplication::applicationFilePath(),
+                              UpdateChecker::currentVersion(),
                               runsInSandbox(QCoreApplication::applicationFilePath())};
     PortalAppearance appearance{QDBusConnection::sessionBus()};
     std::unique_ptr<DesktopShell> desktopShell;

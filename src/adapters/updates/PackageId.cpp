@@ -19,6 +19,15 @@ QString makersVersion(const QString &version) {
     return revision > 0 ? withoutEpoch.first(revision) : withoutEpoch;
 }
 
+bool holdsVersion(const QString &packaged, const QString &own) {
+    const QString name = makersVersion(packaged);
+    if (!name.startsWith(own)) {
+        return false;
+    }
+    const QChar next = name.size() > own.size() ? name[own.size()] : QChar();
+    return next != u'.' && !next.isDigit();
+}
+
 QString newerVersionName(const QString &newer, const QString &older) {
     const QString name = makersVersion(newer);
     return name == makersVersion(older) ? newer : name;

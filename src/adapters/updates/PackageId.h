@@ -23,6 +23,10 @@ std::optional<PackageId> parsePackageId(const QString &text);
 /// "1:0.2.0-3+deb12u1".
 QString makersVersion(const QString &version);
 
+/// Whether a package of version `packaged` holds the program's version `own`, to which packagers
+/// may have added something: "1:0.2.0+dfsg-1" holds "0.2.0".
+bool holdsVersion(const QString &packaged, const QString &own);
+
 /// How to call the newer of two versions: by the maker's number, unless that is the same for both.
 QString newerVersionName(const QString &newer, const QString &older);
 

@@ -42,10 +42,11 @@ std::optional<PackageId> firstIn(const PackageOutcome &outcome) {
 
 } // namespace
 
-PackageKitUpdates::PackageKitUpdates(QDBusConnection systemBus, QString executable,
+PackageKitUpdates::PackageKitUpdates(QDBusConnection systemBus, QString executable, QString version,
                                      bool isSandboxed)
     : m_bus(std::move(systemBus)),
       m_executable(std::move(executable)),
+      m_version(std::move(version)),
       m_isSandboxed(isSandboxed) {}
 
 PackageKitUpdates::~PackageKitUpdates() = default;
@@ -188,7 +189,11 @@ void PackageKitUpdates::haveUpdates(const PackageOutcome &outcome) {
         }
         return;
     }
-    set({.phase = Phase::upToDate});
+    if (holdsVersion(m_installed.version, m_version)) {
+        set({.phase = Phase::upToDate});
+    } else {
+        set({.phase = Phase::installed, .version = makersVersion(m_installed.version)});
+    }
 }
 
 /// What the installation would do to other software is known before anything is done.

@@ -15,8 +15,10 @@ namespace zeph {
 /// user asks, and nothing at all for a program that no package can own.
 class PackageKitUpdates : public UpdateFramework {
 public:
-    /// `executable` is the running program; one that `isSandboxed` is of no package.
-    PackageKitUpdates(QDBusConnection systemBus, QString executable, bool isSandboxed);
+    /// `executable` is the running program, `version` its version; one that `isSandboxed` is of no
+    /// package.
+    PackageKitUpdates(QDBusConnection systemBus, QString executable, QString version,
+                      bool isSandboxed);
     ~PackageKitUpdates() override;
 
     const UpdateStatus &status() const override { return m_status; }
@@ -47,6 +49,7 @@ private:
 
     QDBusConnection m_bus;
     QString m_executable;
+    QString m_version; // of what runs; another one may be installed by now
     bool m_isSandboxed;
     UpdateStatus m_status;
     PackageId m_installed;

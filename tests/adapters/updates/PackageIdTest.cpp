@@ -27,6 +27,15 @@ TEST(PackageIdTest, hasTheMakersVersionWithinThatOfThePackage) {
     EXPECT_EQ(makersVersion(u"-1"_s), u"-1"_s) << "something is left to be told";
 }
 
+TEST(PackageIdTest, holdsAVersionWhateverPackagersAdd) {
+    EXPECT_TRUE(holdsVersion(u"0.2.0"_s, u"0.2.0"_s));
+    EXPECT_TRUE(holdsVersion(u"1:0.2.0-3+deb12u1"_s, u"0.2.0"_s));
+    EXPECT_TRUE(holdsVersion(u"0.2.0+dfsg-1"_s, u"0.2.0"_s));
+    EXPECT_FALSE(holdsVersion(u"0.2.01-1"_s, u"0.2.0"_s));
+    EXPECT_FALSE(holdsVersion(u"0.2.0.1-1"_s, u"0.2.0"_s));
+    EXPECT_FALSE(holdsVersion(u"0.3.0-1"_s, u"0.2.0"_s));
+}
+
 TEST(PackageIdTest, isCalledByThePackagersVersionWhereTheMakersIsTheSame) {
     EXPECT_EQ(newerVersionName(u"0.2.0-1"_s, u"0.1.0-1"_s), u"0.2.0"_s);
     EXPECT_EQ(newerVersionName(u"0.1.0-2"_s, u"0.1.0-1"_s), u"0.1.0-2"_s);

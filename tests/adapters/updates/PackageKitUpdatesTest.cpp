@@ -22,7 +22,8 @@ protected:
     }
 
     void listen(const QString &executable = u"/usr/bin/tavi"_s, bool isSandboxed = false) {
-        updates = std::make_unique<PackageKitUpdates>(client.bus(), executable, isSandboxed);
+        updates =
+            std::make_unique<PackageKitUpdates>(client.bus(), executable, u"0.1.0"_s, isSandboxed);
         subscription = updates->subscribe([this] {
             if (told.isEmpty() || told.last() != static_cast<int>(updates->status().phase)) {
                 told << static_cast<int>(updates->status().phase);
@@ -111,6 +112,15 @@ TEST_F(PackageKitUpdatesTest, isUpToDateWithoutAnUpdateOfItsOwnPackage) {
     EXPECT_TRUE(check(Phase::upToDate));
 }
 
+TEST_F(PackageKitUpdatesTest, tellsThatANewerVersionThanTheRunningOneIsInstalled) {
+    service.answers[u"SearchFiles"_s].packages = {{1, u"tavi;0.2.0-1;amd64;installed:stable"_s}};
+    service.answers[u"GetUpdates"_s].packages = {};
+    service.appear();
+    listen();
+    EXPECT_TRUE(check(Phase::installed));
+    EXPECT_EQ(updates->status().version, u"0.2.0");
+}
+
 TEST_F(PackageKitUpdatesTest, looksForThePackageOfItsNameWhenNobodyOwnsTheProgram) {
     service.answers[u"SearchFiles"_s].packages = {};
     service.answers[u"Resolve"_s].packages = {{1, installedId}};
@@ -165,7 +175,8 @@ TEST_F(PackageKitUpdatesTest, hasNobodyToAskWithoutTheService) {
 TEST_F(PackageKitUpdatesTest, hasNobodyToAskWithoutABus) {
     bus.stop();
     BusConnection nowhere(bus.address());
-    updates = std::make_unique<PackageKitUpdates>(nowhere.bus(), u"/usr/bin/tavi"_s, false);
+    updates =
+        std::make_unique<PackageKitUpdates>(nowhere.bus(), u"/usr/bin/tavi"_s, u"0.1.0"_s, false);
     EXPECT_TRUE(check(Phase::noService));
 }
 
@@ -253,7 +264,8 @@ TEST_F(PackageKitUpdatesTest, givesUpASearchAtOnce) {
 TEST_F(PackageKitUpdatesTest, hearsNothingOfWhatWasGivenUpThoughItHadAnAnswer) {
     bus.stop();
     BusConnection nowhere(bus.address());
-    updates = std::make_unique<PackageKitUpdates>(nowhere.bus(), u"/usr/bin/tavi"_s, false);
+    updates =
+        std::make_unique<PackageKitUpdates>(nowhere.bus(), u"/usr/bin/tavi"_s, u"0.1.0"_s, false);
     updates->checkForUpdates(); // which is answered in the next turn
     updates->cancel();
     EXPECT_FALSE(eventually([&] { return updates->status() != UpdateStatus(); }, 100));
