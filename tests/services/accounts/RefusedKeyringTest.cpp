@@ -127,6 +127,45 @@ TEST_F(RefusedKeyringTest, aDeletionThatWasRefusedIsMadeUpForAtTheNextLaunch) {
     });
 }
 
+TEST_F(RefusedKeyringTest, whoAddsAnEndpointIsAskedForThoseThatThereAreOnceMore) {
+    const CustomAPIConfig there{QUuid::createUuid(), u"there"_s, u"u"_s, {}, {}};
+    store->upsertCustomAPI(there);
+    settle();
+    secrets.dismiss();
+    launchAndSettle();
+    ASSERT_FALSE(store->areCustomAPIsLoaded());
+    store->loadCustomAPIs(); // which nobody asked for
+    settle();
+    ASSERT_FALSE(store->areCustomAPIsLoaded());
+    const CustomAPIConfig added{QUuid::createUuid(), u"added"_s, u"u"_s, {}, {}};
+    store->upsertCustomAPI(added, tell());
+    settle();
+    EXPECT_THAT(told, ElementsAre(SecretOutcome::refused));
+    EXPECT_THAT(store->customAPIs(), ElementsAre(there));
+}
+
+TEST_F(RefusedKeyringTest, mayKeepWhatWasGivenToItOrIsStillToGoOrToCome) {
+    const auto keyless = add(u"rss"_s);
+    const auto keyed = add(u"stripe"_s);
+    const auto moving = add(u"polar"_s);
+    store->markReady(keyless.id);
+    store->setSecret(u"sk"_s, keyed.id);
+    settle();
+    PendingSecrets{{{u"polar"_s, moving.id}}, {}, {}}.save(defaults);
+    secrets.answer(SecretOutcome::refused);
+    launch();
+    settle();
+    EXPECT_FALSE(store->mayKeepSecret(keyless.id));
+    EXPECT_TRUE(store->mayKeepSecret(keyed.id));
+    EXPECT_TRUE(store->mayKeepSecret(moving.id));
+    EXPECT_TRUE(store->mayKeepSecret(QUuid::createUuid())) << "an endpoint lies in it whole";
+    ASSERT_TRUE(store->removeForNow(keyless.id));
+    EXPECT_FALSE(store->mayKeepSecret(keyless.id));
+    store->setSecret(std::nullopt, keyed.id);
+    settle();
+    EXPECT_TRUE(store->mayKeepSecret(keyed.id)) << "it is still to go";
+}
+
 TEST_F(RefusedKeyringTest, whoRefusesIsAskedOnceALaunch) {
     for (int account = 0; account < 3; ++account) {
         const auto added = add(u"stripe"_s);
