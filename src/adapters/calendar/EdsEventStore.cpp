@@ -142,7 +142,7 @@ bool EdsEventStore::isOutdated(const std::optional<Date> &readAt) const {
 
 /// What is not followed any more is not kept either, or it would be told as news later.
 void EdsEventStore::restUnaskedReminders(EdsQuery &query) {
-    if (query.reminders && m_clock.now() - m_remindersAskedAt > reminderRest) {
+    if (query.reminders && secondsApart(m_clock.now(), m_remindersAskedAt) > reminderRest) {
         query.reminders = false;
         forgetReminders();
     }

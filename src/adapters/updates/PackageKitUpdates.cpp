@@ -132,6 +132,7 @@ void PackageKitUpdates::haveOwner(const PackageOutcome &outcome) {
         endCheck(outcome);
     } else if (const auto owner = firstIn(outcome)) {
         m_installed = *owner;
+        m_isOwner = true;
         refresh();
     } else {
         ask({u"Resolve"_s, {installedPackage, QStringList{ownName}}},
@@ -145,6 +146,7 @@ void PackageKitUpdates::haveNamesake(const PackageOutcome &outcome) {
         endCheck(outcome);
     } else if (namesake) {
         m_installed = *namesake;
+        m_isOwner = false;
         refresh();
     } else {
         set({.phase = Phase::notPackaged});
@@ -189,7 +191,7 @@ void PackageKitUpdates::haveUpdates(const PackageOutcome &outcome) {
         }
         return;
     }
-    if (holdsVersion(m_installed.version, m_version)) {
+    if (!m_isOwner || holdsVersion(m_installed.version, m_version)) {
         set({.phase = Phase::upToDate});
     } else {
         set({.phase = Phase::installed, .version = makersVersion(m_installed.version)});

@@ -53,7 +53,8 @@ private:
     bool m_isSandboxed;
     UpdateStatus m_status;
     PackageId m_installed;
-    QString m_update; // the newer package, as the service names it
+    bool m_isOwner = false; // that one has the program's file
+    QString m_update;       // the newer package, as the service names it
     ChangePublisher m_changes;
     std::unique_ptr<PackageKitTransaction> m_transaction; // the last one
     bool m_isToStop = false;                              // the installation under way

@@ -72,7 +72,8 @@ std::optional<SimpleIntegrationStats> CurrencyService::fresh(const QString &key)
     const std::scoped_lock lock(m_lock);
     const auto stats = m_cache.find(key);
     const auto time = m_lastFetch.find(key);
-    if (stats == m_cache.end() || time == m_lastFetch.end() || now - time->second >= ttl) {
+    if (stats == m_cache.end() || time == m_lastFetch.end() ||
+        secondsApart(now, time->second) >= ttl) {
         return std::nullopt;
     }
     return stats->second;

@@ -37,6 +37,11 @@ bool isByKeyboard(const QWidget &control, Qt::FocusReason reason, bool before) {
 
 } // namespace
 
+bool bringsIntoView(Qt::FocusReason reason) {
+    return reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+           reason == Qt::ShortcutFocusReason || reason == Qt::OtherFocusReason;
+}
+
 Interaction::Interaction(QWidget &control, std::function<Rounded()> shape)
     : m_control(&control), m_shape(std::move(shape)), m_hover(control, hoverDuration) {
     control.installEventFilter(this);

@@ -49,4 +49,9 @@ private:
     QPointer<Ring> m_ring; // its parent is whatever it lies on
 };
 
+/// Whether a control that gets the focus for this reason is to bring what is current in it into
+/// view: by the keyboard or by the program, but not by a press, under which nothing must move, nor
+/// with its window, which a press may have raised.
+bool bringsIntoView(Qt::FocusReason reason);
+
 } // namespace zeph::ui

@@ -9,6 +9,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -18,6 +19,13 @@ namespace {
 
 constexpr double edgeZone = 32;
 constexpr double edgeSpeed = 6; // logical pixels a tick at the very edge
+
+/// Also where the row is current already.
+bool leadsToARow(int key) {
+    constexpr std::array keys{Qt::Key_Up,  Qt::Key_Down,   Qt::Key_Home,
+                              Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown};
+    return std::find(keys.begin(), keys.end(), key) != keys.end();
+}
 
 } // namespace
 
@@ -38,7 +46,7 @@ bool ReorderList::event(QEvent *event) {
 
 void ReorderList::focusInEvent(QFocusEvent *event) {
     QListWidget::focusInEvent(event);
-    if (event->reason() != Qt::MouseFocusReason) {
+    if (bringsIntoView(event->reason())) {
         revealCurrent();
     }
 }
@@ -95,8 +103,11 @@ void ReorderList::keyPressEvent(QKeyEvent *event) {
         event->accept();
         return;
     }
+    const int before = currentRow();
     QListWidget::keyPressEvent(event);
-    revealCurrent();
+    if (!m_hand && (currentRow() != before || leadsToARow(event->key()))) {
+        revealCurrent();
+    }
     viewport()->update();
 }
 

@@ -151,7 +151,7 @@ void RowList::keyPressEvent(QKeyEvent *event) {
 
 void RowList::focusInEvent(QFocusEvent *event) {
     QListWidget::focusInEvent(event);
-    if (event->reason() != Qt::MouseFocusReason) { // a click is where the row is already
+    if (bringsIntoView(event->reason())) {
         // The pane brings the list as a whole into view, and only then the row can be.
         QMetaObject::invokeMethod(
             this, [this] { revealCurrent(); }, Qt::QueuedConnection);

@@ -20,8 +20,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
-#include <utility>
-
 namespace zeph::ui {
 
 using namespace Qt::StringLiterals;
@@ -49,8 +47,8 @@ EventCountdownsCard::EventCountdownsCard(const SettingsContext &context, QWidget
       m_list(new CardRows),
       m_undo(new UndoLine(context.runLoop)),
       m_name(new TextField(namePrompt())),
-      m_today(localDay(context.clock.now())),
-      m_day(new DateField(m_today)),
+      m_offered(localDay(context.clock.now())),
+      m_day(new DateField(m_offered)),
       m_recurrence(new ChoiceBox(recurrenceTexts())),
       m_add(new PillButton(u"Add"_s)),
       m_form(new QBoxLayout(QBoxLayout::LeftToRight)),
@@ -129,10 +127,11 @@ void EventCountdownsCard::refresh() {
 /// The window is kept for days. A day that the user chose stays, and so does one that a name was
 /// typed for.
 void EventCountdownsCard::followToday() {
-    const QDate before = std::exchange(m_today, localDay(m_context.clock.now()));
-    m_day->setToday(m_today);
-    if (m_day->date() == before && m_name->text().isEmpty()) {
-        m_day->setDate(m_today);
+    const QDate today = localDay(m_context.clock.now());
+    m_day->setToday(today);
+    if (m_day->date() == m_offered && m_name->text().isEmpty()) {
+        m_offered = today;
+        m_day->setDate(today);
     }
 }
 

@@ -48,7 +48,7 @@ private:
     CardRows *m_list;
     UndoLine *m_undo;
     TextField *m_name;
-    QDate m_today;
+    QDate m_offered; ///< the day that the field had of itself
     DateField *m_day;
     ChoiceBox *m_recurrence;
     PillButton *m_add;

@@ -61,6 +61,17 @@ TEST(PluggedSecretStore, isNotLoadedOnceEverythingIsCancelled) {
     EXPECT_FALSE(isLoaded(copy));
 }
 
+TEST(PluggedSecretStore, asksAgainThroughThePlugin) {
+    const QTemporaryDir folder;
+    const QString copy = folder.filePath(u"zeph-secret.so"_s);
+    ASSERT_TRUE(QFile::copy(QStringLiteral(ZEPH_SECRET_PLUGIN), copy));
+    PluggedSecretStore store(copy);
+    elsewhere([&] { store.askAgain(); });
+    EXPECT_TRUE(isLoaded(copy));
+    store.cancelAll();
+    elsewhere([&] { store.askAgain(); });
+}
+
 TEST(PluggedSecretStore, hasNothingWithoutThePlugin) {
     PluggedSecretStore missing(u"/nonexistent/zeph-secret.so"_s);
     expectNothing(missing);

@@ -130,6 +130,15 @@ TEST_F(PackageKitUpdatesTest, looksForThePackageOfItsNameWhenNobodyOwnsTheProgra
     EXPECT_EQ(service.arguments[u"Resolve"_s], (QVariantList{quint64(4), QStringList{u"tavi"_s}}));
 }
 
+TEST_F(PackageKitUpdatesTest, doesNotTakeANamesakeForWhatRunsFromTheNextStartOn) {
+    service.answers[u"SearchFiles"_s].packages = {};
+    service.answers[u"Resolve"_s].packages = {{1, u"tavi;0.2.0-1;amd64;installed:stable"_s}};
+    service.answers[u"GetUpdates"_s].packages = {};
+    service.appear();
+    listen();
+    EXPECT_TRUE(check(Phase::upToDate));
+}
+
 TEST_F(PackageKitUpdatesTest, looksForItsNameWhereFilesCantBeLookedUp) {
     service.answers[u"SearchFiles"_s] = {.exit = 2, .error = 3, .details = u"no"_s};
     service.answers[u"Resolve"_s].packages = {{1, installedId}};

@@ -85,6 +85,14 @@ TEST_F(Currency, asksAgainAfterAnHour) {
     EXPECT_EQ(second.updated, clock.now());
 }
 
+TEST_F(Currency, asksAgainAfterTheClockWasSetBackFar) {
+    expectRate();
+    expectRate("84");
+    service.fetch(u"USD/INR"_s);
+    clock.advance(-2 * CurrencyService::ttl);
+    EXPECT_EQ(service.fetch(u"USD/INR"_s).chips.front().text, u"1 USD = 84.00 INR"_s);
+}
+
 TEST_F(Currency, keepsPairsApart) {
     expectRate();
     expectJson("https://api.frankfurter.dev/v2/rate/EUR/INR", R"({"rate":90})");

@@ -250,9 +250,28 @@ TEST_F(ReorderListTest, aRowThatWasScrolledAwayComesBackWithTheFocusAndWhenItIsL
     other.setFocus(Qt::TabFocusReason);
     list.setFocus(Qt::MouseFocusReason);
     EXPECT_EQ(bar.value(), bar.maximum()) << "a press must not move what it hits";
+    QFocusEvent back(QEvent::FocusIn, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(&list, &back);
+    EXPECT_EQ(bar.value(), bar.maximum()) << "nor does a window that is raised by one";
     other.setFocus(Qt::TabFocusReason);
     list.setFocus(Qt::TabFocusReason);
     EXPECT_EQ(bar.value(), 0);
+}
+
+TEST_F(ReorderListTest, aKeyThatLeadsNowhereScrollsNothing) {
+    list.setFixedHeight(3 * rowHeight);
+    QApplication::processEvents();
+    QScrollBar &bar = *list.verticalScrollBar();
+    key(Qt::Key_Home);
+    bar.setValue(bar.maximum());
+    key(Qt::Key_Shift);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    key(Qt::Key_Home);
+    EXPECT_EQ(bar.value(), 0) << "the current row all the same";
+    key(Qt::Key_Space);
+    key(Qt::Key_End);
+    key(Qt::Key_PageUp);
+    EXPECT_EQ(bar.value(), bar.maximum()) << "where the row in the hand is";
 }
 
 } // namespace zeph::ui

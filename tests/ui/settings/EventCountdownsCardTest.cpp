@@ -81,6 +81,7 @@ TEST_F(EventCountdownsCardTest, theDayOfANewEventIsThatOfTheOpening) {
     QTest::keyClicks(&name(), u"Launch"_s);
     EXPECT_EQ(openAgain(24), QDate(2026, 5, 23)) << "a name was typed for it";
     name().clear();
+    EXPECT_EQ(openAgain(24), QDate(2026, 5, 24)) << "there is none any more";
     day.setDate(QDate(2026, 7, 1));
     EXPECT_EQ(openAgain(25), QDate(2026, 7, 1)) << "it was chosen";
     EXPECT_EQ(all<CalendarSheet>().at(0)->today(), QDate(2026, 5, 25));
