@@ -137,15 +137,19 @@ void ObjectMirror::propertiesChanged(const MirroredInterface &interface,
         return;
     }
     const QVariantList arguments = signal.arguments();
+    const auto values = qdbus_cast<QVariantMap>(arguments.at(1));
     std::optional<QVariantMap> &properties = found->second.properties;
-    const bool isTouched =
-        properties && merge(interface, qdbus_cast<QVariantMap>(arguments.at(1)), *properties);
+    QVariantMap unknown;
+    const bool isTouched = merge(interface, values, properties ? *properties : unknown);
     const QStringList invalidated = arguments.at(2).toStringList();
-    if (std::any_of(interface.properties.begin(), interface.properties.end(),
+    // One that did not answer when it was asked is known by what it says all the same.
+    const bool isToBeRead = isTouched && !properties;
+    if (isToBeRead ||
+        std::any_of(interface.properties.begin(), interface.properties.end(),
                     [&](const QString &name) { return invalidated.contains(name); })) {
         read(signal.path(), interface.name);
     }
-    if (isTouched) {
+    if (isTouched && !isToBeRead) {
         m_changed.send();
     }
 }

@@ -11,6 +11,10 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 
+#include <sys/stat.h>
+
+#include <cerrno>
+
 using namespace Qt::StringLiterals;
 
 namespace zeph {
@@ -39,6 +43,13 @@ std::optional<DefaultsValue> decodeBytes(const QJsonObject &object) {
     return decoded ? std::optional<DefaultsValue>(*decoded) : std::nullopt;
 }
 
+/// False also where that can't be told, as on a disk that does not answer.
+bool isNothingThere(const QString &path) {
+    struct stat state {};
+    return stat(QFile::encodeName(path).constData(), &state) != 0 &&
+           (errno == ENOENT || errno == ENOTDIR);
+}
+
 } // namespace
 
 JsonUserDefaults::JsonUserDefaults(const QString &path) : m_path(QDir::cleanPath(path)) {
@@ -46,10 +57,11 @@ JsonUserDefaults::JsonUserDefaults(const QString &path) : m_path(QDir::cleanPath
 }
 
 void JsonUserDefaults::load() {
-    QFile file(m_path);
-    if (!file.exists()) {
+    if (isNothingThere(m_path)) {
+        m_isOurs = false;
         return;
     }
+    QFile file(m_path);
     // Something else in its place, such as a pipe, would be waited for.
     if (!QFileInfo(m_path).isFile() || !file.open(QFile::ReadOnly)) {
         m_mayWrite = false;
@@ -151,9 +163,15 @@ void JsonUserDefaults::save() {
     }
 }
 
-bool JsonUserDefaults::writeFile() const {
-    return makePrivateFolder(QFileInfo(m_path).path()) &&
-           !writeWhole(m_path, QJsonDocument(m_values).toJson(), ownerFile);
+bool JsonUserDefaults::writeFile() {
+    if (!m_isOurs && !isNothingThere(m_path)) {
+        m_mayWrite = false; // it came with a disk, or from a backup, after the start
+        return false;
+    }
+    const bool isWritten = makePrivateFolder(QFileInfo(m_path).path()) &&
+                           !writeWhole(m_path, QJsonDocument(m_values).toJson(), ownerFile);
+    m_isOurs = m_isOurs || isWritten;
+    return isWritten;
 }
 
 void JsonUserDefaults::keepInMemory() {

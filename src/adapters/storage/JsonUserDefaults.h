@@ -16,8 +16,8 @@ namespace zeph {
 class JsonUserDefaults : public UserDefaults {
 public:
     /// Reads the file at `path`. One that is no JSON object is renamed to `path`.damaged, or a
-    /// numbered name beside it. Where that fails, or the file can't be read, nothing is written
-    /// and the values live in memory.
+    /// numbered name beside it. Where that fails, or the file can't be read or reached, or one
+    /// comes later where there was none, nothing is written and the values live in memory.
     explicit JsonUserDefaults(const QString &path);
 
     std::optional<DefaultsValue> value(const QString &key) const override;
@@ -36,13 +36,14 @@ private:
     void load();
     void setAside();
     void save();
-    bool writeFile() const;
+    bool writeFile();
     void keepInMemory();
 
     QString m_path;
     mutable std::mutex m_mutex; // for all below
     QJsonObject m_values;
     bool m_mayWrite = true; // false while a file that isn't ours to replace stands at `m_path`
+    bool m_isOurs = true;   // false while there was no file that is read or written here
     bool m_saved = true;    // false when memory is ahead of the file
     bool m_told = false;
 };

@@ -79,8 +79,9 @@ void LocationManager::lookUpName(const Coordinate &position) {
         return;
     }
     m_geocoder->reverseGeocode(
-        position, m_lookups.whileAlive([this](const std::vector<Placemark> &placemarks) {
-            if (m_coordinate) { // not forgotten meanwhile
+        position,
+        m_lookups.whileAlive([this, lookup = ++m_lookup](const std::vector<Placemark> &placemarks) {
+            if (m_coordinate && lookup == m_lookup) { // neither forgotten nor overtaken
                 m_placeName = nameOf(placemarks);
             }
         }));

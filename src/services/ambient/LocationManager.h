@@ -57,6 +57,7 @@ private:
     ChangePublisher m_updates;
     ChangePublisher m_forgotten;
     WorkOwner m_lookups;
+    int m_lookup = 0; // the latest
     Subscription m_subscription;
 };
 

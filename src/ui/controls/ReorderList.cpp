@@ -101,7 +101,8 @@ void ReorderList::fill(const std::vector<Row> &rows) {
 void ReorderList::nameRows() {
     for (int row = 0; row < count(); ++row) {
         const Row &words = m_rows[static_cast<std::size_t>(row)];
-        QString spoken = u"%1, %2 of %3"_s.arg(words.title).arg(placeOf(row) + 1).arg(count());
+        QString spoken = u"%1, %2 of %3"_s.arg(words.title, QString::number(placeOf(row) + 1),
+                                               QString::number(count()));
         if (!words.mark.isEmpty()) {
             spoken += u", "_s + words.mark;
         }

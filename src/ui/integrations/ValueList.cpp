@@ -20,10 +20,9 @@ constexpr double pathShare = 3.0 / 5;
 constexpr qsizetype longestPreview = 300;
 
 QString sentenceOf(const ValueList::Row &row, std::size_t place, std::size_t count) {
-    return u"%1, %2, %3, %4 of %5"_s
-        .arg(row.path, row.preview, row.isChosen ? u"shown"_s : u"add"_s)
-        .arg(place)
-        .arg(count);
+    return u"%1, %2, %3, %4 of %5"_s.arg(
+        row.path, row.preview, row.isChosen ? u"shown"_s : u"add"_s, QString::number(place),
+        QString::number(count)); // at once: what is read may hold a marker
 }
 
 } // namespace

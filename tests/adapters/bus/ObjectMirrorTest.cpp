@@ -178,6 +178,20 @@ TEST_F(MirrorOnABus, knowsNothingOfAnObjectThatRefuses) {
     EXPECT_TRUE(known(lamp));
 }
 
+TEST_F(MirrorOnABus, asksAnObjectThatRefusedOnceMoreWhenItTellsAChange) {
+    service.objects.erase(stove);
+    service.appear();
+    listen();
+    EXPECT_TRUE(eventually([&] { return service.questions == 2; }));
+    EXPECT_TRUE(settles());
+    service.objects[stove] = {{u"Watts"_s, 1500}, {u"Colour"_s, u"white"_s}};
+    service.change(stove, {{u"Unread"_s, 2}});
+    service.change(stove, {{u"Watts"_s, 1800}});
+    EXPECT_TRUE(hasWatts(stove, 1800));
+    EXPECT_EQ(known(stove)->value(u"Colour"_s), u"white"_s);
+    EXPECT_EQ(service.questions, 3);
+}
+
 TEST_F(MirrorOnABus, survivesAnswersOfOtherTypes) {
     for (const QVariant &answer :
          {QVariant(u"text"_s), QVariant(5), QVariant(QStringList{u"a"_s})}) {

@@ -317,6 +317,36 @@ TEST_F(JsonUserDefaultsTest, aPipeInTheFilesPlaceIsNeitherWaitedForNorReplaced) 
     EXPECT_FALSE(QFileInfo(path()).isFile());
 }
 
+TEST_F(JsonUserDefaultsTest, aFileThatCanNotBeReachedIsNotTakenForNone) {
+    const QString place = base.filePath(u"config"_s);
+    ASSERT_TRUE(QFile::link(place, place)); // looking through it fails, as on a disk that fell out
+    EXPECT_EQ(printedLines([&] {
+                  JsonUserDefaults defaults(path());
+                  ASSERT_TRUE(QFile::remove(place));
+                  put("{\"zeph.accounts\": \"all\"}");
+                  defaults.set(u"b"_s, 2.0);
+                  EXPECT_FALSE(defaults.isSaved());
+                  EXPECT_EQ(defaults.get<double>(u"b"_s), 2.0);
+              }),
+              QStringList{keptInMemory()});
+    EXPECT_EQ(json(), (QJsonObject{{u"zeph.accounts"_s, u"all"_s}}));
+}
+
+TEST_F(JsonUserDefaultsTest, aFileThatComesLaterIsLeftAlone) {
+    JsonUserDefaults defaults(path());
+    put("{\"zeph.accounts\": \"all\"}");
+    EXPECT_EQ(printedLines([&] { defaults.set(u"a"_s, 1.0); }), QStringList{keptInMemory()});
+    EXPECT_EQ(json(), (QJsonObject{{u"zeph.accounts"_s, u"all"_s}}));
+    EXPECT_FALSE(defaults.isSaved());
+}
+
+TEST_F(JsonUserDefaultsTest, aFileOfOurOwnIsReplacedThoughThereWasNone) {
+    JsonUserDefaults defaults(path());
+    defaults.set(u"a"_s, 1.0);
+    defaults.set(u"a"_s, 2.0);
+    EXPECT_EQ(json(), (QJsonObject{{u"a"_s, 2}}));
+}
+
 TEST_F(JsonUserDefaultsTest, threadsMayReadAndWriteSideBySide) {
     JsonUserDefaults defaults(path());
     std::vector<std::thread> threads;

@@ -140,6 +140,14 @@ TEST_F(LocationManagerTest, keepsTheFormerNameUntilTheAnswerComes) {
     EXPECT_EQ(manager.placeName(), u"Berlin"_s);
 }
 
+TEST_F(LocationManagerTest, keepsTheNameOfTheLatestFixWhenAnEarlierLookupEndsAfterIt) {
+    client.locate({{52.5, 13.4}});
+    client.locate({{48.1, 11.6}});
+    geocoder.questions.at(1).answer({place(u"Munich"_s, std::nullopt)});
+    geocoder.questions.at(0).answer({place(u"Berlin"_s, std::nullopt)});
+    EXPECT_EQ(manager.placeName(), u"Munich"_s);
+}
+
 TEST_F(LocationManagerTest, doesNothingOnAFailure) {
     manager.locationsUpdated({berlin});
     manager.locationFailed();

@@ -44,6 +44,12 @@ TEST(ValueListTest, aRowSaysItsValueAndWhetherItIsShown) {
     EXPECT_EQ(list.item(1)->toolTip(), u"<p>(response): &lt;i&gt;</p>"_s);
 }
 
+TEST(ValueListTest, aValueWithAPercentSignIsSaidAsItIs) {
+    ValueList list(u"Values"_s);
+    list.setRows({{u"next"_s, u"https%3A%2F%2Fa.org/%1"_s, false}});
+    EXPECT_EQ(list.item(0)->text(), u"next, https%3A%2F%2Fa.org/%1, add, 1 of 1"_s);
+}
+
 TEST(ValueListTest, aWholeDocumentAsAValueIsCutOff) {
     ValueList list(u"Values"_s);
     list.setRows({{u"text"_s, QString(1'000'000, u'x'), false}});
