@@ -110,6 +110,11 @@ xcb_pixmap_t XTestClient::makePixmap(QSize size, std::uint8_t depth) {
     return pixmap;
 }
 
+void XTestClient::freePixmap(xcb_pixmap_t pixmap) {
+    xcb_free_pixmap(m_connection.get(), pixmap);
+    xcb_flush(m_connection.get());
+}
+
 void XTestClient::setText(xcb_window_t window, const QByteArray &property, const QByteArray &text) {
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom(property),
                         atom("UTF8_STRING"), 8, static_cast<std::uint32_t>(text.size()),

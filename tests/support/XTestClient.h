@@ -51,6 +51,7 @@ public:
                 const QList<std::uint32_t> &ids);
     /// A pixmap of its own, which ends with it.
     xcb_pixmap_t makePixmap(QSize size, std::uint8_t depth);
+    void freePixmap(xcb_pixmap_t pixmap);
 
     /// Sets a property of UTF-8 text.
     void setText(xcb_window_t window, const QByteArray &property, const QByteArray &text);

@@ -40,9 +40,11 @@ bool X11DesktopPicture::isPossible(const X11Connection &connection) {
     return connection.extension(X11Extension::damage) && connection.extension(X11Extension::xfixes);
 }
 
-X11DesktopPicture::X11DesktopPicture(X11Connection &connection, std::function<void()> askForItsOwn)
+X11DesktopPicture::X11DesktopPicture(X11Connection &connection, std::function<void()> askForItsOwn,
+                                     std::function<void()> isGone)
     : X11EventListener(connection),
       m_askForItsOwn(std::move(askForItsOwn)),
+      m_isGone(std::move(isGone)),
       m_answers([this] { answerTheirPainting(); }) {
     m_unannounced.setSingleShot(true);
     m_unannounced.setInterval(kAnnouncementPatience);
@@ -98,6 +100,7 @@ void X11DesktopPicture::takeTarget(const RootPixmapTarget &target) {
     if (kept.refusal == X11EarlierPicture::Refusal::pictureIsGone) {
         stopFollowing();
         m_lost = std::exchange(m_target, std::nullopt);
+        m_isGone();
         return;
     }
     if (!m_earlier) {

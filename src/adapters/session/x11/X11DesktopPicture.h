@@ -43,8 +43,12 @@ public:
     };
 
     /// `askForItsOwn` has the desktop program paint its picture anew where it has a way to be
-    /// asked; it is called when what a killed run kept may be out of date.
-    X11DesktopPicture(X11Connection &connection, std::function<void()> askForItsOwn);
+    /// asked; it is called when what a killed run kept may be out of date. `isGone` is called when
+    /// the target turned out not to be there, of which its program may never tell: one that shows
+    /// a plain colour from now on leaves the number on the root window.
+    X11DesktopPicture(
+        X11Connection &connection, std::function<void()> askForItsOwn,
+        std::function<void()> isGone = [] {});
     ~X11DesktopPicture() override;
 
     /// False when the server lacks what tells their pixels from ours.
@@ -87,6 +91,7 @@ private:
     void stopFollowing();
 
     std::function<void()> m_askForItsOwn;
+    std::function<void()> m_isGone;
     int m_damageEvent = -1;
     std::optional<RootPixmapTarget> m_target;
     std::optional<RootPixmapTarget> m_lost; // is no more, though another may have its number

@@ -151,11 +151,23 @@ void X11DesktopProgram::readCandidates(std::vector<xcb_window_t> candidates, xcb
         [this, candidates = std::move(candidates), pixmap](const X11Connection::Replies &replies) {
             auto found = describe(candidates, replies);
             if (found && pixmap != XCB_PIXMAP_NONE) {
-                readPixmap(*std::move(found), pixmap);
+                readMaker(*std::move(found), pixmap);
             } else {
                 take(std::move(found));
             }
         });
+}
+
+void X11DesktopProgram::readMaker(Found found, xcb_pixmap_t pixmap) {
+    const xcb_window_t window = found.windows.front();
+    askForMaker(connection(), *this, window, pixmap,
+                [this, found = std::move(found), pixmap](bool isAnothers) mutable {
+                    if (isAnothers) {
+                        take(std::move(found));
+                    } else {
+                        readPixmap(std::move(found), pixmap);
+                    }
+                });
 }
 
 void X11DesktopProgram::watch(const std::vector<xcb_window_t> &candidates) {

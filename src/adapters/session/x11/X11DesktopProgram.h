@@ -34,7 +34,8 @@ public:
         std::vector<xcb_window_t> windows =
             {}; ///< bottom to top, never none; some have one a monitor
 
-        /// What its picture lies in; XCB_PIXMAP_NONE where it keeps the picture to itself. Another
+        /// What its picture lies in; XCB_PIXMAP_NONE where it keeps the picture to itself, and
+        /// what is announced is another program's, such as that of a login screen. Another
         /// client's: it can be freed at any moment.
         xcb_pixmap_t pixmap = XCB_PIXMAP_NONE;
         QSize pixmapSize = {};         ///< in pixels of its own
@@ -58,6 +59,9 @@ public:
     /// What runs now; absent where nothing draws icons.
     const std::optional<Found> &found() const { return m_found; }
 
+    /// To be called when its picture turned out to be gone, of which nobody is told.
+    void lookAgain() { read(); }
+
     /// Calls `handler` whenever `found` changed.
     [[nodiscard]] Subscription subscribe(std::function<void()> handler);
 
@@ -70,6 +74,7 @@ private:
     void watch(const std::vector<xcb_window_t> &candidates);
     static std::optional<Found> describe(const std::vector<xcb_window_t> &candidates,
                                          const X11Connection::Replies &replies);
+    void readMaker(Found found, xcb_pixmap_t pixmap);
     void readPixmap(Found found, xcb_pixmap_t pixmap);
     void lookForSilentPicture(Found found, const PixmapForm &whole);
     void noteSize(xcb_window_t window, const QSize &size);

@@ -6,6 +6,7 @@
 #include <xcb/res.h>
 
 #include <map>
+#include <optional>
 #include <utility>
 
 namespace zeph {
@@ -76,13 +77,21 @@ public:
         : m_connection(connection), m_processes(processesIn(connection, reply)) {}
 
     bool areTheSame(xcb_window_t window, xcb_pixmap_t pixmap) const {
-        const auto one = m_processes.find(m_connection.clientOf(window));
-        const auto other = m_processes.find(m_connection.clientOf(pixmap));
-        return one != m_processes.end() && other != m_processes.end() &&
-               one->second == other->second;
+        const auto one = processOf(window);
+        return one && one == processOf(pixmap);
+    }
+    bool areDifferent(xcb_window_t window, xcb_pixmap_t pixmap) const {
+        const auto one = processOf(window);
+        const auto other = processOf(pixmap);
+        return one && other && one != other;
     }
 
 private:
+    std::optional<std::uint32_t> processOf(std::uint32_t resource) const {
+        const auto found = m_processes.find(m_connection.clientOf(resource));
+        return found == m_processes.end() ? std::nullopt : std::optional(found->second);
+    }
+
     const X11Connection &m_connection;
     std::map<std::uint32_t, std::uint32_t> m_processes;
 };
@@ -137,6 +146,22 @@ void findHeldPixmaps(X11Connection &connection, X11EventListener &owner, xcb_win
                           connection,
                           static_cast<const xcb_res_query_clients_reply_t *>(replies[0].get())),
                       std::move(handler));
+        });
+}
+
+void askForMaker(X11Connection &connection, X11EventListener &owner, xcb_window_t window,
+                 xcb_pixmap_t pixmap, std::function<void(bool isAnothers)> handler) {
+    if (!connection.extension(X11Extension::resources)) {
+        handler(false);
+        return;
+    }
+    connection.whenReplied(
+        owner, {askForProcesses(connection, {window, pixmap}).sequence},
+        [&connection, window, pixmap,
+         handler = std::move(handler)](const X11Connection::Replies &replies) {
+            const Makers makers(connection, static_cast<const xcb_res_query_client_ids_reply_t *>(
+                                                replies[0].get()));
+            handler(makers.areDifferent(window, pixmap));
         });
 }
 

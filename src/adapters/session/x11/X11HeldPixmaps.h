@@ -21,4 +21,10 @@ void findHeldPixmaps(X11Connection &connection, X11EventListener &owner, xcb_win
 /// Whether this pixmap is such a one. One round trip.
 bool isHeldPixmap(X11Connection &connection, xcb_window_t window, xcb_pixmap_t pixmap);
 
+/// Has `handler` called with whether another program than that of `window` made the pixmap; never
+/// when `owner` is gone by then. False where the server can't tell, as of programs on other
+/// machines. One round trip, which nobody waits for.
+void askForMaker(X11Connection &connection, X11EventListener &owner, xcb_window_t window,
+                 xcb_pixmap_t pixmap, std::function<void(bool isAnothers)> handler);
+
 } // namespace zeph

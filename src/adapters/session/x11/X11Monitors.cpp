@@ -54,11 +54,21 @@ QRect geometryIn(const X11AnyReply &reply) {
     return geometry ? QRect(0, 0, geometry->width, geometry->height) : QRect();
 }
 
-// Leaves out what shows nothing, and mirrors.
-bool addsToThem(const std::vector<X11Monitor> &monitors, const QRect &geometry) {
-    return !geometry.isEmpty() &&
-           std::none_of(monitors.begin(), monitors.end(),
-                        [&](const X11Monitor &other) { return other.geometry == geometry; });
+QRect geometryOf(const xcb_randr_monitor_info_t &monitor) {
+    return {monitor.x, monitor.y, monitor.width, monitor.height};
+}
+
+/// Whether it shows nothing but what another one shows, too: a mirror may be smaller. Of equal ones
+/// the first counts.
+bool isMirror(std::size_t place, const std::vector<xcb_randr_monitor_info_t *> &monitors) {
+    const QRect own = geometryOf(*monitors[place]);
+    for (std::size_t i = 0; i < monitors.size(); ++i) {
+        const QRect other = geometryOf(*monitors[i]);
+        if (i != place && other.contains(own) && (other != own || i < place)) {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::vector<xcb_randr_monitor_info_t *> monitorsIn(const X11AnyReply &reply) {
@@ -136,12 +146,13 @@ void X11Monitors::readFacts(const X11AnyReply &reply, const QByteArray &resource
     std::vector<X11Monitor> monitors;
     std::vector<unsigned> requests;
     xcb_connection_t *xcb = connection().xcb();
-    for (const auto *monitor : monitorsIn(reply)) {
-        const QRect geometry(monitor->x, monitor->y, monitor->width, monitor->height);
-        if (!addsToThem(monitors, geometry)) {
+    const auto all = monitorsIn(reply);
+    for (std::size_t place = 0; place < all.size(); ++place) {
+        const auto *monitor = all[place];
+        if (geometryOf(*monitor).isEmpty() || isMirror(place, all)) {
             continue;
         }
-        monitors.push_back({{}, geometry});
+        monitors.push_back({{}, geometryOf(*monitor)});
         const xcb_randr_output_t output = xcb_randr_monitor_info_outputs_length(monitor) > 0
                                               ? *xcb_randr_monitor_info_outputs(monitor)
                                               : xcb_randr_output_t{XCB_NONE};

@@ -28,7 +28,7 @@ public:
     /// Knows the monitors that are there; a few round trips.
     explicit X11Monitors(X11Connection &connection);
 
-    /// The primary one first, of those with one place (mirrors) only the first.
+    /// The primary one first, without mirrors: those that lie within another.
     const std::vector<X11Monitor> &all() const { return m_monitors; }
     const QByteArray &resources() const { return m_resources; }
 

@@ -36,7 +36,7 @@ X11UnlistedWindows::X11UnlistedWindows(X11Connection &connection, std::function<
 
 void X11UnlistedWindows::follow() {
     const auto &facts = m_manager.facts();
-    m_isWanted = facts ? facts->name == u"i3"_s : m_manager.isKnown();
+    m_isWanted = facts ? !facts->tellsWorkArea : m_manager.isKnown();
     // Under others nobody wakes us whenever a window is moved.
     connection().selectOnRootFor(*this, m_isWanted ? XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY : 0);
     if (m_isWanted) {

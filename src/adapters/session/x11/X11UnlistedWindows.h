@@ -10,9 +10,9 @@
 
 namespace zeph {
 
-/// The windows on the screen that no window manager lists, though they are panels: i3 lists no
-/// docks, its own bar among them, and without a manager nobody lists any. Under any other manager
-/// there are none, and nothing is asked.
+/// The windows on the screen that no window manager lists, though they are panels: i3 and bspwm
+/// list no docks, and without a manager nobody lists any. Under a manager that tells a work area,
+/// which they do not, nothing is asked.
 class X11UnlistedWindows : private X11EventListener {
 public:
     /// Asks for the present state without waiting for it. Calls `handler` whenever `all` changed.

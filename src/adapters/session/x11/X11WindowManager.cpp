@@ -71,7 +71,8 @@ void X11WindowManager::read() {
             };
             readWindow({.window = windows.front(),
                         .knowsDesktopType = knows(X11Atom::netWmWindowTypeDesktop),
-                        .knowsRestacking = knows(X11Atom::netRestackWindow)});
+                        .knowsRestacking = knows(X11Atom::netRestackWindow),
+                        .tellsWorkArea = knows(X11Atom::netWorkarea)});
         });
 }
 

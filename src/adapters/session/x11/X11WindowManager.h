@@ -22,6 +22,7 @@ public:
         QString name = {};
         bool knowsDesktopType = false; ///< keeps windows of the desktop type below all others
         bool knowsRestacking = false;  ///< changes the order of windows when it is asked
+        bool tellsWorkArea = false;    ///< what panels leave
 
         bool operator==(const Facts &) const = default;
     };

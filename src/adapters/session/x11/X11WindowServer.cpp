@@ -99,7 +99,8 @@ void X11WindowServer::followPicture() {
     const bool isPaintedInto = m_way.now().mechanism == DrawingMechanism::rootPixmap;
     if (isPaintedInto && !m_picture && X11DesktopPicture::isPossible(m_connection)) {
         m_picture = std::make_unique<X11DesktopPicture>(
-            m_connection, [this] { askForItsPicture(m_program.found()); });
+            m_connection, [this] { askForItsPicture(m_program.found()); },
+            [this] { m_program.lookAgain(); });
     }
     if (m_picture) {
         m_picture->setTarget(isPaintedInto ? pictureOf(m_program.found()) : std::nullopt);

@@ -234,6 +234,16 @@ TEST_F(DesktopProgramWatchTest, takesNoPixmapOfAnotherProgramForThePictureOfCaja
         << "theirs is none of several either";
 }
 
+TEST_F(DesktopProgramWatchTest, takesNoPixmapOfAnotherProgramThoughItIsAnnounced) {
+    const auto desktop = showDesktop("Pcmanfm"); // in a plain colour, after a login screen
+    share(leavePixmapOfAnother(session.display(), kWholeScreen.size(), Qt::darkYellow));
+    list({desktop});
+    EXPECT_TRUE(becomes({{DesktopProgram::pcmanfm, {desktop}}}));
+    const auto own = leavePixmap(session.display(), kWholeScreen.size(), Qt::darkRed);
+    share(own);
+    EXPECT_TRUE(becomes({{DesktopProgram::pcmanfm, {desktop}, own, kWholeScreen.size(), 24}}));
+}
+
 TEST_F(DesktopProgramWatchTest, takesNoUnannouncedPixmapForThePictureOfOthers) {
     const auto desktop = showDesktop("Xfdesktop");
     const auto announced = leavePixmap(session.display(), {2560, 800}, Qt::darkRed);

@@ -62,9 +62,11 @@ TEST_F(ReservedSpaceTest, saysNothingOfWindowsThatReserveNothing) {
 /// A manager that only says that it is one, and a panel of another program in no list of windows.
 class UnlistedDockTest : public X11Test {
 protected:
-    void announce(const QByteArray &name) const {
+    void announce(const QByteArray &name, bool tellsWorkArea = true) const {
         const auto check = client->show({.geometry = {0, 0, 1, 1}, .overridesRedirect = true});
         client->setText(check, "_NET_WM_NAME", name);
+        client->setIds(client->root(), "_NET_SUPPORTED", XCB_ATOM_ATOM,
+                       {client->atom(tellsWorkArea ? "_NET_WORKAREA" : "_NET_WM_NAME")});
         for (const auto window : {check, client->root()}) {
             client->setIds(window, "_NET_SUPPORTING_WM_CHECK", XCB_ATOM_WINDOW, {check});
         }
@@ -82,7 +84,7 @@ protected:
 };
 
 TEST_F(UnlistedDockTest, countsWhereTheManagerListsNoDocks) {
-    announce("i3");
+    announce("i3", false);
     const xcb_window_t dock = showDock();
     X11ReservedSpace space(*connection);
     EXPECT_EQ(space.margins(kWholeScreen), QMargins(0, 30, 0, 0));
@@ -124,7 +126,7 @@ TEST_F(UnlistedDockTest, noticesOfAllWindowsEndWithTheNeedForThem) {
     EXPECT_TRUE(isAskedFor());
     announce("Example");
     EXPECT_TRUE(waitUntil([&] { return !isAskedFor(); }));
-    announce("i3");
+    announce("i3", false);
     EXPECT_TRUE(waitUntil(isAskedFor));
     space.reset();
     EXPECT_FALSE(isAskedFor());

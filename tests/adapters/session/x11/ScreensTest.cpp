@@ -76,6 +76,20 @@ TEST_F(ScreensTest, takesMirrorsForOneDisplay) {
     EXPECT_EQ(X11Screens(*connection).all().size(), 1U);
 }
 
+TEST_F(ScreensTest, takesASmallerMirrorForTheSameDisplay) {
+    setMonitor(u"*beamer"_s, u"800/200x600/150+0+0"_s, u"screen"_s);
+    setMonitor(u"laptop"_s, u"1280/300x800/200+0+0"_s, u"none"_s);
+    const X11Screens screens(*connection);
+    ASSERT_EQ(screens.all().size(), 1U);
+    EXPECT_EQ(screens.main()->persistentID, u"laptop"_s);
+}
+
+TEST_F(ScreensTest, keepsDisplaysThatOverlapInPart) {
+    setMonitor(u"one"_s, u"800/300x800/200+0+0"_s, u"screen"_s);
+    setMonitor(u"other"_s, u"800/300x800/200+480+0"_s, u"none"_s);
+    EXPECT_EQ(X11Screens(*connection).all().size(), 2U);
+}
+
 TEST_F(ScreensTest, hasPointsOfTheSizeThatTheResourcesSay) {
     setResources("Xcursor.size:\t24\nXft.dpi:\t144\n");
     const X11Screens screens(*connection);

@@ -174,6 +174,26 @@ TEST_F(WindowServerTest, coversTheDisplaysThatADesktopProgramLeavesBare) {
     EXPECT_EQ(server->drawingWay().mechanism, DrawingMechanism::rootPixmap);
 }
 
+TEST_F(WindowServerTest, drawsAWindowOnceTheDesktopProgramFreedItsPictureWithoutAWord) {
+    const auto desktop = client->show({.geometry = {QPoint(), kWholeScreen.size()},
+                                       .type = kDesktopType,
+                                       .instance = "pcmanfm",
+                                       .name = "Pcmanfm"});
+    const auto picture = client->makePixmap(kWholeScreen.size(), 24);
+    client->setIds(client->root(), "_XROOTPMAP_ID", XCB_ATOM_PIXMAP, {picture});
+    client->setIds(client->root(), "_NET_CLIENT_LIST_STACKING", XCB_ATOM_WINDOW, {desktop});
+    server->settle();
+    const auto becomes = [&](DrawingMechanism mechanism) {
+        return waitUntil([&] { return server->drawingWay().mechanism == mechanism; });
+    };
+    ASSERT_TRUE(becomes(DrawingMechanism::rootPixmap));
+    const auto surface = server->makeDesktopSurface(wholeScreen(), false);
+    surface->orderFront();
+    client->freePixmap(picture); // a plain colour was chosen
+    fill(*surface, Qt::red);
+    EXPECT_TRUE(becomes(DrawingMechanism::desktopWindow));
+}
+
 TEST_F(WindowServerTest, restsBeforeItChoosesAnewSoThatAllThatStartsIsCountedInOnce) {
     server->settle();
     int calls = 0;
