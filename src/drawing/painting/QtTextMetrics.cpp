@@ -22,18 +22,6 @@ qsizetype cost(const QString &text) {
     return 1 + text.size() / 64;
 }
 
-/// What `cache` holds for `key`, or else what `make` makes, kept for the next time.
-template <typename Key, typename Value, typename Make>
-Value remembered(QCache<Key, Value> &cache, const Key &key, const Make &make) {
-    if (const Value *known = cache.object(key)) {
-        return *known;
-    }
-    auto *made = new Value(make());
-    Value value = *made;
-    cache.insert(key, made, cost(key.text)); // may delete it at once
-    return value;
-}
-
 } // namespace
 
 size_t qHash(const QtTextMetrics::Key &key, size_t seed) {
@@ -53,7 +41,7 @@ QtTextMetrics::QtTextMetrics()
 QtTextMetrics::~QtTextMetrics() = default;
 
 double QtTextMetrics::width(const QString &text, const FontSpec &font) const {
-    return remembered(m_widths, {text, font}, [&] {
+    return m_widths.value({text, font}, [&] {
         auto *shape = new ShapedText(shapeText(text, font));
         const double width = shape->width;
         m_shapes.insert({text, font}, shape, cost(text));
@@ -67,7 +55,7 @@ ShapedText QtTextMetrics::shaped(const QString &text, const FontSpec &font) cons
 }
 
 LineBox QtTextMetrics::box(const FontSpec &font) const {
-    return remembered(m_boxes, {QString(), font}, [&] { return lineBox(font); });
+    return m_boxes.value({QString(), font}, [&] { return lineBox(font); });
 }
 
 QSizeF QtTextMetrics::size(const QString &text, const FontSpec &font) const {
@@ -75,7 +63,7 @@ QSizeF QtTextMetrics::size(const QString &text, const FontSpec &font) const {
 }
 
 double QtTextMetrics::inkStart(const QString &text, const FontSpec &font) const {
-    return remembered(m_inkStarts, {text, font}, [&] {
+    return m_inkStarts.value({text, font}, [&] {
         const ShapedText shaped = shapeText(text, font);
         return shaped.runs.empty()
                    ? 0
@@ -89,14 +77,13 @@ QString QtTextMetrics::elided(const QString &text, const FontSpec &font, double 
     }
     // The many texts tried on the way are not worth keeping.
     const auto measure = [&font](const QString &part) { return shapeText(part, font).width; };
-    return remembered(m_elided, {text, font, width},
-                      [&] { return elideTail(text, width, measure); });
+    return m_elided.value({text, font, width}, [&] { return elideTail(text, width, measure); });
 }
 
 QStringList QtTextMetrics::wrapped(const QString &text, const FontSpec &font, double width) const {
     const auto measure = [&font](const QString &part) { return shapeText(part, font).width; };
-    return remembered(m_wrapped, {text, font, width},
-                      [&] { return breakIntoLines(text, width, measure); });
+    return m_wrapped.value({text, font, width},
+                           [&] { return breakIntoLines(text, width, measure); });
 }
 
 } // namespace zeph

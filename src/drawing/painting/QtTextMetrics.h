@@ -2,6 +2,7 @@
 #pragma once
 
 #include "drawing/painting/QtFonts.h"
+#include "drawing/painting/TextCache.h"
 #include "drawing/painting/TextShaper.h"
 #include "drawing/scene/TextMetrics.h"
 
@@ -40,12 +41,12 @@ private:
 
     double width(const QString &text, const FontSpec &font) const;
 
-    mutable QCache<Key, double> m_widths;
+    mutable TextCache<Key, double> m_widths;
     mutable QCache<Key, ShapedText> m_shapes; ///< of texts measured and not painted yet
-    mutable QCache<Key, double> m_inkStarts;
-    mutable QCache<Key, QString> m_elided;
-    mutable QCache<Key, QStringList> m_wrapped;
-    mutable QCache<Key, LineBox> m_boxes;
+    mutable TextCache<Key, double> m_inkStarts;
+    mutable TextCache<Key, QString> m_elided;
+    mutable TextCache<Key, QStringList> m_wrapped;
+    mutable TextCache<Key, LineBox> m_boxes;
 };
 
 } // namespace zeph
