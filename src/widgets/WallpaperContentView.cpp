@@ -91,7 +91,11 @@ std::vector<WidgetKind> WallpaperContentView::cutOff(const std::vector<WidgetKin
     const auto arrangement = stack.arrange(sizes);
     std::vector<WidgetKind> outside;
     for (std::size_t at = 0; at < rows.size(); ++at) {
-        const QRectF &frame = arrangement.frames[at];
+        // Cards are drawn in their own width, however little their frame has.
+        QRectF frame = arrangement.frames[at];
+        if (const auto *cards = std::get_if<IntegrationCardsRow>(rows[at])) {
+            frame.setWidth(cardBlock(*cards, {}).measure({}, layout).width());
+        }
         const bool isOutside = frame.right() > m_available.width() + hairsBreadth ||
                                frame.bottom() > m_available.height() + hairsBreadth;
         const bool isOverClock =
@@ -110,15 +114,20 @@ View WallpaperContentView::flowRow(const FlowRow &row,
     if (const auto *widgetRow = std::get_if<WidgetRow>(&row)) {
         return sizedWidget(widgetRow->kind);
     }
-    std::vector<View> cards;
-    for (const IntegrationCardItem &item :
-         integrationCardStats(std::get<IntegrationCardsRow>(row).kinds, excludedKeys)) {
-        cards.push_back(integrationCard(item));
-    }
+    View cards = cardBlock(std::get<IntegrationCardsRow>(row), excludedKeys);
     FrameSpec frame;
     frame.maxWidth = m_available.width();
     frame.horizontal = HorizontalAlignment::leading;
-    return cards.empty() ? View() : framed(columnFlow({}, std::move(cards)), frame);
+    return cards.isEmpty() ? View() : framed(std::move(cards), frame);
+}
+
+View WallpaperContentView::cardBlock(const IntegrationCardsRow &row,
+                                     const std::set<QString> &excludedKeys) const {
+    std::vector<View> cards;
+    for (const IntegrationCardItem &item : integrationCardStats(row.kinds, excludedKeys)) {
+        cards.push_back(integrationCard(item));
+    }
+    return cards.empty() ? View() : columnFlow({}, std::move(cards));
 }
 
 std::vector<WallpaperContentView::IntegrationCardItem>

@@ -73,6 +73,7 @@ private:
         WallpaperStackLayout layout;
     };
     Flow flow(const std::vector<WidgetKind> &kinds) const;
+    View cardBlock(const IntegrationCardsRow &row, const std::set<QString> &excludedKeys) const;
 
     WidgetContext m_context;
     QSizeF m_available;

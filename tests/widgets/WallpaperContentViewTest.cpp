@@ -124,9 +124,13 @@ TEST_F(WallpaperContent, aBlockOfCardsIsCutOffAsAWhole) {
     SimpleIntegrationStats other = stats;
     other.provider = u"bluesky"_s;
     state.simpleStats = std::vector{stats, other};
+    const std::vector both{WidgetKind::reddit, WidgetKind::bluesky};
     const WallpaperContentView flat(context, {1200, 4});
-    EXPECT_EQ(flat.cutOff({WidgetKind::reddit, WidgetKind::bluesky}, {metrics}),
-              (std::vector{WidgetKind::reddit, WidgetKind::bluesky}));
+    EXPECT_EQ(flat.cutOff(both, {metrics}), both);
+    const WallpaperContentView narrow(context, {491, 600});
+    EXPECT_EQ(narrow.cutOff(both, {metrics}), both) << "the second stands in a column of its own";
+    const WallpaperContentView wide(context, {492, 600});
+    EXPECT_TRUE(wide.cutOff(both, {metrics}).empty());
 }
 
 TEST_F(WallpaperContent, whatDrawsNothingIsNotCutOff) {
