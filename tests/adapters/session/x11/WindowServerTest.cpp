@@ -190,6 +190,7 @@ TEST_F(WindowServerTest, drawsAWindowOnceTheDesktopProgramFreedItsPictureWithout
     const auto surface = server->makeDesktopSurface(wholeScreen(), false);
     surface->orderFront();
     client->freePixmap(picture); // a plain colour was chosen
+    ASSERT_TRUE(client->size(picture).isEmpty()); // by now, whatever others ask for
     fill(*surface, Qt::red);
     EXPECT_TRUE(becomes(DrawingMechanism::desktopWindow));
 }
