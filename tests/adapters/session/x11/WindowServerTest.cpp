@@ -189,7 +189,7 @@ TEST_F(WindowServerTest, drawsAWindowOnceTheDesktopProgramFreedItsPictureWithout
     ASSERT_TRUE(becomes(DrawingMechanism::rootPixmap));
     const auto surface = server->makeDesktopSurface(wholeScreen(), false);
     surface->orderFront();
-    client->freePixmap(picture); // a plain colour was chosen
+    client->freePixmap(picture);                  // a plain colour was chosen
     ASSERT_TRUE(client->size(picture).isEmpty()); // by now, whatever others ask for
     fill(*surface, Qt::red);
     EXPECT_TRUE(becomes(DrawingMechanism::desktopWindow));
